@@ -1,0 +1,48 @@
+// Opening and finding things through the desktop, as launching needs it.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QUrl>
+
+#include <optional>
+
+namespace trovell {
+
+/// What a bookmark leads to now.
+struct ResolvedBookmark {
+    QUrl url;
+    /// The bookmark still leads there but should be made anew: the resource was moved or replaced.
+    bool isStale = false;
+};
+
+class ResourceSystem {
+public:
+    virtual ~ResourceSystem() = default;
+
+    /// A durable reference to an existing file or folder, or none when it cannot be made. Any
+    /// thread.
+    [[nodiscard]] virtual std::optional<QByteArray> createBookmark(const QUrl& url) const = 0;
+
+    /// Finds the resource of a bookmark again, also after it was renamed, moved or replaced. None
+    /// when it is gone or the bytes are no bookmark. May search for some hundred milliseconds:
+    /// called from worker threads.
+    [[nodiscard]] virtual std::optional<ResolvedBookmark>
+    resolveBookmark(const QByteArray& bookmark) const = 0;
+
+    /// The installed application with that identifier, as the file URL of its desktop file. Main
+    /// thread.
+    [[nodiscard]] virtual std::optional<QUrl>
+    applicationURL(const QString& bundleIdentifier) const = 0;
+
+    /// Starts the application whose desktop file `url` names. True when the desktop accepted it,
+    /// which does not mean that the program survives its start. Main thread; does not wait for
+    /// the application.
+    [[nodiscard]] virtual bool openApplication(const QUrl& url) = 0;
+
+    /// Opens a file, folder or link in its default application. True when the desktop accepted it.
+    /// Main thread; does not wait for the application.
+    [[nodiscard]] virtual bool openResource(const QUrl& url) = 0;
+};
+
+} // namespace trovell
