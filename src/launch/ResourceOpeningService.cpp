@@ -1,0 +1,110 @@
+#include "launch/ResourceOpeningService.h"
+
+#include "launch/URLValidation.h"
+#include "model/WorkspaceItem.h"
+
+#include <QtConcurrentRun>
+
+#include <qcoro/qcorofuture.h>
+
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+namespace trovell
+{
+
+namespace
+{
+
+LaunchResult failure(const QString& name, const ResourceOpeningError& error)
+{
+    const LaunchResultKind kind = error.kind == ResourceOpeningError::Kind::missing
+                                      ? LaunchResultKind::skippedMissingResource
+                                      : LaunchResultKind::failed;
+    return makeLaunchResult(name, kind, description(error));
+}
+
+} // namespace
+
+bool resourceExists(const QUrl& fileURL)
+{
+    // Not by way of QString: file names are bytes and need not be UTF-8.
+    const QByteArray path =
+        QByteArray::fromPercentEncoding(fileURL.path(QUrl::FullyEncoded).toLatin1());
+    std::error_code error;
+    return !path.contains('\0') && std::filesystem::exists(path.toStdString(), error);
+}
+
+ResourceOpeningService::ResourceOpeningService(ResourceSystem& system, IsRunning isRunning,
+                                               Exists exists)
+    : m_system(system), m_isRunning(std::move(isRunning)), m_exists(std::move(exists))
+{
+}
+
+QCoro::Task<LaunchResult> ResourceOpeningService::open(WorkspaceItem& item)
+{
+    const QString type = item.typeRawValue();
+    Request request{item.displayName(), item.urlString(), item.bookmarkData(),
+                    item.bundleIdentifier(), type == u"application"};
+    if (type == u"webLink")
+        return openWebLink(std::move(request));
+    return openResource(std::move(request), QPointer(&item));
+}
+
+QCoro::Task<LaunchResult> ResourceOpeningService::openWebLink(Request request)
+{
+    const auto url = validatedWebURL(request.urlString);
+    if (!url)
+        co_return makeLaunchResult(request.name, LaunchResultKind::failed,
+                                   description(url.error()));
+    co_return openURL(request, *url);
+}
+
+QCoro::Task<LaunchResult> ResourceOpeningService::openResource(Request request,
+                                                               QPointer<WorkspaceItem> item)
+{
+    // Named before it is awaited: GCC 12 destroys temporaries of a co_await expression twice.
+    auto search = QtConcurrent::run(&ResourceOpeningService::resolveFileURL, this,
+                                    request.bookmarkData, request.urlString);
+    const auto resource = co_await search;
+    if (!resource)
+        co_return failure(request.name, resource.error());
+    if (resource->refreshedBookmark && item)
+        item->setBookmarkData(resource->refreshedBookmark);
+    co_return openURL(request, resource->url);
+}
+
+LaunchResult ResourceOpeningService::openURL(const Request& request, const QUrl& url)
+{
+    const bool isRunning = request.bundleIdentifier && m_isRunning(*request.bundleIdentifier);
+    if (request.isApplication && isRunning)
+        return makeLaunchResult(request.name, LaunchResultKind::alreadyRunning);
+
+    const bool isAccepted =
+        request.isApplication ? m_system.openApplication(url) : m_system.openResource(url);
+    if (!isAccepted)
+        return failure(request.name, {ResourceOpeningError::Kind::cannotOpen, request.name});
+    return makeLaunchResult(request.name, request.isApplication ? LaunchResultKind::launched
+                                                                : LaunchResultKind::opened);
+}
+
+Expected<ResolvedResource, ResourceOpeningError>
+ResourceOpeningService::resolveFileURL(const std::optional<QByteArray>& bookmarkData,
+                                       const QString& urlString) const
+{
+    if (bookmarkData) {
+        const auto resolved = m_system.resolveBookmark(*bookmarkData);
+        if (resolved && !resolved->isStale)
+            return ResolvedResource{resolved->url, {}};
+        // A bookmark that cannot be made anew is not trusted any more.
+        if (const auto refreshed = resolved ? m_system.createBookmark(resolved->url) : std::nullopt)
+            return ResolvedResource{resolved->url, refreshed};
+    }
+    const QUrl url(urlString);
+    if (!url.isValid() || (url.isLocalFile() && !m_exists(url)))
+        return Unexpected(ResourceOpeningError{ResourceOpeningError::Kind::missing, urlString});
+    return ResolvedResource{url, {}};
+}
+
+} // namespace trovell

@@ -1,0 +1,75 @@
+// Opens one launch item of a workspace and tells the outcome as a line of the launch report.
+// Main thread, unless said otherwise.
+#pragma once
+
+#include "launch/LaunchResult.h"
+#include "launch/ResourceOpeningError.h"
+#include "launch/ResourceSystem.h"
+#include "support/Expected.h"
+
+#include <QByteArray>
+#include <QPointer>
+#include <QString>
+#include <QUrl>
+
+#include <qcoro/qcorotask.h>
+
+#include <functional>
+#include <optional>
+
+namespace trovell
+{
+
+class WorkspaceItem;
+
+/// Where an item's resource is now.
+struct ResolvedResource {
+    QUrl url;
+    /// Replaces the item's bookmark, which was stale.
+    std::optional<QByteArray> refreshedBookmark;
+};
+
+/// Whether a file or folder exists at a file URL; symbolic links are followed. Any thread.
+[[nodiscard]] bool resourceExists(const QUrl& fileURL);
+
+class ResourceOpeningService
+{
+public:
+    using IsRunning = std::function<bool(const QString& bundleIdentifier)>;
+    using Exists = std::function<bool(const QUrl& fileURL)>;
+
+    /// `system` outlives the service and every call of it that still runs. `isRunning` is called
+    /// on the main thread, `exists` on worker threads.
+    ResourceOpeningService(ResourceSystem& system, IsRunning isRunning,
+                           Exists exists = resourceExists);
+
+    /// Opens the item, unless it is an application that runs already. The only change to the
+    /// record is a refreshed bookmark; the record may be deleted while its resource is searched,
+    /// and is opened all the same. Every failure is a result line.
+    [[nodiscard]] QCoro::Task<LaunchResult> open(WorkspaceItem& item);
+
+    /// Follows the bookmark, or, where that leads nowhere, the URL text. A URL that names no file
+    /// is returned unchecked. Blocks while it searches; any thread.
+    [[nodiscard]] Expected<ResolvedResource, ResourceOpeningError>
+    resolveFileURL(const std::optional<QByteArray>& bookmarkData, const QString& urlString) const;
+
+private:
+    /// What opening needs of a record.
+    struct Request {
+        QString name;
+        QString urlString;
+        std::optional<QByteArray> bookmarkData;
+        std::optional<QString> bundleIdentifier;
+        bool isApplication = false;
+    };
+
+    QCoro::Task<LaunchResult> openResource(Request request, QPointer<WorkspaceItem> item);
+    QCoro::Task<LaunchResult> openWebLink(Request request);
+    [[nodiscard]] LaunchResult openURL(const Request& request, const QUrl& url);
+
+    ResourceSystem& m_system;
+    IsRunning m_isRunning;
+    Exists m_exists;
+};
+
+} // namespace trovell

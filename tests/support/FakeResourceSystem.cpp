@@ -1,0 +1,81 @@
+#include "support/FakeResourceSystem.h"
+
+namespace trovell
+{
+
+namespace
+{
+
+const QByteArray bookmarkPrefix = QByteArrayLiteral("bookmark of ");
+
+template <class Key, class Value>
+std::optional<Value> found(const QHash<Key, Value>& values, const Key& key)
+{
+    const auto value = values.constFind(key);
+    return value == values.cend() ? std::nullopt : std::optional(*value);
+}
+
+} // namespace
+
+void FakeResourceSystem::addBookmark(const QByteArray& bookmark, const QUrl& url, bool isStale)
+{
+    m_bookmarks.insert(bookmark, {url, isStale});
+}
+
+void FakeResourceSystem::addApplication(const QString& bundleIdentifier, const QUrl& url)
+{
+    m_applications.insert(bundleIdentifier, url);
+}
+
+void FakeResourceSystem::refuseToBookmark(const QUrl& url)
+{
+    m_unmarkable.insert(url);
+}
+
+void FakeResourceSystem::refuseToOpen(const QUrl& url)
+{
+    m_refused.insert(url);
+}
+
+std::optional<QByteArray> FakeResourceSystem::createBookmark(const QUrl& url) const
+{
+    if (m_unmarkable.contains(url))
+        return {};
+    return bookmarkPrefix + url.toEncoded();
+}
+
+std::optional<ResolvedBookmark>
+FakeResourceSystem::resolveBookmark(const QByteArray& bookmark) const
+{
+    if (const auto bookmarked = found(m_bookmarks, bookmark))
+        return bookmarked;
+    if (!bookmark.startsWith(bookmarkPrefix))
+        return {};
+    return ResolvedBookmark{QUrl::fromEncoded(bookmark.mid(bookmarkPrefix.size())), false};
+}
+
+std::optional<QUrl> FakeResourceSystem::applicationURL(const QString& bundleIdentifier) const
+{
+    return found(m_applications, bundleIdentifier);
+}
+
+bool FakeResourceSystem::openApplication(const QUrl& url)
+{
+    return open(url, m_openedApplications);
+}
+
+bool FakeResourceSystem::openResource(const QUrl& url)
+{
+    return open(url, m_openedResources);
+}
+
+bool FakeResourceSystem::open(const QUrl& url, QList<QUrl>& kind)
+{
+    if (m_refused.contains(url))
+        return false;
+    kind.append(url);
+    m_opened.append(url);
+    return true;
+}
+
+} // namespace trovell

@@ -1,0 +1,48 @@
+// A desktop that opens nothing and remembers what it was asked to open. Set it up before the code
+// under test runs; workers only read it.
+#pragma once
+
+#include "launch/ResourceSystem.h"
+
+#include <QHash>
+#include <QList>
+#include <QSet>
+
+namespace trovell
+{
+
+class FakeResourceSystem final : public ResourceSystem
+{
+public:
+    /// The bytes resolve to `url`. Bookmarks made by this system need no such call.
+    void addBookmark(const QByteArray& bookmark, const QUrl& url, bool isStale = false);
+    void addApplication(const QString& bundleIdentifier, const QUrl& url);
+    void refuseToBookmark(const QUrl& url);
+    void refuseToOpen(const QUrl& url);
+
+    [[nodiscard]] QList<QUrl> openedApplications() const { return m_openedApplications; }
+    [[nodiscard]] QList<QUrl> openedResources() const { return m_openedResources; }
+    /// Both kinds, in the order of the calls; refused ones are left out.
+    [[nodiscard]] QList<QUrl> opened() const { return m_opened; }
+
+    [[nodiscard]] std::optional<QByteArray> createBookmark(const QUrl& url) const override;
+    [[nodiscard]] std::optional<ResolvedBookmark>
+    resolveBookmark(const QByteArray& bookmark) const override;
+    [[nodiscard]] std::optional<QUrl>
+    applicationURL(const QString& bundleIdentifier) const override;
+    [[nodiscard]] bool openApplication(const QUrl& url) override;
+    [[nodiscard]] bool openResource(const QUrl& url) override;
+
+private:
+    bool open(const QUrl& url, QList<QUrl>& kind);
+
+    QHash<QByteArray, ResolvedBookmark> m_bookmarks;
+    QHash<QString, QUrl> m_applications;
+    QSet<QUrl> m_unmarkable;
+    QSet<QUrl> m_refused;
+    QList<QUrl> m_openedApplications;
+    QList<QUrl> m_openedResources;
+    QList<QUrl> m_opened;
+};
+
+} // namespace trovell
