@@ -37,18 +37,19 @@ std::optional<DisplayFingerprint> readFingerprint(const QJsonObject& object)
     const auto scale = readNumber(object, QLatin1StringView("backingScaleFactor"));
     const auto relativeX = readNumber(object, QLatin1StringView("relativeX"));
     const auto relativeY = readNumber(object, QLatin1StringView("relativeY"));
-    if (!name.isString() || !isMain.isBool() || !pixelWidth || !pixelHeight || !pointWidth
-        || !pointHeight || !scale || !relativeX || !relativeY)
+    if (!name.isString() || !isMain.isBool() || !pixelWidth || !pixelHeight || !pointWidth ||
+        !pointHeight || !scale || !relativeX || !relativeY)
         return std::nullopt;
-    return DisplayFingerprint{name.toString(), *pixelWidth, *pixelHeight, *pointWidth, *pointHeight,
-                              *scale,          *relativeX,  *relativeY,   isMain.toBool()};
+    return DisplayFingerprint{name.toString(), *pixelWidth,  *pixelHeight,
+                              *pointWidth,     *pointHeight, *scale,
+                              *relativeX,      *relativeY,   isMain.toBool()};
 }
 
 bool isFinite(const DisplayFingerprint& fingerprint)
 {
-    return std::isfinite(fingerprint.pointWidth) && std::isfinite(fingerprint.pointHeight)
-           && std::isfinite(fingerprint.backingScaleFactor) && std::isfinite(fingerprint.relativeX)
-           && std::isfinite(fingerprint.relativeY);
+    return std::isfinite(fingerprint.pointWidth) && std::isfinite(fingerprint.pointHeight) &&
+           std::isfinite(fingerprint.backingScaleFactor) && std::isfinite(fingerprint.relativeX) &&
+           std::isfinite(fingerprint.relativeY);
 }
 
 } // namespace

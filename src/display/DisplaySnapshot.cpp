@@ -30,8 +30,8 @@ double identityTerm(const DisplayFingerprint& saved, const DisplayFingerprint& c
 
 bool DisplaySnapshot::operator==(const DisplaySnapshot& other) const
 {
-    return isSameRectangle(frame, other.frame) && isSameRectangle(visibleFrame, other.visibleFrame)
-           && fingerprint == other.fingerprint;
+    return isSameRectangle(frame, other.frame) &&
+           isSameRectangle(visibleFrame, other.visibleFrame) && fingerprint == other.fingerprint;
 }
 
 QList<DisplaySnapshot> makeDisplaySnapshots(const QList<Screen>& screens,
@@ -43,28 +43,27 @@ QList<DisplaySnapshot> makeDisplaySnapshots(const QList<Screen>& screens,
     for (qsizetype index = 0; index < screens.size(); ++index) {
         const Screen& screen = screens.at(index);
         const QSizeF size = screen.frame.size();
-        snapshots.append({screen.frame, screen.visibleFrame,
-                          DisplayFingerprint{screen.localizedName,
-                                             pixelLength(screen.backingScaleFactor, size.width()),
-                                             pixelLength(screen.backingScaleFactor, size.height()),
-                                             size.width(), size.height(), screen.backingScaleFactor,
-                                             screen.frame.x() - reference.x(),
-                                             screen.frame.y() - reference.y(),
-                                             mainScreen == index}});
+        snapshots.append(
+            {screen.frame, screen.visibleFrame,
+             DisplayFingerprint{
+                 screen.localizedName, pixelLength(screen.backingScaleFactor, size.width()),
+                 pixelLength(screen.backingScaleFactor, size.height()), size.width(), size.height(),
+                 screen.backingScaleFactor, screen.frame.x() - reference.x(),
+                 screen.frame.y() - reference.y(), mainScreen == index}});
     }
     return snapshots;
 }
 
 double displayMatchScore(const DisplayFingerprint& saved, const DisplayFingerprint& candidate)
 {
-    const double sizeDifference = std::abs(saved.pointWidth - candidate.pointWidth)
-                                  + std::abs(saved.pointHeight - candidate.pointHeight);
+    const double sizeDifference = std::abs(saved.pointWidth - candidate.pointWidth) +
+                                  std::abs(saved.pointHeight - candidate.pointHeight);
     const double scaleDifference =
         std::abs(saved.backingScaleFactor - candidate.backingScaleFactor);
-    const double distance = std::abs(saved.relativeX - candidate.relativeX)
-                            + std::abs(saved.relativeY - candidate.relativeY);
-    return identityTerm(saved, candidate) + std::max(0.0, 25 - sizeDifference / 100)
-           + std::max(0.0, 10 - 10 * scaleDifference) + std::max(0.0, 10 - distance / 200);
+    const double distance = std::abs(saved.relativeX - candidate.relativeX) +
+                            std::abs(saved.relativeY - candidate.relativeY);
+    return identityTerm(saved, candidate) + std::max(0.0, 25 - sizeDifference / 100) +
+           std::max(0.0, 10 - 10 * scaleDifference) + std::max(0.0, 10 - distance / 200);
 }
 
 std::optional<DisplaySnapshot> bestDisplay(const DisplayFingerprint& saved,
@@ -72,8 +71,8 @@ std::optional<DisplaySnapshot> bestDisplay(const DisplayFingerprint& saved,
 {
     const auto best =
         std::max_element(displays.begin(), displays.end(), [&saved](const auto& a, const auto& b) {
-            return displayMatchScore(saved, a.fingerprint)
-                   < displayMatchScore(saved, b.fingerprint);
+            return displayMatchScore(saved, a.fingerprint) <
+                   displayMatchScore(saved, b.fingerprint);
         });
     return best == displays.end() ? std::nullopt : std::optional(*best);
 }

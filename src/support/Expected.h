@@ -5,10 +5,8 @@
 
 namespace trovell {
 
-template <class T, class E>
-using Expected = tl::expected<T, E>;
+template <class T, class E> using Expected = tl::expected<T, E>;
 
-template <class E>
-using Unexpected = tl::unexpected<E>;
+template <class E> using Unexpected = tl::unexpected<E>;
 
 } // namespace trovell

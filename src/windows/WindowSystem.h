@@ -42,12 +42,12 @@ struct RunningApplication {
 /// makes the others unreadable. The accessibility attribute behind each member is given with it.
 struct WindowAttributes {
     WindowHandle handle = 0;
-    std::optional<bool> isMinimized;  ///< "AXMinimized"
-    std::optional<QString> role;      ///< "AXRole"
-    std::optional<QString> subrole;   ///< "AXSubrole"
-    std::optional<QString> title;     ///< "AXTitle"
-    std::optional<QPointF> position;  ///< "AXPosition"
-    std::optional<QSizeF> size;       ///< "AXSize"
+    std::optional<bool> isMinimized; ///< "AXMinimized"
+    std::optional<QString> role;     ///< "AXRole"
+    std::optional<QString> subrole;  ///< "AXSubrole"
+    std::optional<QString> title;    ///< "AXTitle"
+    std::optional<QPointF> position; ///< "AXPosition"
+    std::optional<QSizeF> size;      ///< "AXSize"
 };
 
 /// The frame a window is to have.
@@ -91,7 +91,8 @@ public:
     /// they allow; that counts as taken. Returns once every window came to rest, which a window
     /// that does not react can delay by at most two seconds. Called from worker threads, also
     /// from several at once.
-    [[nodiscard]] virtual QList<bool> setWindowFrames(const QList<WindowFrameRequest>& requests) = 0;
+    [[nodiscard]] virtual QList<bool>
+    setWindowFrames(const QList<WindowFrameRequest>& requests) = 0;
 };
 
 } // namespace trovell

@@ -1,0 +1,1 @@
+#include "platform/null/NullWindowSystem.h"

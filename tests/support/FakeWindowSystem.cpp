@@ -1,0 +1,132 @@
+#include "support/FakeWindowSystem.h"
+
+#include <QMutexLocker>
+
+namespace trovell {
+
+FakeWindowSystem::FakeWindowSystem()
+    : displays{display(QStringLiteral("Main"), {0, 0, 1440, 900}, {0, 0, 1440, 875}, true)}
+{
+}
+
+RunningApplication& FakeWindowSystem::addApplication(const QString& bundleIdentifier,
+                                                     const QString& name)
+{
+    const QMutexLocker lock(&m_mutex);
+    RunningApplication application;
+    application.processIdentifier = qint32(1000 + m_applications.size());
+    application.isRegular = true;
+    application.bundleIdentifier = bundleIdentifier;
+    application.localizedName = name.isEmpty() ? bundleIdentifier : name;
+    application.bundleURL = QStringLiteral("file:///apps/%1.desktop").arg(bundleIdentifier);
+    m_applications.append(application);
+    return m_applications.last();
+}
+
+WindowHandle FakeWindowSystem::addWindow(const QString& bundleIdentifier, const Window& window)
+{
+    if (runningApplications(bundleIdentifier).isEmpty())
+        addApplication(bundleIdentifier);
+    const QMutexLocker lock(&m_mutex);
+    for (RunningApplication& application : m_applications) {
+        if (application.bundleIdentifier == bundleIdentifier)
+            application.windows.append(++m_lastHandle);
+    }
+    m_windows.insert(m_lastHandle, window);
+    return m_lastHandle;
+}
+
+void FakeWindowSystem::removeWindow(WindowHandle handle)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_windows.remove(handle);
+}
+
+FakeWindowSystem::Window FakeWindowSystem::window(WindowHandle handle) const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_windows.value(handle);
+}
+
+DisplaySnapshot FakeWindowSystem::display(const QString& name, const QRectF& frame,
+                                          const QRectF& visibleFrame, bool isMain)
+{
+    DisplaySnapshot snapshot =
+        makeDisplaySnapshots({Screen{frame, visibleFrame, 1.0, name}}, std::nullopt).first();
+    snapshot.fingerprint.isMain = isMain;
+    return snapshot;
+}
+
+int FakeWindowSystem::readCount() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_readCount;
+}
+
+QList<WindowFrameRequest> FakeWindowSystem::frameRequests() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_frameRequests;
+}
+
+QList<RunningApplication> FakeWindowSystem::runningApplications()
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_applications;
+}
+
+QList<RunningApplication> FakeWindowSystem::runningApplications(const QString& bundleIdentifier)
+{
+    QList<RunningApplication> applications = runningApplications();
+    applications.removeIf([&](const RunningApplication& application) {
+        return application.bundleIdentifier != bundleIdentifier;
+    });
+    return applications;
+}
+
+void FakeWindowSystem::activate(const RunningApplication& application)
+{
+    activated.append(application.bundleIdentifier.value_or(QString()));
+}
+
+WindowAttributes FakeWindowSystem::attributes(WindowHandle handle) const
+{
+    const Window window = m_windows.value(handle);
+    return {handle,       window.isMinimized,     window.role,        window.subrole,
+            window.title, window.frame.topLeft(), window.frame.size()};
+}
+
+QList<QList<WindowAttributes>>
+FakeWindowSystem::readWindows(const QList<RunningApplication>& applications) const
+{
+    if (onRead)
+        onRead(applications);
+    const QMutexLocker lock(&m_mutex);
+    ++m_readCount;
+    QList<QList<WindowAttributes>> lists;
+    for (const RunningApplication& application : applications) {
+        QList<WindowAttributes> list;
+        for (const WindowHandle handle : application.windows) {
+            if (m_windows.contains(handle))
+                list.append(attributes(handle));
+        }
+        lists.append(list);
+    }
+    return lists;
+}
+
+QList<bool> FakeWindowSystem::setWindowFrames(const QList<WindowFrameRequest>& requests)
+{
+    const QMutexLocker lock(&m_mutex);
+    QList<bool> accepted;
+    for (const WindowFrameRequest& request : requests) {
+        m_frameRequests.append(request);
+        const auto window = m_windows.find(request.handle);
+        accepted.append(window != m_windows.end() && !window->refusesFrames);
+        if (accepted.last())
+            window->frame = request.frame;
+    }
+    return accepted;
+}
+
+} // namespace trovell

@@ -1,0 +1,149 @@
+#include "windows/WindowRestoreService.h"
+
+#include "support/FakeWindowSystem.h"
+
+#include <QtTest>
+
+using namespace trovell;
+
+namespace {
+
+WindowPlacementSnapshot placement(const FakeWindowSystem& desktop,
+                                  const std::optional<QString>& title, qint64 index = 0)
+{
+    WindowPlacementSnapshot snapshot;
+    snapshot.id = QUuid::createUuid();
+    snapshot.bundleIdentifier = u"editor"_qs;
+    snapshot.applicationName = u"Editor"_qs;
+    snapshot.windowTitleHint = title;
+    snapshot.windowIndexHint = index;
+    snapshot.normalizedFrame = {0.5, 0.5, 0.5, 0.5};
+    snapshot.displayFingerprint = desktop.displays.value(0).fingerprint;
+    return snapshot;
+}
+
+WindowRestoreAttempt restore(FakeWindowSystem& desktop,
+                             const QList<WindowPlacementSnapshot>& placements)
+{
+    WindowRestoreService service(desktop);
+    return QCoro::waitFor(service.restorePlacements(placements));
+}
+
+} // namespace
+
+class WindowRestoreServiceTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void placesAWindow();
+    void finalFailuresNameTheApplication();
+    void waitsForWhatIsNotThereYet();
+    void findsTheBestRemainingDisplay();
+    void keepsFramesFiniteAndInside_data();
+    void keepsFramesFiniteAndInside();
+};
+
+void WindowRestoreServiceTest::placesAWindow()
+{
+    FakeWindowSystem desktop;
+    const auto titled = desktop.addWindow(u"editor"_qs, {.title = u"Notes"_qs});
+    const auto saved = placement(desktop, u"notes"_qs);
+    const auto attempt = restore(desktop, {saved});
+    QCOMPARE(desktop.window(titled).frame, QRectF(720, 25, 720, 437.5));
+    const LaunchResult result = attempt.completed.value(saved.id);
+    QCOMPARE(result.kind, LaunchResultKind::restored);
+    QCOMPARE(result.name, u"notes"_qs);
+    QCOMPARE(result.detail, std::nullopt);
+    QVERIFY(attempt.retryableDetails.isEmpty());
+
+    const auto untitled = placement(desktop, std::nullopt);
+    QCOMPARE(restore(desktop, {untitled}).completed.value(untitled.id).name, u"Editor"_qs);
+    QVERIFY(restore(desktop, {}).completed.isEmpty());
+}
+
+void WindowRestoreServiceTest::finalFailuresNameTheApplication()
+{
+    FakeWindowSystem desktop;
+    desktop.addWindow(u"editor"_qs, {.title = u"Notes"_qs, .refusesFrames = true});
+    const auto saved = placement(desktop, u"Notes"_qs);
+    const auto outcome = [&] {
+        const auto attempt = restore(desktop, {saved, placement(desktop, u"None"_qs)});
+        const LaunchResult result = attempt.completed.value(saved.id);
+        return QStringList{result.name, rawValue(result.kind), result.detail.value_or(QString())};
+    };
+    QCOMPARE(outcome(), (QStringList{u"Editor"_qs, u"failed"_qs,
+                                     u"macOS refused the window position change."_qs}));
+    const int readCount = desktop.readCount();
+    desktop.displays.clear();
+    QCOMPARE(outcome(), (QStringList{u"Editor"_qs, u"failed"_qs, u"No display is available."_qs}));
+    desktop.trusted = false;
+    QCOMPARE(
+        outcome(),
+        (QStringList{u"Editor"_qs, u"skippedNoPermission"_qs,
+                     u"Allow Accessibility access before capturing or restoring windows."_qs}));
+    QCOMPARE(desktop.readCount(), readCount);
+}
+
+void WindowRestoreServiceTest::waitsForWhatIsNotThereYet()
+{
+    FakeWindowSystem desktop;
+    const auto first = placement(desktop, u"Notes"_qs, 0);
+    const auto second = placement(desktop, u"Notes"_qs, 1);
+    auto attempt = restore(desktop, {first, second});
+    QVERIFY(attempt.completed.isEmpty());
+    QCOMPARE(attempt.retryableDetails.value(second.id), u"The application is not running yet."_qs);
+
+    desktop.addWindow(u"editor"_qs, {.title = u"Notes"_qs, .isMinimized = true});
+    desktop.addWindow(u"editor"_qs, {.title = u"Notes"_qs});
+    attempt = restore(desktop, {second, first});
+    QCOMPARE(attempt.completed.keys(), QList<QUuid>{first.id});
+    QCOMPARE(attempt.retryableDetails.value(second.id),
+             u"A safe matching window was not found yet."_qs);
+}
+
+void WindowRestoreServiceTest::findsTheBestRemainingDisplay()
+{
+    FakeWindowSystem desktop;
+    auto saved = placement(desktop, u"Notes"_qs);
+    saved.displayFingerprint.localizedName = u"Gone"_qs;
+    saved.displayFingerprint.isMain = false;
+    saved.displayFingerprint.relativeX = 1440;
+    const auto right =
+        desktop.display(u"Right"_qs, {1440, 200, 800, 600}, {1440, 240, 800, 500}, false);
+    desktop.displays.append(right);
+    // Fractions of its visible frame, in the coordinates of the main display's top.
+    QCOMPARE(restoreTarget(saved, desktop.displays), QRectF(1840, 160, 400, 250));
+    saved.normalizedFrame = {0.9, 0.0, 0.05, 0.05};
+    QCOMPARE(restoreTarget(saved, desktop.displays), QRectF(2000, 500, 240, 160));
+    QVERIFY(!restoreTarget(saved, {}));
+}
+
+void WindowRestoreServiceTest::keepsFramesFiniteAndInside_data()
+{
+    QTest::addColumn<double>("value");
+    QTest::newRow("nan") << qQNaN();
+    QTest::newRow("infinite") << qInf();
+    QTest::newRow("negative infinite") << -qInf();
+    QTest::newRow("huge") << 1e300;
+    QTest::newRow("negative") << -5.0;
+}
+
+void WindowRestoreServiceTest::keepsFramesFiniteAndInside()
+{
+    QFETCH(double, value);
+    FakeWindowSystem desktop;
+    const QRectF visible(0, 25, 1440, 875);
+    for (double NormalizedFrame::*member : {&NormalizedFrame::x, &NormalizedFrame::y,
+                                            &NormalizedFrame::width, &NormalizedFrame::height}) {
+        auto saved = placement(desktop, u"Notes"_qs);
+        saved.normalizedFrame.*member = value;
+        const auto window = desktop.addWindow(u"editor"_qs, {.title = u"Notes"_qs});
+        const auto attempt = restore(desktop, {saved});
+        QCOMPARE(attempt.completed.size(), 1);
+        QVERIFY(visible.contains(desktop.window(window).frame));
+        desktop.removeWindow(window);
+    }
+}
+
+QTEST_GUILESS_MAIN(WindowRestoreServiceTest)
+#include "WindowRestoreServiceTest.moc"
