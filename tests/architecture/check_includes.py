@@ -1,0 +1,68 @@
+"""Checks that every include in src/ follows the table of which folder may include which.
+
+Usage: check_includes.py SOURCE_ROOT
+"""
+import pathlib
+import re
+import sys
+
+# Folder → the folders whose headers it may include besides its own. The longest folder that a
+# file lies in counts.
+RESULTS = {"launch/LaunchResult.h", "launch/WorkspaceLaunchReport.h"}
+LOGIC = {"support", "display", "model", "windows", "launch", "services"}
+ALLOWED = {
+    "support": set(),
+    "display": {"support"},
+    "model": {"display", "support"},
+    "windows": {"display", "model", "support"} | RESULTS,
+    "launch": {"display", "model", "windows", "support"},
+    "services": {"model", "support"},
+    "platform/null": LOGIC,
+    "platform/freedesktop": LOGIC,
+    "platform/x11": LOGIC | {"platform/freedesktop"},
+    "platform": LOGIC | {"platform/null", "platform/freedesktop", "platform/x11"},
+    "views/style": set(),
+    "views": LOGIC | {"app", "views/style"},
+    "app": LOGIC | {"platform"},
+}
+# The program itself puts everything together.
+UNRESTRICTED = {"app/main.cpp", "app/TrovellApp.h", "app/TrovellApp.cpp"}
+# Link borders: what may be included of the libraries outside these folders.
+CONFINED = {
+    "xcb/": "platform/x11",
+    "gio/": "platform/freedesktop",
+    "glib": "platform/freedesktop",
+    "sqlite3.h": "model",
+}
+
+
+def folder_of(path):
+    return max((f for f in ALLOWED if path.startswith(f + "/")), key=len, default="")
+
+
+def violations(root):
+    for file in sorted(root.rglob("*")):
+        if file.suffix not in {".h", ".cpp"}:
+            continue
+        name = file.relative_to(root).as_posix()
+        folder = folder_of(name)
+        if not folder:
+            yield f"{name}: lies in no folder of the table"
+        for line in file.read_text().splitlines():
+            match = re.match(r'\s*#include\s+(["<])([^">]+)[">]', line)
+            if not match:
+                continue
+            quoted, included = match.group(1) == '"', match.group(2)
+            if quoted and name not in UNRESTRICTED:
+                target = folder_of(included)
+                if target != folder and target not in ALLOWED[folder] \
+                        and included not in ALLOWED[folder]:
+                    yield f"{name}: may not include {included}"
+            for prefix, home in CONFINED.items():
+                if included.startswith(prefix) and not name.startswith(home + "/"):
+                    yield f"{name}: may not include <{included}>"
+
+
+found = list(violations(pathlib.Path(sys.argv[1])))
+print("\n".join(found) or "All includes follow the table.")
+sys.exit(bool(found))

@@ -1,0 +1,271 @@
+#include "launch/WorkspaceLauncher.h"
+
+#include "model/TrovellWorkspace.h"
+#include "model/WindowPlacement.h"
+#include "model/WorkspaceItem.h"
+#include "support/FakeClock.h"
+#include "support/FakeResourceSystem.h"
+#include "support/FakeWindowSystem.h"
+
+#include <QSignalSpy>
+#include <QtTest>
+
+using namespace trovell;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr double timeoutSeconds = 10;
+
+struct Desktop {
+    FakeClock clock;
+    FakeWindowSystem windows;
+    FakeResourceSystem resources;
+    ResourceOpeningService opener{
+        resources, [this](const QString& id) { return !windows.runningApplications(id).isEmpty(); },
+        [](const QUrl&) { return true; }};
+    WindowRestoreService restorer{windows};
+    WorkspaceLauncher launcher{opener, restorer, windows, clock};
+    TrovellWorkspace workspace;
+
+    WorkspaceItem& addItem(const QString& name, WorkspaceItemType type, bool isEnabled = true)
+    {
+        auto item = std::make_unique<WorkspaceItem>();
+        item->setType(type);
+        item->setDisplayName(name);
+        item->setSortOrder(workspace.sortedItems().size());
+        item->setUrlString(u"file:///things/%1"_qs.arg(name));
+        item->setEnabled(isEnabled);
+        if (type == WorkspaceItemType::application)
+            item->setBundleIdentifier(name);
+        WorkspaceItem& added = *item;
+        workspace.appendItem(std::move(item));
+        return added;
+    }
+
+    void addPlacement(const QString& application, const std::optional<QString>& title,
+                      qint64 index = 0, bool isEnabled = true)
+    {
+        workspace.appendPlacement(std::make_unique<WindowPlacement>(
+            application, application.toUpper(), title, u"AXWindow"_qs, std::nullopt, index,
+            NormalizedFrame{0, 0, 0.5, 0.5}, QRectF(0, 0, 100, 100),
+            windows.displays.first().fingerprint, isEnabled));
+    }
+
+    /// Lets the launch run until `count` applications sleep between two passes or it ends.
+    void settle(qsizetype count)
+    {
+        QTRY_VERIFY(!launcher.isLaunching() || clock.sleeperCount() == count);
+    }
+
+    /// A quarter second passes at a time until the launch ends.
+    void runToEnd(qsizetype applicationCount)
+    {
+        for (int i = 0; i < 200 && launcher.isLaunching(); ++i) {
+            settle(applicationCount);
+            clock.advance(250ms);
+        }
+        QTRY_VERIFY(!launcher.isLaunching());
+    }
+
+    QStringList report() const
+    {
+        QStringList lines;
+        const QList<LaunchResult> results = launcher.latestReport()->results;
+        for (const LaunchResult& line : results)
+            lines.append(
+                u"%1: %2 %3"_qs.arg(line.name, rawValue(line.kind), line.detail.value_or(QString()))
+                    .trimmed());
+        return lines;
+    }
+};
+
+} // namespace
+
+class WorkspaceLauncherTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void opensItemsThenRestoresWindows();
+    void waitsForLateWindowsUntilTheDeadline();
+    void reportsApplicationsInPlacementOrder();
+    void withoutTrustNoWindowIsTouched();
+    void aSecondStartIsIgnored();
+    void shortTimeoutsBecomeOneSecond_data();
+    void shortTimeoutsBecomeOneSecond();
+    void survivesADeletedWorkspace();
+    void stopsWaitingWhenAsked();
+};
+
+void WorkspaceLauncherTest::opensItemsThenRestoresWindows()
+{
+    Desktop desktop;
+    desktop.windows.addWindow(u"editor"_qs, {.title = u"Notes"_qs});
+    desktop.windows.addWindow(u"player"_qs, {});
+    desktop.addItem(u"editor"_qs, WorkspaceItemType::application);
+    desktop.addItem(u"folder"_qs, WorkspaceItemType::folder);
+    desktop.addItem(u"off"_qs, WorkspaceItemType::file, false);
+    desktop.addItem(u"player"_qs, WorkspaceItemType::application);
+    desktop.addPlacement(u"editor"_qs, u"Notes"_qs);
+    desktop.addPlacement(u"editor"_qs, u"Other"_qs, 1, false);
+    QSignalSpy reports(&desktop.launcher, &WorkspaceLauncher::latestReportChanged);
+    QSignalSpy states(&desktop.launcher, &WorkspaceLauncher::isLaunchingChanged);
+    const QDateTime before = desktop.workspace.updatedAt();
+
+    desktop.launcher.start(&desktop.workspace, true, timeoutSeconds);
+    QVERIFY(desktop.launcher.isLaunching());
+    desktop.runToEnd(0);
+    QCOMPARE(desktop.report(), (QStringList{u"editor: alreadyRunning"_qs, u"folder: opened"_qs,
+                                            u"player: alreadyRunning"_qs, u"Notes: restored"_qs}));
+    QCOMPARE(desktop.resources.opened(), QList<QUrl>{QUrl(u"file:///things/folder"_qs)});
+    // The first application of the workspace ends in front.
+    QCOMPARE(desktop.windows.activated, (QStringList{u"player"_qs, u"editor"_qs}));
+    QCOMPARE(desktop.launcher.latestWorkspaceID(), desktop.workspace.id());
+    QCOMPARE(desktop.workspace.lastLaunchedAt(), desktop.clock.now());
+    QVERIFY(desktop.workspace.updatedAt() != before);
+    QCOMPARE(reports.size(), 1);
+    QCOMPARE(states.size(), 2);
+}
+
+void WorkspaceLauncherTest::waitsForLateWindowsUntilTheDeadline()
+{
+    Desktop desktop;
+    desktop.addPlacement(u"editor"_qs, u"Late"_qs, 0);
+    desktop.addPlacement(u"editor"_qs, u"Never"_qs, 1);
+    desktop.addPlacement(u"absent"_qs, std::nullopt, 2);
+    desktop.launcher.start(&desktop.workspace, true, timeoutSeconds);
+    desktop.settle(2);
+    for (int quarter = 0; quarter < 8; ++quarter) {
+        desktop.clock.advance(250ms);
+        desktop.settle(2);
+    }
+    desktop.windows.addWindow(u"editor"_qs, {.title = u"Late"_qs});
+    const QDateTime start = desktop.clock.now().addMSecs(-2000);
+    desktop.runToEnd(2);
+    QCOMPARE(desktop.report(),
+             (QStringList{u"Late: restored"_qs,
+                          u"Never: timedOut A safe matching window was not found yet."_qs,
+                          u"ABSENT: timedOut The application is not running yet."_qs}));
+    QCOMPARE(start.msecsTo(desktop.clock.now()), 10'000);
+    // One pass at once and one per quarter second, the deadline included: 41 for each.
+    QCOMPARE(desktop.clock.sleepCount(), 80);
+}
+
+void WorkspaceLauncherTest::reportsApplicationsInPlacementOrder()
+{
+    Desktop desktop;
+    desktop.addPlacement(u"slow"_qs, u"S"_qs, 0);
+    desktop.addPlacement(u"quick"_qs, u"Q"_qs, 1);
+    desktop.addPlacement(u"slow"_qs, u"S2"_qs, 2);
+    desktop.windows.addWindow(u"quick"_qs, {.title = u"Q"_qs});
+    desktop.launcher.start(&desktop.workspace, true, timeoutSeconds);
+    desktop.settle(1);
+    desktop.windows.addWindow(u"slow"_qs, {.title = u"S2"_qs});
+    desktop.clock.advance(250ms);
+    desktop.settle(1);
+    desktop.windows.addWindow(u"slow"_qs, {.title = u"S"_qs});
+    desktop.runToEnd(1);
+    // In the order in which they were completed within an application.
+    QCOMPARE(desktop.report(),
+             (QStringList{u"S2: restored"_qs, u"S: restored"_qs, u"Q: restored"_qs}));
+}
+
+void WorkspaceLauncherTest::withoutTrustNoWindowIsTouched()
+{
+    Desktop desktop;
+    desktop.windows.addWindow(u"editor"_qs, {.title = u"Notes"_qs});
+    desktop.addItem(u"editor"_qs, WorkspaceItemType::application);
+    desktop.addPlacement(u"editor"_qs, u"Notes"_qs);
+    desktop.addPlacement(u"editor"_qs, u"More"_qs, 1);
+    desktop.launcher.start(&desktop.workspace, false, timeoutSeconds);
+    desktop.runToEnd(0);
+    QCOMPARE(desktop.report(),
+             (QStringList{u"editor: alreadyRunning"_qs,
+                          u"Window layout: skippedNoPermission "
+                          "Grant Accessibility access to restore saved windows."_qs}));
+    QVERIFY(desktop.windows.activated.isEmpty());
+    QCOMPARE(desktop.windows.readCount(), 0);
+
+    // Without a layout there is nothing that would need trust.
+    Desktop plain;
+    plain.windows.addApplication(u"editor"_qs);
+    plain.addItem(u"editor"_qs, WorkspaceItemType::application);
+    plain.launcher.start(&plain.workspace, false, timeoutSeconds);
+    plain.runToEnd(0);
+    QCOMPARE(plain.windows.activated, QStringList{u"editor"_qs});
+}
+
+void WorkspaceLauncherTest::aSecondStartIsIgnored()
+{
+    Desktop desktop;
+    desktop.addItem(u"off"_qs, WorkspaceItemType::file, false);
+    desktop.launcher.start(&desktop.workspace, true, timeoutSeconds);
+    desktop.runToEnd(0);
+    QVERIFY(desktop.launcher.latestReport()->results.isEmpty());
+    QVERIFY(desktop.workspace.lastLaunchedAt());
+
+    const auto report = desktop.launcher.latestReport();
+    desktop.addPlacement(u"absent"_qs, std::nullopt);
+    desktop.launcher.start(&desktop.workspace, true, timeoutSeconds);
+    desktop.settle(1);
+    TrovellWorkspace other;
+    desktop.launcher.start(&other, true, timeoutSeconds);
+    QCOMPARE(desktop.launcher.latestReport(), report);
+    QVERIFY(!other.lastLaunchedAt());
+    desktop.runToEnd(1);
+    QCOMPARE(desktop.launcher.latestWorkspaceID(), desktop.workspace.id());
+}
+
+void WorkspaceLauncherTest::shortTimeoutsBecomeOneSecond_data()
+{
+    QTest::addColumn<double>("timeout");
+    QTest::newRow("zero") << 0.0;
+    QTest::newRow("negative") << -5.0;
+    QTest::newRow("not a number") << qQNaN();
+    QTest::newRow("half a second") << 0.5;
+}
+
+void WorkspaceLauncherTest::shortTimeoutsBecomeOneSecond()
+{
+    QFETCH(double, timeout);
+    Desktop desktop;
+    desktop.addPlacement(u"absent"_qs, std::nullopt);
+    const QDateTime start = desktop.clock.now();
+    desktop.launcher.start(&desktop.workspace, true, timeout);
+    desktop.runToEnd(1);
+    QCOMPARE(start.msecsTo(desktop.clock.now()), 1000);
+}
+
+void WorkspaceLauncherTest::survivesADeletedWorkspace()
+{
+    Desktop desktop;
+    auto workspace = std::make_unique<TrovellWorkspace>();
+    const QUuid id = workspace->id();
+    workspace->appendPlacement(std::make_unique<WindowPlacement>(
+        u"absent"_qs, u"Absent"_qs, std::nullopt, std::nullopt, std::nullopt, 0, NormalizedFrame(),
+        QRectF(), DisplayFingerprint(), true));
+    desktop.launcher.start(workspace.get(), true, qInf());
+    desktop.settle(1);
+    workspace.reset();
+    desktop.windows.addWindow(u"absent"_qs, {});
+    desktop.runToEnd(1);
+    QCOMPARE(desktop.report(), QStringList{u"Absent: restored"_qs});
+    QCOMPARE(desktop.launcher.latestWorkspaceID(), id);
+}
+
+void WorkspaceLauncherTest::stopsWaitingWhenAsked()
+{
+    Desktop desktop;
+    desktop.addPlacement(u"absent"_qs, std::nullopt);
+    std::stop_source stop;
+    desktop.launcher.start(&desktop.workspace, true, timeoutSeconds, stop.get_token());
+    desktop.settle(1);
+    stop.request_stop();
+    desktop.clock.advance(250ms);
+    QTRY_VERIFY(!desktop.launcher.isLaunching());
+    QCOMPARE(desktop.report(),
+             QStringList{u"ABSENT: timedOut The application is not running yet."_qs});
+}
+
+QTEST_GUILESS_MAIN(WorkspaceLauncherTest)
+#include "WorkspaceLauncherTest.moc"
