@@ -1,0 +1,86 @@
+#include "model/WorkspaceChoices.h"
+
+#include "model/TrovellWorkspace.h"
+
+#include <algorithm>
+
+namespace trovell {
+
+namespace {
+
+/// Control and Option, in the mask's own bits.
+constexpr quint32 controlOption = 0x1000 | 0x0800;
+
+std::optional<ShortcutDefinition> controlOptionShortcut(quint32 keyCode, char16_t digit)
+{
+    return ShortcutDefinition{keyCode, controlOption, QStringLiteral("⌃⌥") + QChar(digit)};
+}
+
+} // namespace
+
+const QStringList& symbols()
+{
+    static const QStringList names{
+        QStringLiteral("rectangle.3.group"),
+        QStringLiteral("briefcase"),
+        QStringLiteral("paintbrush"),
+        QStringLiteral("hammer"),
+        QStringLiteral("book"),
+        QStringLiteral("music.note"),
+        QStringLiteral("terminal"),
+        QStringLiteral("network"),
+    };
+    return names;
+}
+
+const QStringList& accents()
+{
+    static const QStringList identifiers{
+        QStringLiteral("blue"),  QStringLiteral("indigo"), QStringLiteral("purple"),
+        QStringLiteral("green"), QStringLiteral("orange"),
+    };
+    return identifiers;
+}
+
+const QList<std::optional<ShortcutDefinition>>& shortcuts()
+{
+    // Key codes are not in the order of the digits: 22 is the digit 6.
+    static const QList<std::optional<ShortcutDefinition>> choices{
+        std::nullopt,
+        controlOptionShortcut(18, u'1'),
+        controlOptionShortcut(19, u'2'),
+        controlOptionShortcut(20, u'3'),
+        controlOptionShortcut(21, u'4'),
+        controlOptionShortcut(23, u'5'),
+    };
+    return choices;
+}
+
+std::optional<ShortcutDefinition> WorkspaceChoices::shortcut() const
+{
+    return shortcuts().value(shortcutIndex);
+}
+
+WorkspaceChoices choicesOf(const TrovellWorkspace& workspace)
+{
+    return {
+        .symbolName = workspace.symbolName(),
+        .accentIdentifier = workspace.accentIdentifier(),
+        .shortcutIndex = std::max<qsizetype>(0, shortcuts().indexOf(workspace.shortcut())),
+    };
+}
+
+bool shortcutConflict(const ShortcutDefinition& chosen, const std::optional<QUuid>& editedId,
+                      const QList<TrovellWorkspace*>& workspaces)
+{
+    return std::ranges::any_of(workspaces, [&](const TrovellWorkspace* workspace) {
+        return workspace->id() != editedId && workspace->shortcut() == chosen;
+    });
+}
+
+QString shortcutConflictText()
+{
+    return QStringLiteral("That shortcut is already assigned to another workspace.");
+}
+
+} // namespace trovell
