@@ -1,0 +1,22 @@
+// The colour appearance that the user chooses for the windows. Plain values,
+// any thread.
+#pragma once
+
+#include <QList>
+#include <QString>
+
+#include <optional>
+
+namespace trovell {
+
+enum class AppAppearance { light, system, dark };
+
+/// All cases in the order in which pickers show them.
+[[nodiscard]] QList<AppAppearance> allAppearances();
+/// The stored text.
+[[nodiscard]] QString rawValue(AppAppearance appearance);
+[[nodiscard]] std::optional<AppAppearance> appearanceFromRawValue(const QString& rawValue);
+/// The text in pickers, a localisation key.
+[[nodiscard]] QString displayName(AppAppearance appearance);
+
+} // namespace trovell

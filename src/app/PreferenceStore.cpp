@@ -1,0 +1,45 @@
+#include "app/PreferenceStore.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QSaveFile>
+
+namespace trovell {
+
+PreferenceStore::PreferenceStore(const QString& filePath) : m_filePath(filePath)
+{
+    QFile file(filePath);
+    if (!file.exists())
+        return;
+    QJsonParseError error;
+    const bool isReadable = file.open(QIODevice::ReadOnly);
+    const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &error);
+    m_isDamaged = !isReadable || !document.isObject();
+    m_values = document.object();
+}
+
+void PreferenceStore::setValue(const QString& key, const QJsonValue& value)
+{
+    m_values.insert(key, value);
+    write();
+}
+
+void PreferenceStore::write()
+{
+    constexpr auto ownerOnly = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
+    const QDir folder = QFileInfo(m_filePath).dir();
+    if (!folder.exists() && QDir().mkpath(folder.path()))
+        QFile::setPermissions(folder.path(), ownerOnly | QFileDevice::ExeOwner);
+    if (m_isDamaged && QFile::rename(m_filePath, m_filePath + QStringLiteral(".damaged")))
+        m_isDamaged = false;
+
+    QSaveFile file(m_filePath);
+    if (m_isDamaged || !file.open(QIODevice::WriteOnly) || !file.setPermissions(ownerOnly))
+        return;
+    file.write(QJsonDocument(m_values).toJson());
+    file.commit();
+}
+
+} // namespace trovell

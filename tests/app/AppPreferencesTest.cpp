@@ -1,0 +1,137 @@
+#include "app/AppPreferences.h"
+
+#include "app/PreferenceStore.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <QtTest>
+
+using namespace trovell;
+
+class AppPreferencesTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { m_folder = std::make_unique<QTemporaryDir>(); }
+    void startsWithTheDefaults();
+    void keepsValuesAcrossRuns();
+    void takesNoValueOfAnotherType_data();
+    void takesNoValueOfAnotherType();
+    void keepsADamagedFile();
+    void survivesAFolderThatCannotBeWritten();
+
+private:
+    [[nodiscard]] QString path() const
+    {
+        return m_folder->filePath(u"trovell/preferences.json"_qs);
+    }
+    void writeFile(const QByteArray& content) const
+    {
+        QDir().mkpath(QFileInfo(path()).path());
+        QFile file(path());
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(content);
+    }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+};
+
+void AppPreferencesTest::startsWithTheDefaults()
+{
+    PreferenceStore store(path());
+    const AppPreferences preferences(store);
+    QCOMPARE(preferences.appearance(), AppAppearance::light);
+    QCOMPARE(preferences.language(), AppLanguage::system);
+    QVERIFY(preferences.showMenuBarItem());
+    QVERIFY(preferences.keepRunningAfterClose());
+    QCOMPARE(preferences.launchTimeout(), 10.0);
+    QVERIFY(preferences.automaticallyCheckForUpdates());
+    QVERIFY(!terminatesAfterLastWindowClosed(store));
+    QVERIFY(!QFile::exists(path()));
+}
+
+void AppPreferencesTest::keepsValuesAcrossRuns()
+{
+    writeFile(R"({"onboarding.completed": true})");
+    {
+        PreferenceStore store(path());
+        AppPreferences preferences(store);
+        preferences.setAppearance(AppAppearance::dark);
+        preferences.setLanguage(AppLanguage::brazilianPortuguese);
+        preferences.setShowMenuBarItem(false);
+        preferences.setKeepRunningAfterClose(false);
+        preferences.setLaunchTimeout(30);
+        preferences.setAutomaticallyCheckForUpdates(false);
+    }
+    PreferenceStore store(path());
+    const AppPreferences preferences(store);
+    QCOMPARE(preferences.appearance(), AppAppearance::dark);
+    QCOMPARE(localeTag(preferences.language()), u"pt-BR"_qs);
+    QVERIFY(!preferences.showMenuBarItem());
+    QVERIFY(!preferences.keepRunningAfterClose());
+    QCOMPARE(preferences.launchTimeout(), 30.0);
+    QVERIFY(!preferences.automaticallyCheckForUpdates());
+    QVERIFY(terminatesAfterLastWindowClosed(store));
+    QVERIFY(store.value(u"onboarding.completed"_qs).toBool());
+    constexpr auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther |
+                            QFile::WriteOther | QFile::ExeGroup | QFile::ExeOther;
+    QVERIFY(!(QFile::permissions(path()) & others));
+}
+
+void AppPreferencesTest::takesNoValueOfAnotherType_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::newRow("texts") << QByteArray(R"({"preferences.appearance": "Dark",
+        "preferences.language": "pt-BR", "preferences.showMenuBar": "false",
+        "preferences.keepRunning": "false", "preferences.launchTimeout": "9",
+        "preferences.automaticUpdates": "no"})");
+    QTest::newRow("numbers") << QByteArray(R"({"preferences.appearance": 2,
+        "preferences.language": 1, "preferences.showMenuBar": 0,
+        "preferences.keepRunning": 0, "preferences.launchTimeout": true,
+        "preferences.automaticUpdates": 0})");
+    QTest::newRow("nothing readable") << QByteArray("{\"preferences.appe");
+}
+
+void AppPreferencesTest::takesNoValueOfAnotherType()
+{
+    QFETCH(QByteArray, content);
+    writeFile(content);
+    PreferenceStore store(path());
+    const AppPreferences preferences(store);
+    QCOMPARE(preferences.appearance(), AppAppearance::light);
+    QCOMPARE(preferences.language(), AppLanguage::system);
+    QVERIFY(preferences.showMenuBarItem());
+    QVERIFY(preferences.keepRunningAfterClose());
+    QCOMPARE(preferences.launchTimeout(), 10.0);
+    QVERIFY(preferences.automaticallyCheckForUpdates());
+    QVERIFY(!terminatesAfterLastWindowClosed(store));
+}
+
+void AppPreferencesTest::keepsADamagedFile()
+{
+    const QByteArray damaged("{\"preferences.appe");
+    writeFile(damaged);
+    PreferenceStore store(path());
+    AppPreferences(store).setLaunchTimeout(9);
+    QFile kept(path() + u".damaged"_qs);
+    QVERIFY(kept.open(QIODevice::ReadOnly));
+    QCOMPARE(kept.readAll(), damaged);
+    QCOMPARE(PreferenceStore(path()).value(u"preferences.launchTimeout"_qs).toDouble(), 9.0);
+}
+
+void AppPreferencesTest::survivesAFolderThatCannotBeWritten()
+{
+    // A file stands where the folder should be: not even root can write there.
+    QFile obstacle(m_folder->filePath(u"trovell"_qs));
+    QVERIFY(obstacle.open(QIODevice::WriteOnly));
+    PreferenceStore store(path());
+    AppPreferences preferences(store);
+    preferences.setShowMenuBarItem(false);
+    QVERIFY(!preferences.showMenuBarItem());
+    QVERIFY(!store.value(u"preferences.showMenuBar"_qs).toBool());
+}
+
+QTEST_GUILESS_MAIN(AppPreferencesTest)
+#include "AppPreferencesTest.moc"
