@@ -1,0 +1,401 @@
+#include "support/VirtualDesktop.h"
+
+#include "support/MakeEdid.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QStandardPaths>
+#include <QTest>
+
+#include <csignal>
+#include <sys/prctl.h>
+
+namespace trovell::test {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// Set for every program of a desktop, so that none of them is missed at its end.
+constexpr const char* markerVariable = "TROVELL_TEST_DESKTOP";
+
+constexpr const char* serverConfiguration = R"(
+Section "ServerFlags"
+    Option "AutoAddDevices" "false"
+    Option "AutoAddGPU" "false"
+    Option "DontVTSwitch" "true"
+EndSection
+Section "Device"
+    Identifier "dummy"
+    Driver "dummy"
+    VideoRam 65536
+    Option "Monitor-DUMMY0" "left"
+    Option "Monitor-DUMMY1" "right"
+EndSection
+Section "Monitor"
+    Identifier "left"
+    HorizSync 5-1000
+    VertRefresh 5-200
+    Modeline "1600x1024" 125.0 1600 1648 1680 1760 1024 1027 1033 1050
+    Option "PreferredMode" "1600x1024"
+    Option "Primary" "true"
+EndSection
+Section "Monitor"
+    Identifier "right"
+    HorizSync 5-1000
+    VertRefresh 5-200
+    Option "PreferredMode" "1280x1024"
+    Option "Enable" "true"
+    Option "Position" "1600 0"
+EndSection
+Section "Screen"
+    Identifier "screen"
+    Device "dummy"
+    Monitor "left"
+    DefaultDepth 24
+    SubSection "Display"
+        Depth 24
+        Virtual 4096 4096
+    EndSubSection
+EndSection
+)";
+
+constexpr QRect initialDisplays[] = {{0, 0, 1600, 1024}, {1600, 0, 1280, 1024}};
+
+struct Command {
+    const char* program;
+    QByteArrayList arguments;
+};
+
+Command windowManagerCommand(WindowManager windowManager)
+{
+    switch (windowManager) {
+    case WindowManager::openbox:
+        return {"openbox", {"--sm-disable"}};
+    case WindowManager::xfwm4:
+        return {"xfwm4", {"--compositor=off", "--sm-client-disable"}};
+    case WindowManager::metacity:
+        return {"metacity", {"--sm-disable"}};
+    case WindowManager::mutter:
+        return {"mutter", {"--x11", "--sm-disable"}};
+    case WindowManager::kwin:
+        return {"kwin_x11", {"--no-kactivities"}};
+    case WindowManager::none:
+        break;
+    }
+    return {"", {}};
+}
+
+QByteArray outputName(int index)
+{
+    return "DUMMY" + QByteArray::number(index);
+}
+
+QStringList texts(const QByteArrayList& arguments)
+{
+    QStringList result;
+    for (const QByteArray& argument : arguments)
+        result.append(QString::fromUtf8(argument));
+    return result;
+}
+
+QByteArray contents(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// Waits for the first line of a server's output; empty when the server ended before.
+QByteArray firstLine(const QString& path, const QProcess& process)
+{
+    QByteArray line;
+    waitUntil([&] {
+        const QByteArray output = contents(path);
+        line = output.left(output.indexOf('\n') + 1).trimmed();
+        return !line.isEmpty() || process.state() == QProcess::NotRunning;
+    });
+    return line;
+}
+
+QList<WindowManager> findWindowManagers()
+{
+    QList<WindowManager> found = {WindowManager::openbox, WindowManager::xfwm4};
+    for (const auto candidate :
+         {WindowManager::metacity, WindowManager::mutter, WindowManager::kwin}) {
+        const VirtualDesktop trial(candidate);
+        qInfo("%s %s", windowManagerName(candidate),
+              trial.isReady() ? "starts here" : qPrintable(trial.error()));
+        if (trial.isReady())
+            found.append(candidate);
+    }
+    return found;
+}
+
+} // namespace
+
+const char* windowManagerName(WindowManager windowManager)
+{
+    return windowManager == WindowManager::none ? "none"
+                                                : windowManagerCommand(windowManager).program;
+}
+
+const QList<WindowManager>& availableWindowManagers()
+{
+    static const QList<WindowManager> found = findWindowManagers();
+    return found;
+}
+
+VirtualDesktop::VirtualDesktop(WindowManager windowManager)
+{
+    prepareEnvironment();
+    if (startServer() && startBus() && startWindowManager(windowManager))
+        restoreDisplays();
+}
+
+VirtualDesktop::~VirtualDesktop()
+{
+    m_inspector.reset();
+    endPrograms();
+    killServer();
+    for (const auto& [name, value] : m_replacedVariables) {
+        if (value.isNull())
+            qunsetenv(name.constData());
+        else
+            qputenv(name.constData(), value);
+    }
+}
+
+QString VirtualDesktop::homePath() const
+{
+    return m_folder.filePath(u"home"_qs);
+}
+
+void VirtualDesktop::prepareEnvironment()
+{
+    m_environment = QProcessEnvironment::systemEnvironment();
+    const auto set = [this](const char* name, const QString& value) {
+        m_environment.insert(QString::fromLatin1(name), value);
+    };
+    for (const char* folder : {"home", "home/.config", "home/.local/share", "home/.cache", "logs"})
+        QDir(m_folder.path()).mkpath(QString::fromLatin1(folder));
+    const QString runtime = m_folder.filePath(u"runtime"_qs);
+    QDir().mkdir(runtime);
+    QFile::setPermissions(runtime, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    set("HOME", homePath());
+    set("XDG_CONFIG_HOME", homePath() + u"/.config"_qs);
+    set("XDG_DATA_HOME", homePath() + u"/.local/share"_qs);
+    set("XDG_CACHE_HOME", homePath() + u"/.cache"_qs);
+    set("XDG_RUNTIME_DIR", runtime);
+    set("XDG_SESSION_TYPE", u"x11"_qs);
+    set("DBUS_SESSION_BUS_ADDRESS", u"unix:path="_qs + runtime + u"/bus"_qs);
+    set("LC_ALL", u"C.UTF-8"_qs);
+    // Nothing is remembered from run to run, and nothing waits for services that are not there.
+    set("GSETTINGS_BACKEND", u"memory"_qs);
+    set("NO_AT_BRIDGE", u"1"_qs);
+    set("GTK_A11Y", u"none"_qs);
+    set("GSK_RENDERER", u"cairo"_qs);
+    set("QT_QPA_PLATFORM", u"xcb"_qs);
+    set("KWIN_COMPOSE", u"N"_qs);
+    set(markerVariable, m_folder.path());
+    for (const char* name : {"WAYLAND_DISPLAY", "SESSION_MANAGER", "XDG_CURRENT_DESKTOP"})
+        m_environment.remove(QString::fromLatin1(name));
+}
+
+void VirtualDesktop::enter()
+{
+    for (const char* name :
+         {"DISPLAY", "HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME",
+          "XDG_RUNTIME_DIR", "XDG_SESSION_TYPE", "DBUS_SESSION_BUS_ADDRESS"}) {
+        m_replacedVariables.prepend({name, qgetenv(name)});
+        qputenv(name, m_environment.value(QString::fromLatin1(name)).toUtf8());
+    }
+}
+
+QString VirtualDesktop::logPath(const QProcess& process) const
+{
+    return m_folder.filePath(u"logs/"_qs + process.objectName());
+}
+
+QProcess& VirtualDesktop::start(const char* program, const QByteArrayList& arguments)
+{
+    auto process = std::make_unique<QProcess>();
+    process->setObjectName(QString::number(m_processes.size()) + u'-' +
+                           QFileInfo(QString::fromUtf8(program)).fileName());
+    process->setProcessEnvironment(m_environment);
+    process->setWorkingDirectory(homePath());
+    // Into a file: a full pipe would stop the program.
+    process->setProcessChannelMode(QProcess::MergedChannels);
+    process->setStandardOutputFile(logPath(*process));
+    // A test that is killed leaves nothing behind.
+    process->setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
+    process->start(QString::fromUtf8(program), texts(arguments));
+    process->waitForStarted();
+    m_processes.push_back(std::move(process));
+    return *m_processes.back();
+}
+
+QProcess& VirtualDesktop::startClient(const QByteArrayList& options)
+{
+    return start(TROVELL_SCRIPTED_CLIENT, options);
+}
+
+QByteArray VirtualDesktop::run(const char* program, const QByteArrayList& arguments) const
+{
+    QProcess process;
+    process.setProcessEnvironment(m_environment);
+    process.start(QString::fromUtf8(program), texts(arguments));
+    const bool isDone = process.waitForFinished() && process.exitCode() == 0;
+    return isDone ? process.readAllStandardOutput() : QByteArray();
+}
+
+bool VirtualDesktop::fail(const QProcess& process)
+{
+    const QByteArray output = contents(logPath(process));
+    m_error = process.program() + u" did not start: "_qs + process.errorString() + u'\n' +
+              QString::fromLocal8Bit(output.right(2000));
+    return false;
+}
+
+bool VirtualDesktop::startServer()
+{
+    QFile configuration(m_folder.filePath(u"xorg.conf"_qs));
+    if (configuration.open(QIODevice::WriteOnly))
+        configuration.write(serverConfiguration);
+    configuration.close();
+    // The server picks a free number and writes it once it accepts connections; it closes its
+    // standard output first, hence the shell.
+    const QString numberPath = m_folder.filePath(u"display"_qs);
+    m_server = &start("sh", {"-c", R"(exec Xorg -displayfd 7 "$@" 7>"$0")", numberPath.toUtf8(),
+                             "-config", configuration.fileName().toUtf8(), "-logfile",
+                             m_folder.filePath(u"logs/server"_qs).toUtf8(), "-nolisten", "tcp",
+                             "-noreset", "-novtswitch", "-sharevts"});
+    const QByteArray number = firstLine(numberPath, *m_server);
+    if (number.isEmpty())
+        return fail(*m_server);
+    m_displayName = ':' + number;
+    m_environment.insert(u"DISPLAY"_qs, QString::fromLatin1(m_displayName));
+    m_inspector = std::make_unique<DesktopInspector>(m_displayName);
+    return m_inspector->root() != 0 || fail(*m_server);
+}
+
+bool VirtualDesktop::startBus()
+{
+    const QByteArray address = m_environment.value(u"DBUS_SESSION_BUS_ADDRESS"_qs).toUtf8();
+    QProcess& bus = start("dbus-daemon", {"--session", "--address=" + address, "--nofork",
+                                          "--nopidfile", "--print-address=1"});
+    return !firstLine(logPath(bus), bus).isEmpty() || fail(bus);
+}
+
+bool VirtualDesktop::startWindowManager(WindowManager windowManager)
+{
+    if (windowManager == WindowManager::none)
+        return true;
+    const Command command = windowManagerCommand(windowManager);
+    m_windowManager = &start(command.program, command.arguments);
+    return (m_windowManager->state() == QProcess::Running && m_inspector->waitForManagement()) ||
+           fail(*m_windowManager);
+}
+
+bool VirtualDesktop::restoreDisplays()
+{
+    // Some window managers choose the displays' modes anew when they start.
+    for (int index = 0; index < 2; ++index) {
+        const QRect& wanted = initialDisplays[index];
+        if (display(index) != wanted)
+            plugDisplay(index, wanted.size(), wanted.topLeft());
+    }
+    return true;
+}
+
+void VirtualDesktop::stopWindowManager()
+{
+    if (m_windowManager)
+        kill(*m_windowManager);
+    m_windowManager = nullptr;
+}
+
+void VirtualDesktop::killServer()
+{
+    if (!m_server)
+        return;
+    // Not killed outright: the server removes its lock file.
+    m_server->terminate();
+    m_server->waitForFinished();
+    m_server = nullptr;
+}
+
+void VirtualDesktop::endPrograms()
+{
+    const QByteArray marker = QByteArray(markerVariable) + '=' + m_folder.path().toUtf8();
+    for (const QString& entry : QDir(u"/proc"_qs).entryList(QDir::Dirs)) {
+        const auto identifier = static_cast<pid_t>(entry.toInt());
+        if (identifier > 0 && (!m_server || identifier != m_server->processId()) &&
+            contents(u"/proc/"_qs + entry + u"/environ"_qs).split('\0').contains(marker))
+            ::kill(identifier, SIGKILL);
+    }
+    for (const auto& process : m_processes) {
+        if (process.get() != m_server)
+            process->waitForFinished();
+    }
+}
+
+void VirtualDesktop::freeze(const QProcess& process)
+{
+    ::kill(static_cast<pid_t>(process.processId()), SIGSTOP);
+}
+
+void VirtualDesktop::thaw(const QProcess& process)
+{
+    ::kill(static_cast<pid_t>(process.processId()), SIGCONT);
+}
+
+void VirtualDesktop::kill(QProcess& process)
+{
+    process.kill();
+    process.waitForFinished();
+}
+
+QRect VirtualDesktop::display(int index) const
+{
+    const QString list = QString::fromLatin1(run("xrandr", {"--listactivemonitors"}));
+    const QRegularExpression monitor(
+        QString::fromLatin1(R"( (\d+)/\d+x(\d+)/\d+\+(\d+)\+(\d+)  %1\n)")
+            .arg(QString::fromLatin1(outputName(index))));
+    const QRegularExpressionMatch match = monitor.match(list);
+    const auto number = [&](int group) { return match.captured(group).toInt(); };
+    return match.hasMatch() ? QRect(number(3), number(4), number(1), number(2)) : QRect();
+}
+
+void VirtualDesktop::unplugDisplay(int index)
+{
+    run("xrandr", {"--output", outputName(index), "--off"});
+}
+
+void VirtualDesktop::plugDisplay(int index, const QSize& size, const QPoint& position)
+{
+    const auto pair = [](int first, int second) {
+        return QByteArray::number(first) + 'x' + QByteArray::number(second);
+    };
+    run("xrandr", {"--output", outputName(index), "--mode", pair(size.width(), size.height()),
+                   "--pos", pair(position.x(), position.y())});
+}
+
+void VirtualDesktop::setPrimaryDisplay(int index)
+{
+    run("xrandr", {"--output", outputName(index), "--primary"});
+}
+
+void VirtualDesktop::nameDisplay(int index, const QByteArray& manufacturer, const QByteArray& model)
+{
+    m_inspector->setEdid(outputName(index), makeEdid(manufacturer, model));
+}
+
+bool VirtualDesktop::takeScreenshot(const QString& path)
+{
+    run("import", {"-window", "root", path.toUtf8()});
+    return QFileInfo::exists(path);
+}
+
+} // namespace trovell::test
