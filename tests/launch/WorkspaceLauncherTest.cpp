@@ -26,21 +26,19 @@ struct Desktop {
         [](const QUrl&) { return true; }};
     WindowRestoreService restorer{windows};
     WorkspaceLauncher launcher{opener, restorer, windows, clock};
-    TrovellWorkspace workspace;
+    TrovellWorkspace workspace{WorkspaceValues()};
 
     WorkspaceItem& addItem(const QString& name, WorkspaceItemType type, bool isEnabled = true)
     {
-        auto item = std::make_unique<WorkspaceItem>();
-        item->setType(type);
-        item->setDisplayName(name);
-        item->setSortOrder(workspace.sortedItems().size());
-        item->setUrlString(u"file:///things/%1"_qs.arg(name));
-        item->setEnabled(isEnabled);
+        WorkspaceItemValues values;
+        values.typeRawValue = rawValue(type);
+        values.displayName = name;
+        values.sortOrder = workspace.itemCount();
+        values.urlString = u"file:///things/%1"_qs.arg(name);
+        values.isEnabled = isEnabled;
         if (type == WorkspaceItemType::application)
-            item->setBundleIdentifier(name);
-        WorkspaceItem& added = *item;
-        workspace.appendItem(std::move(item));
-        return added;
+            values.bundleIdentifier = name;
+        return workspace.appendItem(std::make_unique<WorkspaceItem>(values));
     }
 
     void addPlacement(const QString& application, const std::optional<QString>& title,
@@ -61,9 +59,10 @@ struct Desktop {
     /// A quarter second passes at a time until the launch ends.
     void runToEnd(qsizetype applicationCount)
     {
+        settle(applicationCount);
         for (int i = 0; i < 200 && launcher.isLaunching(); ++i) {
-            settle(applicationCount);
             clock.advance(250ms);
+            settle(applicationCount);
         }
         QTRY_VERIFY(!launcher.isLaunching());
     }
@@ -154,20 +153,20 @@ void WorkspaceLauncherTest::waitsForLateWindowsUntilTheDeadline()
 void WorkspaceLauncherTest::reportsApplicationsInPlacementOrder()
 {
     Desktop desktop;
-    desktop.addPlacement(u"slow"_qs, u"S"_qs, 0);
+    desktop.addPlacement(u"slow"_qs, u"First"_qs, 0);
     desktop.addPlacement(u"quick"_qs, u"Q"_qs, 1);
-    desktop.addPlacement(u"slow"_qs, u"S2"_qs, 2);
+    desktop.addPlacement(u"slow"_qs, u"Second"_qs, 2);
     desktop.windows.addWindow(u"quick"_qs, {.title = u"Q"_qs});
     desktop.launcher.start(&desktop.workspace, true, timeoutSeconds);
     desktop.settle(1);
-    desktop.windows.addWindow(u"slow"_qs, {.title = u"S2"_qs});
+    desktop.windows.addWindow(u"slow"_qs, {.title = u"Second"_qs});
     desktop.clock.advance(250ms);
     desktop.settle(1);
-    desktop.windows.addWindow(u"slow"_qs, {.title = u"S"_qs});
+    desktop.windows.addWindow(u"slow"_qs, {.title = u"First"_qs});
     desktop.runToEnd(1);
     // In the order in which they were completed within an application.
     QCOMPARE(desktop.report(),
-             (QStringList{u"S2: restored"_qs, u"S: restored"_qs, u"Q: restored"_qs}));
+             (QStringList{u"Second: restored"_qs, u"First: restored"_qs, u"Q: restored"_qs}));
 }
 
 void WorkspaceLauncherTest::withoutTrustNoWindowIsTouched()
@@ -208,7 +207,7 @@ void WorkspaceLauncherTest::aSecondStartIsIgnored()
     desktop.addPlacement(u"absent"_qs, std::nullopt);
     desktop.launcher.start(&desktop.workspace, true, timeoutSeconds);
     desktop.settle(1);
-    TrovellWorkspace other;
+    TrovellWorkspace other{WorkspaceValues()};
     desktop.launcher.start(&other, true, timeoutSeconds);
     QCOMPARE(desktop.launcher.latestReport(), report);
     QVERIFY(!other.lastLaunchedAt());
@@ -239,7 +238,7 @@ void WorkspaceLauncherTest::shortTimeoutsBecomeOneSecond()
 void WorkspaceLauncherTest::survivesADeletedWorkspace()
 {
     Desktop desktop;
-    auto workspace = std::make_unique<TrovellWorkspace>();
+    auto workspace = std::make_unique<TrovellWorkspace>(WorkspaceValues());
     const QUuid id = workspace->id();
     workspace->appendPlacement(std::make_unique<WindowPlacement>(
         u"absent"_qs, u"Absent"_qs, std::nullopt, std::nullopt, std::nullopt, 0, NormalizedFrame(),

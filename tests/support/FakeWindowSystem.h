@@ -14,7 +14,7 @@ namespace trovell {
 class FakeWindowSystem final : public WindowSystem {
 public:
     struct Window {
-        QString title;
+        QString title = {};
         QRectF frame{100, 100, 600, 400}; ///< accessibility coordinates
         QString role = QStringLiteral("AXWindow");
         std::optional<QString> subrole = QStringLiteral("AXStandardWindow");

@@ -37,7 +37,7 @@ private Q_SLOTS:
 void WindowMatchingTest::normalizesTitles()
 {
     QCOMPARE(normalizedTitle(std::nullopt), QString());
-    QCOMPARE(normalizedTitle(u"\n ÉTÉ – Straße\t"_qs), normalizedTitle(u"ete – strasse"_qs));
+    QCOMPARE(normalizedTitle(u"\n ÉTÉ – Ångström\t"_qs), normalizedTitle(u"ete – angstrom"_qs));
     QCOMPARE(normalizedTitle(u"Cafe\u0301"_qs), normalizedTitle(u"caf\u00e9"_qs));
     // Marks that are letters of their own scripts stay.
     QVERIFY(normalizedTitle(u"が"_qs) != normalizedTitle(u"か"_qs));
