@@ -1,7 +1,6 @@
 #include "launch/ResourceOpeningError.h"
 
-namespace trovell
-{
+namespace trovell {
 
 QString description(const ResourceOpeningError& error)
 {

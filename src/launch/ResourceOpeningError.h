@@ -3,8 +3,7 @@
 
 #include <QString>
 
-namespace trovell
-{
+namespace trovell {
 
 struct ResourceOpeningError {
     enum class Kind {

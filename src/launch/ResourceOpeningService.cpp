@@ -11,11 +11,9 @@
 #include <system_error>
 #include <utility>
 
-namespace trovell
-{
+namespace trovell {
 
-namespace
-{
+namespace {
 
 LaunchResult failure(const QString& name, const ResourceOpeningError& error)
 {

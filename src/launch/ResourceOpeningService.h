@@ -17,8 +17,7 @@
 #include <functional>
 #include <optional>
 
-namespace trovell
-{
+namespace trovell {
 
 class WorkspaceItem;
 
@@ -32,8 +31,7 @@ struct ResolvedResource {
 /// Whether a file or folder exists at a file URL; symbolic links are followed. Any thread.
 [[nodiscard]] bool resourceExists(const QUrl& fileURL);
 
-class ResourceOpeningService
-{
+class ResourceOpeningService {
 public:
     using IsRunning = std::function<bool(const QString& bundleIdentifier)>;
     using Exists = std::function<bool(const QUrl& fileURL)>;

@@ -5,11 +5,9 @@
 #include <algorithm>
 #include <optional>
 
-namespace trovell
-{
+namespace trovell {
 
-namespace
-{
+namespace {
 
 /// An address taken apart by RFC 3986; `host` is as typed, without percent escapes.
 struct ParsedURL {

@@ -6,8 +6,7 @@
 #include <QString>
 #include <QUrl>
 
-namespace trovell
-{
+namespace trovell {
 
 enum class URLValidationError {
     empty,             ///< nothing but white space

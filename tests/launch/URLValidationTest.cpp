@@ -4,8 +4,7 @@
 
 using namespace trovell;
 
-class URLValidationTest : public QObject
-{
+class URLValidationTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:

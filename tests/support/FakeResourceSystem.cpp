@@ -1,10 +1,8 @@
 #include "support/FakeResourceSystem.h"
 
-namespace trovell
-{
+namespace trovell {
 
-namespace
-{
+namespace {
 
 const QByteArray bookmarkPrefix = QByteArrayLiteral("bookmark of ");
 

@@ -8,11 +8,9 @@
 #include <QList>
 #include <QSet>
 
-namespace trovell
-{
+namespace trovell {
 
-class FakeResourceSystem final : public ResourceSystem
-{
+class FakeResourceSystem final : public ResourceSystem {
 public:
     /// The bytes resolve to `url`. Bookmarks made by this system need no such call.
     void addBookmark(const QByteArray& bookmark, const QUrl& url, bool isStale = false);
