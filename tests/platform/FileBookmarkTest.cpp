@@ -1,0 +1,404 @@
+#include "platform/freedesktop/FileBookmark.h"
+
+#include "platform/freedesktop/FilePath.h"
+
+#include <QRandomGenerator>
+#include <QScopeGuard>
+#include <QTest>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace trovell;
+namespace fs = std::filesystem;
+
+namespace {
+
+/// A private home folder and a place beside it; names are bytes.
+class Disk {
+public:
+    Disk()
+    {
+        std::string name = (fs::temp_directory_path() / "FileBookmarkTest-XXXXXX").string();
+        m_root = mkdtemp(name.data());
+        fs::create_directories(m_root / "home");
+        scope.home = (m_root / "home").c_str();
+        // Plenty, also on a machine that is busy with other tests.
+        scope.time = std::chrono::minutes(1);
+    }
+    ~Disk() { fs::remove_all(m_root); }
+    Disk(const Disk&) = delete;
+    Disk& operator=(const Disk&) = delete;
+
+    fs::path operator/(const std::string& name) const { return m_root / name; }
+    QUrl url(const std::string& name) const { return fileURL((m_root / name).c_str()); }
+
+    void write(const std::string& name, const char* text = "text") const
+    {
+        fs::create_directories((m_root / name).parent_path());
+        std::ofstream(m_root / name) << text;
+    }
+    void makeFolder(const std::string& name) const { fs::create_directories(m_root / name); }
+    void move(const std::string& from, const std::string& to) const
+    {
+        fs::create_directories((m_root / to).parent_path());
+        fs::rename(m_root / from, m_root / to);
+    }
+    void link(const std::string& target, const std::string& name) const
+    {
+        fs::create_symlink(target, m_root / name);
+    }
+
+    QByteArray bookmark(const std::string& name) const
+    {
+        return createFileBookmark(url(name)).value_or(QByteArray());
+    }
+    std::optional<ResolvedBookmark> resolve(const QByteArray& bookmark) const
+    {
+        return resolveFileBookmark(bookmark, scope);
+    }
+
+    FileSearchScope scope;
+
+private:
+    fs::path m_root;
+};
+
+/// "fresh", "stale" or "none", and where.
+QString outcome(const std::optional<ResolvedBookmark>& resolved)
+{
+    if (!resolved)
+        return u"none"_qs;
+    return (resolved->isStale ? u"stale "_qs : u"fresh "_qs) +
+           resolved->url.toString(QUrl::FullyEncoded);
+}
+
+QString fresh(const QUrl& url)
+{
+    return u"fresh "_qs + url.toString(QUrl::FullyEncoded);
+}
+
+QString stale(const QUrl& url)
+{
+    return u"stale "_qs + url.toString(QUrl::FullyEncoded);
+}
+
+const QString none = u"none"_qs;
+const std::string report = "home/Documents/a/report.odt";
+
+} // namespace
+
+class FileBookmarkTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void findsWhatWasMoved_data();
+    void findsWhatWasMoved();
+    void findsBesideAPathOutsideTheHome();
+    void staysFreshWhileUntouched();
+    void givesThePathToItsNewFile();
+    void doesNotMistakeKinds();
+    void doesNotMistakeReusedInodes();
+    void resolvesDespiteAnotherDeviceNumber();
+    void treatsHardLinksAsOneFile();
+    void followsSymbolicLinks();
+    void doesNotFollowLinksInSearch();
+    void passesUnreadableFolders();
+    void keepsToItsLimits();
+    void keepsNamesThatAreNoText();
+    void refusesWhatIsNoFile_data();
+    void refusesWhatIsNoFile();
+    void survivesHostileBytes();
+};
+
+void FileBookmarkTest::findsWhatWasMoved_data()
+{
+    QTest::addColumn<QString>("from");
+    QTest::addColumn<QString>("to");
+    QTest::addColumn<QString>("found"); // empty for none
+
+    const auto row = [](const char* name, const char* from, const char* to, const char* found) {
+        QTest::newRow(name) << QString::fromLatin1(from) << QString::fromLatin1(to)
+                            << QString::fromLatin1(found);
+    };
+    const auto moved = [&row](const char* name, const char* to) {
+        row(name, report.c_str(), to, to);
+    };
+    moved("renamed", "home/Documents/a/final.odt");
+    moved("folder inside", "home/Documents/a/archive/report.odt");
+    moved("folder beside", "home/Documents/b/report.odt");
+    moved("renamed beside", "home/Documents/b/final.odt");
+    moved("folder above", "home/Documents/report.odt");
+    moved("home", "home/report.odt");
+    moved("elsewhere in the home", "home/Projects/x/y/report.odt");
+    moved("deepest level of the home", "home/1/2/3/4/5/report.odt");
+    moved("hidden name", "home/Documents/a/.report.odt");
+    row("its folder renamed", "home/Documents/a", "home/Documents/c",
+        "home/Documents/c/report.odt");
+    row("its folder moved", "home/Documents/a", "home/Projects/a", "home/Projects/a/report.odt");
+    row("folders above renamed", "home/Documents", "home/Papers", "home/Papers/a/report.odt");
+    row("too deep", report.c_str(), "home/1/2/3/4/5/6/report.odt", "");
+    row("trash", report.c_str(), "home/.local/share/Trash/files/report.odt", "");
+    row("outside the home", report.c_str(), "elsewhere/report.odt", "");
+}
+
+void FileBookmarkTest::findsWhatWasMoved()
+{
+    QFETCH(QString, from);
+    QFETCH(QString, to);
+    QFETCH(QString, found);
+    Disk disk;
+    disk.write("home/Documents/other.odt");
+    disk.write(report);
+    const QByteArray bookmark = disk.bookmark(report);
+
+    disk.move(from.toStdString(), to.toStdString());
+
+    const QString expected = found.isEmpty() ? none : stale(disk.url(found.toStdString()));
+    QCOMPARE(outcome(disk.resolve(bookmark)), expected);
+}
+
+void FileBookmarkTest::findsBesideAPathOutsideTheHome()
+{
+    Disk disk;
+    disk.makeFolder("data/work/project");
+    const QByteArray folder = disk.bookmark("data/work/project");
+    disk.move("data/work/project", "data/archive/project");
+    QCOMPARE(outcome(disk.resolve(folder)), stale(disk.url("data/archive/project")));
+
+    disk.move("data/archive/project", "home/project");
+    QCOMPARE(outcome(disk.resolve(folder)), stale(disk.url("home/project")));
+}
+
+void FileBookmarkTest::staysFreshWhileUntouched()
+{
+    Disk disk;
+    disk.write(report);
+    disk.makeFolder("home/Documents/folder");
+    const QByteArray file = disk.bookmark(report);
+    const QByteArray folder = disk.bookmark("home/Documents/folder/");
+    // Written in place, given other rights: still the same file.
+    disk.write(report, "more text");
+    disk.write("home/Documents/folder/new");
+    fs::permissions(disk / report, fs::perms::owner_read);
+
+    QCOMPARE(outcome(disk.resolve(file)), fresh(disk.url(report)));
+    QCOMPARE(outcome(disk.resolve(folder)), fresh(disk.url("home/Documents/folder")));
+}
+
+void FileBookmarkTest::givesThePathToItsNewFile()
+{
+    Disk disk;
+    disk.write(report);
+    const QByteArray bookmark = disk.bookmark(report);
+
+    disk.write("home/Documents/a/.report.tmp");
+    disk.move("home/Documents/a/.report.tmp", report);
+    QCOMPARE(outcome(disk.resolve(bookmark)), stale(disk.url(report)));
+    const QByteArray refreshed = disk.bookmark(report);
+    QCOMPARE(outcome(disk.resolve(refreshed)), fresh(disk.url(report)));
+
+    // Saving with a backup: the old file lives on beside the new one.
+    disk.move(report, report + "~");
+    QCOMPARE(outcome(disk.resolve(refreshed)), stale(disk.url(report + "~")));
+    disk.write(report);
+    QCOMPARE(outcome(disk.resolve(refreshed)), stale(disk.url(report)));
+}
+
+void FileBookmarkTest::doesNotMistakeKinds()
+{
+    Disk disk;
+    disk.write(report);
+    const QByteArray bookmark = disk.bookmark(report);
+
+    disk.move(report, "home/Documents/report.odt");
+    disk.makeFolder(report);
+    QCOMPARE(outcome(disk.resolve(bookmark)), stale(disk.url("home/Documents/report.odt")));
+
+    fs::remove(disk / "home/Documents/report.odt");
+    QCOMPARE(outcome(disk.resolve(bookmark)), none);
+    disk.link("..", "home/Documents/a/link");
+    fs::remove(disk / report);
+    disk.move("home/Documents/a/link", report);
+    QCOMPARE(outcome(disk.resolve(bookmark)), none);
+}
+
+void FileBookmarkTest::doesNotMistakeReusedInodes()
+{
+    Disk disk;
+    disk.write("home/Documents/a/new.odt");
+    const std::string present = (disk / "home/Documents/a/new.odt").string();
+    const QByteArray lost = (disk / report).c_str();
+    auto identity = fileIdentity(QByteArray::fromStdString(present));
+    QVERIFY(identity);
+    QCOMPARE(findMovedFile(lost, *identity, disk.scope), QByteArray::fromStdString(present));
+
+    // A deleted file that had the same inode number.
+    identity->birth += 1;
+    QCOMPARE(findMovedFile(lost, *identity, disk.scope), std::nullopt);
+    identity->birth = 0;
+    QCOMPARE(findMovedFile(lost, *identity, disk.scope), std::nullopt);
+}
+
+void FileBookmarkTest::resolvesDespiteAnotherDeviceNumber()
+{
+    Disk disk;
+    disk.write(report);
+    auto identity = fileIdentity((disk / report).c_str());
+    QVERIFY(identity);
+    identity->device += 1;
+    QCOMPARE(findMovedFile((disk / "home/Documents/a/lost").c_str(), *identity, disk.scope),
+             QByteArray((disk / report).c_str()));
+}
+
+void FileBookmarkTest::treatsHardLinksAsOneFile()
+{
+    Disk disk;
+    disk.write(report);
+    disk.makeFolder("home/Backup");
+    fs::create_hard_link(disk / report, disk / "home/Backup/report.odt");
+    const QByteArray bookmark = disk.bookmark(report);
+    QCOMPARE(outcome(disk.resolve(bookmark)), fresh(disk.url(report)));
+
+    disk.move(report, "home/Documents/a/final.odt");
+    QCOMPARE(outcome(disk.resolve(bookmark)), stale(disk.url("home/Documents/a/final.odt")));
+    fs::remove(disk / "home/Documents/a/final.odt");
+    QCOMPARE(outcome(disk.resolve(bookmark)), stale(disk.url("home/Backup/report.odt")));
+}
+
+void FileBookmarkTest::followsSymbolicLinks()
+{
+    Disk disk;
+    disk.write("home/versions/1/report.odt");
+    disk.write("home/versions/2/report.odt");
+    disk.link("versions/1", "home/current");
+    const QByteArray link = disk.bookmark("home/current");
+    const QByteArray throughLink = disk.bookmark("home/current/report.odt");
+    QCOMPARE(outcome(disk.resolve(link)), fresh(disk.url("home/current")));
+    QCOMPARE(outcome(disk.resolve(throughLink)), fresh(disk.url("home/current/report.odt")));
+
+    disk.link("versions/2", "home/next");
+    disk.move("home/next", "home/current");
+    QCOMPARE(outcome(disk.resolve(link)), stale(disk.url("home/current")));
+    QCOMPARE(outcome(disk.resolve(throughLink)), stale(disk.url("home/current/report.odt")));
+
+    const QByteArray again = disk.bookmark("home/current");
+    disk.move("home/current", "home/latest");
+    QCOMPARE(outcome(disk.resolve(again)), stale(disk.url("home/latest")));
+    fs::remove_all(disk / "home/versions");
+    QCOMPARE(outcome(disk.resolve(again)), none);
+}
+
+void FileBookmarkTest::doesNotFollowLinksInSearch()
+{
+    Disk disk;
+    disk.write(report);
+    disk.write("elsewhere/file");
+    disk.link("..", "home/Documents/a/loop");
+    disk.link((disk / "elsewhere").string(), "home/elsewhere");
+    const QByteArray bookmark = disk.bookmark(report);
+    disk.move(report, "elsewhere/report.odt");
+    QCOMPARE(outcome(disk.resolve(bookmark)), none);
+}
+
+void FileBookmarkTest::passesUnreadableFolders()
+{
+    Disk disk;
+    disk.write(report);
+    disk.makeFolder("home/Documents/private");
+    const QByteArray hidden = disk.bookmark(report);
+    disk.write("home/Documents/a/notes.txt");
+    const QByteArray visible = disk.bookmark("home/Documents/a/notes.txt");
+    disk.move(report, "home/Documents/private/report.odt");
+    disk.move("home/Documents/a/notes.txt", "home/Documents/zone/notes.txt");
+    fs::permissions(disk / "home/Documents/private", fs::perms::none);
+    fs::permissions(disk / "", fs::perms(0755));
+
+    // The superuser may read everything: become nobody for a moment.
+    const uid_t user = geteuid();
+    const auto becomeUserAgain = qScopeGuard([user] { QCOMPARE(seteuid(user), 0); });
+    QVERIFY(user != 0 || seteuid(65534) == 0);
+    QCOMPARE(outcome(disk.resolve(hidden)), none);
+    QCOMPARE(outcome(disk.resolve(visible)), stale(disk.url("home/Documents/zone/notes.txt")));
+}
+
+void FileBookmarkTest::keepsToItsLimits()
+{
+    Disk disk;
+    disk.write(report);
+    for (int number = 0; number < 50; ++number)
+        disk.write("home/Documents/a/" + std::to_string(number));
+    const QByteArray bookmark = disk.bookmark(report);
+
+    // The folder where it was is read to its end, however many entries are allowed elsewhere.
+    disk.scope.entriesPerFolder = 0;
+    disk.move(report, "home/Documents/a/final.odt");
+    QCOMPARE(outcome(disk.resolve(bookmark)), stale(disk.url("home/Documents/a/final.odt")));
+    disk.move("home/Documents/a/final.odt", "home/Documents/final.odt");
+    QCOMPARE(outcome(disk.resolve(bookmark)), none);
+    disk.scope.entriesPerFolder = 1000;
+    QCOMPARE(outcome(disk.resolve(bookmark)), stale(disk.url("home/Documents/final.odt")));
+    disk.scope.time = std::chrono::milliseconds(0);
+    QCOMPARE(outcome(disk.resolve(bookmark)), none);
+}
+
+void FileBookmarkTest::keepsNamesThatAreNoText()
+{
+    Disk disk;
+    const std::string name = "home/caf\xe9 100%#?\n";
+    disk.write(name);
+    const QByteArray bookmark = disk.bookmark(name);
+    QCOMPARE(outcome(disk.resolve(bookmark)), fresh(disk.url(name)));
+    QCOMPARE(localPath(disk.url(name)), QByteArray((disk / name).c_str()));
+
+    const std::string renamed = "home/\xff\xfe%41";
+    disk.move(name, renamed);
+    QCOMPARE(outcome(disk.resolve(bookmark)), stale(disk.url(renamed)));
+}
+
+void FileBookmarkTest::refusesWhatIsNoFile_data()
+{
+    QTest::addColumn<QUrl>("url");
+    QTest::newRow("nothing there") << QUrl(u"file:///nothing/there"_qs);
+    QTest::newRow("web") << QUrl(u"https://wiki.local/tmp"_qs);
+    QTest::newRow("another machine") << QUrl(u"file://server/tmp"_qs);
+    QTest::newRow("device") << QUrl(u"file:///dev/null"_qs);
+    QTest::newRow("relative") << QUrl(u"file:tmp"_qs);
+    QTest::newRow("zero character") << QUrl::fromEncoded("file:///tmp/%00");
+    QTest::newRow("empty") << QUrl();
+}
+
+void FileBookmarkTest::refusesWhatIsNoFile()
+{
+    QFETCH(QUrl, url);
+    QVERIFY(!createFileBookmark(url));
+}
+
+void FileBookmarkTest::survivesHostileBytes()
+{
+    Disk disk;
+    disk.write(report);
+    const QByteArray bookmark = disk.bookmark(report);
+    for (qsizetype length = 0; length < bookmark.size(); ++length)
+        QCOMPARE(outcome(disk.resolve(bookmark.left(length))), none);
+    QCOMPARE(outcome(disk.resolve(bookmark + '\0')), none);
+
+    const quint32 seed = QRandomGenerator::global()->generate();
+    qInfo("seed %u", seed);
+    QRandomGenerator random(seed);
+    disk.scope.time = std::chrono::milliseconds(1);
+    for (int round = 0; round < 2000; ++round) {
+        QByteArray bytes = bookmark;
+        for (quint32 changes = random.bounded(1U, 4U); changes > 0; --changes)
+            bytes[random.bounded(int(bytes.size()))] = static_cast<char>(random.bounded(256));
+        const auto resolved = disk.resolve(bytes);
+        QVERIFY(!resolved || fs::exists(localPath(resolved->url).value_or("").toStdString()));
+    }
+}
+
+QTEST_GUILESS_MAIN(FileBookmarkTest)
+#include "FileBookmarkTest.moc"
