@@ -86,4 +86,13 @@ WindowPlacement& TrovellWorkspace::appendPlacement(std::unique_ptr<WindowPlaceme
     return appended;
 }
 
+void TrovellWorkspace::noteContentChange()
+{
+    // The store must know of the change before any observer acts on it.
+    if (m_noteUnsaved)
+        m_noteUnsaved();
+    Q_EMIT
+    contentChanged();
+}
+
 } // namespace trovell

@@ -91,8 +91,13 @@ Q_SIGNALS:
     void contentChanged();
 
 private:
+    friend class Record;
     friend class StoreContext;
 
+    void noteContentChange();
+
+    /// Tells the store context that there is something to save; empty outside a store.
+    std::function<void()> m_noteUnsaved;
     // Reading on first use is not a change anyone can observe.
     mutable ToMany<WorkspaceItem> m_items;
     mutable ToMany<WindowPlacement> m_placements;

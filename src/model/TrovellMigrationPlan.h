@@ -1,0 +1,13 @@
+// All schemas the store ever had and the way between them. A version 2 adds its schema at the end
+// and a stage from version 1.
+#pragma once
+
+#include "model/VersionedSchema.h"
+
+namespace trovell {
+
+struct TrovellMigrationPlan {
+    [[nodiscard]] static MigrationPlan plan();
+};
+
+} // namespace trovell

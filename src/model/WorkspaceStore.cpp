@@ -1,0 +1,89 @@
+#include "model/WorkspaceStore.h"
+
+#include "model/StoreFiles.h"
+#include "model/StoreSchema.h"
+
+namespace trovell {
+
+namespace {
+
+using Result = Expected<void, StoreError>;
+
+/// Locks before anything is read: there is never a second process to share the file with, and
+/// SQLite then reads each page only once.
+Result lock(SqliteDatabase& database)
+{
+    return database.execute("PRAGMA locking_mode=EXCLUSIVE; BEGIN EXCLUSIVE; COMMIT;");
+}
+
+/// Under an exclusive lock a commit ends with a synchronised overwrite of the journal's header, so
+/// it survives a power loss.
+Result configure(SqliteDatabase& database, bool isDurable)
+{
+    return database.execute(QByteArray("PRAGMA foreign_keys=ON;"
+                                       "PRAGMA temp_store=MEMORY; PRAGMA cell_size_check=ON;"
+                                       "PRAGMA synchronous=") +
+                            (isDurable ? "EXTRA" : "OFF"));
+}
+
+/// Finds out now, not at the first save, whether the file and a journal beside it can be written.
+/// What it writes is taken back. A rollback journal keeps every acknowledged save in the one file.
+Result checkWritable(SqliteDatabase& database)
+{
+    if (database.isReadOnly())
+        return Unexpected<StoreError>(StoreError::readOnly);
+    const Expected<qint64, StoreError> version = database.number("PRAGMA user_version");
+    if (!version)
+        return Unexpected<StoreError>(version.error());
+    return database.execute("PRAGMA journal_mode=DELETE;"
+                            "BEGIN IMMEDIATE; PRAGMA user_version=" +
+                            QByteArray::number(*version) + "; ROLLBACK;");
+}
+
+Expected<std::unique_ptr<SqliteDatabase>, StoreError> openDatabase(const QString& path,
+                                                                   const StoreOptions& options)
+{
+    auto database = SqliteDatabase::open(path, options.vfsName);
+    if (!database)
+        return database;
+    const Result ready =
+        lock(**database)
+            .and_then([&] { return configure(**database, options.isDurable); })
+            .and_then([&] { return prepareSchema(**database, options.migrationPlan); })
+            .and_then([&] { return checkWritable(**database); });
+    if (!ready)
+        return Unexpected<StoreError>(ready.error());
+    return database;
+}
+
+} // namespace
+
+Expected<std::unique_ptr<WorkspaceStore>, StoreError>
+WorkspaceStore::open(const QString& folder, const StoreOptions& options)
+{
+    const StoreFiles files(folder);
+    if (const Result prepared = files.prepare(); !prepared)
+        return Unexpected<StoreError>(prepared.error());
+    auto database = openDatabase(files.storePath(), options);
+    if (!database)
+        return Unexpected<StoreError>(database.error());
+    files.markAsCreated();
+    std::unique_ptr<WorkspaceStore> store(new WorkspaceStore(std::move(*database), options));
+    if (const Result loaded = store->m_context.load(); !loaded)
+        return Unexpected<StoreError>(loaded.error());
+    return store;
+}
+
+WorkspaceStore::WorkspaceStore(std::unique_ptr<SqliteDatabase> database,
+                               const StoreOptions& options)
+    : m_database(std::move(database)), m_context(*m_database, options.automaticSaveDelay)
+{
+}
+
+WorkspaceStore::~WorkspaceStore()
+{
+    // Nobody is left to hear of a failure; what was saved before stays.
+    static_cast<void>(m_context.save());
+}
+
+} // namespace trovell
