@@ -1,0 +1,24 @@
+// The adapters to the desktop that this session runs on. Main thread.
+#pragma once
+
+#include "launch/ResourceSystem.h"
+#include "windows/WindowSystem.h"
+
+#include <QUrl>
+
+#include <memory>
+
+namespace trovell {
+
+struct PlatformAdapters {
+    std::unique_ptr<ResourceSystem> resourceSystem;
+    std::unique_ptr<WindowSystem> windowSystem;
+    /// Where the user grants window control; invalid where nothing has to be granted.
+    QUrl windowControlSettings;
+};
+
+/// Looks at the session once. In a Wayland session, even one that also runs X11 programs, windows
+/// are under nobody's control until that desktop has an adapter of its own.
+[[nodiscard]] PlatformAdapters makePlatformAdapters();
+
+} // namespace trovell

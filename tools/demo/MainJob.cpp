@@ -1,0 +1,260 @@
+// Plays the main job from the command line, one process per step: captures the windows of some
+// applications into a stored workspace, lists frames, and starts a stored workspace and checks
+// where its windows ended. tools/demo/play puts the steps together.
+//
+//   main-job capture NAME APPLICATION… [--folder PATH] [--file PATH] [--link URL]
+//   main-job frames NAME
+//   main-job start NAME
+//
+// --store FOLDER keeps the workspaces elsewhere than the program does.
+
+#include "app/AppDependencies.h"
+#include "app/AppFolders.h"
+#include "app/PreferenceStore.h"
+#include "launch/URLValidation.h"
+#include "model/WorkspaceStore.h"
+#include "support/SystemClock.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QTextStream>
+
+#include <cmath>
+#include <cstdlib>
+
+using namespace trovell;
+
+namespace {
+
+QTextStream& out()
+{
+    static QTextStream stream(stdout);
+    return stream;
+}
+
+[[noreturn]] void fail(const QString& reason)
+{
+    out().flush();
+    QTextStream(stderr) << reason << Qt::endl;
+    std::exit(1);
+}
+
+/// Everything the program itself is made of, without its windows.
+struct Program {
+    PlatformAdapters platform = makePlatformAdapters();
+    PreferenceStore defaults{preferencesFile()};
+    SystemClock clock;
+    AppDependencies dependencies{platform, defaults, clock};
+    std::unique_ptr<WorkspaceStore> store;
+
+    explicit Program(const QString& storeFolder)
+    {
+        auto opened = WorkspaceStore::open(storeFolder);
+        if (!opened)
+            fail(storeOpeningFailureText(opened.error()));
+        store = std::move(*opened);
+    }
+
+    TrovellWorkspace& workspace(const QString& name)
+    {
+        const QList<TrovellWorkspace*> workspaces = store->mainContext().workspaces();
+        for (TrovellWorkspace* workspace : workspaces) {
+            if (workspace->name() == name)
+                return *workspace;
+        }
+        fail(u"There is no workspace named %1."_qs.arg(name));
+    }
+
+    void save()
+    {
+        if (const auto saved = store->mainContext().save(); !saved)
+            fail(description(saved.error()));
+    }
+
+    QList<CapturedApplication> capture(const QSet<QString>& applications)
+    {
+        const auto captured =
+            QCoro::waitFor(dependencies.windowCapture().captureApplications(applications, false));
+        if (!captured)
+            fail(description(captured.error()));
+        return *captured;
+    }
+};
+
+void printFrame(const QString& application, const QString& title, const QRectF& frame,
+                const QString& display)
+{
+    out() << u"  %1  %2  %3×%4 at (%5, %6) on %7"_qs.arg(application, -28)
+                 .arg(title.left(34), -34)
+                 .arg(frame.width())
+                 .arg(frame.height())
+                 .arg(frame.x())
+                 .arg(frame.y())
+                 .arg(display)
+          << Qt::endl;
+}
+
+void printFrames(const QList<CapturedApplication>& applications)
+{
+    for (const CapturedApplication& application : applications) {
+        for (const CapturedWindow& window : application.windows)
+            printFrame(application.applicationName, window.windowTitle.value_or(QString()),
+                       window.frame, window.display.fingerprint.localizedName);
+    }
+}
+
+WorkspaceItem& addItem(Program& program, TrovellWorkspace& workspace, WorkspaceItemType type,
+                       const QString& name, const QUrl& url)
+{
+    WorkspaceItemValues values;
+    values.typeRawValue = rawValue(type);
+    values.displayName = name;
+    values.sortOrder = workspace.itemCount();
+    values.urlString = url.toString(QUrl::FullyEncoded);
+    if (url.isLocalFile())
+        values.bookmarkData = program.platform.resourceSystem->createBookmark(url);
+    return workspace.appendItem(std::make_unique<WorkspaceItem>(values));
+}
+
+void addApplication(Program& program, TrovellWorkspace& workspace,
+                    const CapturedApplication& application)
+{
+    const QUrl url(application.applicationURLString.value_or(QString()));
+    WorkspaceItem& item = addItem(program, workspace, WorkspaceItemType::application,
+                                  application.applicationName, url);
+    item.setBundleIdentifier(application.bundleIdentifier);
+    item.setApplicationPath(url.toLocalFile());
+    for (const CapturedWindow& window : application.windows)
+        workspace.appendPlacement(makePlacement(window));
+}
+
+void addPaths(Program& program, TrovellWorkspace& workspace, WorkspaceItemType type,
+              const QStringList& paths)
+{
+    for (const QString& path : paths)
+        addItem(program, workspace, type, QFileInfo(path).fileName(), QUrl::fromLocalFile(path));
+}
+
+void capture(Program& program, const QString& name, const QStringList& applications,
+             const QCommandLineParser& options)
+{
+    const auto captured = program.capture({applications.begin(), applications.end()});
+    WorkspaceValues values;
+    values.name = name;
+    values.sortOrder = program.store->mainContext().workspaces().size();
+    TrovellWorkspace& workspace =
+        program.store->mainContext().insert(std::make_unique<TrovellWorkspace>(values));
+    for (const CapturedApplication& application : captured)
+        addApplication(program, workspace, application);
+    addPaths(program, workspace, WorkspaceItemType::folder, options.values(u"folder"_qs));
+    addPaths(program, workspace, WorkspaceItemType::file, options.values(u"file"_qs));
+    const QStringList links = options.values(u"link"_qs);
+    for (const QString& link : links) {
+        const auto url = validatedWebURL(link);
+        if (!url)
+            fail(description(url.error()));
+        addItem(program, workspace, WorkspaceItemType::webLink, url->host(), *url);
+    }
+    program.save();
+    printFrames(captured);
+}
+
+QSet<QString> applicationsOf(const TrovellWorkspace& workspace)
+{
+    QSet<QString> applications;
+    const QList<WindowPlacement*> placements = workspace.sortedPlacements();
+    for (const WindowPlacement* placement : placements)
+        applications.insert(placement->bundleIdentifier());
+    return applications;
+}
+
+void printReport(const WorkspaceLaunchReport& report)
+{
+    for (const LaunchResult& line : report.results)
+        out() << u"  %1  %2  %3"_qs.arg(rawValue(line.kind), -24)
+                     .arg(line.name, -34)
+                     .arg(line.detail.value_or(QString()))
+              << Qt::endl;
+    const LaunchSummary summary = report.summary();
+    out() << u"  "_qs << summary.formatted(summary.key) << Qt::endl;
+}
+
+/// Where the window of a placement stands now; titles tell the windows of an application apart.
+std::optional<QRectF> currentFrame(const QList<CapturedApplication>& applications,
+                                   const WindowPlacement& placement)
+{
+    for (const CapturedApplication& application : applications) {
+        for (const CapturedWindow& window : application.windows) {
+            if (window.bundleIdentifier == placement.bundleIdentifier() &&
+                window.windowTitle == placement.windowTitleHint())
+                return window.frame;
+        }
+    }
+    return std::nullopt;
+}
+
+/// A window that was captured at a size its own hints allow can be put back exactly, so every
+/// difference counts.
+int countMisplaced(const TrovellWorkspace& workspace, const QList<CapturedApplication>& now)
+{
+    int misplaced = 0;
+    const QList<WindowPlacement*> placements = workspace.sortedPlacements();
+    for (const WindowPlacement* placement : placements) {
+        const auto frame = currentFrame(now, *placement);
+        const bool isInPlace = frame && *frame == placement->savedAbsoluteFrame();
+        if (!isInPlace)
+            out() << u"  not where it was saved: "_qs
+                  << placement->windowTitleHint().value_or(placement->applicationName())
+                  << Qt::endl;
+        misplaced += isInPlace ? 0 : 1;
+    }
+    return misplaced;
+}
+
+void start(Program& program, const QString& name)
+{
+    TrovellWorkspace& workspace = program.workspace(name);
+    AppDependencies& dependencies = program.dependencies;
+    dependencies.accessibility().refresh();
+    QCoro::waitFor(dependencies.launcher().start(&workspace,
+                                                 dependencies.accessibility().isTrusted(),
+                                                 dependencies.preferences().launchTimeout()));
+    program.save();
+    out() << u"Launch report:"_qs << Qt::endl;
+    printReport(*dependencies.launcher().latestReport());
+    const auto now = program.capture(applicationsOf(workspace));
+    out() << u"Frames after:"_qs << Qt::endl;
+    printFrames(now);
+    if (const int misplaced = countMisplaced(workspace, now); misplaced > 0)
+        fail(u"%1 windows are not where they were saved."_qs.arg(misplaced));
+    out() << u"Every window is back where it stood, to the pixel."_qs << Qt::endl;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QCoreApplication application(argc, argv);
+    QCommandLineParser options;
+    options.addOption({u"folder"_qs, u"A folder to open."_qs, u"path"_qs});
+    options.addOption({u"file"_qs, u"A file to open."_qs, u"path"_qs});
+    options.addOption({u"link"_qs, u"A web address to open."_qs, u"url"_qs});
+    options.addOption(
+        {u"store"_qs, u"Where the workspaces are kept."_qs, u"path"_qs, dataFolder()});
+    options.process(application);
+    const QStringList arguments = options.positionalArguments();
+    const QString step = arguments.value(0);
+    const QString name = arguments.value(1);
+
+    Program program(options.value(u"store"_qs));
+    if (step == u"capture")
+        capture(program, name, arguments.mid(2), options);
+    else if (step == u"frames")
+        printFrames(program.capture(applicationsOf(program.workspace(name))));
+    else if (step == u"start")
+        start(program, name);
+    else
+        fail(u"Steps: capture, frames, start."_qs);
+    return 0;
+}
