@@ -1,0 +1,102 @@
+#include "platform/freedesktop/GioResourceSystem.h"
+
+#include "platform/freedesktop/FileBookmark.h"
+#include "platform/freedesktop/FilePath.h"
+#include "platform/freedesktop/GObjectPointer.h"
+
+#include <gio/gdesktopappinfo.h>
+
+#include <unistd.h>
+
+namespace trovell {
+
+namespace {
+
+using DesktopFile = GObjectPointer<GDesktopAppInfo>;
+
+/// Runs in the new process between fork and exec: only async-signal-safe calls.
+void startOwnSession(gpointer)
+{
+    setsid();
+}
+
+GObjectPointer<GAppLaunchContext> makeLaunchContext()
+{
+    GObjectPointer<GAppLaunchContext> context(g_app_launch_context_new());
+    // Tokens of this program's own start, if it still has them, belong to no other program.
+    g_app_launch_context_unsetenv(context.get(), "DESKTOP_STARTUP_ID");
+    g_app_launch_context_unsetenv(context.get(), "XDG_ACTIVATION_TOKEN");
+    return context;
+}
+
+/// `uri` may be null. False when the program could not be started.
+bool launch(GDesktopAppInfo* application, const char* uri)
+{
+    GList link = {const_cast<char*>(uri), nullptr, nullptr};
+    const auto context = makeLaunchContext();
+    // Without G_SPAWN_DO_NOT_REAP_CHILD GLib forks twice, so that no zombie can be left.
+    const auto flags = static_cast<GSpawnFlags>(G_SPAWN_SEARCH_PATH | G_SPAWN_STDOUT_TO_DEV_NULL |
+                                                G_SPAWN_STDERR_TO_DEV_NULL);
+    return g_desktop_app_info_launch_uris_as_manager(application, uri ? &link : nullptr,
+                                                     context.get(), flags, startOwnSession, nullptr,
+                                                     nullptr, nullptr, nullptr) != FALSE;
+}
+
+/// As g_app_info_launch_default_for_uri looks it up.
+GObjectPointer<GAppInfo> defaultApplication(const char* uri)
+{
+    const GPointer<char> scheme(g_uri_parse_scheme(uri));
+    GObjectPointer<GAppInfo> application(
+        scheme ? g_app_info_get_default_for_uri_scheme(scheme.get()) : nullptr);
+    if (application)
+        return application;
+    const GObjectPointer<GFile> file(g_file_new_for_uri(uri));
+    return GObjectPointer<GAppInfo>(g_file_query_default_handler(file.get(), nullptr, nullptr));
+}
+
+} // namespace
+
+std::optional<QByteArray> GioResourceSystem::createBookmark(const QUrl& url) const
+{
+    return createFileBookmark(url);
+}
+
+std::optional<ResolvedBookmark> GioResourceSystem::resolveBookmark(const QByteArray& bookmark) const
+{
+    return resolveFileBookmark(bookmark, standardSearchScope());
+}
+
+std::optional<QUrl> GioResourceSystem::applicationURL(const QString& bundleIdentifier) const
+{
+    // GIO would take it for a path below an application folder.
+    if (bundleIdentifier.isEmpty() || bundleIdentifier.contains(u'/'))
+        return {};
+    const QByteArray id = bundleIdentifier.toUtf8() + ".desktop";
+    const DesktopFile application(g_desktop_app_info_new(id.constData()));
+    const char* path = application ? g_desktop_app_info_get_filename(application.get()) : nullptr;
+    return path ? std::optional(fileURL(path)) : std::nullopt;
+}
+
+bool GioResourceSystem::openApplication(const QUrl& url)
+{
+    const auto path = localPath(url);
+    const DesktopFile application(path ? g_desktop_app_info_new_from_filename(path->constData())
+                                       : nullptr);
+    if (!application || g_desktop_app_info_get_is_hidden(application.get()))
+        return false;
+    return launch(application.get(), nullptr);
+}
+
+bool GioResourceSystem::openResource(const QUrl& url)
+{
+    if (!url.isValid() || url.isRelative())
+        return false;
+    const QByteArray uri = url.toEncoded();
+    const auto application = defaultApplication(uri.constData());
+    if (G_IS_DESKTOP_APP_INFO(application.get()))
+        return launch(G_DESKTOP_APP_INFO(application.get()), uri.constData());
+    // Inside a sandbox no applications are seen, but GIO can ask the desktop's portal.
+    return g_app_info_launch_default_for_uri(uri.constData(), nullptr, nullptr) != FALSE;
+}
+
+} // namespace trovell

@@ -1,0 +1,217 @@
+#include "platform/freedesktop/GioResourceSystem.h"
+
+#include "support/PrivateSession.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTest>
+
+#include <memory>
+
+#include <sys/wait.h>
+
+using namespace trovell;
+using trovell::test::PrivateSession;
+
+class GioResourceSystemTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void opensInTheDefaultApplication_data();
+    void opensInTheDefaultApplication();
+    void refusesResources_data();
+    void refusesResources();
+    void startsApplicationsDetached();
+    void refusesApplications_data();
+    void refusesApplications();
+    void findsInstalledApplications_data();
+    void findsInstalledApplications();
+    void leavesActivationToTheBus();
+    void bookmarksFilesOfTheHome();
+
+private:
+    QUrl url(const QString& name) const { return QUrl::fromLocalFile(m_session->path(name)); }
+
+    std::unique_ptr<PrivateSession> m_session;
+    GioResourceSystem m_system;
+};
+
+void GioResourceSystemTest::initTestCase()
+{
+    m_session = std::make_unique<PrivateSession>();
+    const QByteArray viewer = m_session->addRecorder(u"viewer"_qs).toUtf8();
+    m_session->addDesktopFile(u"org.example.Viewer"_qs, "Exec=" + viewer + " %u");
+    const QByteArray editor = m_session->addRecorder(u"editor"_qs).toUtf8();
+    m_session->addDesktopFile(u"org.example.Editor"_qs, "Exec=" + editor + " --new %F");
+    m_session->addDesktopFile(u"org.example.Gone"_qs, "Exec=/nothing/there %u");
+    m_session->setDefault(u"x-scheme-handler/https"_qs, u"org.example.Viewer"_qs);
+    m_session->setDefault(u"inode/directory"_qs, u"org.example.Viewer"_qs);
+    m_session->setDefault(u"text/plain"_qs, u"org.example.Editor"_qs);
+    m_session->setDefault(u"x-scheme-handler/gone"_qs, u"org.example.Gone"_qs);
+    m_session->write(u"notes/todo list 100%.txt"_qs, "Things to do\n");
+}
+
+void GioResourceSystemTest::opensInTheDefaultApplication_data()
+{
+    QTest::addColumn<QUrl>("opened");
+    QTest::addColumn<QString>("recorder");
+    QTest::addColumn<QStringList>("arguments");
+
+    const QUrl link(u"https://wiki.local/über?a=b&c=%26#d"_qs);
+    const QString encodedLink = QString::fromLatin1(link.toEncoded());
+    const QUrl file = url(u"notes/todo list 100%.txt"_qs);
+    const QUrl folder = url(u"notes"_qs);
+    QTest::newRow("link") << link << u"viewer"_qs << QStringList{encodedLink};
+    QTest::newRow("folder") << folder << u"viewer"_qs << QStringList{folder.toLocalFile()};
+    QTest::newRow("file") << file << u"editor"_qs << QStringList{u"--new"_qs, file.toLocalFile()};
+}
+
+void GioResourceSystemTest::opensInTheDefaultApplication()
+{
+    QFETCH(QUrl, opened);
+    QFETCH(QString, recorder);
+    QFETCH(QStringList, arguments);
+    const QString program = m_session->path(u"bin/"_qs + recorder);
+    QFile::remove(program + u".record"_qs);
+
+    QVERIFY(m_system.openResource(opened));
+    QTRY_VERIFY(m_session->recorded(program));
+    QCOMPARE(m_session->recorded(program)->arguments, arguments);
+}
+
+void GioResourceSystemTest::refusesResources_data()
+{
+    QTest::addColumn<QUrl>("refused");
+    QTest::newRow("missing file") << url(u"notes/gone.txt"_qs);
+    QTest::newRow("scheme without application") << QUrl(u"gopher://wiki.local"_qs);
+    QTest::newRow("program of the application is gone") << QUrl(u"gone://wiki.local"_qs);
+    QTest::newRow("no scheme") << QUrl(u"wiki.local"_qs);
+    QTest::newRow("path") << QUrl(m_session->path(u"notes"_qs));
+    QTest::newRow("nothing") << QUrl();
+}
+
+void GioResourceSystemTest::refusesResources()
+{
+    QFETCH(QUrl, refused);
+    QVERIFY(!m_system.openResource(refused));
+}
+
+void GioResourceSystemTest::startsApplicationsDetached()
+{
+    const QString program = m_session->addRecorder(u"detached"_qs);
+    const QString desktopFile =
+        m_session->addDesktopFile(u"detached"_qs, "Exec=" + program.toUtf8() + " --flag %U");
+    qputenv("DESKTOP_STARTUP_ID", "of-this-program");
+
+    QVERIFY(m_system.openApplication(QUrl::fromLocalFile(desktopFile)));
+    QTRY_VERIFY(m_session->recorded(program));
+    const auto start = m_session->recorded(program);
+    QCOMPARE(start->arguments, QStringList{u"--flag"_qs});
+    QCOMPARE(start->sessionId, start->pid);
+    QCOMPARE(start->streams, QStringList(3, u"/dev/null"_qs));
+    QCOMPARE(start->launchedDesktopFile, desktopFile);
+    QVERIFY(start->startupId.isEmpty());
+    // It is no child of this process: not even a zombie of it is left.
+    QCOMPARE(waitpid(-1, nullptr, WNOHANG), -1);
+    QCOMPARE(errno, ECHILD);
+}
+
+void GioResourceSystemTest::refusesApplications_data()
+{
+    QTest::addColumn<QUrl>("refused");
+    const QByteArray exec = "Exec=" + m_session->path(u"bin/viewer"_qs).toUtf8();
+    const auto row = [this](const char* name, const QByteArray& lines) {
+        const QString id = QString::fromLatin1(name).replace(u' ', u'-');
+        QTest::newRow(name) << QUrl::fromLocalFile(m_session->addDesktopFile(id, lines));
+    };
+    row("no program", "Comment=nothing");
+    row("program is gone", "Exec=/nothing/there");
+    row("program not in PATH", "Exec=no-such-program-anywhere");
+    row("TryExec is gone", exec + "\nTryExec=/nothing/there");
+    row("deleted", exec + "\nHidden=true");
+    row("folder is gone", exec + "\nPath=/nothing/there");
+    QTest::newRow("a link") << QUrl::fromLocalFile(m_session->write(
+        u"link.desktop"_qs, "[Desktop Entry]\nType=Link\nName=x\nURL=https://wiki.local\n"));
+    QTest::newRow("missing") << url(u"data/applications/missing.desktop"_qs);
+    QTest::newRow("a program") << url(u"bin/viewer"_qs);
+    QTest::newRow("a folder") << url(u"data/applications"_qs);
+    QTest::newRow("no file") << QUrl(u"https://wiki.local"_qs);
+    QTest::newRow("nothing") << QUrl();
+}
+
+void GioResourceSystemTest::refusesApplications()
+{
+    QFETCH(QUrl, refused);
+    QVERIFY(!m_system.openApplication(refused));
+}
+
+void GioResourceSystemTest::findsInstalledApplications_data()
+{
+    QTest::addColumn<QString>("identifier");
+    QTest::addColumn<QString>("file"); // empty for none
+
+    const QByteArray entry = "[Desktop Entry]\nType=Application\nName=x\nExec=true\n";
+    const auto install = [&](const QString& folder, const QString& name, const QByteArray& more) {
+        return m_session->write(folder + u"/applications/"_qs + name + u".desktop"_qs,
+                                entry + more);
+    };
+    const QString share = u"share"_qs;
+    const QString data = u"data"_qs;
+    const auto row = [](const char* identifier, const QString& file) {
+        QTest::newRow(identifier) << QString::fromLatin1(identifier) << file;
+    };
+    row("system", install(share, u"system"_qs, {}));
+    row("not.shown", install(share, u"not.shown"_qs, "NoDisplay=true\n"));
+    row("org-in-folder", install(share, u"org/in-folder"_qs, {}));
+    install(share, u"changed"_qs, {});
+    row("changed", install(data, u"changed"_qs, {}));
+    install(share, u"deleted"_qs, {});
+    install(data, u"deleted"_qs, "Hidden=true\n");
+    row("deleted", {});
+    install(data, u"broken"_qs, "TryExec=/nothing/there\n");
+    row("broken", {});
+    row("missing", {});
+    row("../applications/system", {});
+    row("", {});
+}
+
+void GioResourceSystemTest::findsInstalledApplications()
+{
+    QFETCH(QString, identifier);
+    QFETCH(QString, file);
+    const auto found = m_system.applicationURL(identifier);
+    QCOMPARE(found.value_or(QUrl()), file.isEmpty() ? QUrl() : QUrl::fromLocalFile(file));
+}
+
+void GioResourceSystemTest::leavesActivationToTheBus()
+{
+    QVERIFY(m_session->startBus());
+    const QString program = m_session->addRecorder(u"service"_qs);
+    const QString desktopFile = m_session->addDesktopFile(
+        u"org.example.Service"_qs, "DBusActivatable=true\nExec=/usr/bin/false");
+    m_session->write(u"data/dbus-1/services/org.example.Service.service"_qs,
+                     "[D-BUS Service]\nName=org.example.Service\nExec=" + program.toUtf8() +
+                         " --by-bus\n");
+
+    QVERIFY(m_system.openApplication(QUrl::fromLocalFile(desktopFile)));
+    QTRY_VERIFY(m_session->recorded(program));
+    QCOMPARE(m_session->recorded(program)->arguments, QStringList{u"--by-bus"_qs});
+}
+
+void GioResourceSystemTest::bookmarksFilesOfTheHome()
+{
+    m_session->write(u"Documents/report.odt"_qs, "text");
+    const auto bookmark = m_system.createBookmark(url(u"Documents/report.odt"_qs));
+    QVERIFY(bookmark);
+    QDir().mkpath(m_session->path(u"Archive/2025"_qs));
+    QVERIFY(QFile::rename(m_session->path(u"Documents/report.odt"_qs),
+                          m_session->path(u"Archive/2025/report.odt"_qs)));
+    const auto resolved = m_system.resolveBookmark(*bookmark);
+    QVERIFY(resolved);
+    QCOMPARE(resolved->url, url(u"Archive/2025/report.odt"_qs));
+    QVERIFY(resolved->isStale);
+}
+
+QTEST_GUILESS_MAIN(GioResourceSystemTest)
+#include "GioResourceSystemTest.moc"

@@ -1,0 +1,107 @@
+#include "support/PrivateSession.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+namespace trovell::test {
+
+namespace {
+
+// Renamed at the end, so that a test never reads half a record.
+const QByteArray recorderScript = R"(#!/bin/sh
+streams=$(readlink /proc/$$/fd/0 /proc/$$/fd/1 /proc/$$/fd/2)
+{
+    echo "$$"
+    cut -d ' ' -f 6 /proc/$$/stat
+    echo "$streams"
+    echo "$GIO_LAUNCHED_DESKTOP_FILE"
+    echo "$DESKTOP_STARTUP_ID"
+    for argument; do echo "$argument"; done
+} > "$0.new"
+mv "$0.new" "$0.record"
+)";
+
+} // namespace
+
+PrivateSession::PrivateSession()
+{
+    const auto set = [this](const char* variable, const char* folder) {
+        QDir().mkpath(path(QString::fromLatin1(folder)));
+        qputenv(variable, QFile::encodeName(path(QString::fromLatin1(folder))));
+    };
+    set("HOME", ".");
+    set("XDG_DATA_HOME", "data");
+    set("XDG_DATA_DIRS", "share");
+    set("XDG_CONFIG_HOME", "config");
+    set("XDG_CONFIG_DIRS", "xdg");
+    set("XDG_CACHE_HOME", "cache");
+    set("XDG_RUNTIME_DIR", "run");
+    QDir().mkpath(userApplications());
+    QDir().mkpath(systemApplications());
+    // Kinds of files are told as on the machine; only its applications are not there.
+    QFile::link(u"/usr/share/mime"_qs, path(u"share/mime"_qs));
+    qunsetenv("XDG_CURRENT_DESKTOP");
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
+}
+
+PrivateSession::~PrivateSession()
+{
+    m_bus.kill();
+    m_bus.waitForFinished();
+}
+
+QString PrivateSession::write(const QString& name, const QByteArray& content) const
+{
+    QDir().mkpath(QFileInfo(path(name)).path());
+    QFile file(path(name));
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+        qFatal("cannot write %s", qPrintable(path(name)));
+    return path(name);
+}
+
+QString PrivateSession::addDesktopFile(const QString& id, const QByteArray& lines) const
+{
+    return write(u"data/applications/%1.desktop"_qs.arg(id),
+                 "[Desktop Entry]\nType=Application\nName=" + id.toUtf8() + '\n' + lines + '\n');
+}
+
+QString PrivateSession::addRecorder(const QString& name) const
+{
+    const QString program = write(u"bin/"_qs + name, recorderScript);
+    QFile::setPermissions(program, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    return program;
+}
+
+std::optional<RecordedStart> PrivateSession::recorded(const QString& recorder) const
+{
+    QFile file(recorder + u".record"_qs);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n');
+    lines.removeLast();
+    if (lines.size() < 7)
+        return {};
+    return RecordedStart{
+        lines.mid(7), lines[0].toLongLong(), lines[1].toLongLong(), lines.mid(2, 3), lines[5],
+        lines[6]};
+}
+
+void PrivateSession::setDefault(const QString& mimeType, const QString& id)
+{
+    m_defaults += mimeType.toUtf8() + '=' + id.toUtf8() + ".desktop\n";
+    write(u"config/mimeapps.list"_qs, "[Default Applications]\n" + m_defaults);
+}
+
+bool PrivateSession::startBus()
+{
+    m_bus.start(u"dbus-daemon"_qs,
+                {u"--session"_qs, u"--nofork"_qs, u"--nopidfile"_qs, u"--print-address"_qs,
+                 u"--address=unix:path="_qs + path(u"run/bus"_qs)});
+    if (!m_bus.waitForStarted() || !m_bus.waitForReadyRead())
+        return false;
+    qputenv("DBUS_SESSION_BUS_ADDRESS", m_bus.readLine().trimmed());
+    return true;
+}
+
+} // namespace trovell::test
