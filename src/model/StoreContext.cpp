@@ -99,24 +99,22 @@ void StoreContext::rollback()
     m_automaticSave.stop();
     m_readError.reset();
     QList<Record*> reverted;
-    for (TrovellWorkspace* workspace : std::exchange(m_touched, {})) {
+    const QList<TrovellWorkspace*> touched = std::exchange(m_touched, {});
+    for (TrovellWorkspace* workspace : touched) {
         workspace->m_isRemoved = !workspace->m_isStored;
         workspace->revertValues();
         reverted += workspace->m_items.revert();
         reverted += workspace->m_placements.revert();
         reverted.append(workspace);
     }
-    dropUnstored();
+    dropUnstored(touched);
     // Only now: observers may write records again.
     for (Record* record : std::as_const(reverted)) {
         if (auto* workspace = qobject_cast<TrovellWorkspace*>(record))
-            Q_EMIT
-        workspace->contentChanged();
-        Q_EMIT
-        record->changed();
+            Q_EMIT workspace->contentChanged();
+        Q_EMIT record->changed();
     }
-    Q_EMIT
-    changed();
+    Q_EMIT changed();
 }
 
 void StoreContext::attach(TrovellWorkspace& workspace)
@@ -143,8 +141,7 @@ StoreContext::readChildren(const QUuid& workspaceId, qint64 expectedCount)
     if (rows && static_cast<qint64>(rows->size()) == expectedCount)
         return std::move(*rows);
     m_readError = rows ? StoreError::damaged : rows.error();
-    Q_EMIT
-    readFailed(*m_readError);
+    Q_EMIT readFailed(*m_readError);
     return std::nullopt;
 }
 
@@ -153,30 +150,32 @@ void StoreContext::noteUnsaved(TrovellWorkspace& workspace)
     if (!m_touched.contains(&workspace))
         m_touched.append(&workspace);
     m_automaticSave.start();
-    Q_EMIT
-    changed();
+    Q_EMIT changed();
 }
 
 void StoreContext::saveAutomatically()
 {
     if (const Result saved = save(); !saved)
-        Q_EMIT
-    automaticSaveFailed(saved.error());
+        Q_EMIT automaticSaveFailed(saved.error());
 }
 
 void StoreContext::acceptChanges()
 {
-    for (TrovellWorkspace* workspace : std::exchange(m_touched, {})) {
+    const QList<TrovellWorkspace*> touched = std::exchange(m_touched, {});
+    for (TrovellWorkspace* workspace : touched) {
         workspace->acceptValues();
         workspace->m_isStored = !workspace->m_isRemoved;
         workspace->m_items.accept();
         workspace->m_placements.accept();
     }
-    dropUnstored();
+    dropUnstored(touched);
 }
 
-void StoreContext::dropUnstored()
+void StoreContext::dropUnstored(const QList<TrovellWorkspace*>& touched)
 {
+    // Most saves drop nothing and must not cost more the more workspaces there are.
+    if (std::ranges::all_of(touched, &TrovellWorkspace::isStored))
+        return;
     std::erase_if(m_workspaces, [](std::unique_ptr<TrovellWorkspace>& workspace) {
         if (workspace->isStored() || !workspace->isRemoved())
             return false;

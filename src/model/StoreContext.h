@@ -72,7 +72,7 @@ private:
     void noteUnsaved(TrovellWorkspace& workspace);
     void saveAutomatically();
     void acceptChanges();
-    void dropUnstored();
+    void dropUnstored(const QList<TrovellWorkspace*>& touched);
 
     RecordRows m_rows;
     /// In the order of insertion, removed ones included.

@@ -91,8 +91,7 @@ void TrovellWorkspace::noteContentChange()
     // The store must know of the change before any observer acts on it.
     if (m_noteUnsaved)
         m_noteUnsaved();
-    Q_EMIT
-    contentChanged();
+    Q_EMIT contentChanged();
 }
 
 } // namespace trovell

@@ -37,11 +37,9 @@ void WorkspaceQuery::update()
     const bool isListChanged = std::exchange(m_workspaces, current) != current;
     const bool isUpdatedAtChanged = std::exchange(m_updates, updates) != updates;
     if (isListChanged)
-        Q_EMIT
-    listChanged();
+        Q_EMIT listChanged();
     if (isUpdatedAtChanged)
-        Q_EMIT
-    updatedAtChanged();
+        Q_EMIT updatedAtChanged();
 }
 
 } // namespace trovell

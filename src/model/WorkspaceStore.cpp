@@ -10,10 +10,11 @@ namespace {
 using Result = Expected<void, StoreError>;
 
 /// Locks before anything is read: there is never a second process to share the file with, and
-/// SQLite then reads each page only once.
+/// SQLite need not look for foreign changes. Rolled back, because committing would turn an empty
+/// file into a database of one page.
 Result lock(SqliteDatabase& database)
 {
-    return database.execute("PRAGMA locking_mode=EXCLUSIVE; BEGIN EXCLUSIVE; COMMIT;");
+    return database.execute("PRAGMA locking_mode=EXCLUSIVE; BEGIN EXCLUSIVE; ROLLBACK;");
 }
 
 /// Under an exclusive lock a commit ends with a synchronised overwrite of the journal's header, so
