@@ -1,0 +1,86 @@
+// Brings one window to a frame, as a dialogue with a window manager that answers late, rounds, or
+// drops requests. Decides only: someone else sends what it asks for and tells it what came back.
+// Values and given times, any thread.
+#pragma once
+
+#include "platform/x11/X11WindowGeometry.h"
+
+#include <chrono>
+#include <optional>
+
+namespace trovell {
+
+/// What was read of a window at one moment.
+struct WindowReading {
+    DecoratedWindow window;
+    SizeHints hints;
+    /// It is maximized in a direction or full screen, and so has no frame of its own.
+    bool hasFillingState = false;
+
+    bool operator==(const WindowReading&) const = default;
+};
+
+class FrameNegotiation {
+public:
+    using Time = std::chrono::steady_clock::time_point;
+
+    enum class Step {
+        wait,
+        takeOffStates,
+        move,
+        /// Move one pixel aside and then into place: some window managers drop a request that
+        /// equals the rectangle they remember.
+        moveAround,
+    };
+
+    /// `target` is the visible frame, in root pixels.
+    explicit FrameNegotiation(const PixelRectangle& target);
+
+    /// The window looks like this now; none means that it is gone.
+    void read(const std::optional<WindowReading>& reading);
+    /// The window changed somehow and has to be read again.
+    void changed(Time now);
+
+    /// What to send now. `lastProgress` is when any window of the pass last answered: a window
+    /// manager that is busy with the others does not refuse this one.
+    [[nodiscard]] Step nextStep(Time now, Time lastProgress);
+    /// When `nextStep` has to be asked again if nothing happens until then.
+    [[nodiscard]] Time nextStepAt(Time lastProgress) const;
+    /// Ends the dialogue with what was reached.
+    void giveUp();
+
+    [[nodiscard]] bool isOver() const { return m_isAccepted.has_value(); }
+    /// Whether the window took the frame, perhaps with a size of its own choice.
+    [[nodiscard]] bool isAccepted() const { return m_isAccepted.value_or(false); }
+    [[nodiscard]] bool isUnread() const { return m_isUnread; }
+    /// Something was sent and the window has not shown any change since.
+    [[nodiscard]] bool isUnanswered() const { return m_isUnanswered; }
+    /// Had to be taken out of a state that fills the display.
+    [[nodiscard]] bool hadFillingState() const { return m_hadFillingState; }
+    /// What was last read; meaningful unless the window is gone.
+    [[nodiscard]] const WindowReading& reading() const { return m_reading; }
+    [[nodiscard]] const PixelRectangle& target() const { return m_target; }
+
+private:
+    [[nodiscard]] bool isExact() const;
+    [[nodiscard]] bool isInPosition() const;
+    [[nodiscard]] std::chrono::milliseconds patience() const;
+    Step takeOffStates(Time now, bool isQuiet);
+    Step correct(Time now, bool isQuiet);
+    Step sent(Step step, Time now);
+
+    PixelRectangle m_target;
+    WindowReading m_reading;
+    /// The frame at the time of the last move request.
+    std::optional<PixelRectangle> m_frameBefore;
+    Step m_lastMove = Step::wait;
+    int m_attempts = 0;
+    Time m_lastActivity;
+    bool m_isUnread = true;
+    bool m_isUnanswered = false;
+    bool m_hasReacted = false;
+    bool m_hadFillingState = false;
+    std::optional<bool> m_isAccepted;
+};
+
+} // namespace trovell

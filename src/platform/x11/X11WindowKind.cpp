@@ -1,0 +1,54 @@
+#include "platform/x11/X11WindowKind.h"
+
+namespace trovell {
+
+namespace {
+
+WindowKind standardWindow()
+{
+    return {u"AXWindow"_qs, u"AXStandardWindow"_qs};
+}
+
+WindowKind dialog()
+{
+    return {u"AXWindow"_qs, u"AXDialog"_qs};
+}
+
+/// The outer optional is empty for a type that is not known.
+std::optional<std::optional<WindowKind>> kindOfType(quint32 type, const X11Atoms& atoms)
+{
+    if (type == atoms.typeNormal)
+        return standardWindow();
+    if (type == atoms.typeDialog)
+        return dialog();
+    if (type == atoms.typeUtility || type == atoms.typeToolbar)
+        return WindowKind{u"AXWindow"_qs, u"AXFloatingWindow"_qs};
+    if (type == atoms.typeSplash || type == atoms.typeNotification)
+        return WindowKind{u"AXWindow"_qs, u"AXSystemDialog"_qs};
+    for (const quint32 none :
+         {atoms.typeDesktop, atoms.typeDock, atoms.typeMenu, atoms.typeDropdownMenu,
+          atoms.typePopupMenu, atoms.typeTooltip, atoms.typeCombo, atoms.typeDragAndDrop}) {
+        if (type == none)
+            return std::optional<WindowKind>();
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+std::optional<WindowKind> windowKind(const QList<quint32>& types, bool isTransient,
+                                     const X11Atoms& atoms)
+{
+    for (const quint32 type : types) {
+        if (const auto kind = kindOfType(type, atoms))
+            return *kind;
+    }
+    return isTransient ? dialog() : standardWindow();
+}
+
+bool isOrdinaryKind(const std::optional<WindowKind>& kind)
+{
+    return kind && (kind->subrole == u"AXStandardWindow" || kind->subrole == u"AXDialog");
+}
+
+} // namespace trovell

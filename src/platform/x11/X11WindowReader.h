@@ -1,0 +1,35 @@
+// Reads windows in batches: however many there are, the server is waited for once. Any thread.
+#pragma once
+
+#include "platform/x11/X11Connection.h"
+#include "platform/x11/X11WindowGeometry.h"
+#include "windows/WindowSystem.h"
+
+#include <QList>
+
+#include <optional>
+
+namespace trovell {
+
+/// Where one window is and how it is decorated; part of a batch. The extents change with the
+/// window manager and with the window's state, so they are never remembered.
+class X11FrameRequest {
+public:
+    X11FrameRequest(const X11Connection& connection, xcb_window_t window);
+    /// After `finishBatch`. None when the window is gone.
+    [[nodiscard]] std::optional<DecoratedWindow> receive(const X11Connection& connection) const;
+
+private:
+    xcb_get_geometry_cookie_t m_geometry;
+    xcb_translate_coordinates_cookie_t m_position;
+    xcb_get_property_cookie_t m_decorations;
+    xcb_get_property_cookie_t m_shadow;
+};
+
+/// The attributes of windows, by application. Windows that are gone are left out, kinds that are
+/// no windows to the user too.
+[[nodiscard]] QList<QList<WindowAttributes>>
+readWindowAttributes(const X11Connection& connection,
+                     const QList<QList<WindowHandle>>& applications);
+
+} // namespace trovell
