@@ -1,0 +1,96 @@
+#include "views/style/Alert.h"
+
+#include "views/style/TextLabel.h"
+
+#include <QVBoxLayout>
+
+namespace trovell {
+
+namespace {
+
+constexpr int alertWidth = 420;
+constexpr int titleGap = 8;
+constexpr int buttonRowGap = 20;
+constexpr int buttonGap = 10;
+
+PushButton::Kind buttonKind(Alert::Role role)
+{
+    switch (role) {
+    case Alert::Role::confirm:
+        return PushButton::Kind::prominent;
+    case Alert::Role::destructive:
+        return PushButton::Kind::destructive;
+    case Alert::Role::cancel:
+        break;
+    }
+    return PushButton::Kind::bordered;
+}
+
+} // namespace
+
+Alert::Alert(const VisualStyle& visual, QWidget* window, const QString& title,
+             const QString& message)
+    : Sheet(visual, window, title), m_buttonRow(new QHBoxLayout)
+{
+    setAccessibleDescription(message);
+    auto* body = new QWidget;
+    auto* column = new QVBoxLayout(body);
+    const int padding = visual.tokens().size(Tokens::Size::sheetPadding);
+    column->setContentsMargins(padding, padding, padding, padding);
+    column->setSpacing(0);
+    auto* heading = new TextLabel(visual, title, TextRole::title3);
+    heading->setWeight(QFont::DemiBold);
+    heading->setWordWrap(true);
+    auto* text = new TextLabel(visual, message, TextRole::body, ColorToken::labelSecondary);
+    text->setWordWrap(true);
+    m_buttonRow->setSpacing(buttonGap);
+    m_buttonRow->addStretch();
+    column->addWidget(heading);
+    column->addSpacing(titleGap);
+    column->addWidget(text);
+    column->addSpacing(buttonRowGap);
+    column->addLayout(m_buttonRow);
+    setBody(body);
+}
+
+PushButton* Alert::addButton(const QString& text, Role role)
+{
+    auto* button = new PushButton(visual(), text, buttonKind(role));
+    m_buttonRow->addWidget(button);
+    m_buttons.append({role, button});
+    connect(button, &QAbstractButton::clicked, this, [this, role] { choose(role); });
+    return button;
+}
+
+void Alert::open()
+{
+    setDefaultButton(safeDefault());
+    setBoxWidth(alertWidth);
+    Sheet::open();
+}
+
+void Alert::cancel()
+{
+    choose(Role::cancel);
+}
+
+void Alert::choose(Role role)
+{
+    done(role == Role::cancel ? QDialog::Rejected : QDialog::Accepted);
+    Q_EMIT
+    chosen(role);
+}
+
+PushButton* Alert::safeDefault() const
+{
+    const auto find = [&](Role role) -> PushButton* {
+        for (const auto& [buttonRole, button] : m_buttons)
+            if (buttonRole == role)
+                return button;
+        return nullptr;
+    };
+    PushButton* confirm = find(Role::confirm);
+    return confirm && !find(Role::destructive) ? confirm : find(Role::cancel);
+}
+
+} // namespace trovell

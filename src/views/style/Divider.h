@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QWidget>
+
+namespace trovell {
+
+class VisualStyle;
+
+/// A hairline across the room it is given.
+class Divider : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit Divider(const VisualStyle& visual, Qt::Orientation orientation = Qt::Horizontal,
+                     QWidget* parent = nullptr);
+
+    QSize sizeHint() const override { return {1, 1}; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    const VisualStyle& m_visual;
+};
+
+} // namespace trovell

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "views/style/FocusRing.h"
+
+#include <QComboBox>
+
+namespace trovell {
+
+class PopupMenu;
+class VisualStyle;
+
+/// A choice of one of several texts: a combo box whose list opens as a menu with a check mark. Use
+/// it as a QComboBox (`addItem`, `currentIndexChanged`, `activated` for choices of the person
+/// alone); the view of QComboBox is never shown.
+class Picker : public QComboBox, public FocusOutlined {
+    Q_OBJECT
+
+public:
+    /// `name` is the accessible name; `width` the least width in logical pixels at factor 1.
+    Picker(const VisualStyle& visual, const QString& name, int width, QWidget* parent = nullptr);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+    FocusOutline focusOutline() const override;
+
+    void showPopup() override;
+    void hidePopup() override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    bool event(QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    PopupMenu* makeMenu();
+    void choose(int index);
+    QColor fillColor() const;
+
+    const VisualStyle& m_visual;
+    int m_leastWidth;
+    bool m_isHovered = false;
+    QPointer<PopupMenu> m_menu;
+};
+
+} // namespace trovell

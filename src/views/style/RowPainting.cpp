@@ -1,0 +1,56 @@
+#include "views/style/RowPainting.h"
+
+#include "views/style/Painting.h"
+#include "views/style/VisualStyle.h"
+
+#include <QPainter>
+
+namespace trovell {
+
+namespace {
+
+constexpr double dropLineWidth = 2;
+constexpr double dropRingSize = 6;
+
+} // namespace
+
+void paintRowBackground(QPainter& painter, const VisualStyle& visual, const QRect& row,
+                        const RowState& state)
+{
+    const double radius = visual.radius(Radius::control);
+    if (state.isSelected)
+        paintBox(painter, row, radius,
+                 visual.color(state.isWindowActive ? ColorToken::selection
+                                                   : ColorToken::selectionInactive));
+    else if (state.isHovered)
+        paintBox(painter, row, radius, visual.color(ColorToken::rowHover));
+    if (state.hasFocus)
+        paintRing(painter, row, radius, visual.tokens().size(Tokens::Size::focusRingWidth),
+                  visual.color(ColorToken::focusRing));
+}
+
+void paintDropLine(QPainter& painter, const VisualStyle& visual, const QRect& row,
+                   Qt::LayoutDirection direction)
+{
+    const QColor color = visual.color(ColorToken::dropLine);
+    const double middle = row.y() - dropLineWidth / 2;
+    const bool isMirrored = direction == Qt::RightToLeft;
+    const double start = isMirrored ? row.x() + row.width() - dropRingSize : row.x();
+    const QRectF ring(start, middle - dropRingSize / 2, dropRingSize, dropRingSize);
+    paintRing(painter, ring, dropRingSize / 2, dropLineWidth, color);
+    QRectF line(row.x() + dropRingSize, middle - dropLineWidth / 2, row.width() - dropRingSize,
+                dropLineWidth);
+    if (isMirrored)
+        line.moveLeft(row.x());
+    painter.fillRect(snapped(painter, line), color);
+}
+
+void paintLiftedRow(QPainter& painter, const VisualStyle& visual, const QRect& row)
+{
+    const double radius = visual.radius(Radius::control);
+    paintShadow(painter, row, radius, visual.shadow(Palette::Shadow::shadowMenu), liftedRowMargin);
+    paintBox(painter, row, radius, visual.color(ColorToken::popoverBackground),
+             visual.color(ColorToken::popoverBorder));
+}
+
+} // namespace trovell

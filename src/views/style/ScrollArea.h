@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QScrollArea>
+
+namespace trovell {
+
+/// A page that scrolls vertically: no frame, the background of whatever it lies on, the content as
+/// wide as the area, and whatever takes the focus scrolled into view.
+class ScrollArea : public QScrollArea {
+    Q_OBJECT
+
+public:
+    explicit ScrollArea(QWidget* parent = nullptr);
+
+    /// Takes ownership.
+    void setContent(QWidget* content);
+
+private:
+    void showFocused(QWidget* focused);
+};
+
+} // namespace trovell

@@ -1,0 +1,84 @@
+#include "views/style/StyledButton.h"
+
+#include "views/style/Painting.h"
+#include "views/style/RaisedSurface.h"
+
+#include <QKeyEvent>
+
+namespace trovell {
+
+namespace {
+
+constexpr int hoverMilliseconds = 80;
+
+} // namespace
+
+StyledButton::StyledButton(const VisualStyle& visual, const QString& text, QWidget* parent)
+    : QPushButton(text, parent), m_visual(visual), m_hover(*this, visual, hoverMilliseconds)
+{
+    setAutoDefault(false);
+    setFocusPolicy(Qt::TabFocus);
+    setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
+}
+
+void StyledButton::setMenu(PopupMenu* menu, Qt::Alignment edge)
+{
+    menu->setAnchor(this, edge);
+    QPushButton::setMenu(menu);
+}
+
+FocusOutline StyledButton::focusOutline() const
+{
+    return {rect(), cornerRadius()};
+}
+
+QColor StyledButton::surfaceColor(const Surface& surface) const
+{
+    if (isDown())
+        return m_visual.color(surface.pressed);
+    return mixed(m_visual.color(surface.rest), m_visual.color(surface.hover), m_hover.value());
+}
+
+void StyledButton::paintSurface(QPainter& painter, const QColor& fill, bool hasBorder) const
+{
+    if (hasBorder || !isEnabled())
+        paintRaisedSurface(painter, m_visual, rect(), cornerRadius(), fill, isEnabled());
+    else
+        paintBox(painter, rect(), cornerRadius(), fill);
+}
+
+bool StyledButton::event(QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::Enter:
+        if (isEnabled())
+            m_hover.moveTo(1);
+        break;
+    case QEvent::Leave:
+        m_hover.moveTo(0);
+        break;
+    case QEvent::EnabledChange:
+        m_hover.jumpTo(isEnabled() && underMouse() ? 1 : 0);
+        break;
+    case QEvent::FontChange:
+        updateGeometry();
+        break;
+    default:
+        break;
+    }
+    return QPushButton::event(event);
+}
+
+void StyledButton::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
+        QPushButton::keyPressEvent(event);
+        return;
+    }
+    if (menu())
+        showMenu();
+    else
+        click();
+}
+
+} // namespace trovell

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "views/style/Fade.h"
+#include "views/style/FocusRing.h"
+#include "views/style/PopupMenu.h"
+#include "views/style/VisualStyle.h"
+
+#include <QPushButton>
+
+namespace trovell {
+
+/// What the push-button-like controls share: hover fading in, a focus ring, Return and Space, a
+/// menu placed below. They take the focus by the Tab key only, as a click has already done what it
+/// should. A sheet decides what its default button is, so none of them is one by itself.
+class StyledButton : public QPushButton, public FocusOutlined {
+    Q_OBJECT
+
+public:
+    StyledButton(const VisualStyle& visual, const QString& text, QWidget* parent);
+
+    /// Opens below the button while it is pressed; `edge` as in PopupMenu::setAnchor. Not owned.
+    void setMenu(PopupMenu* menu, Qt::Alignment edge = Qt::AlignLeft);
+
+    FocusOutline focusOutline() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    /// The colours of one kind of surface in its three enabled states.
+    struct Surface {
+        ColorToken rest;
+        ColorToken hover;
+        ColorToken pressed;
+    };
+
+    const VisualStyle& visual() const { return m_visual; }
+    /// The colour of a surface in the button's present state.
+    QColor surfaceColor(const Surface& surface) const;
+    /// 0 at rest to 1 under the pointer.
+    double hovered() const { return m_hover.value(); }
+    virtual double cornerRadius() const = 0;
+    void paintSurface(QPainter& painter, const QColor& fill, bool hasBorder) const;
+
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    const VisualStyle& m_visual;
+    Fade m_hover;
+};
+
+} // namespace trovell

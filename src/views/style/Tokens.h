@@ -1,0 +1,122 @@
+#pragma once
+
+#include "views/style/Palette.h"
+
+#include <QSize>
+#include <QStringList>
+
+namespace trovell {
+
+enum class Appearance { light, dark };
+
+/// Measures of one text role before the desktop's font factor. Lengths in logical pixels.
+struct TypeMeasures {
+    double pixelSize = 0;
+    double lineHeight = 0;
+    int weight = 0;
+    double tracking = 0; ///< letter spacing as a share of the pixel size
+};
+
+/// The design's numbers and colours, read once from the compiled-in tokens.json. An immutable
+/// value; any thread. All lengths are logical pixels at font factor 1.
+class Tokens {
+    Q_GADGET
+
+public:
+    // The enumerators are the keys of tokens.json.
+    enum class TextRole {
+        brandTitle,
+        pageTitle,
+        detailTitle,
+        title,
+        title2,
+        title3,
+        headline,
+        body,
+        callout,
+        caption,
+        caption2,
+        miniature,
+    };
+    Q_ENUM(TextRole)
+
+    enum class Radius {
+        miniatureWindow,
+        miniature,
+        miniatureBox,
+        small,
+        iconChoice,
+        control,
+        screen,
+        menu,
+        banner,
+        tile,
+        card,
+        sheet,
+        pill,
+    };
+    Q_ENUM(Radius)
+
+    /// 2, 4, 6, 8, 10, 12, 16, 20, 24, 32, 40; `xl3` is the key "3xl".
+    enum class Space { xxs, xs, s, m, l, xl, xxl, xl3, xl4, xl5, xl6 };
+    Q_ENUM(Space)
+
+    enum class Size {
+        controlHeight,
+        controlHeightSmall,
+        controlHeightTwoLine,
+        fieldHeight,
+        checkbox,
+        switchWidth,
+        switchHeight,
+        switchKnob,
+        swatch,
+        swatchRing,
+        menuRow,
+        sidebarRow,
+        toolbar,
+        itemRow,
+        editorItemRow,
+        captureWindowRow,
+        tabBar,
+        sheetPadding,
+        cardPadding,
+        focusRingWidth,
+        focusRingOffset,
+    };
+    Q_ENUM(Size)
+
+    /// Reads the compiled-in tokens. A missing key is a fault of the build and ends the program.
+    static Tokens builtIn();
+
+    const Palette& palette(Appearance appearance) const
+    {
+        return appearance == Appearance::dark ? m_dark : m_light;
+    }
+    TypeMeasures type(TextRole role) const { return m_type[static_cast<size_t>(role)]; }
+    int radius(Radius name) const { return m_radii[static_cast<size_t>(name)]; }
+    int space(Space name) const { return m_spaces[static_cast<size_t>(name)]; }
+    int size(Size name) const { return m_sizes[static_cast<size_t>(name)]; }
+    QSize iconChoice() const { return m_iconChoice; }
+
+    /// Font families in order of preference, fallbacks for East Asian scripts last.
+    const QStringList& families() const { return m_families; }
+
+private:
+    explicit Tokens(const QJsonObject& root);
+
+    Palette m_light;
+    Palette m_dark;
+    std::array<TypeMeasures, static_cast<size_t>(TextRole::miniature) + 1> m_type;
+    std::array<int, static_cast<size_t>(Radius::pill) + 1> m_radii;
+    std::array<int, static_cast<size_t>(Space::xl6) + 1> m_spaces;
+    std::array<int, static_cast<size_t>(Size::focusRingOffset) + 1> m_sizes;
+    QSize m_iconChoice;
+    QStringList m_families;
+};
+
+using TextRole = Tokens::TextRole;
+using Radius = Tokens::Radius;
+using Space = Tokens::Space;
+
+} // namespace trovell

@@ -1,0 +1,50 @@
+// The keys of all sentences that are put together from values. The English of each reads exactly as
+// the product's rule puts it together; other languages may order the values differently with
+// "%2$@" and "%1$lld".
+#pragma once
+
+#include "views/words/TextKey.h"
+
+namespace trovell::phrases {
+
+// The list of workspaces and the head of the detail pane.
+inline constexpr auto itemCount = u"%lld items"_key;
+inline constexpr auto activeItemsAndSavedWindows = u"%lld active items • %lld saved windows"_key;
+
+// Notices, with the name of the workspace.
+inline constexpr auto saved = u"%@ saved."_key;
+inline constexpr auto created = u"%@ created."_key;
+inline constexpr auto renamed = u"Workspace renamed to %@."_key;
+inline constexpr auto savedLayoutCleared = u"%@ saved layout cleared."_key;
+inline constexpr auto layoutUpdated = u"%@ layout updated."_key;
+inline constexpr auto captured = u"%@ captured."_key;
+inline constexpr auto savedAsNewWorkspace = u"%@ saved as a new workspace."_key;
+
+// The editor.
+inline constexpr auto removeItem = u"Remove %@"_key;
+inline constexpr auto newlyCapturedWindows = u"%lld newly captured windows."_key;
+inline constexpr auto savedWindows = u"%lld saved windows."_key;
+
+// The capture sheet, with the name of the workspace or of the application.
+inline constexpr auto chooseWindowsOfLayout =
+    u"Choose the open windows to save as %@'s layout."_key;
+inline constexpr auto captureWithoutChanging =
+    u"Capture the current arrangement without changing %@."_key;
+inline constexpr auto applicationsWillBeSaved = u"%lld applications will be saved."_key;
+inline constexpr auto windowsSelectedAndPositionsKept =
+    u"%lld windows selected • %lld previous positions kept"_key;
+inline constexpr auto selectedCount = u"%lld selected"_key;
+inline constexpr auto ordinaryWindowsDetected = u"%lld ordinary windows detected"_key;
+inline constexpr auto notDetected = u"%@ • Not detected"_key;
+inline constexpr auto keepSavedPositionFor = u"Keep saved position for %@"_key;
+inline constexpr auto applicationUnavailable =
+    u"%@ is no longer available. Reopen it and capture again."_key;
+
+// The capture review.
+inline constexpr auto windowsSelected = u"%lld windows selected"_key;
+
+// The settings; the number of seconds is a NumberArgument::plain.
+inline constexpr auto currentTimeout = u"Current timeout: %lld seconds"_key;
+inline constexpr auto version = u"Version %@"_key;
+
+} // namespace trovell::phrases

@@ -1,0 +1,100 @@
+// The keys under which the texts of the interface are looked up. A key is the product's own text,
+// written where it is shown as u"Save Layout"_key; "%@" in it stands for a text, "%lld" for a
+// number. The placeholders are part of the key's type, so that a call with a missing, surplus or
+// swapped value does not compile. The build collects all keys from the sources by their suffix.
+#pragma once
+
+#include <QString>
+#include <QStringView>
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <stdexcept>
+#include <type_traits>
+#include <utility>
+
+namespace trovell {
+
+enum class Placeholder { text, number };
+
+/// `placeholders` in the order in which they stand in `text`, which lives as long as the program.
+template <Placeholder... placeholders> struct TextKey {
+    QStringView text;
+};
+
+/// A number for a "%lld". Numbers are written with the digits and group separators of the locale.
+struct NumberArgument {
+    qint64 value = 0;
+    bool isGrouped = true;
+
+    // Implicit on purpose: counts are passed as they are.
+    // NOLINTNEXTLINE(google-explicit-constructor)
+    constexpr NumberArgument(qint64 number) : value(number) {}
+    /// Without group separators: 1000, not 1,000.
+    [[nodiscard]] static constexpr NumberArgument plain(qint64 number)
+    {
+        NumberArgument argument(number);
+        argument.isGrouped = false;
+        return argument;
+    }
+};
+
+template <Placeholder kind>
+using ArgumentOf = std::conditional_t<kind == Placeholder::text, QString, NumberArgument>;
+
+/// The characters of a literal as a template argument.
+template <size_t size> struct KeyLiteral {
+    std::array<char16_t, size> characters{};
+
+    // NOLINTNEXTLINE(google-explicit-constructor): the literal operator needs it so.
+    consteval KeyLiteral(const char16_t (&literal)[size])
+    {
+        std::ranges::copy(literal, characters.begin());
+    }
+
+    [[nodiscard]] constexpr bool holds(const char16_t* text, size_t at) const
+    {
+        for (; *text != u'\0'; ++text, ++at) {
+            if (at >= size || characters[at] != *text)
+                return false;
+        }
+        return true;
+    }
+
+    [[nodiscard]] consteval size_t placeholderCount() const
+    {
+        return size_t(std::ranges::count(characters, u'%'));
+    }
+
+    template <size_t count> [[nodiscard]] consteval std::array<Placeholder, count> kinds() const
+    {
+        std::array<Placeholder, count> found{};
+        size_t next = 0;
+        for (size_t at = 0; at < size; ++at) {
+            if (characters[at] != u'%')
+                continue;
+            if (!holds(u"%@", at) && !holds(u"%lld", at))
+                throw std::logic_error("a key holds no other % than those of %@ and %lld");
+            found[next++] = holds(u"%@", at) ? Placeholder::text : Placeholder::number;
+        }
+        return found;
+    }
+};
+
+inline namespace literals {
+
+template <KeyLiteral literal> [[nodiscard]] consteval auto operator""_key()
+{
+    constexpr auto kinds = literal.template kinds<literal.placeholderCount()>();
+    constexpr QStringView text(literal.characters.data(), qsizetype(literal.characters.size() - 1));
+    return [&]<size_t... indices>(std::index_sequence<indices...>)
+    {
+        return TextKey<kinds[indices]...>{text};
+    }
+    (std::make_index_sequence<kinds.size()>());
+}
+
+} // namespace literals
+
+} // namespace trovell

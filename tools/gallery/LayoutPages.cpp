@@ -1,0 +1,130 @@
+#include "GalleryPage.h"
+
+#include "views/style/Divider.h"
+#include "views/style/Picker.h"
+#include "views/style/ProgressRing.h"
+#include "views/style/ScrollArea.h"
+#include "views/style/Slider.h"
+#include "views/style/Switch.h"
+#include "views/style/SymbolLink.h"
+#include "views/style/TextLabel.h"
+#include "views/style/TrovellCardModifier.h"
+
+#include <QVBoxLayout>
+
+namespace trovell::gallery {
+
+namespace {
+
+/// A page laid out as a surface of the program would be, with texts long enough to wrap.
+class SettingsPage : public GalleryPage {
+public:
+    explicit SettingsPage(VisualStyle& style) : GalleryPage(style, {680, 560})
+    {
+        auto* content = new QWidget;
+        auto* column = new QVBoxLayout(content);
+        column->setContentsMargins(70, 26, 70, 26);
+        column->setSpacing(16);
+        column->addWidget(makePickers());
+        column->addWidget(makeSwitches());
+        column->addWidget(makeTimeout());
+        column->addLayout(makeLinks());
+        column->addStretch();
+        auto* scroll = new ScrollArea;
+        scroll->setContent(content);
+        auto* page = new QVBoxLayout(this);
+        page->setContentsMargins(0, 0, 0, 0);
+        page->addWidget(scroll);
+    }
+
+private:
+    QVBoxLayout* makeCard(QWidget*& card)
+    {
+        auto* frame = new TrovellCardModifier(visual());
+        frame->setPadding(0);
+        auto* rows = new QVBoxLayout(frame);
+        rows->setContentsMargins(0, 0, 0, 0);
+        rows->setSpacing(0);
+        card = frame;
+        return rows;
+    }
+
+    QWidget* makePickers()
+    {
+        QWidget* card = nullptr;
+        QVBoxLayout* rows = makeCard(card);
+        for (const QString& name : {u"Appearance"_qs, u"Language"_qs}) {
+            auto* row = new QHBoxLayout;
+            row->setContentsMargins(17, 6, 15, 6);
+            auto* picker = new Picker(visual(), name, 190);
+            picker->addItems({u"System Default"_qs, u"English"_qs, u"Türkçe"_qs, u"日本語"_qs,
+                              u"한국어"_qs, u"简体中文"_qs});
+            row->addWidget(new TextLabel(visual(), name), 1);
+            row->addWidget(picker);
+            if (rows->count() > 0)
+                rows->addWidget(new Divider(visual()));
+            rows->addLayout(row);
+        }
+        return card;
+    }
+
+    QWidget* makeSwitches()
+    {
+        QWidget* card = nullptr;
+        QVBoxLayout* rows = makeCard(card);
+        for (const QString& name :
+             {u"Launch Trovell at login"_qs, u"Show menu bar icon"_qs,
+              u"Keep Trovell running after closing the main window and while nothing else "
+              "of it is to be seen"_qs}) {
+            auto* row = new QVBoxLayout;
+            row->setContentsMargins(17, 11, 15, 11);
+            auto* toggle = new Switch(visual(), name);
+            toggle->setChecked(rows->count() != 2);
+            row->addWidget(toggle);
+            if (rows->count() > 0)
+                rows->addWidget(new Divider(visual()));
+            rows->addLayout(row);
+        }
+        return card;
+    }
+
+    QWidget* makeTimeout()
+    {
+        auto* card = new TrovellCardModifier(visual());
+        auto* rows = new QVBoxLayout(card);
+        rows->setContentsMargins(0, 0, 0, 0);
+        rows->setSpacing(4);
+        auto* slider =
+            new Slider(visual(), u"Workspace launch timeout"_qs, 8, 12, u"8s"_qs, u"12s"_qs);
+        slider->setValue(10);
+        auto* row = new QHBoxLayout;
+        row->setSpacing(24);
+        row->addWidget(new TextLabel(visual(), u"Workspace launch timeout"_qs));
+        row->addWidget(slider, 1);
+        rows->addLayout(row);
+        rows->addWidget(new TextLabel(visual(), u"Current timeout: 10 seconds"_qs,
+                                      TextRole::caption, ColorToken::labelSecondary));
+        return card;
+    }
+
+    QHBoxLayout* makeLinks()
+    {
+        auto* row = new QHBoxLayout;
+        row->addStretch();
+        row->addWidget(
+            new SymbolLink(visual(), u"hand.raised"_qs, u"Privacy"_qs, ColorToken::link));
+        row->addWidget(new SymbolLink(visual(), u"gearshape"_qs, u"Settings"_qs));
+        row->addWidget(new ProgressRing(visual(), u"Reading windows"_qs));
+        row->addStretch();
+        return row;
+    }
+};
+
+} // namespace
+
+QWidget* makeSettingsPage(VisualStyle& visual)
+{
+    return new SettingsPage(visual);
+}
+
+} // namespace trovell::gallery
