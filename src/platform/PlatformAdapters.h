@@ -10,7 +10,18 @@
 
 namespace trovell {
 
+class DesktopFileIndex;
+class OwnedBusNames;
+
 struct PlatformAdapters {
+    PlatformAdapters();
+    PlatformAdapters(PlatformAdapters&&) noexcept;
+    ~PlatformAdapters();
+
+    /// What the adapters share; none where nothing needs it.
+    std::unique_ptr<DesktopFileIndex> desktopFiles;
+    std::unique_ptr<OwnedBusNames> busNames;
+
     std::unique_ptr<ResourceSystem> resourceSystem;
     std::unique_ptr<WindowSystem> windowSystem;
     /// Where the user grants window control; invalid where nothing has to be granted.

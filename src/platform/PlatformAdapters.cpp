@@ -1,0 +1,49 @@
+#include "platform/PlatformAdapters.h"
+
+#include "platform/freedesktop/DesktopFileIndex.h"
+#include "platform/freedesktop/GioResourceSystem.h"
+#include "platform/freedesktop/OwnedBusNames.h"
+#include "platform/null/NullWindowSystem.h"
+#include "platform/x11/X11WindowSystem.h"
+
+namespace trovell {
+
+namespace {
+
+bool isWaylandSession()
+{
+    return qEnvironmentVariable("XDG_SESSION_TYPE") == QStringLiteral("wayland")
+           || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+}
+
+std::unique_ptr<WindowSystem> makeX11WindowSystem(PlatformAdapters& adapters)
+{
+    adapters.desktopFiles = std::make_unique<DesktopFileIndex>();
+    adapters.busNames = std::make_unique<OwnedBusNames>(*adapters.desktopFiles);
+    DesktopFileIndex* files = adapters.desktopFiles.get();
+    OwnedBusNames* names = adapters.busNames.get();
+    return std::make_unique<X11WindowSystem>(
+        QByteArray(), [files](const WindowIdentity& window) { return files->identify(window); },
+        BackgroundApplications{[names](const QString& id) { return names->find(id); },
+                               [names] { return names->list(); }});
+}
+
+} // namespace
+
+PlatformAdapters::PlatformAdapters() = default;
+PlatformAdapters::PlatformAdapters(PlatformAdapters&&) noexcept = default;
+PlatformAdapters::~PlatformAdapters() = default;
+
+PlatformAdapters makePlatformAdapters()
+{
+    PlatformAdapters adapters;
+    adapters.resourceSystem = std::make_unique<GioResourceSystem>();
+    const bool isX11 = !isWaylandSession() && !qEnvironmentVariableIsEmpty("DISPLAY");
+    if (isX11)
+        adapters.windowSystem = makeX11WindowSystem(adapters);
+    else
+        adapters.windowSystem = std::make_unique<NullWindowSystem>();
+    return adapters;
+}
+
+} // namespace trovell

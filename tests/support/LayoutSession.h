@@ -1,0 +1,46 @@
+// The product at work on a virtual desktop, without its windows: real adapters, a real store, the
+// system's clock. Main thread of a test.
+#pragma once
+
+#include "app/AppDependencies.h"
+#include "app/PreferenceStore.h"
+#include "model/WorkspaceStore.h"
+#include "platform/PlatformAdapters.h"
+#include "support/SystemClock.h"
+#include "support/VirtualDesktop.h"
+
+#include <QMap>
+#include <QRect>
+#include <QStringList>
+#include <QTemporaryDir>
+
+namespace trovell::test {
+
+class LayoutSession {
+public:
+    /// The desktop is entered (see `VirtualDesktop::enter`) and outlives the session.
+    explicit LayoutSession(VirtualDesktop& desktop);
+
+    /// Captures everything that is open into a new, saved workspace; null when that failed.
+    TrovellWorkspace* capture();
+
+    /// Starts the workspace and returns the report's lines as "name: kind" or "name: kind detail",
+    /// sorted by the window's index.
+    QStringList start(TrovellWorkspace& workspace, double timeoutSeconds = 5);
+
+    AppDependencies& dependencies() { return m_dependencies; }
+    WindowSystem& windowSystem() { return *m_platform.windowSystem; }
+
+private:
+    QTemporaryDir m_folder;
+    PlatformAdapters m_platform;
+    PreferenceStore m_defaults;
+    SystemClock m_clock;
+    AppDependencies m_dependencies;
+    std::unique_ptr<WorkspaceStore> m_store;
+};
+
+/// The frame of every managed window by its title.
+[[nodiscard]] QMap<QString, QRect> framesByTitle(VirtualDesktop& desktop);
+
+} // namespace trovell::test
