@@ -1,0 +1,224 @@
+// The dialogue about one window's frame, with window managers and programs of every temper played
+// by the test and time that passes at once.
+
+#include "platform/x11/FrameNegotiation.h"
+
+#include <QTest>
+
+using namespace trovell;
+using namespace std::chrono_literals;
+
+namespace {
+
+using Step = FrameNegotiation::Step;
+
+constexpr PixelRectangle target = {100, 100, 700, 500};
+constexpr PixelRectangle elsewhere = {0, 0, 300, 200};
+constexpr FrameExtents titleBar = {1, 1, 22, 5};
+
+WindowReading plain(const PixelRectangle& frame)
+{
+    return {{frame, {}, {}}, {}, false};
+}
+
+WindowReading filling(const PixelRectangle& frame)
+{
+    return {{frame, {}, {}}, {}, true};
+}
+
+/// A negotiation with a clock.
+class Dialogue {
+public:
+    explicit Dialogue(const WindowReading& first) : m_negotiation(target)
+    {
+        m_negotiation.read(first);
+    }
+
+    Step step() { return m_negotiation.nextStep(m_now, m_progress); }
+    Step stepAfter(std::chrono::milliseconds time)
+    {
+        m_now += time;
+        return step();
+    }
+    /// The window changes and is read.
+    void becomes(const std::optional<WindowReading>& reading)
+    {
+        m_negotiation.changed(m_now);
+        m_progress = m_now;
+        m_negotiation.read(reading);
+    }
+    /// Others of the same pass are served meanwhile.
+    void othersProgress() { m_progress = m_now; }
+    /// The steps of the next `time`, looked for every ten milliseconds, without any answer.
+    QList<Step> stepsDuring(std::chrono::milliseconds time)
+    {
+        QList<Step> steps;
+        for (auto passed = 0ms; passed < time; passed += 10ms) {
+            if (const Step next = stepAfter(10ms); next != Step::wait)
+                steps.append(next);
+        }
+        return steps;
+    }
+    FrameNegotiation& negotiation() { return m_negotiation; }
+    bool isAccepted() const { return m_negotiation.isOver() && m_negotiation.isAccepted(); }
+    bool isRefused() const { return m_negotiation.isOver() && !m_negotiation.isAccepted(); }
+
+private:
+    FrameNegotiation::Time m_now{1h};
+    FrameNegotiation::Time m_progress = m_now;
+    FrameNegotiation m_negotiation;
+};
+
+} // namespace
+
+class FrameNegotiationTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void windowInPlaceIsLeftAlone();
+    void terminalInPlaceIsLeftAlone();
+    void oneMoveIsEnough();
+    void requestThatWasDroppedIsMadeDifferent();
+    void extentsThatComeLateAreCorrected();
+    void sizeOfItsOwnChoiceCountsAsTaken();
+    void positionOfItsOwnChoiceIsARefusal();
+    void statesAreTakenOffFirst();
+    void stateThatStaysIsARefusal();
+    void silenceIsARefusal();
+    void busyManagerIsNotPressed();
+    void windowThatVanishesIsARefusal();
+};
+
+void FrameNegotiationTest::windowInPlaceIsLeftAlone()
+{
+    Dialogue dialogue(plain(target));
+    QCOMPARE(dialogue.step(), Step::wait);
+    QVERIFY(dialogue.isAccepted());
+}
+
+void FrameNegotiationTest::terminalInPlaceIsLeftAlone()
+{
+    // It shows whole cells, so it is a little smaller than the frame.
+    WindowReading terminal = {{{101, 122, 694, 472}, titleBar, {}}, {}, false};
+    terminal.hints.widthIncrement = 6;
+    terminal.hints.heightIncrement = 13;
+    terminal.hints.baseWidth = terminal.hints.baseHeight = 4;
+    QCOMPARE(Dialogue(terminal).step(), Step::wait);
+}
+
+void FrameNegotiationTest::oneMoveIsEnough()
+{
+    Dialogue dialogue(plain(elsewhere));
+    QCOMPARE(dialogue.step(), Step::move);
+    QCOMPARE(dialogue.stepAfter(20ms), Step::wait);
+    dialogue.becomes(plain(target));
+    QCOMPARE(dialogue.step(), Step::wait);
+    QVERIFY(dialogue.isAccepted());
+}
+
+void FrameNegotiationTest::requestThatWasDroppedIsMadeDifferent()
+{
+    Dialogue dialogue(plain(elsewhere));
+    QCOMPARE(dialogue.step(), Step::move);
+    QCOMPARE(dialogue.stepsDuring(200ms), QList<Step>{Step::moveAround});
+    dialogue.becomes(plain(target));
+    dialogue.step();
+    QVERIFY(dialogue.isAccepted());
+}
+
+void FrameNegotiationTest::extentsThatComeLateAreCorrected()
+{
+    Dialogue dialogue(plain(elsewhere));
+    dialogue.step();
+    WindowReading late = plain(target);
+    late.window.decorations = titleBar;
+    dialogue.becomes(late);
+    QCOMPARE(dialogue.step(), Step::wait); // it may not be at rest yet
+    QCOMPARE(dialogue.stepAfter(100ms), Step::move);
+    late.window.client = {101, 122, 698, 473};
+    dialogue.becomes(late);
+    dialogue.step();
+    QVERIFY(dialogue.isAccepted());
+}
+
+void FrameNegotiationTest::sizeOfItsOwnChoiceCountsAsTaken()
+{
+    Dialogue dialogue(plain(elsewhere));
+    dialogue.step();
+    dialogue.becomes(plain({100, 100, 640, 480}));
+    QCOMPARE(dialogue.stepsDuring(1000ms), (QList<Step>{Step::move, Step::moveAround}));
+    QVERIFY(dialogue.isAccepted());
+}
+
+void FrameNegotiationTest::positionOfItsOwnChoiceIsARefusal()
+{
+    Dialogue dialogue(plain(elsewhere));
+    dialogue.step();
+    dialogue.becomes(plain({0, 100, 700, 500}));
+    dialogue.stepsDuring(1000ms);
+    QVERIFY(dialogue.isRefused());
+}
+
+void FrameNegotiationTest::statesAreTakenOffFirst()
+{
+    Dialogue dialogue(filling(target));
+    QCOMPARE(dialogue.step(), Step::takeOffStates);
+    QCOMPARE(dialogue.stepAfter(30ms), Step::wait);
+    dialogue.becomes(plain(elsewhere));
+    QCOMPARE(dialogue.step(), Step::move);
+    dialogue.becomes(plain(target));
+    // Some programs change their shadow once more.
+    QCOMPARE(dialogue.step(), Step::wait);
+    QVERIFY(!dialogue.isAccepted());
+    dialogue.becomes(plain({100, 100, 600, 400}));
+    QCOMPARE(dialogue.stepAfter(100ms), Step::move);
+    dialogue.becomes(plain(target));
+    QCOMPARE(dialogue.stepAfter(100ms), Step::wait);
+    QVERIFY(dialogue.isAccepted());
+    QVERIFY(dialogue.negotiation().hadFillingState());
+}
+
+void FrameNegotiationTest::stateThatStaysIsARefusal()
+{
+    Dialogue dialogue(filling(target));
+    QCOMPARE(dialogue.step(), Step::takeOffStates);
+    const QList<Step> later = dialogue.stepsDuring(1500ms);
+    QVERIFY(!later.isEmpty() && later.size() <= 4);
+    QCOMPARE(later.first(), Step::takeOffStates);
+    dialogue.negotiation().giveUp();
+    QVERIFY(dialogue.isRefused());
+}
+
+void FrameNegotiationTest::silenceIsARefusal()
+{
+    Dialogue dialogue(plain({100, 100, 300, 200})); // where it is asked to be, in another size
+    QCOMPARE(dialogue.step(), Step::move);
+    const QList<Step> later = dialogue.stepsDuring(1500ms);
+    QVERIFY(!later.isEmpty() && later.size() <= 4);
+    QVERIFY(!dialogue.negotiation().isOver());
+    dialogue.negotiation().giveUp();
+    QVERIFY(dialogue.isRefused());
+}
+
+void FrameNegotiationTest::busyManagerIsNotPressed()
+{
+    Dialogue dialogue(plain(elsewhere));
+    QCOMPARE(dialogue.step(), Step::move);
+    for (int other = 0; other < 8; ++other) {
+        QCOMPARE(dialogue.stepAfter(100ms), Step::wait);
+        dialogue.othersProgress();
+    }
+    QCOMPARE(dialogue.stepAfter(150ms), Step::moveAround);
+}
+
+void FrameNegotiationTest::windowThatVanishesIsARefusal()
+{
+    Dialogue dialogue(plain(elsewhere));
+    dialogue.step();
+    dialogue.becomes(std::nullopt);
+    QCOMPARE(dialogue.step(), Step::wait);
+    QVERIFY(dialogue.isRefused());
+}
+
+QTEST_GUILESS_MAIN(FrameNegotiationTest)
+#include "FrameNegotiationTest.moc"

@@ -1,0 +1,113 @@
+#include "platform/x11/X11Applications.h"
+
+#include "platform/x11/WindowAge.h"
+
+#include <QCoreApplication>
+#include <QTest>
+
+using namespace trovell;
+using namespace std::chrono_literals;
+
+namespace {
+
+IdentifiedWindow window(WindowHandle handle, qint32 process, const QString& identifier)
+{
+    return {handle, process, true, true, {identifier, identifier + u" name"_qs, {}}};
+}
+
+} // namespace
+
+class X11ApplicationsTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void windowsOfOneApplicationFormOneEntry();
+    void panelsRunWithoutWindows();
+    void windowsWithoutAnyNameGoByTheirProcess();
+    void withoutDesktopFileTheClassIsTheIdentifier();
+    void handlesCarryTheAgeOfTheirWindow();
+    void processesAgeToo();
+};
+
+void X11ApplicationsTest::windowsOfOneApplicationFormOneEntry()
+{
+    // Two terminals in two processes, with another program in between.
+    const QList<RunningApplication> applications =
+        groupWindows({window(11, 500, u"xterm"_qs), window(12, 300, u"editor"_qs),
+                      window(13, 400, u"xterm"_qs)});
+    QCOMPARE(applications.size(), 2);
+    QCOMPARE(applications[0].bundleIdentifier, u"xterm"_qs);
+    QCOMPARE(applications[0].localizedName, u"xterm name"_qs);
+    QCOMPARE(applications[0].processIdentifier, 500);
+    QCOMPARE(applications[0].windows, (QList<WindowHandle>{11, 13}));
+    QCOMPARE(applications[1].windows, (QList<WindowHandle>{12}));
+    QVERIFY(applications[1].isRegular);
+}
+
+void X11ApplicationsTest::panelsRunWithoutWindows()
+{
+    IdentifiedWindow panel = window(11, 500, u"panel"_qs);
+    panel.isWindow = panel.isOrdinary = false;
+    IdentifiedWindow splash = window(12, 600, u"starting"_qs);
+    splash.isOrdinary = false;
+    const auto applications = groupWindows({panel, splash});
+    QCOMPARE(applications.size(), 2);
+    QVERIFY(!applications[0].isRegular);
+    QVERIFY(applications[0].windows.isEmpty());
+    QVERIFY(!applications[1].isRegular);
+    QCOMPARE(applications[1].windows.size(), 1);
+    // One ordinary window among the others is enough.
+    QVERIFY(groupWindows({panel, window(13, 700, u"panel"_qs)}).first().isRegular);
+}
+
+void X11ApplicationsTest::windowsWithoutAnyNameGoByTheirProcess()
+{
+    const auto applications =
+        groupWindows({window(1, 500, {}), window(2, 600, {}), window(3, 500, {})});
+    QCOMPARE(applications.size(), 2);
+    QVERIFY(!applications[0].bundleIdentifier);
+    QVERIFY(!applications[0].bundleURL);
+    QCOMPARE(applications[0].windows, (QList<WindowHandle>{1, 3}));
+}
+
+void X11ApplicationsTest::withoutDesktopFileTheClassIsTheIdentifier()
+{
+    const auto self = static_cast<qint32>(QCoreApplication::applicationPid());
+    const auto identity = identityWithoutDesktopFile({self, u"Class"_qs, u"instance"_qs, {}});
+    QCOMPARE(identity.bundleIdentifier, u"Class"_qs);
+    QCOMPARE(identity.name, u"Class"_qs);
+    QCOMPARE(identity.url, QUrl::fromLocalFile(QCoreApplication::applicationFilePath()));
+    QCOMPARE(identityWithoutDesktopFile({0, {}, u"instance"_qs, {}}).bundleIdentifier,
+             u"instance"_qs);
+    QCOMPARE(identityWithoutDesktopFile({self, {}, {}, {}}).bundleIdentifier,
+             u"X11ApplicationsTest"_qs);
+    const ApplicationIdentity nothing = identityWithoutDesktopFile({0, {}, {}, {}});
+    QCOMPARE(nothing, ApplicationIdentity());
+}
+
+void X11ApplicationsTest::handlesCarryTheAgeOfTheirWindow()
+{
+    const auto now = std::chrono::steady_clock::now();
+    const WindowHandle fresh = handleOfNewWindow(0xfedcba98, now);
+    QCOMPARE(windowOfHandle(fresh), 0xfedcba98u);
+    QVERIFY(isYoung(fresh, now));
+    QVERIFY(isYoung(fresh, now + 1800ms));
+    QVERIFY(!isYoung(fresh, now + 2200ms));
+    QVERIFY(!isYoung(handleOfOldWindow(0xfedcba98), now));
+    QCOMPARE(windowOfHandle(handleOfOldWindow(7)), 7u);
+}
+
+void X11ApplicationsTest::processesAgeToo()
+{
+    QVERIFY(!isYoungProcess(1));
+    QVERIFY(!isYoungProcess(0));
+    QProcess child;
+    child.start(u"sleep"_qs, {u"10"_qs});
+    QVERIFY(child.waitForStarted());
+    QVERIFY(isYoungProcess(static_cast<qint32>(child.processId())));
+    child.kill();
+    child.waitForFinished();
+}
+
+QTEST_GUILESS_MAIN(X11ApplicationsTest)
+#include "X11ApplicationsTest.moc"

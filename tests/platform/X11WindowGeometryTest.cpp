@@ -1,0 +1,158 @@
+#include "platform/x11/X11WindowGeometry.h"
+
+#include "display/NormalizedFrame.h"
+
+#include <QRandomGenerator>
+#include <QTest>
+
+using namespace trovell;
+
+Q_DECLARE_METATYPE(trovell::SizeHints)
+
+namespace {
+
+constexpr FrameExtents titleBar = {1, 1, 22, 5};
+constexpr FrameExtents shadow = {61, 61, 55, 67};
+
+/// WM_NORMAL_HINTS as the protocol carries it.
+QList<quint32> hintNumbers(quint32 flags, QList<std::pair<int, quint32>> values)
+{
+    QList<quint32> numbers(18);
+    numbers[0] = flags;
+    for (const auto& [index, value] : values)
+        numbers[index] = value;
+    return numbers;
+}
+
+constexpr quint32 minimumFlag = 16;
+constexpr quint32 maximumFlag = 32;
+constexpr quint32 incrementsFlag = 64;
+constexpr quint32 baseFlag = 256;
+
+} // namespace
+
+class X11WindowGeometryTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void visibleFrameHasDecorationsAndNoShadow();
+    void extentsThatAreMissingAreZero();
+    void sizeHintsFillInForEachOther();
+    void sizesAreRoundedToTheHints_data();
+    void sizesAreRoundedToTheHints();
+    void requestNamesTheFrameCornerAndTheClientSize();
+    void savingAndRestoringNeverDrifts();
+    void framesBeyondReasonDoNotOverflow();
+};
+
+void X11WindowGeometryTest::visibleFrameHasDecorationsAndNoShadow()
+{
+    QCOMPARE(visibleFrame({{101, 122, 400, 300}, titleBar, {}}),
+             (PixelRectangle{100, 100, 402, 327}));
+    QCOMPARE(visibleFrame({{-16, -10, 822, 642}, {}, shadow}), (PixelRectangle{45, 45, 700, 520}));
+}
+
+void X11WindowGeometryTest::extentsThatAreMissingAreZero()
+{
+    QCOMPARE(makeFrameExtents({}), FrameExtents());
+    QCOMPARE(makeFrameExtents({1, 2, 3}), FrameExtents());
+    QCOMPARE(makeFrameExtents({1, 2, 3, 4, 5}), (FrameExtents{1, 2, 3, 4}));
+}
+
+void X11WindowGeometryTest::sizeHintsFillInForEachOther()
+{
+    const SizeHints onlyMinimum = makeSizeHints(hintNumbers(minimumFlag, {{5, 40}, {6, 30}}));
+    QCOMPARE(onlyMinimum.baseWidth, 40);
+    QCOMPARE(onlyMinimum.baseHeight, 30);
+    const SizeHints onlyBase = makeSizeHints(hintNumbers(baseFlag, {{15, 4}, {16, 3}}));
+    QCOMPARE(onlyBase.minimumWidth, 4);
+    QCOMPARE(onlyBase.minimumHeight, 3);
+    // Values without their flag, a short property and an increment of zero are not to be trusted.
+    QCOMPARE(makeSizeHints(hintNumbers(0, {{5, 40}, {7, 50}, {9, 7}, {15, 9}})), SizeHints());
+    QCOMPARE(makeSizeHints({incrementsFlag}), SizeHints());
+    QCOMPARE(makeSizeHints({}), SizeHints());
+}
+
+void X11WindowGeometryTest::sizesAreRoundedToTheHints_data()
+{
+    QTest::addColumn<SizeHints>("hints");
+    QTest::addColumn<QSize>("wanted");
+    QTest::addColumn<QSize>("allowed");
+    const SizeHints terminal =
+        makeSizeHints(hintNumbers(minimumFlag | incrementsFlag | baseFlag,
+                                  {{5, 10}, {6, 17}, {9, 6}, {10, 13}, {15, 4}, {16, 4}}));
+    const SizeHints fixed = makeSizeHints(
+        hintNumbers(minimumFlag | maximumFlag, {{5, 300}, {6, 200}, {7, 300}, {8, 200}}));
+    QTest::newRow("no hints") << SizeHints() << QSize(333, 222) << QSize(333, 222);
+    QTest::newRow("never empty") << SizeHints() << QSize(-20, 0) << QSize(1, 1);
+    QTest::newRow("terminal, exact") << terminal << QSize(484, 316) << QSize(484, 316);
+    QTest::newRow("terminal, one more") << terminal << QSize(485, 328) << QSize(484, 316);
+    QTest::newRow("terminal, one less") << terminal << QSize(483, 315) << QSize(478, 303);
+    QTest::newRow("terminal, tiny") << terminal << QSize(1, 1) << QSize(10, 17);
+    QTest::newRow("fixed, larger") << fixed << QSize(800, 800) << QSize(300, 200);
+    QTest::newRow("fixed, smaller") << fixed << QSize(100, 100) << QSize(300, 200);
+}
+
+void X11WindowGeometryTest::sizesAreRoundedToTheHints()
+{
+    QFETCH(SizeHints, hints);
+    QFETCH(QSize, wanted);
+    QFETCH(QSize, allowed);
+    const PixelRectangle client = withAllowedSize({7, 8, wanted.width(), wanted.height()}, hints);
+    QCOMPARE(client, (PixelRectangle{7, 8, allowed.width(), allowed.height()}));
+
+    // The decorations do not count as part of a cell.
+    const PixelRectangle target = {7, 8, wanted.width() + 2, wanted.height() + 27};
+    QCOMPARE(allowedFrame(target, {{}, titleBar, {}}, hints),
+             (PixelRectangle{7, 8, allowed.width() + 2, allowed.height() + 27}));
+}
+
+void X11WindowGeometryTest::requestNamesTheFrameCornerAndTheClientSize()
+{
+    const PixelRectangle target = {200, 150, 700, 520};
+    constexpr quint32 flags = 1 | 0xf00 | 0x2000; // north-west, all four, from a pager
+    QCOMPARE(moveResizeData(target, {{}, titleBar, {}}, {}),
+             (std::array<quint32, 5>{flags, 200, 150, 698, 493}));
+    // The window reaches beyond what is seen of it.
+    QCOMPARE(moveResizeData(target, {{}, {}, shadow}, {}),
+             (std::array<quint32, 5>{flags, 139, 95, 822, 642}));
+    const auto left = moveResizeData({-50, 0, 100, 100}, {}, {}, 1);
+    QCOMPARE(static_cast<qint32>(left[1]), -49);
+}
+
+void X11WindowGeometryTest::savingAndRestoringNeverDrifts()
+{
+    const quint32 seed = QRandomGenerator::global()->generate();
+    qInfo("seed %u", seed);
+    QRandomGenerator random(seed);
+    const QRectF display(0, 0, 1600, 1024);
+    for (int round = 0; round < 2000; ++round) {
+        const QPoint origin(random.bounded(4000), random.bounded(-2000, 2000));
+        const QRectF visible(random.bounded(1000), random.bounded(1000), random.bounded(1, 5000),
+                             random.bounded(1, 5000));
+        const PixelRectangle window = {random.bounded(-3000, 6000), random.bounded(-3000, 6000),
+                                       random.bounded(1, 5000), random.bounded(1, 5000)};
+        PixelRectangle now = window;
+        for (int cycle = 0; cycle < 3; ++cycle) {
+            const QRectF screenFrame =
+                screenFrameFromAccessibility(accessibilityFrameFromRoot(now, origin), display);
+            const QRectF restored = denormalizeFrame(normalizeFrame(screenFrame, visible), visible);
+            now =
+                rootFrameFromAccessibility(accessibilityFrameFromScreen(restored, display), origin);
+        }
+        QCOMPARE(now, window);
+    }
+}
+
+void X11WindowGeometryTest::framesBeyondReasonDoNotOverflow()
+{
+    const PixelRectangle frame =
+        rootFrameFromAccessibility(QRectF(1e300, -1e300, 1e300, 0.4), QPoint(100, 100));
+    QVERIFY(frame.x > 1000000);
+    QVERIFY(frame.y < -1000000);
+    QVERIFY(frame.width > 1000000);
+    QCOMPARE(frame.height, 0);
+}
+
+QTEST_GUILESS_MAIN(X11WindowGeometryTest)
+#include "X11WindowGeometryTest.moc"
