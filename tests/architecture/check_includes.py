@@ -22,7 +22,8 @@ ALLOWED = {
     "platform/x11": LOGIC | {"platform/freedesktop"},
     "platform": LOGIC | {"platform/null", "platform/freedesktop", "platform/x11"},
     "views/style": set(),
-    "views": LOGIC | {"app", "views/style"},
+    "views/words": set(),
+    "views": LOGIC | {"app", "views/style", "views/words"},
     "app": LOGIC | {"platform"},
 }
 # The program itself puts everything together.

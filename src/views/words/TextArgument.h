@@ -3,9 +3,8 @@
 
 #include "views/words/TextKey.h"
 
-#include <QList>
 #include <QString>
-#include <QStringView>
+#include <QStringList>
 
 #include <variant>
 
@@ -16,7 +15,7 @@ using TextArgument = std::variant<QString, NumberArgument>;
 /// Both "%@" and "%lld" take the next of `values`; "%2$@" and "%2$lld" take the second whatever
 /// stands before. One pass: what the values hold is never read as a placeholder. A placeholder
 /// without a value stays as it is.
-[[nodiscard]] QString filledIn(QStringView text, const QList<QString>& values);
+[[nodiscard]] QString filledIn(const QString& text, const QStringList& values);
 
 /// The product's own text, as it is stored and handed between parts: the key with its values, the
 /// numbers as plain digits. `Localization::shownText` shows it in the user's language.
@@ -29,7 +28,7 @@ template <Placeholder... kinds>
         else
             return QString::number(argument.value);
     };
-    return filledIn(key.text, {written(arguments)...});
+    return filledIn(key.text.toString(), {written(arguments)...});
 }
 
 } // namespace trovell
