@@ -1,0 +1,52 @@
+// What a store holds, as plain values that can be compared, and stores to begin with.
+#pragma once
+
+#include "model/StoreContext.h"
+
+#include <QList>
+#include <QRandomGenerator>
+
+#include <memory>
+
+namespace trovell {
+
+struct WorkspaceContents {
+    WorkspaceValues values;
+    QList<WorkspaceItemValues> items;
+    QList<WindowPlacementValues> placements;
+
+    bool operator==(const WorkspaceContents&) const = default;
+};
+
+/// In the order in which the user sees everything.
+using StoreContents = QList<WorkspaceContents>;
+
+/// Reads all items and placements.
+[[nodiscard]] StoreContents contentsOf(const StoreContext& context);
+
+/// Equal for equal contents, also in another process.
+[[nodiscard]] QByteArray digestOf(const StoreContents& contents);
+
+/// With as many items and placements, whose attributes have values of every kind.
+[[nodiscard]] std::unique_ptr<TrovellWorkspace> makeWorkspace(const QString& name, qint64 sortOrder,
+                                                              int childCount);
+
+/// Edits a store as a user would for years: the same seed makes the same edits.
+class StoreEditor {
+public:
+    explicit StoreEditor(quint32 seed) : m_random(seed) {}
+
+    /// Makes one editing operation, unsaved. The number of workspaces stays small.
+    void edit(StoreContext& context);
+
+private:
+    void rewriteItems(StoreContext& context, TrovellWorkspace& workspace);
+    void clearLayout(StoreContext& context, TrovellWorkspace& workspace);
+    void stamp(TrovellWorkspace& workspace);
+    void reorder(const QList<TrovellWorkspace*>& workspaces);
+
+    QRandomGenerator m_random;
+    int m_editCount = 0;
+};
+
+} // namespace trovell

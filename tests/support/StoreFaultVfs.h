@@ -1,0 +1,84 @@
+// An SQLite VFS over the system's own that breaks on demand: operations fail, the disk fills up,
+// folders are read-only, the power goes off.
+#pragma once
+
+#include <QByteArray>
+#include <QHash>
+#include <QList>
+#include <QRandomGenerator>
+#include <QString>
+
+#include <memory>
+
+struct sqlite3_file;
+struct sqlite3_vfs;
+
+namespace trovell {
+
+class StoreFaultVfs {
+public:
+    enum class Fault {
+        none,
+        /// The operation fails and does nothing.
+        failure,
+        /// A write gets half of its bytes out before it fails.
+        tornWrite,
+        /// Only writes fail, with the code of a full disk.
+        diskFull,
+        /// Only reads fail.
+        readFailure,
+    };
+
+    StoreFaultVfs();
+    ~StoreFaultVfs();
+    Q_DISABLE_COPY_MOVE(StoreFaultVfs)
+
+    [[nodiscard]] QByteArray name() const { return m_name; }
+
+    /// From now on the operation of that number fails, counted from one over all that the fault
+    /// concerns, and with `isPermanent` every one after it.
+    void arm(Fault fault, int operation, bool isPermanent);
+    void disarm() { arm(Fault::none, 0, false); }
+    [[nodiscard]] bool hasFired() const { return m_hasFired; }
+
+    /// Files open read-only, as on a file system mounted so.
+    bool isReadOnly = false;
+    /// Nothing new can be created beside an existing file.
+    bool isFolderReadOnly = false;
+
+    /// The files as a disk may hold them if the power went off now: what was synchronised, and of
+    /// the later writes any 512-byte sectors.
+    [[nodiscard]] QHash<QString, QByteArray> filesAfterPowerLoss(QRandomGenerator& random) const;
+
+private:
+    friend struct StoreFaultFile;
+
+    enum class Operation { read, write, other };
+    /// A write, or a truncation to `offset`.
+    struct Change {
+        bool isTruncation = false;
+        qint64 offset = 0;
+        QByteArray bytes;
+    };
+    struct TrackedFile {
+        QByteArray synchronizedContent;
+        QList<Change> later;
+    };
+
+    static void apply(QByteArray& content, const Change& change);
+    /// Counts an operation that the fault concerns, and tells whether it fails.
+    bool fails(Operation operation);
+    int open(const char* path, sqlite3_file* file, int flags, int* outFlags);
+    int remove(const char* path, int isFolderSynchronized);
+
+    QByteArray m_name;
+    std::unique_ptr<sqlite3_vfs> m_vfs;
+    Fault m_fault = Fault::none;
+    int m_faultyOperation = 0;
+    bool m_isPermanent = false;
+    bool m_hasFired = false;
+    int m_operationCount = 0;
+    QHash<QString, TrackedFile> m_files;
+};
+
+} // namespace trovell
