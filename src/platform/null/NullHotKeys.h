@@ -1,0 +1,18 @@
+// Stands in on a desktop that lends no keys: every combination is refused. Main thread.
+#pragma once
+
+#include "services/HotKeySystem.h"
+
+namespace trovell {
+
+class NullHotKeys final : public HotKeySystem {
+public:
+    void installPressHandler(PressHandler) override {}
+    [[nodiscard]] std::optional<HotKeyReference> registerHotKey(quint32, quint32, quint32) override
+    {
+        return std::nullopt;
+    }
+    void unregisterHotKey(HotKeyReference) override {}
+};
+
+} // namespace trovell

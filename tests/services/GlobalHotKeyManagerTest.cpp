@@ -1,0 +1,213 @@
+#include "services/GlobalHotKeyManager.h"
+
+#include "model/TrovellWorkspace.h"
+#include "model/WorkspaceChoices.h"
+#include "support/FakeHotKeySystem.h"
+
+#include <QtTest>
+
+#include <random>
+
+using namespace trovell;
+
+namespace {
+
+using Combination = FakeHotKeySystem::Combination;
+
+/// As the keyboard sees the shortcut at that place of the list of choices.
+Combination digit(qsizetype index)
+{
+    return {shortcuts()[index]->keyCode, shortcuts()[index]->modifiers};
+}
+
+/// Workspaces with the given shortcuts, as places in the list of choices; 0 has none.
+class Workspaces {
+public:
+    explicit Workspaces(const QList<int>& shortcutIndexes)
+    {
+        for (const int index : shortcutIndexes) {
+            m_owned.push_back(std::make_unique<TrovellWorkspace>(WorkspaceValues{}));
+            m_owned.back()->setShortcut(shortcuts()[index]);
+        }
+    }
+
+    TrovellWorkspace& operator[](size_t index) const { return *m_owned[index]; }
+    QUuid id(size_t index) const { return m_owned[index]->id(); }
+
+    QList<TrovellWorkspace*> list() const
+    {
+        QList<TrovellWorkspace*> result;
+        for (const auto& workspace : m_owned)
+            result.append(workspace.get());
+        return result;
+    }
+
+private:
+    std::vector<std::unique_ptr<TrovellWorkspace>> m_owned;
+};
+
+} // namespace
+
+class GlobalHotKeyManagerTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void numbersByPosition_data();
+    void numbersByPosition();
+    void passesOverWhatIsTakenOrUnreadable();
+    void keepsOneRegistrationThroughEveryChange();
+    void answersFromTheEventLoop();
+    void ignoresNumbersThatAreGone();
+    void replacesTheTrigger();
+    void letsTheTriggerRegisterAnew();
+    void releasesEverythingAtItsEnd();
+
+private:
+    void registerAll(const Workspaces& workspaces)
+    {
+        m_manager->registerHotKeys(workspaces.list(),
+                                   [this](const QUuid& id) { m_triggered.append(id); });
+    }
+
+    FakeHotKeySystem m_system;
+    std::unique_ptr<GlobalHotKeyManager> m_manager;
+    QList<QUuid> m_triggered;
+};
+
+void GlobalHotKeyManagerTest::init()
+{
+    m_manager.reset();
+    m_system = FakeHotKeySystem();
+    m_manager = std::make_unique<GlobalHotKeyManager>(m_system);
+    m_triggered.clear();
+}
+
+void GlobalHotKeyManagerTest::numbersByPosition_data()
+{
+    using Numbers = std::map<Combination, quint32>;
+    QTest::addColumn<QList<int>>("shortcutIndexes");
+    QTest::addColumn<Numbers>("registered");
+
+    QTest::newRow("no workspaces") << QList<int>{} << Numbers{};
+    QTest::newRow("no shortcuts") << QList<int>{0, 0} << Numbers{};
+    QTest::newRow("a gap uses its number up")
+        << QList<int>{0, 1, 2} << Numbers{{digit(1), 2}, {digit(2), 3}};
+    QTest::newRow("the second of two equal ones gets none")
+        << QList<int>{1, 1, 3} << Numbers{{digit(1), 1}, {digit(3), 3}};
+    QTest::newRow("all five, backwards")
+        << QList<int>{5, 4, 3, 2, 1}
+        << Numbers{{digit(5), 1}, {digit(4), 2}, {digit(3), 3}, {digit(2), 4}, {digit(1), 5}};
+}
+
+void GlobalHotKeyManagerTest::numbersByPosition()
+{
+    QFETCH(QList<int>, shortcutIndexes);
+    using Numbers = std::map<Combination, quint32>;
+    QFETCH(Numbers, registered);
+    const Workspaces workspaces(shortcutIndexes);
+    registerAll(workspaces);
+    QCOMPARE(m_system.registered(), registered);
+    for (const auto& [combination, number] : registered) {
+        m_system.press(combination);
+        QCoreApplication::processEvents();
+        QCOMPARE(m_triggered, QList{workspaces.id(number - 1)});
+        m_triggered.clear();
+    }
+}
+
+void GlobalHotKeyManagerTest::passesOverWhatIsTakenOrUnreadable()
+{
+    const Workspaces workspaces({1, 2, 3});
+    workspaces[0].setShortcutData("{\"keyCode\":18}");
+    m_system.claim(digit(2));
+    registerAll(workspaces);
+    QCOMPARE(m_system.registered(), (std::map<Combination, quint32>{{digit(3), 3}}));
+}
+
+void GlobalHotKeyManagerTest::keepsOneRegistrationThroughEveryChange()
+{
+    const quint32 seed = std::random_device()();
+    qInfo("seed %u", seed);
+    std::mt19937 random(seed);
+    for (int round = 0; round < 200; ++round) {
+        QList<int> indexes{0, 1, 2, 3, 4, 5};
+        std::ranges::shuffle(indexes, random);
+        indexes.resize(static_cast<qsizetype>(random() % 7));
+        registerAll(Workspaces(indexes));
+        std::map<Combination, quint32> expected;
+        for (qsizetype i = 0; i < indexes.size(); ++i) {
+            if (indexes[i] > 0)
+                expected.emplace(digit(indexes[i]), i + 1);
+        }
+        QCOMPARE(m_system.registered(), expected);
+    }
+}
+
+void GlobalHotKeyManagerTest::answersFromTheEventLoop()
+{
+    const Workspaces workspaces({1});
+    registerAll(workspaces);
+    m_system.press(digit(1));
+    m_system.press(digit(1));
+    QVERIFY(m_triggered.isEmpty());
+    QCoreApplication::processEvents();
+    QCOMPARE(m_triggered, (QList{workspaces.id(0), workspaces.id(0)}));
+}
+
+void GlobalHotKeyManagerTest::ignoresNumbersThatAreGone()
+{
+    m_system.report(1);
+    const Workspaces workspaces({1, 2});
+    registerAll(workspaces);
+    m_system.press(digit(2));
+    m_system.report(7);
+    registerAll(Workspaces({1}));
+    QCoreApplication::processEvents();
+    QVERIFY(m_triggered.isEmpty());
+}
+
+void GlobalHotKeyManagerTest::replacesTheTrigger()
+{
+    const Workspaces workspaces({1});
+    registerAll(workspaces);
+    auto token = std::make_shared<int>();
+    const std::weak_ptr<int> held = token;
+    m_manager->registerHotKeys({}, [token = std::move(token)](const QUuid&) {});
+    QVERIFY(m_system.registered().empty());
+    QVERIFY(!held.expired());
+    registerAll(workspaces);
+    QVERIFY(held.expired());
+}
+
+void GlobalHotKeyManagerTest::letsTheTriggerRegisterAnew()
+{
+    const Workspaces workspaces({1});
+    int count = 0;
+    // The trigger destroys itself while it runs.
+    m_manager->registerHotKeys(workspaces.list(), [&, bytes = QByteArray(64, 'x')](const QUuid&) {
+        registerAll(workspaces);
+        count += static_cast<int>(bytes.size());
+    });
+    m_system.press(digit(1));
+    QCoreApplication::processEvents();
+    QCOMPARE(count, 64);
+    m_system.press(digit(1));
+    QCoreApplication::processEvents();
+    QCOMPARE(m_triggered, QList{workspaces.id(0)});
+}
+
+void GlobalHotKeyManagerTest::releasesEverythingAtItsEnd()
+{
+    const Workspaces workspaces({1, 2});
+    registerAll(workspaces);
+    m_system.press(digit(1));
+    m_manager.reset();
+    QVERIFY(m_system.registered().empty());
+    QVERIFY(!m_system.hasHandler());
+    QCoreApplication::processEvents();
+    QVERIFY(m_triggered.isEmpty());
+}
+
+QTEST_GUILESS_MAIN(GlobalHotKeyManagerTest)
+#include "GlobalHotKeyManagerTest.moc"

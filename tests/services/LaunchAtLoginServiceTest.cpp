@@ -1,0 +1,111 @@
+#include "services/LaunchAtLoginService.h"
+
+#include "support/FakeLoginItemSystem.h"
+
+#include <QSignalSpy>
+#include <QtTest>
+
+using namespace trovell;
+
+class LaunchAtLoginServiceTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void startsWithTheDesktopsAnswer_data();
+    void startsWithTheDesktopsAnswer();
+    void asksEveryTime();
+    void showsOffWhileApprovalIsMissing();
+    void keepsTheRealStateAfterAFailure();
+    void clearsTheMessageAfterASuccess();
+    void noticesForeignChangesAtTheNextChange();
+};
+
+void LaunchAtLoginServiceTest::startsWithTheDesktopsAnswer_data()
+{
+    QTest::addColumn<LoginItemStatus>("status");
+    QTest::addColumn<bool>("isEnabled");
+    QTest::newRow("not registered") << LoginItemStatus::notRegistered << false;
+    QTest::newRow("enabled") << LoginItemStatus::enabled << true;
+    QTest::newRow("requires approval") << LoginItemStatus::requiresApproval << false;
+    QTest::newRow("not found") << LoginItemStatus::notFound << false;
+}
+
+void LaunchAtLoginServiceTest::startsWithTheDesktopsAnswer()
+{
+    QFETCH(LoginItemStatus, status);
+    FakeLoginItemSystem system;
+    system.current = status;
+    const LaunchAtLoginService service(system);
+    QTEST(service.isEnabled(), "isEnabled");
+    QCOMPARE(service.errorMessage(), std::nullopt);
+}
+
+void LaunchAtLoginServiceTest::asksEveryTime()
+{
+    FakeLoginItemSystem system;
+    LaunchAtLoginService service(system);
+    QSignalSpy changes(&service, &LaunchAtLoginService::isEnabledChanged);
+    service.setEnabled(true);
+    service.setEnabled(true);
+    QVERIFY(service.isEnabled());
+    service.setEnabled(false);
+    service.setEnabled(false);
+    QVERIFY(!service.isEnabled());
+    QCOMPARE(system.registerCount, 2);
+    QCOMPARE(system.unregisterCount, 2);
+    QCOMPARE(changes.size(), 2);
+}
+
+void LaunchAtLoginServiceTest::showsOffWhileApprovalIsMissing()
+{
+    FakeLoginItemSystem system;
+    system.registered = LoginItemStatus::requiresApproval;
+    LaunchAtLoginService service(system);
+    service.setEnabled(true);
+    QVERIFY(!service.isEnabled());
+    QCOMPARE(service.errorMessage(), std::nullopt);
+}
+
+void LaunchAtLoginServiceTest::keepsTheRealStateAfterAFailure()
+{
+    FakeLoginItemSystem system;
+    system.current = LoginItemStatus::enabled;
+    LaunchAtLoginService service(system);
+    system.failure = u"Read-only file system"_qs;
+    service.setEnabled(false);
+    QVERIFY(service.isEnabled());
+    QCOMPARE(service.errorMessage(), u"Read-only file system"_qs);
+}
+
+void LaunchAtLoginServiceTest::clearsTheMessageAfterASuccess()
+{
+    FakeLoginItemSystem system;
+    system.failure = u"Permission denied"_qs;
+    LaunchAtLoginService service(system);
+    QStringList order;
+    connect(&service, &LaunchAtLoginService::isEnabledChanged, this,
+            [&] { order.append(u"state"_qs); });
+    connect(&service, &LaunchAtLoginService::errorMessageChanged, this,
+            [&] { order.append(u"message"_qs); });
+    service.setEnabled(true);
+    service.setEnabled(true);
+    QCOMPARE(order, QStringList{u"message"_qs});
+    system.failure.reset();
+    service.setEnabled(true);
+    QCOMPARE(order, (QStringList{u"message"_qs, u"state"_qs, u"message"_qs}));
+    QCOMPARE(service.errorMessage(), std::nullopt);
+}
+
+void LaunchAtLoginServiceTest::noticesForeignChangesAtTheNextChange()
+{
+    FakeLoginItemSystem system;
+    LaunchAtLoginService service(system);
+    system.current = LoginItemStatus::enabled;
+    QVERIFY(!service.isEnabled());
+    system.failure = u"Permission denied"_qs;
+    service.setEnabled(false);
+    QVERIFY(service.isEnabled());
+}
+
+QTEST_GUILESS_MAIN(LaunchAtLoginServiceTest)
+#include "LaunchAtLoginServiceTest.moc"

@@ -1,0 +1,46 @@
+// A keyboard whose combinations a test presses, and other programs that own some of them. Main
+// thread.
+#pragma once
+
+#include "services/HotKeySystem.h"
+
+#include <map>
+#include <set>
+#include <utility>
+
+namespace trovell {
+
+class FakeHotKeySystem final : public HotKeySystem {
+public:
+    /// Key code and modifiers.
+    using Combination = std::pair<quint32, quint32>;
+
+    /// Another program owns the combination from now on.
+    void claim(const Combination& combination) { m_claimed.insert(combination); }
+    /// Nothing happens when nobody registered the combination.
+    void press(const Combination& combination);
+    /// What arrives late: the press of a number, registered or not.
+    void report(quint32 number) { m_handler(number); }
+
+    /// The combinations registered here and their numbers.
+    [[nodiscard]] std::map<Combination, quint32> registered() const;
+    [[nodiscard]] bool hasHandler() const { return m_handler != nullptr; }
+
+    void installPressHandler(PressHandler handler) override { m_handler = std::move(handler); }
+    [[nodiscard]] std::optional<HotKeyReference> registerHotKey(quint32 number, quint32 keyCode,
+                                                                quint32 modifiers) override;
+    void unregisterHotKey(HotKeyReference reference) override { m_hotKeys.erase(reference); }
+
+private:
+    struct HotKey {
+        Combination combination;
+        quint32 number = 0;
+    };
+
+    PressHandler m_handler;
+    std::set<Combination> m_claimed;
+    std::map<HotKeyReference, HotKey> m_hotKeys;
+    HotKeyReference m_lastReference = 0;
+};
+
+} // namespace trovell
