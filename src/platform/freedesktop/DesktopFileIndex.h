@@ -1,0 +1,58 @@
+// The installed applications, kept up to date, and which of them a window belongs to. Main thread
+// only; the desktop files themselves are read on a worker.
+#pragma once
+
+#include "platform/freedesktop/ApplicationIdentity.h"
+#include "platform/freedesktop/DesktopFileTable.h"
+#include "platform/freedesktop/GObjectPointer.h"
+
+#include <QFutureWatcher>
+#include <QHash>
+#include <QList>
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+namespace trovell {
+
+class DesktopFileIndex {
+public:
+    /// Starts to read the desktop files, and does so again whenever GIO reports a change in the
+    /// application folders. Nothing runs in between.
+    DesktopFileIndex();
+    ~DesktopFileIndex();
+    DesktopFileIndex(const DesktopFileIndex&) = delete;
+    DesktopFileIndex& operator=(const DesktopFileIndex&) = delete;
+
+    // Every question waits for the first reading, if that is still under way, and for no later one:
+    // a change is seen some milliseconds after it, when the event loop has run.
+
+    /// The application that opened a window; none when no desktop file fits. Remembered for each
+    /// window identity, so it may be asked for every window each time.
+    [[nodiscard]] std::optional<ApplicationIdentity> identify(const WindowIdentity& window);
+
+    /// The application with that identifier.
+    [[nodiscard]] std::optional<ApplicationIdentity> application(const QString& bundleIdentifier);
+
+    /// All that are offered to the user, sorted by identifier.
+    [[nodiscard]] QList<ApplicationIdentity> visibleApplications();
+
+private:
+    using Table = std::shared_ptr<const DesktopFileTable>;
+
+    static void noteChange(GAppInfoMonitor*, gpointer index);
+    void startReading();
+    void takeTable();
+    const DesktopFileTable& table();
+
+    GObjectPointer<GAppInfoMonitor> m_monitor;
+    gulong m_monitorHandler = 0;
+    QFutureWatcher<Table> m_reading;
+    /// Something changed while a reading was under way, which may have missed it.
+    bool m_isReadingOutdated = false;
+    Table m_table;
+    QHash<WindowIdentity, std::optional<ApplicationIdentity>> m_identified;
+};
+
+} // namespace trovell

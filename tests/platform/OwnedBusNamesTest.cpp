@@ -1,0 +1,114 @@
+#include "platform/freedesktop/OwnedBusNames.h"
+
+#include "platform/freedesktop/DesktopFileIndex.h"
+#include "support/PrivateSession.h"
+
+#include <QTest>
+
+#include <memory>
+
+#include <unistd.h>
+
+using namespace trovell;
+using trovell::test::PrivateSession;
+
+namespace {
+
+/// A program of its own on the bus, though in this process.
+class BusClient {
+public:
+    explicit BusClient(const char* name)
+        : m_connection(g_dbus_connection_new_for_address_sync(
+              qgetenv("DBUS_SESSION_BUS_ADDRESS").constData(),
+              static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
+                                                G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION),
+              nullptr, nullptr, nullptr))
+    {
+        const GVariantPointer reply(g_dbus_connection_call_sync(
+            m_connection.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus",
+            "org.freedesktop.DBus", "RequestName", g_variant_new("(su)", name, 0U), nullptr,
+            G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr));
+        if (!reply)
+            qFatal("cannot own %s", name);
+    }
+    ~BusClient() { g_dbus_connection_close_sync(m_connection.get(), nullptr, nullptr); }
+    BusClient(const BusClient&) = delete;
+    BusClient& operator=(const BusClient&) = delete;
+
+private:
+    GObjectPointer<GDBusConnection> m_connection;
+};
+
+} // namespace
+
+class OwnedBusNamesTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void knowsNothingWithoutABus();
+    void tellsWhatRuns();
+
+private:
+    std::unique_ptr<PrivateSession> m_session;
+};
+
+void OwnedBusNamesTest::initTestCase()
+{
+    m_session = std::make_unique<PrivateSession>();
+    m_session->addDesktopFile(u"org.example.Player"_qs, "Exec=true");
+    m_session->addDesktopFile(u"org.example.Silent"_qs, "Exec=true");
+    m_session->addDesktopFile(u"org.example.Agent"_qs, "Exec=true\nNoDisplay=true");
+    m_session->addDesktopFile(u"nodots"_qs, "Exec=true");
+}
+
+void OwnedBusNamesTest::knowsNothingWithoutABus()
+{
+    DesktopFileIndex installed;
+    const OwnedBusNames names(installed);
+    QTest::qWait(50);
+    QVERIFY(!names.isConnected());
+    QVERIFY(!names.find(u"org.example.Player"_qs));
+    QVERIFY(names.list().isEmpty());
+}
+
+void OwnedBusNamesTest::tellsWhatRuns()
+{
+    QVERIFY(m_session->startBus());
+    const QString service = m_session->addRecorder(u"service"_qs);
+    m_session->write(u"data/dbus-1/services/org.example.Silent.service"_qs,
+                     "[D-BUS Service]\nName=org.example.Silent\nExec=" + service.toUtf8() + "\n");
+    const BusClient agent("org.example.Agent");
+    const BusClient stranger("org.example.NotInstalled");
+    auto player = std::make_unique<BusClient>("org.example.Player");
+
+    DesktopFileIndex installed;
+    // Destroyed before it is connected: nothing may come back to it.
+    std::make_unique<OwnedBusNames>(installed).reset();
+    const OwnedBusNames names(installed);
+    QTRY_VERIFY(names.isConnected());
+
+    const auto found = names.find(u"org.example.Player"_qs);
+    QVERIFY(found);
+    QCOMPARE(found->processIdentifier, static_cast<qint32>(getpid()));
+    QVERIFY(found->isRegular && found->windows.isEmpty());
+    QCOMPARE(found->bundleIdentifier, u"org.example.Player"_qs);
+    QCOMPARE(found->localizedName, u"org.example.Player"_qs);
+    QCOMPARE(found->bundleURL, installed.application(u"org.example.Player"_qs)->url.toString());
+    QVERIFY(names.find(u"org.example.Agent"_qs));
+    for (const QString& other : {u"org.example.Silent"_qs, u"org.example.NotInstalled"_qs,
+                                 u"nodots"_qs, u"not a name"_qs, u":1.1"_qs, QString()})
+        QVERIFY2(!names.find(other), qPrintable(other));
+
+    const auto running = names.list();
+    QCOMPARE(running.size(), 1);
+    QCOMPARE(running.first().bundleIdentifier, u"org.example.Player"_qs);
+
+    player.reset();
+    QTRY_VERIFY(!names.find(u"org.example.Player"_qs));
+    QVERIFY(names.list().isEmpty());
+    QVERIFY(!m_session->recorded(service));
+}
+
+QTEST_GUILESS_MAIN(OwnedBusNamesTest)
+#include "OwnedBusNamesTest.moc"
