@@ -4,6 +4,7 @@
 #include "views/words/TranslationTables.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QGuiApplication>
 #include <QLibraryInfo>
 #include <QStandardPaths>
@@ -43,8 +44,10 @@ QStringList translationFolders()
     const QString folder = QStringLiteral("trovell/translations");
     QStringList folders = QStandardPaths::locateAll(QStandardPaths::GenericDataLocation, folder,
                                                     QStandardPaths::LocateDirectory);
-    folders.append(QCoreApplication::applicationDirPath() + QStringLiteral("/../share/") + folder);
+    const QString prefix = QCoreApplication::applicationDirPath() + QStringLiteral("/../share/");
+    folders.append(QDir::cleanPath(prefix + folder));
     folders.append(QStringLiteral(":/trovell/translations"));
+    folders.removeDuplicates();
     return folders;
 }
 

@@ -1,4 +1,5 @@
-// The keys of all sentences that are put together from values. The English of each reads exactly as
+// The keys of all sentences that are put together from values, and of the few texts that stand in
+// several places. The English of each reads exactly as
 // the product's rule puts it together; other languages may order the values differently with
 // "%2$@" and "%1$lld".
 #pragma once
@@ -46,5 +47,17 @@ inline constexpr auto windowsSelected = u"%lld windows selected"_key;
 // The settings; the number of seconds is a NumberArgument::plain.
 inline constexpr auto currentTimeout = u"Current timeout: %lld seconds"_key;
 inline constexpr auto version = u"Version %@"_key;
+
+// Texts that name the product's first platform; the English table says them for this one. The motto
+// is a value of the configuration.
+inline constexpr auto motto = u"Your Mac, ready in one click."_key;
+inline constexpr auto workspaceStaysHere = u"Your workspace stays on your Mac."_key;
+inline constexpr auto workspaceDataStaysHere = u"Workspace data stays on this Mac"_key;
+inline constexpr auto shortcutCaption =
+    u"Shortcuts use Control–Option and work globally without Input Monitoring."_key;
+
+// Alerts without a reason of their own.
+inline constexpr auto unknownError = u"Unknown error"_key;
+inline constexpr auto couldNotBeSaved = u"Workspace Could Not Be Saved"_key;
 
 } // namespace trovell::phrases
