@@ -1,5 +1,7 @@
 #include "views/style/Accessibility.h"
 
+#include "views/style/StyledButton.h"
+
 #include <QAccessibleWidget>
 
 namespace trovell {
@@ -37,6 +39,63 @@ public:
     }
 };
 
+/// A push button with or without a menu. Qt's own face for one is tied to the menu of QPushButton.
+class AccessibleButton : public QAccessibleWidget {
+public:
+    explicit AccessibleButton(StyledButton* button) : QAccessibleWidget(button) {}
+
+    QAccessible::Role role() const override
+    {
+        return button()->menu() ? QAccessible::ButtonMenu : QAccessible::Button;
+    }
+
+    QString text(QAccessible::Text kind) const override
+    {
+        const QString text = QAccessibleWidget::text(kind);
+        return kind == QAccessible::Name && text.isEmpty() ? button()->text() : text;
+    }
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.pressed = button()->isDown();
+        state.hasPopup = button()->menu() != nullptr;
+        state.expanded = button()->menu() && button()->menu()->isVisible();
+        return state;
+    }
+
+    QStringList actionNames() const override
+    {
+        const QString first = button()->menu() ? showMenuAction() : pressAction();
+        return button()->isEnabled() ? QStringList{first, setFocusAction()} : QStringList();
+    }
+
+    void doAction(const QString& name) override
+    {
+        if (name != showMenuAction() && name != pressAction())
+            QAccessibleWidget::doAction(name);
+        else if (button()->menu())
+            button()->showMenu();
+        else
+            button()->click();
+    }
+
+private:
+    StyledButton* button() const { return static_cast<StyledButton*>(widget()); }
+};
+
+class AccessibleSheet : public QAccessibleWidget {
+public:
+    explicit AccessibleSheet(QWidget* widget) : QAccessibleWidget(widget, QAccessible::Dialog) {}
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.modal = true;
+        return state;
+    }
+};
+
 QAccessibleInterface* makePicture(QWidget* widget)
 {
     if (widget->accessibleName().isEmpty())
@@ -60,6 +119,10 @@ QAccessibleInterface* makePart(const QString& className, QObject* object)
         return new QAccessibleWidget(widget, QAccessible::AlertMessage);
     if (name == u"ChoiceRow" || name == u"TrovellCardModifier")
         return new QAccessibleWidget(widget, QAccessible::Grouping);
+    if (name == u"StyledButton")
+        return new AccessibleButton(static_cast<StyledButton*>(widget));
+    if (name == u"Sheet")
+        return new AccessibleSheet(widget);
     return nullptr;
 }
 

@@ -14,7 +14,6 @@ constexpr double boxRadius = 5;
 constexpr double boxBorder = 1.5;
 constexpr int checkSize = 14;
 constexpr double checkStroke = 3;
-constexpr double disabledOpacity = 0.42;
 
 class ClickForwarder : public QObject {
 public:
@@ -87,24 +86,28 @@ void CheckBox::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.setLayoutDirection(layoutDirection());
     const QRect box = boxRect();
-    painter.setOpacity(isEnabled() ? 1 : disabledOpacity);
-    if (isChecked()) {
-        paintBox(painter, box, boxRadius, m_visual.color(ColorToken::action));
-        const double inset = (box.width() - m_visual.scaled(checkSize)) / 2.0;
-        m_visual.paintSymbol(painter, QRectF(box).adjusted(inset, inset, -inset, -inset),
-                             u"_ui/checkmark"_qs, m_visual.color(ColorToken::onAction),
-                             checkStroke);
-    } else {
-        paintBox(painter, box, boxRadius, m_visual.color(ColorToken::fieldBackground));
-        paintRing(painter, box, boxRadius, boxBorder, m_visual.color(ColorToken::fieldBorder));
-    }
-    painter.setOpacity(1);
+    paintGroup(painter, box, isEnabled() ? 1 : disabledOpacity,
+               [this](QPainter& group) { paintBoxAndMark(group); });
     const int left = box.width() + m_visual.scaled(labelGap);
     paintLine(painter,
               QStyle::visualRect(layoutDirection(), rect(), {left, 0, width() - left, height()}),
               m_visual.text(m_role),
               m_visual.color(isEnabled() ? ColorToken::labelPrimary : ColorToken::labelDisabled),
               m_label);
+}
+
+void CheckBox::paintBoxAndMark(QPainter& painter) const
+{
+    const QRect box = boxRect();
+    if (!isChecked()) {
+        paintBox(painter, box, boxRadius, m_visual.color(ColorToken::fieldBackground));
+        paintRing(painter, box, boxRadius, boxBorder, m_visual.color(ColorToken::fieldBorder));
+        return;
+    }
+    paintBox(painter, box, boxRadius, m_visual.color(ColorToken::action));
+    const double inset = (box.width() - m_visual.scaled(checkSize)) / 2.0;
+    m_visual.paintSymbol(painter, QRectF(box).adjusted(inset, inset, -inset, -inset),
+                         u"_ui/checkmark"_qs, m_visual.color(ColorToken::onAction), checkStroke);
 }
 
 bool CheckBox::event(QEvent* event)

@@ -29,6 +29,7 @@ protected:
 
 private:
     QRect boxRect() const;
+    void paintBoxAndMark(QPainter& painter) const;
 
     const VisualStyle& m_visual;
     QString m_label;

@@ -59,11 +59,6 @@ void ChoiceButton::keyPressEvent(QKeyEvent* event)
         QRadioButton::keyPressEvent(event);
 }
 
-void ChoiceButton::nextCheckState()
-{
-    m_row.choose(*this);
-}
-
 ChoiceRow::ChoiceRow(const QString& name, int gap, QWidget* parent) : QWidget(parent)
 {
     setAccessibleName(name);
@@ -86,6 +81,7 @@ void ChoiceRow::setSelected(const QString& identifier)
     ChoiceButton* stop = m_buttons.value(0);
     for (ChoiceButton* button : std::as_const(m_buttons)) {
         // An exclusive button cannot be unchecked; an unknown choice leaves all of them so.
+        const QSignalBlocker quietly(button);
         button->setAutoExclusive(false);
         button->setChecked(button->identifier() == identifier);
         button->setAutoExclusive(true);
@@ -99,17 +95,15 @@ void ChoiceRow::addButton(ChoiceButton* button)
 {
     layout()->addWidget(button);
     m_buttons.append(button);
+    connect(button, &QAbstractButton::toggled, this, [this, button](bool isOn) {
+        if (!isOn)
+            return;
+        makeTabStop(button);
+        Q_EMIT
+        chosen(button->identifier());
+    });
     if (m_buttons.size() == 1)
         makeTabStop(button);
-}
-
-void ChoiceRow::choose(ChoiceButton& button)
-{
-    if (button.isChecked())
-        return;
-    setSelected(button.identifier());
-    Q_EMIT
-    chosen(button.identifier());
 }
 
 void ChoiceRow::moveFocus(ChoiceButton& from, int step)

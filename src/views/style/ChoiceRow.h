@@ -29,7 +29,6 @@ protected:
 
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void nextCheckState() override;
     bool hitButton(const QPoint& position) const override { return rect().contains(position); }
 
 private:
@@ -65,7 +64,6 @@ protected:
 private:
     friend class ChoiceButton;
 
-    void choose(ChoiceButton& button);
     void moveFocus(ChoiceButton& from, int step);
     void makeTabStop(ChoiceButton* button);
 

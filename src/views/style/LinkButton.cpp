@@ -6,8 +6,7 @@ namespace trovell {
 
 namespace {
 
-// The ring stands only two pixels off the text, so that its radius is five.
-constexpr double linkRadius = 5 - focusRingReach;
+constexpr double linkRadius = 5;
 
 } // namespace
 

@@ -14,7 +14,7 @@ class VisualStyle;
 
 // How every menu of the program looks, painted by TrovellStyle.
 
-constexpr int menuPadding = 5;
+constexpr int menuPadding = 6; ///< 5 and the border
 
 /// Makes a menu's window frameless and, with compositing, translucent. Before it is first shown.
 void prepareMenuWindow(QMenu& menu, const VisualStyle& visual);

@@ -52,11 +52,13 @@ void paintBox(QPainter& painter, const QRectF& rect, double radius, const QBrush
 void paintRing(QPainter& painter, const QRectF& rect, double radius, double width,
                const QColor& color)
 {
-    const double inset = width / 2;
+    const double scale = deviceScale(painter);
+    const double stroke = std::max(1.0, std::floor(width * scale)) / scale;
+    const double inset = stroke / 2;
     const QRectF ring = snapped(painter, rect).adjusted(inset, inset, -inset, -inset);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(color, width));
+    painter.setPen(QPen(color, stroke));
     painter.setBrush(Qt::NoBrush);
     painter.drawRoundedRect(ring, std::max(0.0, radius - inset), std::max(0.0, radius - inset));
     painter.restore();
@@ -70,6 +72,29 @@ void paintHairline(QPainter& painter, const QRectF& rect, const QColor& color)
     else
         rule.setWidth(hairline(painter));
     painter.fillRect(rule, color);
+}
+
+void paintGroup(QPainter& painter, const QRectF& rect, double opacity,
+                const std::function<void(QPainter&)>& paint)
+{
+    if (opacity >= 1) {
+        paint(painter);
+        return;
+    }
+    const double scale = deviceScale(painter);
+    const QRectF area = snapped(painter, rect);
+    QImage picture((area.size() * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
+    picture.setDevicePixelRatio(scale);
+    picture.fill(Qt::transparent);
+    QPainter layer(&picture);
+    layer.setLayoutDirection(painter.layoutDirection());
+    layer.translate(-area.topLeft());
+    paint(layer);
+    layer.end();
+    painter.save();
+    painter.setOpacity(opacity);
+    painter.drawImage(area.topLeft(), picture);
+    painter.restore();
 }
 
 QColor mixed(const QColor& from, const QColor& to, double progress)

@@ -6,6 +6,8 @@
 #include <QPixmap>
 #include <QRectF>
 
+#include <functional>
+
 class QPainter;
 
 /// Drawing shared by the controls. All lengths are logical pixels of the painter unless a name says
@@ -25,7 +27,7 @@ double hairline(const QPainter& painter);
 void paintBox(QPainter& painter, const QRectF& rect, double radius, const QBrush& fill,
               const QBrush& border = Qt::NoBrush);
 
-/// Strokes a rounded ring of `width` whose outer edge is `rect`.
+/// Strokes a rounded ring whose outer edge is `rect`, `width` rounded down to whole device pixels.
 void paintRing(QPainter& painter, const QRectF& rect, double radius, double width,
                const QColor& color);
 
@@ -37,6 +39,14 @@ void paintHairline(QPainter& painter, const QRectF& rect, const QColor& color);
 /// so that a window with that margin cuts nothing.
 void paintShadow(QPainter& painter, const QRectF& box, double radius,
                  const QList<ShadowLayer>& layers, double margin);
+
+/// Paints what `paint` paints inside `rect` as one picture at `opacity`, so that what overlaps in
+/// it does not shine through.
+void paintGroup(QPainter& painter, const QRectF& rect, double opacity,
+                const std::function<void(QPainter&)>& paint);
+
+/// How much of a disabled switch, check box, slider or swatch is left.
+constexpr double disabledOpacity = 0.42;
 
 /// `from` turned into `to` by the share `progress`, 0 to 1, alpha included.
 QColor mixed(const QColor& from, const QColor& to, double progress);

@@ -15,8 +15,9 @@ namespace trovell {
 
 namespace {
 
-constexpr int leadingPadding = 12;
-constexpr int trailingPadding = 8;
+// One pixel of each is the border.
+constexpr int leadingPadding = 13;
+constexpr int trailingPadding = 9;
 constexpr int symbolSize = 16;
 constexpr int symbolGap = 8;
 

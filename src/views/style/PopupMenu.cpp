@@ -75,6 +75,12 @@ void PopupMenu::setAnchor(QWidget* anchor, Qt::Alignment edge)
     m_anchorEdge = edge;
 }
 
+void PopupMenu::openAtAnchor()
+{
+    if (m_anchor)
+        placePanel(anchoredPosition());
+}
+
 QSize PopupMenu::panelSize() const
 {
     const int margins = 2 * shadowMargin();
@@ -104,8 +110,6 @@ void PopupMenu::showEvent(QShowEvent* event)
 {
     // popup() has placed the window as if its transparent border were part of the menu. It is not
     // mapped yet, so this moves it without a flicker.
-    if (m_anchor)
-        m_requestedPanel = anchoredPosition();
     if (m_requestedPanel) {
         const QRect area = screen()->availableGeometry();
         const QPoint panel = keptInside(area, *m_requestedPanel, panelSize());

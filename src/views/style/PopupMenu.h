@@ -27,9 +27,10 @@ public:
     /// For list boxes: over the control `box` (screen coordinates), at least as wide, its `current`
     /// action over the middle of the box and their trailing edges together.
     void openOver(const QRect& box, QAction* current);
-    /// Makes the panel open below this widget whenever the menu is popped up. `edge` says which
-    /// edges meet: leading (Qt::AlignLeft) or trailing (Qt::AlignRight).
+    /// What openAtAnchor opens below of, or above where there is no room. `edge` says which edges
+    /// meet: leading (Qt::AlignLeft) or trailing (Qt::AlignRight).
     void setAnchor(QWidget* anchor, Qt::Alignment edge);
+    void openAtAnchor();
 
     /// Width of the transparent border around the panel.
     int shadowMargin() const { return contentsMargins().left(); }

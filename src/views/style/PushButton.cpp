@@ -66,7 +66,8 @@ double PushButton::cornerRadius() const
 
 int PushButton::padding() const
 {
-    return visual().scaled(isSmall() ? 11 : 14);
+    // The design's padding lies inside a border of one pixel.
+    return visual().scaled(isSmall() ? 11 : 14) + 1;
 }
 
 int PushButton::chevronRoom() const

@@ -11,6 +11,7 @@ namespace {
 
 constexpr double dropLineWidth = 2;
 constexpr double dropRingSize = 6;
+constexpr double dropLineInset = 4; ///< how much shorter than the row it ends
 
 } // namespace
 
@@ -38,10 +39,9 @@ void paintDropLine(QPainter& painter, const VisualStyle& visual, const QRect& ro
     const double start = isMirrored ? row.x() + row.width() - dropRingSize : row.x();
     const QRectF ring(start, middle - dropRingSize / 2, dropRingSize, dropRingSize);
     paintRing(painter, ring, dropRingSize / 2, dropLineWidth, color);
-    QRectF line(row.x() + dropRingSize, middle - dropLineWidth / 2, row.width() - dropRingSize,
-                dropLineWidth);
-    if (isMirrored)
-        line.moveLeft(row.x());
+    const double length = row.width() - dropRingSize - dropLineInset;
+    const double lineStart = isMirrored ? row.x() + dropLineInset : row.x() + dropRingSize;
+    const QRectF line(lineStart, middle - dropLineWidth / 2, length, dropLineWidth);
     painter.fillRect(snapped(painter, line), color);
 }
 

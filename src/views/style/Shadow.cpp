@@ -10,7 +10,8 @@ namespace trovell {
 
 namespace {
 
-constexpr int stopCount = 16;
+constexpr int stopCount = 24;
+constexpr double fadeShare = 0.6;
 
 /// A blurred edge seen across: the colours from `inside` within the box to `reach` outside of it.
 struct Falloff {
@@ -21,12 +22,12 @@ struct Falloff {
 
     double length() const { return inside + reach; }
 
-    /// The Gaussian edge, taken down to nothing at the end of its reach.
+    /// The Gaussian edge, taken down to nothing over the last part of its reach.
     QColor at(double distance) const
     {
         const double edge = std::erfc(distance / (deviation * std::numbers::sqrt2)) / 2;
-        const double remaining = std::clamp((reach - distance) / (reach + inside), 0.0, 1.0);
-        const double fade = std::min(1.0, remaining * remaining * (3 - 2 * remaining) * 1.6);
+        const double remaining = std::clamp((reach - distance) / (fadeShare * reach), 0.0, 1.0);
+        const double fade = remaining * remaining * (3 - 2 * remaining);
         QColor shade = color;
         shade.setAlphaF(static_cast<float>(color.alphaF() * edge * fade));
         return shade;
@@ -90,7 +91,7 @@ void paintShadow(QPainter& painter, const QRectF& box, double radius,
         const double offset = std::min(layer.offset, margin / 3);
         const double reach = std::min(1.5 * layer.blur, margin - offset);
         const double inside = std::max(radius, offset + 1);
-        const Falloff falloff{inside, reach, layer.blur / 2, layer.color};
+        const Falloff falloff{inside, reach, std::min(layer.blur / 2, reach / 1.5), layer.color};
         paintLayer(painter, snapped(painter, box.translated(0, offset)), falloff);
     }
     painter.restore();

@@ -291,8 +291,9 @@ void Sheet::closeEvent(QCloseEvent* event)
         QDialog::closeEvent(event);
         return;
     }
+    // Qt would not close a dialog for good in the middle of a close that is being refused.
     event->ignore();
-    cancel();
+    QMetaObject::invokeMethod(this, &Sheet::cancel, Qt::QueuedConnection);
 }
 
 bool Sheet::event(QEvent* event)

@@ -19,7 +19,6 @@ constexpr int tickGap = 6; ///< from the track to the ticks
 constexpr QSizeF tickSize(2, 4);
 constexpr int usualTrack = 250;
 constexpr int narrowestTrack = 90;
-constexpr double disabledOpacity = 0.42;
 
 } // namespace
 
@@ -44,7 +43,7 @@ QSize Slider::sizeHint() const
 
 QSize Slider::minimumSizeHint() const
 {
-    const TextStyle style = m_visual.text(TextRole::callout);
+    const TextStyle style = m_visual.text(TextRole::caption);
     const int labels = textWidth(style, m_lowLabel) + textWidth(style, m_highLabel);
     return {labels + 2 * labelGap + narrowestTrack, m_visual.scaled(knobSize) + 2 * focusRingReach};
 }
@@ -56,7 +55,7 @@ FocusOutline Slider::focusOutline() const
 
 QRectF Slider::trackRect() const
 {
-    const TextStyle style = m_visual.text(TextRole::callout);
+    const TextStyle style = m_visual.text(TextRole::caption);
     const int left = textWidth(style, m_lowLabel) + labelGap;
     const int right = textWidth(style, m_highLabel) + labelGap;
     const double top = (height() - trackHeight) / 2.0;
@@ -95,18 +94,19 @@ void Slider::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setLayoutDirection(layoutDirection());
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setOpacity(isEnabled() ? 1 : disabledOpacity);
     paintLabels(painter);
-    paintTrack(painter);
-    paintTicks(painter);
-    paintKnob(painter);
+    paintGroup(painter, rect(), isEnabled() ? 1 : disabledOpacity, [this](QPainter& group) {
+        paintTrack(group);
+        paintTicks(group);
+        paintKnob(group);
+    });
 }
 
 void Slider::paintLabels(QPainter& painter) const
 {
-    const TextStyle style = m_visual.text(TextRole::callout);
-    const QColor color = m_visual.color(ColorToken::labelSecondary);
+    const TextStyle style = m_visual.text(TextRole::caption);
+    const QColor color =
+        m_visual.color(isEnabled() ? ColorToken::labelSecondary : ColorToken::labelDisabled);
     paintLine(painter, rect(), style, color, m_lowLabel, Qt::AlignLeft);
     paintLine(painter, rect(), style, color, m_highLabel, Qt::AlignRight);
 }
@@ -131,7 +131,7 @@ void Slider::paintTicks(QPainter& painter) const
     for (int value = minimum(); value <= maximum(); ++value) {
         const QPointF corner(positionOf(value) - tickSize.width() / 2, top);
         painter.fillRect(snapped(painter, QRectF(corner, tickSize)),
-                         m_visual.color(ColorToken::labelTertiary));
+                         m_visual.color(ColorToken::fieldBorder));
     }
 }
 

@@ -23,8 +23,19 @@ StyledButton::StyledButton(const VisualStyle& visual, const QString& text, QWidg
 
 void StyledButton::setMenu(PopupMenu* menu, Qt::Alignment edge)
 {
+    m_menu = menu;
     menu->setAnchor(this, edge);
-    QPushButton::setMenu(menu);
+    connect(this, &QAbstractButton::pressed, this, &StyledButton::showMenu, Qt::UniqueConnection);
+    connect(menu, &QMenu::aboutToHide, this, [this] { setDown(false); });
+    updateGeometry();
+}
+
+void StyledButton::showMenu()
+{
+    if (!m_menu || m_menu->isVisible())
+        return;
+    setDown(true);
+    m_menu->openAtAnchor();
 }
 
 FocusOutline StyledButton::focusOutline() const

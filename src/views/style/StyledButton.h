@@ -18,8 +18,11 @@ class StyledButton : public QPushButton, public FocusOutlined {
 public:
     StyledButton(const VisualStyle& visual, const QString& text, QWidget* parent);
 
-    /// Opens below the button while it is pressed; `edge` as in PopupMenu::setAnchor. Not owned.
+    /// Opens below the button when that is pressed; `edge` as in PopupMenu::setAnchor. Not owned.
+    /// Stands in for the menu of QPushButton, which would run a nested event loop.
     void setMenu(PopupMenu* menu, Qt::Alignment edge = Qt::AlignLeft);
+    PopupMenu* menu() const { return m_menu; }
+    void showMenu();
 
     FocusOutline focusOutline() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
@@ -46,6 +49,7 @@ protected:
 private:
     const VisualStyle& m_visual;
     Fade m_hover;
+    QPointer<PopupMenu> m_menu;
 };
 
 } // namespace trovell

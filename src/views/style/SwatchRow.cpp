@@ -33,7 +33,7 @@ protected:
     void paintEvent(QPaintEvent*) override
     {
         QPainter painter(this);
-        painter.setOpacity(isEnabled() ? 1 : 0.42);
+        painter.setOpacity(isEnabled() ? 1 : disabledOpacity);
         const double inset = ringReach();
         const QRectF swatch = QRectF(rect()).adjusted(inset, inset, -inset, -inset);
         paintBox(painter, swatch, swatch.height() / 2, visual().accentColor(identifier()));

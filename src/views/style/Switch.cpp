@@ -13,7 +13,6 @@ namespace {
 constexpr int switchMilliseconds = 120;
 constexpr int labelGap = 16;
 constexpr int narrowestLabel = 120;
-constexpr double disabledOpacity = 0.42;
 
 } // namespace
 
@@ -31,7 +30,7 @@ void Switch::setLabel(const QString& label)
     if (!label.isEmpty())
         setAccessibleName(label);
     QSizePolicy policy(label.isEmpty() ? QSizePolicy::Fixed : QSizePolicy::Expanding,
-                       QSizePolicy::Fixed);
+                       label.isEmpty() ? QSizePolicy::Fixed : QSizePolicy::Minimum);
     policy.setHeightForWidth(!label.isEmpty());
     setSizePolicy(policy);
     updateGeometry();
@@ -98,8 +97,8 @@ void Switch::paintEvent(QPaintEvent*)
             painter, place.topLeft(),
             m_visual.color(isEnabled() ? ColorToken::labelPrimary : ColorToken::labelDisabled));
     }
-    painter.setOpacity(isEnabled() ? 1 : disabledOpacity);
-    paintSwitch(painter);
+    paintGroup(painter, trackRect(), isEnabled() ? 1 : disabledOpacity,
+               [this](QPainter& group) { paintSwitch(group); });
 }
 
 void Switch::paintSwitch(QPainter& painter) const

@@ -21,6 +21,14 @@ TextLabel::TextLabel(const VisualStyle& visual, const QString& text, TextRole ro
     setText(text);
 }
 
+void TextLabel::setWordWrap(bool wraps)
+{
+    QSizePolicy policy(QSizePolicy::Preferred, wraps ? QSizePolicy::Minimum : QSizePolicy::Fixed);
+    policy.setHeightForWidth(wraps);
+    QLabel::setWordWrap(wraps);
+    setSizePolicy(policy);
+}
+
 void TextLabel::setColor(ColorToken color)
 {
     m_color = color;

@@ -16,6 +16,8 @@ public:
     TextLabel(const VisualStyle& visual, const QString& text, TextRole role = TextRole::body,
               ColorToken color = ColorToken::labelPrimary, QWidget* parent = nullptr);
 
+    /// Hides QLabel's, which would leave the label as high as one line.
+    void setWordWrap(bool wraps);
     void setColor(ColorToken color);
     void setRole(TextRole role);
     /// Instead of the role's own weight.

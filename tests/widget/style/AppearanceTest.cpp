@@ -1,0 +1,162 @@
+#include "Stage.h"
+
+#include "views/style/ActionButton.h"
+#include "views/style/PushButton.h"
+#include "views/style/ScrollArea.h"
+#include "views/style/Slider.h"
+#include "views/style/Switch.h"
+#include "views/style/TextField.h"
+#include "views/style/TextLabel.h"
+#include "views/style/TrovellCardModifier.h"
+
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <memory>
+
+using namespace trovell;
+
+namespace {
+
+const QString longText =
+    u"Keep Trovell running after closing the main window, for the time being"_qs;
+
+} // namespace
+
+class AppearanceTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void cleanup();
+    void openWindowChangesAtOnce();
+    void sameAppearanceIsNoChange();
+    void factorGrowsControls();
+    void wrappedTextIsNeverCut_data();
+    void wrappedTextIsNeverCut();
+    void scrollBarTakesNoRoom();
+
+private:
+    std::unique_ptr<StillStyle> m_visual;
+};
+
+void AppearanceTest::initTestCase()
+{
+    m_visual = std::make_unique<StillStyle>();
+}
+
+void AppearanceTest::cleanup()
+{
+    m_visual->setAppearance(Appearance::light);
+    m_visual->setFontFactor(1);
+}
+
+void AppearanceTest::openWindowChangesAtOnce()
+{
+    Stage stage;
+    auto* card = stage.add(new TrovellCardModifier(*m_visual));
+    card->setMinimumHeight(60);
+    auto* field = stage.add(new TextField(*m_visual, u"Name"_qs));
+    stage.open();
+    const auto colors = [&] {
+        return QList<QColor>{shownColor(stage, {4, 4}), shownColor(*card, {30, 30}),
+                             shownColor(*field, {60, 6})};
+    };
+    const auto expected = [&] {
+        return QList<QColor>{m_visual->pageBackground(),
+                             m_visual->color(ColorToken::cardBackground),
+                             m_visual->color(ColorToken::fieldBackground)};
+    };
+    const QList<QColor> light = expected();
+    QCOMPARE(colors(), light);
+
+    QSignalSpy changed(m_visual.get(), &VisualStyle::appearanceChanged);
+    m_visual->setAppearance(Appearance::dark);
+    QCOMPARE(changed.size(), 1);
+    QVERIFY(expected() != light);
+    QTRY_COMPARE(colors(), expected());
+    QCOMPARE(field->palette().color(QPalette::Highlight),
+             m_visual->color(ColorToken::textSelection));
+    m_visual->setAppearance(Appearance::light);
+    QTRY_COMPARE(colors(), light);
+}
+
+void AppearanceTest::sameAppearanceIsNoChange()
+{
+    QSignalSpy changed(m_visual.get(), &VisualStyle::appearanceChanged);
+    QSignalSpy grown(m_visual.get(), &VisualStyle::metricsChanged);
+    m_visual->setAppearance(Appearance::light);
+    m_visual->setFontFactor(1);
+    QVERIFY(changed.isEmpty());
+    m_visual->setFontFactor(7);
+    m_visual->setFontFactor(1.5);
+    QCOMPARE(grown.size(), 1);
+}
+
+void AppearanceTest::factorGrowsControls()
+{
+    Stage stage;
+    auto* button = stage.add(new PushButton(*m_visual, u"Save Workspace"_qs));
+    auto* field = stage.add(new TextField(*m_visual, u"Name"_qs));
+    auto* label = stage.add(new TextLabel(*m_visual, u"Workspaces"_qs));
+    stage.open();
+    const int width = button->sizeHint().width();
+    QCOMPARE(button->height(), 32);
+    m_visual->setFontFactor(1.5);
+    QTRY_COMPARE(button->height(), 48);
+    QTRY_COMPARE(field->height(), 51);
+    QTRY_COMPARE(label->height(), 30);
+    QVERIFY(button->sizeHint().width() > width * 4 / 3);
+}
+
+void AppearanceTest::wrappedTextIsNeverCut_data()
+{
+    QTest::addColumn<double>("factor");
+    QTest::addColumn<int>("width");
+    QTest::newRow("usual") << 1.0 << 540;
+    QTest::newRow("narrow") << 1.0 << 260;
+    QTest::newRow("large") << 1.5 << 400;
+    QTest::newRow("large and narrow") << 1.5 << 260;
+}
+
+void AppearanceTest::wrappedTextIsNeverCut()
+{
+    QFETCH(double, factor);
+    QFETCH(int, width);
+    m_visual->setFontFactor(factor);
+    Stage stage;
+    auto* label = new TextLabel(*m_visual, longText, TextRole::callout);
+    label->setWordWrap(true);
+    stage.add(label);
+    auto* toggle = stage.add(new Switch(*m_visual, longText));
+    stage.open({width, 400});
+    const auto needed = [&](TextRole role, int room) {
+        return Paragraph(longText, m_visual->text(role), room, Qt::LeftToRight).height();
+    };
+    QTRY_COMPARE(label->height(), needed(TextRole::callout, label->width()));
+    const int track = m_visual->scaled(Tokens::Size::switchWidth);
+    QVERIFY(toggle->height() >= needed(TextRole::body, toggle->width() - track - 16));
+}
+
+void AppearanceTest::scrollBarTakesNoRoom()
+{
+    ScrollArea area;
+    auto* content = new QWidget;
+    content->setMinimumHeight(1000);
+    area.setContent(content);
+    area.resize(200, 200);
+    area.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&area));
+    QVERIFY(area.verticalScrollBar()->isVisible());
+    QCOMPARE(content->width(), 200);
+    // The thumb is painted over the content, whose background shows beside it.
+    const QColor thumb = shownColor(area, {200 - 6, 20});
+    QVERIFY(thumb != m_visual->pageBackground());
+    QCOMPARE(shownColor(area, {200 - 12, 20}), m_visual->pageBackground());
+    QTest::mouseClick(area.verticalScrollBar(), Qt::LeftButton, {}, {8, 190});
+    QVERIFY(area.verticalScrollBar()->value() > 0);
+}
+
+QTEST_MAIN(AppearanceTest)
+#include "AppearanceTest.moc"
