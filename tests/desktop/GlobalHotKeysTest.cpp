@@ -1,0 +1,415 @@
+// Hot keys from the key press to the trigger, on a real X server and window manager. The keys are
+// pressed by another program, by their place on the keyboard: what a digit's key is depends on the
+// layout.
+
+#include "platform/x11/X11HotKeys.h"
+#include "services/GlobalHotKeyManager.h"
+
+#include "support/ShortcutWorkspaces.h"
+#include "support/VirtualDesktop.h"
+
+#include <QAbstractEventDispatcher>
+#include <QTest>
+
+#include <xcb/xcb.h>
+
+#include <random>
+
+using namespace trovell;
+using namespace trovell::test;
+using namespace std::chrono_literals;
+
+namespace {
+
+using Keycodes = QList<quint8>;
+
+constexpr quint16 lock = XCB_MOD_MASK_LOCK;
+constexpr quint16 numLock = XCB_MOD_MASK_2;
+constexpr quint16 controlAlt = XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1;
+constexpr quint16 anyModifier = XCB_MOD_MASK_ANY;
+constexpr quint8 leftControlKey = 37;
+constexpr quint8 leftAltKey = 64;
+/// Those that "us", "fr" and most other layouts have for the digits 1 to 5, and for 6.
+const Keycodes digitKeys{10, 11, 12, 13, 14};
+constexpr quint8 sixKey = 15;
+
+/// Another program that grabs keys.
+class OtherProgram {
+public:
+    explicit OtherProgram(const VirtualDesktop& desktop)
+        : m_connection(X11Server{desktop.displayName(), {}})
+    {
+    }
+
+    /// False when somebody else owns it.
+    bool grab(quint8 keycode, quint16 modifiers)
+    {
+        const auto cookie =
+            xcb_grab_key_checked(m_connection.get(), 0, m_connection.root(), modifiers, keycode,
+                                 XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+        return !X11Reply<xcb_generic_error_t>(xcb_request_check(m_connection.get(), cookie));
+    }
+
+    void ungrab(quint8 keycode, quint16 modifiers)
+    {
+        const auto cookie =
+            xcb_ungrab_key_checked(m_connection.get(), keycode, m_connection.root(), modifiers);
+        free(xcb_request_check(m_connection.get(), cookie));
+    }
+
+    /// Whether nobody owns the key with any modifiers.
+    bool isFree(quint8 keycode)
+    {
+        const bool isGranted = grab(keycode, anyModifier);
+        if (isGranted)
+            ungrab(keycode, anyModifier);
+        return isGranted;
+    }
+
+    /// How many presses of its keys arrived since the last call.
+    int takePressCount()
+    {
+        int count = 0;
+        while (const auto event =
+                   X11Reply<xcb_generic_event_t>(xcb_poll_for_event(m_connection.get())))
+            count += event->response_type == XCB_KEY_PRESS ? 1 : 0;
+        return count;
+    }
+
+    quint16 lockState() const
+    {
+        const auto state = m_connection.reply<xcb_query_pointer_reply>(
+            xcb_query_pointer(m_connection.get(), m_connection.root()));
+        return state ? state->mask & (lock | numLock) : 0;
+    }
+
+private:
+    X11Connection m_connection;
+};
+
+/// One run of xdotool; the modifier keys are held around `actions`.
+void hold(const VirtualDesktop& desktop, const Keycodes& modifierKeys,
+          const QByteArrayList& actions)
+{
+    QByteArrayList arguments;
+    for (const quint8 key : modifierKeys)
+        arguments += {"keydown", QByteArray::number(key)};
+    arguments += actions;
+    for (const quint8 key : modifierKeys)
+        arguments += {"keyup", QByteArray::number(key)};
+    desktop.run("xdotool", arguments);
+}
+
+} // namespace
+
+class GlobalHotKeysTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+    void reachesTheRightWorkspace_data();
+    void reachesTheRightWorkspace();
+    void leavesOtherCombinationsAlone();
+    void refusesWhatAnotherProgramOwns_data();
+    void refusesWhatAnotherProgramOwns();
+    void keepsOneGrabThroughEveryChange();
+    void releasesEverythingAtItsEnd();
+    void takesAHeldKeyForOnePress();
+    void takesEveryPressWhileAnotherKeyIsHeld();
+    void followsTheLayout();
+    void isSilentWhereTheNewPlaceIsTaken();
+    void waitsForALayoutWithDigits();
+    void survivesTheServer();
+
+private:
+    void registerAll(const ShortcutWorkspaces& workspaces)
+    {
+        m_manager->registerHotKeys(workspaces.list(),
+                                   [this](const QUuid& id) { m_triggered.append(id); });
+    }
+
+    void press(const Keycodes& keycodes,
+               const Keycodes& modifierKeys = {leftControlKey, leftAltKey})
+    {
+        QByteArrayList actions;
+        for (const quint8 keycode : keycodes)
+            actions += {"key", QByteArray::number(keycode)};
+        hold(*m_desktop, modifierKeys, actions);
+    }
+
+    /// Presses them all and then, as the end mark, the digit 5 at `lastKey`. Returns what was
+    /// triggered before the mark, as shortcut indexes.
+    QList<int> triggeredBy(const Keycodes& keycodes, quint8 lastKey = digitKeys[4]);
+    int shortcutIndex(const QUuid& workspaceId) const;
+    Keycodes freeKeys();
+    void setLocks(quint16 wanted);
+
+    std::unique_ptr<VirtualDesktop> m_desktop;
+    std::unique_ptr<OtherProgram> m_other;
+    std::unique_ptr<X11HotKeys> m_hotKeys;
+    std::unique_ptr<GlobalHotKeyManager> m_manager;
+    /// The workspace at place i has the shortcut at place i of the choices.
+    const ShortcutWorkspaces m_workspaces{{0, 1, 2, 3, 4, 5}};
+    QList<QUuid> m_triggered;
+};
+
+void GlobalHotKeysTest::initTestCase()
+{
+    m_desktop = std::make_unique<VirtualDesktop>(WindowManager::openbox);
+    QVERIFY2(m_desktop->isReady(), qPrintable(m_desktop->error()));
+}
+
+void GlobalHotKeysTest::init()
+{
+    m_desktop->run("setxkbmap", {"us"});
+    m_desktop->run("xset", {"r", "rate", "660", "25"});
+    m_other = std::make_unique<OtherProgram>(*m_desktop);
+    setLocks(0);
+    m_hotKeys = std::make_unique<X11HotKeys>(m_desktop->displayName());
+    m_manager = std::make_unique<GlobalHotKeyManager>(*m_hotKeys);
+    m_triggered.clear();
+}
+
+void GlobalHotKeysTest::cleanup()
+{
+    m_manager.reset();
+    m_hotKeys.reset();
+    m_other.reset();
+}
+
+QList<int> GlobalHotKeysTest::triggeredBy(const Keycodes& keycodes, quint8 lastKey)
+{
+    m_triggered.clear();
+    press(keycodes + Keycodes{lastKey});
+    if (!waitUntil([&] { return m_triggered.contains(m_workspaces.id(5)); }))
+        return {-1};
+    m_triggered.removeLast();
+    QList<int> indexes;
+    for (const QUuid& id : std::as_const(m_triggered))
+        indexes.append(shortcutIndex(id));
+    return indexes;
+}
+
+int GlobalHotKeysTest::shortcutIndex(const QUuid& workspaceId) const
+{
+    for (size_t index = 1; index <= 5; ++index) {
+        if (m_workspaces.id(index) == workspaceId)
+            return static_cast<int>(index);
+    }
+    return 0;
+}
+
+Keycodes GlobalHotKeysTest::freeKeys()
+{
+    Keycodes result;
+    for (const quint8 keycode : digitKeys) {
+        if (m_other->isFree(keycode))
+            result.append(keycode);
+    }
+    return result;
+}
+
+void GlobalHotKeysTest::setLocks(quint16 wanted)
+{
+    const quint16 toggled = m_other->lockState() ^ wanted;
+    if ((toggled & lock) != 0)
+        m_desktop->run("xdotool", {"key", "Caps_Lock"});
+    if ((toggled & numLock) != 0)
+        m_desktop->run("xdotool", {"key", "Num_Lock"});
+    QCOMPARE(m_other->lockState(), wanted);
+}
+
+void GlobalHotKeysTest::reachesTheRightWorkspace_data()
+{
+    QTest::addColumn<QByteArray>("layout");
+    QTest::addColumn<quint16>("locks");
+    for (const char* layout : {"us", "fr"}) {
+        QTest::addRow("%s", layout) << QByteArray(layout) << quint16(0);
+        QTest::addRow("%s, Caps Lock", layout) << QByteArray(layout) << lock;
+        QTest::addRow("%s, Num Lock", layout) << QByteArray(layout) << numLock;
+        QTest::addRow("%s, both", layout) << QByteArray(layout) << quint16(lock | numLock);
+    }
+}
+
+void GlobalHotKeysTest::reachesTheRightWorkspace()
+{
+    QFETCH(QByteArray, layout);
+    QFETCH(quint16, locks);
+    m_desktop->run("setxkbmap", {layout});
+    registerAll(m_workspaces);
+    setLocks(locks);
+    QCOMPARE(triggeredBy({10, 11, 12, 13, 14, 13, 10}), (QList{1, 2, 3, 4, 5, 4, 1}));
+}
+
+void GlobalHotKeysTest::leavesOtherCombinationsAlone()
+{
+    registerAll(m_workspaces);
+    constexpr quint8 shiftKey = 50;
+    constexpr quint8 superKey = 115;
+    for (const Keycodes& modifierKeys : {Keycodes{}, Keycodes{leftControlKey}, Keycodes{leftAltKey},
+                                         Keycodes{leftControlKey, leftAltKey, shiftKey},
+                                         Keycodes{leftControlKey, leftAltKey, superKey}})
+        press(digitKeys, modifierKeys);
+    QCOMPARE(triggeredBy({sixKey}), QList<int>{});
+}
+
+void GlobalHotKeysTest::refusesWhatAnotherProgramOwns_data()
+{
+    QTest::addColumn<quint16>("modifiers");
+    QTest::newRow("the combination") << controlAlt;
+    QTest::newRow("the combination with both locks") << quint16(controlAlt | lock | numLock);
+    QTest::newRow("the key with any modifiers") << anyModifier;
+}
+
+void GlobalHotKeysTest::refusesWhatAnotherProgramOwns()
+{
+    QFETCH(quint16, modifiers);
+    const quint8 second = digitKeys[1];
+    QVERIFY(m_other->grab(second, modifiers));
+    registerAll(m_workspaces);
+    QCOMPARE(triggeredBy({10, 11, 12, 13}), (QList{1, 3, 4}));
+    setLocks(lock | numLock);
+    QCOMPARE(triggeredBy({10, 11, 12, 13}), (QList{1, 3, 4}));
+    // No combination with a lock is left behind.
+    m_other->ungrab(second, modifiers);
+    QCOMPARE(freeKeys(), Keycodes{second});
+    registerAll(m_workspaces);
+    QCOMPARE(triggeredBy({11}), QList{2});
+}
+
+void GlobalHotKeysTest::keepsOneGrabThroughEveryChange()
+{
+    const quint32 seed = std::random_device()();
+    qInfo("seed %u", seed);
+    std::mt19937 random(seed);
+    for (int round = 0; round < 50; ++round) {
+        QList<int> indexes{1, 2, 3, 4, 5, 1, 2};
+        std::ranges::shuffle(indexes, random);
+        indexes.resize(static_cast<qsizetype>(random() % 8));
+        registerAll(ShortcutWorkspaces(indexes));
+        Keycodes unused;
+        for (int index = 1; index <= 5; ++index) {
+            if (!indexes.contains(index))
+                unused.append(digitKeys[index - 1]);
+        }
+        QTRY_COMPARE(freeKeys(), unused);
+    }
+    registerAll(m_workspaces);
+    registerAll(m_workspaces);
+    QCOMPARE(triggeredBy({10, 11}), (QList{1, 2}));
+}
+
+void GlobalHotKeysTest::releasesEverythingAtItsEnd()
+{
+    registerAll(m_workspaces);
+    m_manager.reset();
+    QTRY_COMPARE(freeKeys(), digitKeys);
+    {
+        X11HotKeys hotKeys(m_desktop->displayName());
+        QVERIFY(hotKeys.registerHotKey(1, 18, 0x1800));
+        QVERIFY(!m_other->isFree(10));
+    }
+    QTRY_VERIFY(m_other->isFree(10));
+}
+
+void GlobalHotKeysTest::takesAHeldKeyForOnePress()
+{
+    registerAll(m_workspaces);
+    m_desktop->run("xset", {"r", "rate", "100", "50"});
+    const auto holdKey = [this](quint8 key) {
+        const QByteArray name = QByteArray::number(key);
+        hold(*m_desktop, {leftControlKey, leftAltKey},
+             {"keydown", name, "sleep", "0.5", "keyup", name});
+    };
+    // Another program's key shows that keys do repeat here.
+    QVERIFY(m_other->grab(sixKey, controlAlt));
+    holdKey(sixKey);
+    QVERIFY(m_other->takePressCount() > 3);
+    const QUuid first = m_workspaces.id(1);
+    holdKey(10);
+    QTRY_COMPARE(m_triggered, QList{first});
+    holdKey(10);
+    QTRY_COMPARE(m_triggered, (QList{first, first}));
+    QCOMPARE(triggeredBy({11}), QList{2});
+}
+
+void GlobalHotKeysTest::takesEveryPressWhileAnotherKeyIsHeld()
+{
+    registerAll(m_workspaces);
+    // The grab ends with the first key, so the release of the second goes somewhere else.
+    hold(*m_desktop, {leftControlKey, leftAltKey},
+         {"keydown", "10", "keydown", "11", "keyup", "10", "keyup", "11"});
+    QTRY_COMPARE(m_triggered, (QList{m_workspaces.id(1), m_workspaces.id(2)}));
+    QCOMPARE(triggeredBy({11, 10}), (QList{2, 1}));
+}
+
+void GlobalHotKeysTest::followsTheLayout()
+{
+    registerAll(m_workspaces);
+    // Its number row reads [ 7 5 3 1 9 0 2 4 6 8.
+    m_desktop->run("setxkbmap", {"us", "dvorak-classic"});
+    QTRY_COMPARE(freeKeys(), (Keycodes{10, 11}));
+    QCOMPARE(triggeredBy({10, 13, 14, 15, 17, 18}, 12), (QList{3, 1, 2, 4}));
+    m_desktop->run("setxkbmap", {"fr"});
+    QTRY_COMPARE(freeKeys(), Keycodes{});
+    QVERIFY(m_other->isFree(17));
+    QCOMPARE(triggeredBy({10, 11, 12, 13, 17}), (QList{1, 2, 3, 4}));
+}
+
+void GlobalHotKeysTest::isSilentWhereTheNewPlaceIsTaken()
+{
+    registerAll(m_workspaces);
+    constexpr quint8 otherPlace = 24;
+    QVERIFY(m_other->grab(otherPlace, controlAlt));
+    m_desktop->run("xmodmap", {"-e", "keycode 24 = 1", "-e", "keycode 10 = q"});
+    QTRY_VERIFY(m_other->isFree(10));
+    QCOMPARE(triggeredBy({10, otherPlace, 11}), QList{2});
+    m_desktop->run("setxkbmap", {"us"});
+    QTRY_VERIFY(!m_other->isFree(10));
+    QCOMPARE(triggeredBy({10, otherPlace, 11}), (QList{1, 2}));
+}
+
+void GlobalHotKeysTest::waitsForALayoutWithDigits()
+{
+    registerAll(m_workspaces);
+    m_desktop->run("setxkbmap", {"np"});
+    QTRY_COMPARE(freeKeys(), digitKeys);
+    registerAll(m_workspaces);
+    QCOMPARE(freeKeys(), digitKeys);
+    m_desktop->run("setxkbmap", {"us"});
+    QTRY_COMPARE(freeKeys(), Keycodes{});
+    QCOMPARE(triggeredBy({10, 11}), (QList{1, 2}));
+}
+
+void GlobalHotKeysTest::survivesTheServer()
+{
+    VirtualDesktop desktop(WindowManager::none);
+    QVERIFY2(desktop.isReady(), qPrintable(desktop.error()));
+    X11HotKeys hotKeys(desktop.displayName());
+    GlobalHotKeyManager manager(hotKeys);
+    manager.registerHotKeys(m_workspaces.list(), {});
+    QTest::qWait(100);
+
+    int awakeCount = 0;
+    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, this,
+            [&] { ++awakeCount; });
+    const auto wakeUpsOfAWhile = [&] {
+        awakeCount = 0;
+        QTest::qWait(300);
+        return awakeCount;
+    };
+    // The wait itself wakes up every ten milliseconds.
+    constexpr int restful = 100;
+    QVERIFY(wakeUpsOfAWhile() < restful);
+    desktop.killServer();
+    QTest::qWait(100);
+    QVERIFY(wakeUpsOfAWhile() < restful);
+    manager.registerHotKeys(m_workspaces.list(), {});
+    QCOMPARE(hotKeys.registerHotKey(1, 18, 0x1800), std::nullopt);
+    QCOMPARE(X11HotKeys(":99999").registerHotKey(1, 18, 0x1800), std::nullopt);
+}
+
+QTEST_GUILESS_MAIN(GlobalHotKeysTest)
+#include "GlobalHotKeysTest.moc"
