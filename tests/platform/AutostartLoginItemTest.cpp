@@ -1,0 +1,316 @@
+#include "platform/freedesktop/AutostartLoginItem.h"
+
+#include "support/PrivateSession.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+#include <QtTest>
+
+#include <sys/stat.h>
+
+using namespace trovell;
+using trovell::test::PrivateSession;
+
+namespace {
+
+const QString id = u"app.trovell.Trovell"_qs;
+const QString userFile = u"config/autostart/app.trovell.Trovell.desktop"_qs;
+const QString systemFile = u"xdg/autostart/app.trovell.Trovell.desktop"_qs;
+const QString installedFile = u"share/applications/app.trovell.Trovell.desktop"_qs;
+
+const QByteArray installed = "[Desktop Entry]\nType=Application\nName=Trovell\n"
+                             "Name[el]=\xce\xa4\nExec=trovell\nIcon=app.trovell.Trovell\n"
+                             "Actions=open-trovell;\nDBusActivatable=true\n\n"
+                             "[Desktop Action open-trovell]\nName=Open Trovell\nExec=trovell\n";
+const QByteArray plain = "[Desktop Entry]\nType=Application\nName=Trovell\nExec=trovell\n"
+                         "Icon=app.trovell.Trovell\n";
+/// The user's own: a comment, a translation in Latin-1, keys that mean nothing here, a group.
+const QByteArray customized = "# starts late\n[Desktop Entry]\nType=Application\nName=Trovell\n"
+                              "Name[fr]=\xc9tag\xe8re\nExec=env LANG=de trovell\n"
+                              "X-GNOME-Autostart-Delay=9\n\n[X-Mine]\nkey=1\n";
+
+QByteArray withoutBlankLines(QByteArray text)
+{
+    while (text.contains("\n\n"))
+        text.replace("\n\n", "\n");
+    return text;
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(LoginItemStatus)
+
+class AutostartLoginItemTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void tellsTheStatus_data();
+    void tellsTheStatus();
+    void ignoresWhatIsNoEntry_data();
+    void ignoresWhatIsNoEntry();
+    void needsTheProgramToBeInstalled();
+    void switchesOnAndOff_data();
+    void switchesOnAndOff();
+    void writesAValidEntry();
+    void keepsWhatTheUserWrote_data();
+    void keepsWhatTheUserWrote();
+    void switchesASystemEntryOff();
+    void leavesFilesBehindLinksAlone();
+    void saysWhyItFailed_data();
+    void saysWhyItFailed();
+
+private:
+    QString path(const QString& name) const { return m_session->path(name); }
+    QByteArray content(const QString& name) const
+    {
+        QFile file(path(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    void link(const QString& target) const
+    {
+        QDir().mkpath(path(u"config/autostart"_qs));
+        QVERIFY(QFile::link(target, path(userFile)));
+    }
+
+    std::unique_ptr<PrivateSession> m_session;
+    const AutostartLoginItem m_item{id};
+    AutostartLoginItem m_changes{id};
+};
+
+void AutostartLoginItemTest::init()
+{
+    m_session.reset();
+    m_session = std::make_unique<PrivateSession>();
+    m_session->write(installedFile, installed);
+    qputenv("XDG_CURRENT_DESKTOP", "ubuntu:GNOME");
+}
+
+void AutostartLoginItemTest::tellsTheStatus_data()
+{
+    using enum LoginItemStatus;
+    QTest::addColumn<QByteArray>("user");
+    QTest::addColumn<QByteArray>("system");
+    QTest::addColumn<LoginItemStatus>("status");
+
+    const QByteArray none;
+    QTest::newRow("nothing") << none << none << notRegistered;
+    QTest::newRow("an entry") << plain << none << enabled;
+    QTest::newRow("the system's") << none << plain << enabled;
+    QTest::newRow("customized") << customized << none << enabled;
+    QTest::newRow("Windows line ends")
+        << QByteArray(plain).replace("\n", "\r\n") << none << enabled;
+    QTest::newRow("the user's hides the system's")
+        << QByteArray("[Desktop Entry]\nHidden=true\n") << plain << requiresApproval;
+    QTest::newRow("hidden by the system") << none << plain + "Hidden=true\n" << requiresApproval;
+    QTest::newRow("the user's wins") << plain << plain + "Hidden=true\n" << enabled;
+    QTest::newRow("not started without Exec")
+        << QByteArray("[Desktop Entry]\nType=Application\nName=T\n") << none << requiresApproval;
+
+    const auto withKey = [&](const char* key, LoginItemStatus status) {
+        QTest::newRow(key) << plain + key + '\n' << none << status;
+    };
+    withKey("Hidden=true", requiresApproval);
+    withKey("Hidden = 1 ", requiresApproval);
+    withKey("Hidden=false", enabled);
+    withKey("Hidden=maybe", enabled);
+    withKey("X-GNOME-Autostart-enabled=false", requiresApproval);
+    withKey("X-GNOME-Autostart-enabled=true", enabled);
+    withKey("X-MATE-Autostart-enabled=false", requiresApproval);
+    withKey("OnlyShowIn=KDE;XFCE;", requiresApproval);
+    withKey("OnlyShowIn=KDE;GNOME", enabled);
+    withKey("OnlyShowIn=", requiresApproval);
+    withKey("NotShowIn=GNOME;", requiresApproval);
+    withKey("NotShowIn=KDE;", enabled);
+    withKey("TryExec=/nothing/there", requiresApproval);
+    withKey("TryExec=sh", enabled);
+    withKey("[Desktop Action x]\nHidden=true", enabled);
+}
+
+void AutostartLoginItemTest::tellsTheStatus()
+{
+    QFETCH(QByteArray, user);
+    QFETCH(QByteArray, system);
+    if (!user.isEmpty())
+        m_session->write(userFile, user);
+    if (!system.isEmpty())
+        m_session->write(systemFile, system);
+    QTEST(m_item.status(), "status");
+}
+
+void AutostartLoginItemTest::ignoresWhatIsNoEntry_data()
+{
+    QTest::addColumn<QByteArray>("user");
+    QTest::newRow("empty") << QByteArray("");
+    QTest::newRow("text") << QByteArray("Exec=trovell\n");
+    QTest::newRow("another group") << QByteArray("[Desktop]\nExec=trovell\n");
+    QTest::newRow("picture") << QByteArray("\x89PNG\r\n\0\0\0\rIHDR", 16);
+    QTest::newRow("UTF-16") << QByteArray("\xff\xfe[\0D\0", 6);
+}
+
+void AutostartLoginItemTest::ignoresWhatIsNoEntry()
+{
+    QFETCH(QByteArray, user);
+    m_session->write(userFile, user);
+    QCOMPARE(m_item.status(), LoginItemStatus::notRegistered);
+    QVERIFY(m_changes.unregisterLoginItem());
+    QCOMPARE(content(userFile), user);
+    QVERIFY(m_changes.registerLoginItem());
+    QCOMPARE(content(userFile), plain);
+}
+
+void AutostartLoginItemTest::needsTheProgramToBeInstalled()
+{
+    // A user can remove what the system has installed.
+    m_session->addDesktopFile(id, "Hidden=true");
+    QCOMPARE(m_item.status(), LoginItemStatus::notFound);
+    const auto result = m_changes.registerLoginItem();
+    QCOMPARE(result.error(), u"app.trovell.Trovell.desktop: No such file or directory"_qs);
+    QVERIFY(!QFileInfo::exists(path(userFile)));
+    QVERIFY(m_changes.unregisterLoginItem());
+
+    // What starts at login can still be switched off.
+    m_session->write(userFile, plain);
+    QCOMPARE(m_item.status(), LoginItemStatus::enabled);
+    QVERIFY(m_changes.unregisterLoginItem());
+    QCOMPARE(m_item.status(), LoginItemStatus::requiresApproval);
+}
+
+void AutostartLoginItemTest::switchesOnAndOff_data()
+{
+    QTest::addColumn<QByteArray>("switchedOff");
+    QTest::newRow("not by anyone") << QByteArray();
+    QTest::newRow("by GNOME") << plain + "X-GNOME-Autostart-enabled=false\n";
+    QTest::newRow("by Xfce or KDE") << plain + "Hidden=true\n";
+    QTest::newRow("for other desktops") << plain + "OnlyShowIn=KDE;\nNotShowIn=GNOME;\n";
+}
+
+void AutostartLoginItemTest::switchesOnAndOff()
+{
+    QFETCH(QByteArray, switchedOff);
+    for (int round = 0; round < 2; ++round) {
+        if (!switchedOff.isEmpty())
+            m_session->write(userFile, switchedOff);
+        QVERIFY(m_changes.registerLoginItem());
+        QCOMPARE(m_item.status(), LoginItemStatus::enabled);
+        QCOMPARE(content(userFile), plain);
+        QVERIFY(m_changes.registerLoginItem());
+        QCOMPARE(content(userFile), plain);
+
+        QVERIFY(m_changes.unregisterLoginItem());
+        QCOMPARE(m_item.status(), LoginItemStatus::notRegistered);
+        QVERIFY(m_changes.unregisterLoginItem());
+        QCOMPARE(QDir(path(u"config/autostart"_qs)).entryList(QDir::Files | QDir::Hidden),
+                 QStringList());
+    }
+}
+
+void AutostartLoginItemTest::writesAValidEntry()
+{
+    QVERIFY(m_changes.registerLoginItem());
+    QProcess validator;
+    validator.start(u"desktop-file-validate"_qs, {path(userFile)});
+    QVERIFY(validator.waitForFinished());
+    QCOMPARE(validator.readAll(), QByteArray());
+    QCOMPARE(validator.exitCode(), 0);
+    struct stat status = {};
+    QCOMPARE(stat(QFile::encodeName(path(userFile)).constData(), &status), 0);
+    QCOMPARE(status.st_mode & 0133U, 0U);
+}
+
+void AutostartLoginItemTest::keepsWhatTheUserWrote_data()
+{
+    QTest::addColumn<QByteArray>("entry");
+    QTest::newRow("much") << customized;
+    QTest::newRow("another program") << QByteArray(plain).replace("Exec=", "Exec=nice ");
+    QTest::newRow("one key") << plain + "X-KDE-autostart-phase=2\n";
+    QTest::newRow("a comment") << "# mine\n" + plain;
+}
+
+void AutostartLoginItemTest::keepsWhatTheUserWrote()
+{
+    QFETCH(QByteArray, entry);
+    m_session->write(userFile, entry);
+    QVERIFY(m_changes.unregisterLoginItem());
+    QCOMPARE(m_item.status(), LoginItemStatus::requiresApproval);
+    const QByteArray off = content(userFile);
+    QCOMPARE(withoutBlankLines(off).replace("Hidden=true\n", ""), withoutBlankLines(entry));
+    QVERIFY(m_changes.unregisterLoginItem());
+    QCOMPARE(content(userFile), off);
+    QVERIFY(m_changes.registerLoginItem());
+    QCOMPARE(withoutBlankLines(content(userFile)), withoutBlankLines(entry));
+}
+
+void AutostartLoginItemTest::switchesASystemEntryOff()
+{
+    m_session->write(systemFile, plain);
+    QVERIFY(m_changes.registerLoginItem());
+    QVERIFY(!QFileInfo::exists(path(userFile)));
+    QVERIFY(m_changes.unregisterLoginItem());
+    QCOMPARE(m_item.status(), LoginItemStatus::requiresApproval);
+    QVERIFY(m_changes.registerLoginItem());
+    QCOMPARE(m_item.status(), LoginItemStatus::enabled);
+    // Removing the user's entry would bring the system's back.
+    QVERIFY(m_changes.unregisterLoginItem());
+    QCOMPARE(m_item.status(), LoginItemStatus::requiresApproval);
+    QCOMPARE(content(systemFile), plain);
+
+    m_session->write(systemFile, plain + "OnlyShowIn=KDE;\n");
+    QVERIFY(QFile::remove(path(userFile)));
+    QVERIFY(m_changes.registerLoginItem());
+    QCOMPARE(content(userFile), plain);
+}
+
+void AutostartLoginItemTest::leavesFilesBehindLinksAlone()
+{
+    link(path(installedFile));
+    QCOMPARE(m_item.status(), LoginItemStatus::enabled);
+    QVERIFY(m_changes.unregisterLoginItem());
+    QVERIFY(!QFileInfo(path(userFile)).isSymLink());
+    QCOMPARE(content(installedFile), installed);
+
+    const QString elsewhere = m_session->write(u"dotfiles/entry"_qs, customized + "Hidden=1\n");
+    link(elsewhere);
+    QVERIFY(m_changes.registerLoginItem());
+    QCOMPARE(m_item.status(), LoginItemStatus::enabled);
+    QCOMPARE(content(u"dotfiles/entry"_qs), customized + "Hidden=1\n");
+
+    QVERIFY(QFile::remove(path(userFile)));
+    link(path(u"gone"_qs));
+    QCOMPARE(m_item.status(), LoginItemStatus::notRegistered);
+    QVERIFY(m_changes.unregisterLoginItem());
+    QVERIFY(m_changes.registerLoginItem());
+    QCOMPARE(content(userFile), plain);
+    QVERIFY(!QFileInfo::exists(path(u"gone"_qs)));
+}
+
+void AutostartLoginItemTest::saysWhyItFailed_data()
+{
+    QTest::addColumn<QString>("obstacle");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("a folder in its place") << userFile + u"/folder"_qs << u"Is a directory"_qs;
+    QTest::newRow("no folder to write to") << u"config/autostart"_qs << u"Not a directory"_qs;
+}
+
+void AutostartLoginItemTest::saysWhyItFailed()
+{
+    QFETCH(QString, obstacle);
+    QFETCH(QString, reason);
+    m_session->write(obstacle, "");
+    QCOMPARE(m_item.status(), LoginItemStatus::notRegistered);
+    const auto registered = m_changes.registerLoginItem();
+    QVERIFY(!registered);
+    QVERIFY2(registered.error().endsWith(reason), qPrintable(registered.error()));
+
+    m_session->write(systemFile, plain);
+    QCOMPARE(m_item.status(), LoginItemStatus::enabled);
+    const auto unregistered = m_changes.unregisterLoginItem();
+    QVERIFY(!unregistered);
+    QVERIFY2(unregistered.error().endsWith(reason), qPrintable(unregistered.error()));
+    QCOMPARE(m_item.status(), LoginItemStatus::enabled);
+}
+
+QTEST_GUILESS_MAIN(AutostartLoginItemTest)
+#include "AutostartLoginItemTest.moc"
