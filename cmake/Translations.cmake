@@ -2,6 +2,7 @@
 # the program, and two test languages made from the keys. A file translations/trovell_<language>.ts
 # adds a language; nothing else names it.
 
+find_package(Qt6 6.4 REQUIRED COMPONENTS LinguistTools)
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
 
 set(trovell_translation_folder ${PROJECT_BINARY_DIR}/translations)

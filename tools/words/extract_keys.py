@@ -1,14 +1,17 @@
-"""Collects the localisation keys of the sources: all literals with the suffix _key.
+"""Collects the localisation keys of the sources.
 
 Usage: extract_keys.py SOURCE_ROOT OUTPUT.cpp
 
-Writes them as a file that lupdate reads: one context, a key with one number as a message with
-plural forms, and for each number of a key with several a phrase in a context of its own (see
-views/words/TranslationTables.h). The file stays untouched when nothing has changed.
+A key is a literal with the suffix _key, anywhere, or a whole sentence in the logic, which knows
+nothing of translation: the views look its texts up as they come. The keys are written as a file
+that lupdate reads: one context, a key with one number as a message with plural forms, and for each
+number of a key with several a phrase in a context of its own (see views/words/TranslationTables.h).
+The file stays untouched when nothing has changed.
 """
 import pathlib
 import re
 import sys
+from typing import NamedTuple
 
 CONTEXT = "Trovell"
 TOKEN = re.compile(
@@ -21,6 +24,7 @@ TOKEN = re.compile(
       | (?P<sign>\S)""",
     re.DOTALL | re.VERBOSE)
 ESCAPE = re.compile(r"\\(u[0-9a-fA-F]{4}|x[0-9a-fA-F]+|.)", re.DOTALL)
+SENTENCE = re.compile(r"[^\W\d_][,.;:]? [^\W\d_]")
 PLACEHOLDER = re.compile(r"%(?:([1-9])\$)?(@|lld)")
 
 
@@ -39,26 +43,47 @@ def unescaped(literal):
     return ESCAPE.sub(character, literal)
 
 
+class Literal(NamedTuple):
+    text: str
+    suffix: str
+    line: int
+    is_text: bool  # Not of bytes: u"…" or within QStringLiteral.
+
+
 def literals(source):
-    """Yields (text, suffix, line) of every string literal, neighbours put together."""
-    pieces, start, before = [], 0, ""
+    """Yields all ordinary string literals, neighbours put together."""
+    pieces, is_text, start, before = [], False, 0, ["", ""]
     for token in TOKEN.finditer(source):
         line = source.count("\n", 0, token.start()) + 1
         if token.group("comment"):
             continue
-        if token.group("string") is not None and before != "operator":
+        if token.group("string") is not None and before[1] != "operator":
             start = start if pieces else line
+            is_text = is_text or token.group("prefix") == "u" or before == ["QStringLiteral", "("]
             pieces.append(token.group("string"))
-            if token.group("suffix"):
-                yield unescaped("".join(pieces)), token.group("suffix"), start
-                pieces = []
-            continue
+            if not token.group("suffix"):
+                continue
         if pieces:
-            yield unescaped("".join(pieces)), "", start
-            pieces = []
+            yield Literal(unescaped("".join(pieces)), token.group("suffix") or "", start, is_text)
+            pieces, is_text = [], False
         if token.group("word") == "_key" or (token.group("raw") or "").endswith("_key"):
             raise UnreadableKey(f"line {line}: _key stands only directly behind an ordinary literal")
-        before = token.group("word") or ""
+        before = [before[1], token.group()]
+
+
+def is_sentence(literal):
+    """Whether people read it: it has several words."""
+    return literal.is_text and SENTENCE.search(literal.text) is not None
+
+
+def is_piece(text):
+    """Whether a value is put into or beside the text."""
+    return text != text.strip() or re.search(r"%\d", text) is not None
+
+
+def is_key(literal, is_logic):
+    return literal.suffix == "_key" or \
+        (is_logic and is_sentence(literal) and not is_piece(literal.text))
 
 
 def keys_of(root):
@@ -69,11 +94,11 @@ def keys_of(root):
             continue
         name = file.relative_to(root).as_posix()
         try:
-            for text, suffix, _ in literals(file.read_text()):
-                if suffix == "_key":
-                    keys.setdefault(text, {})[name] = True
+            for literal in literals(file.read_text()):
+                if is_key(literal, not name.startswith("views/")):
+                    keys.setdefault(literal.text, {})[name] = True
         except UnreadableKey as problem:
-            sys.exit(f"{name}: {problem}")
+            raise UnreadableKey(f"{name}: {problem}") from problem
     return {key: list(keys[key]) for key in sorted(keys)}
 
 
@@ -111,4 +136,7 @@ def main(root, output):
 
 
 if __name__ == "__main__":
-    main(pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2]))
+    try:
+        main(pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2]))
+    except UnreadableKey as unreadable:
+        sys.exit(str(unreadable))

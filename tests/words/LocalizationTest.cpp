@@ -1,0 +1,242 @@
+// Looking texts up: languages, plural forms, placeholders and finished texts from the logic.
+#include "views/words/Localization.h"
+#include "views/words/Phrases.h"
+
+#include <QFile>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace trovell;
+
+namespace {
+
+const QString testTables = QStringLiteral(TROVELL_TEST_TABLES);
+const QString compiledTables = QStringLiteral(":/trovell/translations");
+
+/// In the language of one of the tables beside this test, with the product's English behind it.
+class TestWords : public Localization {
+public:
+    explicit TestWords(const QString& localeTag)
+        : Localization({testTables, compiledTables}, [] { return QLocale(QLocale::English); })
+    {
+        setLanguage(localeTag);
+    }
+};
+
+template <typename Key, typename... Arguments>
+concept CanBeShown = requires(const Localization& words, Key key, Arguments... arguments)
+{
+    words.text(key, arguments...);
+};
+
+using OneText = decltype(phrases::saved);
+using OneNumber = decltype(phrases::itemCount);
+static_assert(CanBeShown<OneText, QString>);
+static_assert(CanBeShown<OneNumber, qsizetype>);
+static_assert(!CanBeShown<OneText>);
+static_assert(!CanBeShown<OneText, qint64>);
+static_assert(!CanBeShown<OneText, QString, QString>);
+static_assert(!CanBeShown<OneNumber, QString>);
+static_assert(!CanBeShown<decltype(u"Items"_key), QString>);
+
+} // namespace
+
+class LocalizationTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void choosesTheTable_data()
+    {
+        QTest::addColumn<QString>("tag");
+        QTest::addColumn<QString>("light");
+        QTest::newRow("a language") << u"de"_qs << u"Hell"_qs;
+        QTest::newRow("a country without a table") << u"de-AT"_qs << u"Hell"_qs;
+        QTest::newRow("a script") << u"zh-Hans"_qs << u"浅色"_qs;
+        QTest::newRow("the script of a country") << u"zh-CN"_qs << u"浅色"_qs;
+        QTest::newRow("another script of the language") << u"zh-Hant"_qs << u"Light"_qs;
+        QTest::newRow("a language without a table") << u"fi"_qs << u"Light"_qs;
+        QTest::newRow("English") << u"en"_qs << u"Light"_qs;
+        QTest::newRow("the system's") << QString() << u"Light"_qs;
+    }
+    void choosesTheTable()
+    {
+        QFETCH(QString, tag);
+        QTEST(TestWords(tag).text(u"Light"_key), "light");
+    }
+
+    void followsTheSystem()
+    {
+        QLocale system(QStringLiteral("de_DE"));
+        Localization words({testTables, compiledTables}, [&system] { return system; });
+        QSignalSpy changed(&words, &Localization::languageChanged);
+        QCOMPARE(words.text(u"Light"_key), u"Hell"_qs);
+        words.refreshSystemLocale();
+        QCOMPARE(changed.count(), 0);
+        system = QLocale(QStringLiteral("zh_CN"));
+        words.refreshSystemLocale();
+        QCOMPARE(words.text(u"Light"_key), u"浅色"_qs);
+        QCOMPARE(changed.count(), 1);
+
+        words.setLanguage(u"en"_qs);
+        system = QLocale(QStringLiteral("de_DE"));
+        words.refreshSystemLocale();
+        QCOMPARE(words.text(u"Light"_key), u"Light"_qs);
+        words.setLanguage({});
+        QCOMPARE(words.text(u"Light"_key), u"Hell"_qs);
+    }
+
+    void aFileAddsALanguage()
+    {
+        const QTemporaryDir folder;
+        Localization words({folder.path(), compiledTables});
+        words.setLanguage(u"nl"_qs);
+        QCOMPARE(words.text(u"Light"_key), u"Light"_qs);
+        QVERIFY(
+            QFile::copy(testTables + u"/trovell_de.qm"_qs, folder.filePath(u"trovell_nl.qm"_qs)));
+        words.setLanguage(u"nl"_qs);
+        QCOMPARE(words.text(u"Light"_key), u"Hell"_qs);
+    }
+
+    void fallsBackKeyByKey()
+    {
+        const TestWords words(u"de"_qs);
+        QCOMPARE(words.text(u"Items"_key), u"Objekte"_qs);
+        QCOMPARE(words.text(phrases::motto), u"Your desktop, ready in one click."_qs);
+        QCOMPARE(words.text(u"Save Layout"_key), u"Save Layout"_qs);
+        QCOMPARE(words.text(u"Edit"_key), u"Edit"_qs); // Its translation is not finished.
+        QCOMPARE(words.text(phrases::created, u"Work"_qs), u"Work created."_qs);
+    }
+
+    void saysEnglishInTheProductsWords()
+    {
+        const TestWords words(u"en"_qs);
+        QCOMPARE(words.text(phrases::itemCount, 1), u"1 items"_qs);
+        QCOMPARE(words.text(phrases::activeItemsAndSavedWindows, 3, 5),
+                 u"3 active items • 5 saved windows"_qs);
+        QCOMPARE(words.text(phrases::chooseWindowsOfLayout, u"Work"_qs),
+                 u"Choose the open windows to save as Work's layout."_qs);
+        QCOMPARE(
+            words.text(u"Completed %lld actions. Review %lld skipped or failed items."_qs, {2, 1}),
+            u"Completed 2 actions. Review 1 skipped or failed items."_qs);
+        QCOMPARE(words.shownShortcut(u"⌃⌥5"_qs), u"Ctrl+Alt+5"_qs);
+        QCOMPARE(words.shownShortcut(u"⌘Q"_qs), u"⌘Q"_qs);
+    }
+
+    void usesThePluralFormsOfTheLanguage_data()
+    {
+        QTest::addColumn<QString>("tag");
+        QTest::addColumn<qint64>("count");
+        QTest::addColumn<QString>("items");
+        QTest::newRow("de 0") << u"de"_qs << qint64(0) << u"0 Objekte"_qs;
+        QTest::newRow("de 1") << u"de"_qs << qint64(1) << u"1 Objekt"_qs;
+        QTest::newRow("pl 1") << u"pl"_qs << qint64(1) << u"1 element"_qs;
+        QTest::newRow("pl 3") << u"pl"_qs << qint64(3) << u"3 elementy"_qs;
+        QTest::newRow("pl 5") << u"pl"_qs << qint64(5) << u"5 elementów"_qs;
+        QTest::newRow("pl 12") << u"pl"_qs << qint64(12) << u"12 elementów"_qs;
+        QTest::newRow("pl 22") << u"pl"_qs << qint64(22) << u"22 elementy"_qs;
+        QTest::newRow("more than an int holds")
+            << u"de"_qs << (qint64(1) << 32) + 1 << u"4.294.967.297 Objekte"_qs;
+        QTest::newRow("negative") << u"de"_qs << qint64(-1) << u"-1 Objekt"_qs;
+        QTest::newRow("one form") << u"zh-Hans"_qs << qint64(7) << u"7 个项目"_qs;
+    }
+    void usesThePluralFormsOfTheLanguage()
+    {
+        QFETCH(QString, tag);
+        QFETCH(qint64, count);
+        QTEST(TestWords(tag).text(phrases::itemCount, count), "items");
+    }
+
+    void givesEachOfSeveralNumbersItsOwnForm()
+    {
+        const TestWords german(u"de"_qs);
+        QCOMPARE(german.text(phrases::windowsSelectedAndPositionsKept, 2, 1),
+                 u"1 Position behalten, 2 Fenster gewählt"_qs);
+        QCOMPARE(german.text(u"Completed %lld actions and restored %lld windows."_key, 1, 2),
+                 u"2 Fenster, 1 Aktionen."_qs);
+        const TestWords polish(u"pl"_qs);
+        const auto summary = u"Completed %lld actions. %lld windows restored. "
+                             u"Review %lld skipped or failed items."_key;
+        QCOMPARE(polish.text(summary, 1, 2, 5), u"1 akcja • 2 okna • 5 wpisów"_qs);
+        QCOMPARE(polish.text(summary.text.toString(), {5, 1, 3}), u"5 akcji • 1 okno • 3 wpisy"_qs);
+    }
+
+    void writesNumbersAsTheLocaleDoes()
+    {
+        const TestWords german(u"de"_qs);
+        QCOMPARE(german.text(phrases::itemCount, 12345), u"12.345 Objekte"_qs);
+        QCOMPARE(german.text(phrases::currentTimeout, NumberArgument::plain(12345)),
+                 u"Current timeout: 12345 seconds"_qs);
+        QCOMPARE(TestWords(u"ar"_qs).text(phrases::selectedCount, 12), u"١٢ selected"_qs);
+    }
+
+    void neverReadsAValueAsAPlaceholder()
+    {
+        const TestWords words(u"en"_qs);
+        QCOMPARE(words.text(u"%@ • %@"_key, u"%@ %lld %2$@"_qs, u"last"_qs),
+                 u"%@ %lld %2$@ • last"_qs);
+        QCOMPARE(filledIn(u"100% of %@, 5 %lld"_qs, {u"it"_qs}), u"100% of it, 5 %lld"_qs);
+    }
+
+    void keepsTheProductsTextForRecords()
+    {
+        QCOMPARE(productText(phrases::saved, u"Work"_qs), u"Work saved."_qs);
+        QCOMPARE(productText(u"%lld items"_key, 12345), u"12345 items"_qs);
+    }
+
+    void recognisesDetails_data()
+    {
+        QTest::addColumn<QString>("detail");
+        QTest::addColumn<QString>("shown");
+        const auto row = [](const char* name, const QString& detail, const QString& shown) {
+            QTest::newRow(name) << detail << shown;
+        };
+        const auto couldNotOpen = u"macOS could not open %1."_qs;
+        row("fixed", u"The workspace file is damaged."_qs, u"Die Datei ist beschädigt."_qs);
+        row("fixed, English", u"macOS refused the window position change."_qs,
+            u"The system refused the window position change."_qs);
+        row("with a payload", couldNotOpen.arg(u"Mail"_qs), u"Mail ließ sich nicht öffnen."_qs);
+        row("payload first", u"file:///a b could not be found. Use Locate Again to update it."_qs,
+            u"Nicht gefunden: file:///a b"_qs);
+        row("no payload", couldNotOpen.arg(QString()), u" ließ sich nicht öffnen."_qs);
+        row("a placeholder as payload", couldNotOpen.arg(u"%lld %@ %1$@"_qs),
+            u"%lld %@ %1$@ ließ sich nicht öffnen."_qs);
+        row("several lines", couldNotOpen.arg(u"a\nb"_qs), u"a\nb ließ sich nicht öffnen."_qs);
+        row("itself as payload", couldNotOpen.arg(couldNotOpen.arg(u"x"_qs)),
+            u"macOS could not open x. ließ sich nicht öffnen."_qs);
+        row("another detail as payload", couldNotOpen.arg(u"The workspace file is damaged."_qs),
+            u"The workspace file is damaged. ließ sich nicht öffnen."_qs);
+        row("a detail in a detail",
+            u"Trovell could not open its local workspace store: The workspace file is damaged."_qs,
+            u"Start unmöglich: Die Datei ist beschädigt."_qs);
+        row("not translated", u"Mail is no longer available. Reopen it and capture again."_qs,
+            u"Mail is no longer available. Reopen it and capture again."_qs);
+        row("the system's own words", u"Permission denied %lld"_qs, u"Permission denied %lld"_qs);
+        row("less than its fixed parts", u"macOS could not open"_qs, u"macOS could not open"_qs);
+        row("empty", QString(), QString());
+    }
+    void recognisesDetails()
+    {
+        QFETCH(QString, detail);
+        QTEST(TestWords(u"de"_qs).shownDetail(detail), "shown");
+    }
+
+    void recognisesNotices()
+    {
+        const TestWords words(u"de"_qs);
+        QCOMPARE(words.shownNotice(u"Work saved."_qs), u"„Work“ gesichert."_qs);
+        QCOMPARE(words.shownNotice(u"Workspace renamed to A saved."_qs),
+                 u"Heißt jetzt „A saved“."_qs);
+        QCOMPARE(words.shownNotice(u"Items"_qs), u"Items"_qs);
+    }
+
+    void leavesTheNamesOfTheUserAlone()
+    {
+        const TestWords words(u"de"_qs);
+        QCOMPARE(words.shownResultName(u"Window layout"_qs), u"Fensteranordnung"_qs);
+        QCOMPARE(words.shownResultName(u"Items"_qs), u"Items"_qs);
+    }
+};
+
+QTEST_GUILESS_MAIN(LocalizationTest)
+#include "LocalizationTest.moc"

@@ -1,0 +1,85 @@
+// What a view shows, for tests that run it in a test language: texts that were not looked up, or
+// were put together from pieces, and texts that lack room. Views are tested for free with
+//
+//     Localization words({QStringLiteral(TROVELL_TEST_LANGUAGES)});
+//     words.setLanguage(u"en-XA"_qs);
+//     … build the view, show it …
+//     QCOMPARE(textsNotLookedUp(view, {u"Work"_qs}), QStringList());
+//     QCOMPARE(clippedTexts(view), QStringList());
+#pragma once
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRegularExpression>
+#include <QStringList>
+#include <QWidget>
+
+namespace trovell {
+
+/// Of `widget` itself: what it draws, its tooltip and what assistive tools read.
+inline QStringList shownTexts(const QWidget& widget)
+{
+    QStringList texts{widget.toolTip(), widget.accessibleName(), widget.accessibleDescription()};
+    if (widget.isWindow())
+        texts += widget.windowTitle();
+    for (const QAction* action : widget.actions())
+        texts += {action->text(), action->toolTip()};
+    if (const auto* const label = qobject_cast<const QLabel*>(&widget))
+        texts += label->text();
+    if (const auto* const button = qobject_cast<const QAbstractButton*>(&widget))
+        texts += button->text();
+    if (const auto* const field = qobject_cast<const QLineEdit*>(&widget))
+        texts += field->placeholderText();
+    if (const auto* const picker = qobject_cast<const QComboBox*>(&widget)) {
+        for (int i = 0; i < picker->count(); ++i)
+            texts += picker->itemText(i);
+    }
+    return texts;
+}
+
+inline QList<const QWidget*> widgetsIn(const QWidget& root)
+{
+    QList<const QWidget*> widgets{&root};
+    for (const QWidget* widget : root.findChildren<QWidget*>())
+        widgets.append(widget);
+    return widgets;
+}
+
+/// The texts in `root`, hidden ones too, that are not one whole text of a test language. `data` are
+/// names that stand in records and are shown as they are.
+inline QStringList textsNotLookedUp(const QWidget& root, const QStringList& data = {})
+{
+    static const QRegularExpression letter(QStringLiteral("\\p{L}"));
+    static const QRegularExpression oneText(QStringLiteral("^⟦[^⟦⟧]*⟧$"));
+    QStringList found;
+    for (const QWidget* widget : widgetsIn(root)) {
+        for (const QString& text : shownTexts(*widget)) {
+            if (text.contains(letter) && !text.contains(oneText) && !data.contains(text))
+                found += text;
+        }
+    }
+    return found;
+}
+
+/// The texts of the visible labels and buttons in `root` that are smaller than they ask to be.
+inline QStringList clippedTexts(const QWidget& root)
+{
+    QStringList found;
+    for (const QWidget* widget : widgetsIn(root)) {
+        const auto* const label = qobject_cast<const QLabel*>(widget);
+        const auto* const button = qobject_cast<const QAbstractButton*>(widget);
+        if (!widget->isVisible() || (label == nullptr && button == nullptr))
+            continue;
+        const bool wraps = label != nullptr && label->wordWrap();
+        const bool fits = wraps ? widget->height() >= widget->heightForWidth(widget->width())
+                                : widget->width() >= widget->sizeHint().width();
+        if (!fits)
+            found += label != nullptr ? label->text() : button->text();
+    }
+    return found;
+}
+
+} // namespace trovell
