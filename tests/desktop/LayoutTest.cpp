@@ -48,7 +48,7 @@ void openWindows(VirtualDesktop& desktop)
                          "552,452,100,500", "--gtk-frame-extents", "26,26,23,29", "--undecorated"});
     desktop.startClient({"--class", "Pair", "--title", "Ünïcode — 日本 ✓", "--geometry",
                          "420,300,1700,90", "--window", "--title", "Other", "--geometry",
-                         "380,260,2200,600"});
+                         "380,260,2100,600"});
     QVERIFY(desktop.inspector().waitForWindowCount(5));
     const QList<InspectedWindow> windows = desktop.inspector().windows();
     for (const InspectedWindow& window : windows)
@@ -201,9 +201,8 @@ void LayoutTest::tellsIdenticalDisplaysApart()
     TrovellWorkspace* workspace = session.capture();
 
     // The cables change places: the left one is now the second output.
-    desktop.unplugDisplay(1);
-    desktop.plugDisplay(0, size, QPoint(1280, 0));
     desktop.plugDisplay(1, size, QPoint(0, 0));
+    desktop.plugDisplay(0, size, QPoint(1280, 0));
     desktop.setPrimaryDisplay(1);
     scatter(desktop);
     QCOMPARE(session.start(*workspace), restoredLines(saved));
@@ -220,7 +219,8 @@ void LayoutTest::tellsWindowsOfOneTitleApart()
     const auto saved = inspector.windows();
     TrovellWorkspace* workspace = session.capture();
     scatter(desktop);
-    QCOMPARE(session.start(*workspace), (QStringList{u"Notes: restored"_qs, u"Notes: restored"_qs}));
+    QCOMPARE(session.start(*workspace),
+             (QStringList{u"Notes: restored"_qs, u"Notes: restored"_qs}));
     const auto now = inspector.windows();
     for (qsizetype index = 0; index < saved.size(); ++index)
         QCOMPARE(now.at(index).frame, saved.at(index).frame);
@@ -229,8 +229,8 @@ void LayoutTest::tellsWindowsOfOneTitleApart()
 void LayoutTest::waitsForALateWindow()
 {
     START_DESKTOP(WindowManager::openbox);
-    QProcess& first =
-        desktop.startClient({"--class", "Late", "--title", "Late", "--geometry", "400,300,800,300"});
+    QProcess& first = desktop.startClient(
+        {"--class", "Late", "--title", "Late", "--geometry", "400,300,800,300"});
     const QRect saved = inspector.waitForWindow(u"Late").frame;
     LayoutSession session(desktop);
     TrovellWorkspace* workspace = session.capture();
@@ -298,11 +298,13 @@ void LayoutTest::survivesAWindowThatVanishes()
         if (placement->windowTitleHint() == u"Vanishes"_qs)
             placement->setNormalizedX(placement->normalizedX() + 0.1);
     }
-    QCOMPARE(session.start(*workspace, 1),
-             (QStringList{u"PAIR: failed macOS refused the window position change."_qs,
-                          u"Stays: restored"_qs}));
+    // Whether it vanished before or after it had arrived is up to chance.
+    QStringList lines = session.start(*workspace, 1);
+    QVERIFY(lines.removeOne(u"PAIR: failed macOS refused the window position change."_qs) ||
+            lines.removeOne(u"Vanishes: restored"_qs));
+    QCOMPARE(lines, QStringList{u"Stays: restored"_qs});
     QCOMPARE(inspector.windowTitled(u"Stays")->frame, saved);
-    QVERIFY(!inspector.windowTitled(u"Vanishes"));
+    QVERIFY(waitUntil([&] { return !inspector.windowTitled(u"Vanishes"); }));
 }
 
 void LayoutTest::doesNotWaitForAHungProgram()

@@ -1,0 +1,216 @@
+// Opening the program through the desktop: this test's own program is the instance, installed with
+// the real desktop entry and service file on a private session bus.
+
+#include "platform/freedesktop/DesktopActivation.h"
+
+#include "support/VirtualDesktop.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QTest>
+
+using namespace trovell;
+using namespace trovell::test;
+
+namespace {
+
+constexpr const char* instanceOption = "--instance";
+
+/// What the program does at its start, reduced to a record of what happens.
+int runInstance(int argc, char** argv)
+{
+    QFile record(QFile::decodeName(argv[2]));
+    if (!record.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered))
+        return 1;
+    DesktopActivation activation("app.trovell.Trovell");
+    if (activation.forwardToRunningInstance())
+        return 0;
+    record.write("started\n");
+    QCoreApplication application(argc, argv);
+    QObject::connect(
+        &activation, &DesktopActivation::activationRequested, &application,
+        [&](const QString& token) { record.write("opened " + token.toUtf8() + '\n'); });
+    return QCoreApplication::exec();
+}
+
+QByteArray contents(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void write(const QString& path, const QByteArray& content)
+{
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(content), content.size());
+}
+
+} // namespace
+
+class DesktopActivationTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup() { m_desktop.reset(); }
+    void isInstalledWithValidFiles();
+    void isStartedByTheBus();
+    void opensTheRunningInstance_data();
+    void opensTheRunningInstance();
+    void forwardsASecondStart();
+    void startsOnceInARace();
+    void runsWithoutABus();
+    void outlivesTheBus();
+
+private:
+    QProcess& startProgram() { return m_desktop->start(m_program.toUtf8().constData()); }
+    /// Calls a method of org.freedesktop.Application.
+    void call(const char* method, const QByteArrayList& arguments)
+    {
+        m_desktop->run("gdbus",
+                       QByteArrayList{"call", "--session", "--dest", "app.trovell.Trovell",
+                                      "--object-path", "/app/trovell/Trovell", "--method",
+                                      QByteArray("org.freedesktop.Application.") + method} +
+                           arguments);
+    }
+    QByteArrayList record() const { return contents(m_record).trimmed().split('\n'); }
+
+    std::unique_ptr<VirtualDesktop> m_desktop;
+    QString m_program;
+    QString m_record;
+};
+
+void DesktopActivationTest::init()
+{
+    m_desktop = std::make_unique<VirtualDesktop>(WindowManager::none);
+    QVERIFY2(m_desktop->isReady(), qPrintable(m_desktop->error()));
+    const QString home = m_desktop->homePath();
+    m_program = home + u"/bin/trovell"_qs;
+    m_record = home + u"/record"_qs;
+    write(m_program, "#!/bin/sh\nexec '" + QCoreApplication::applicationFilePath().toUtf8() + "' " +
+                         instanceOption + " '" + m_record.toUtf8() + "'\n");
+    QFile::setPermissions(m_program, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    m_desktop->environment().insert(u"PATH"_qs, home + u"/bin:"_qs + qEnvironmentVariable("PATH"));
+
+    const QString packaging = QFINDTESTDATA("../../packaging");
+    const QString data = home + u"/.local/share"_qs;
+    write(data + u"/applications/app.trovell.Trovell.desktop"_qs,
+          contents(packaging + u"/app.trovell.Trovell.desktop"_qs));
+    write(data + u"/dbus-1/services/app.trovell.Trovell.service"_qs,
+          contents(packaging + u"/app.trovell.Trovell.service.in"_qs)
+              .replace("@CMAKE_INSTALL_FULL_BINDIR@", home.toUtf8() + "/bin"));
+}
+
+void DesktopActivationTest::isInstalledWithValidFiles()
+{
+    QProcess validator;
+    validator.start(u"desktop-file-validate"_qs,
+                    {QFINDTESTDATA("../../packaging/app.trovell.Trovell.desktop")});
+    QVERIFY(validator.waitForFinished());
+    QCOMPARE(validator.readAll(), QByteArray());
+    QCOMPARE(validator.exitCode(), 0);
+}
+
+void DesktopActivationTest::isStartedByTheBus()
+{
+    call("Activate", {"{'desktop-startup-id': <'menu_TIME7'>}"});
+    QTRY_COMPARE(record(), (QByteArrayList{"started", "opened menu_TIME7"}));
+}
+
+void DesktopActivationTest::opensTheRunningInstance_data()
+{
+    QTest::addColumn<QByteArrayList>("call");
+    QTest::addColumn<QByteArray>("token");
+    using Call = QByteArrayList;
+    QTest::newRow("menu entry") << Call{"Activate", "{'activation-token': <'a'>}"}
+                                << QByteArray("a");
+    QTest::newRow("both tokens") << Call{"Activate",
+                                         "{'desktop-startup-id': <'b'>, 'activation-token': <'c'>}"}
+                                 << QByteArray("c");
+    QTest::newRow("action") << Call{"ActivateAction", "open-trovell", "[]",
+                                    "{'desktop-startup-id': <'d'>}"}
+                            << QByteArray("d");
+    QTest::newRow("files") << Call{"Open", "['file:///tmp']", "{'desktop-startup-id': <'e'>}"}
+                           << QByteArray("e");
+    QTest::newRow("no token") << Call{"Activate", "@a{sv} {}"} << QByteArray();
+    QTest::newRow("tokens that are none")
+        << Call{"Activate", "{'desktop-startup-id': <7>, 'activation-token': <''>}"}
+        << QByteArray();
+}
+
+void DesktopActivationTest::opensTheRunningInstance()
+{
+    QFETCH(QByteArrayList, call);
+    QFETCH(QByteArray, token);
+    startProgram();
+    QTRY_COMPARE(record(), QByteArrayList{"started"});
+    for (const char* unknown : {"quit", "start"})
+        this->call("ActivateAction", {unknown, "[]", "@a{sv} {}"});
+    this->call(call.first().constData(), call.mid(1));
+    QTRY_COMPARE(record(), (QByteArrayList{"started", ("opened " + token).trimmed()}));
+}
+
+void DesktopActivationTest::forwardsASecondStart()
+{
+    QProcess& first = startProgram();
+    QTRY_COMPARE(record(), QByteArrayList{"started"});
+    m_desktop->environment().insert(u"DESKTOP_STARTUP_ID"_qs, u"again"_qs);
+    QProcess& second = startProgram();
+    QVERIFY(second.waitForFinished());
+    QCOMPARE(second.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(second.exitCode(), 0);
+    QTRY_COMPARE(record(), (QByteArrayList{"started", "opened again"}));
+    QCOMPARE(first.state(), QProcess::Running);
+
+    VirtualDesktop::kill(first);
+    startProgram();
+    QTRY_COMPARE(record().last(), QByteArray("started"));
+}
+
+void DesktopActivationTest::startsOnceInARace()
+{
+    for (int i = 0; i < 6; ++i)
+        startProgram();
+    call("Activate", {"@a{sv} {}"});
+    QTRY_COMPARE(record().size(), 7);
+    QCOMPARE(record().count("started"), 1);
+    QCOMPARE(record().count("opened"), 6);
+}
+
+void DesktopActivationTest::runsWithoutABus()
+{
+    m_desktop->environment().insert(u"DBUS_SESSION_BUS_ADDRESS"_qs, u"disabled:"_qs);
+    QProcess& first = startProgram();
+    QProcess& second = startProgram();
+    QTRY_COMPARE(record(), (QByteArrayList{"started", "started"}));
+    QCOMPARE(first.state(), QProcess::Running);
+    QCOMPARE(second.state(), QProcess::Running);
+}
+
+void DesktopActivationTest::outlivesTheBus()
+{
+    const QByteArray address = "unix:path=" + m_desktop->homePath().toUtf8() + "/other-bus";
+    QProcess& bus = m_desktop->start(
+        "dbus-daemon", {"--session", "--nofork", "--nopidfile", "--address=" + address});
+    m_desktop->environment().insert(u"DBUS_SESSION_BUS_ADDRESS"_qs, QString::fromUtf8(address));
+    QTRY_VERIFY(QFile::exists(m_desktop->homePath() + u"/other-bus"_qs));
+    QProcess& program = startProgram();
+    call("Activate", {"@a{sv} {}"});
+    QTRY_COMPARE(record(), (QByteArrayList{"started", "opened"}));
+    VirtualDesktop::kill(bus);
+    QVERIFY(!program.waitForFinished(500));
+}
+
+int main(int argc, char** argv)
+{
+    if (argc == 3 && QByteArray(argv[1]) == instanceOption)
+        return runInstance(argc, argv);
+    QCoreApplication application(argc, argv);
+    DesktopActivationTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "DesktopActivationTest.moc"
