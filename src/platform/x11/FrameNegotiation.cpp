@@ -12,12 +12,15 @@ using namespace std::chrono_literals;
 constexpr std::chrono::milliseconds rest = 100ms;
 /// A window that did not change at all is asked again after so long, then after twice that.
 constexpr std::chrono::milliseconds silence = 150ms;
+constexpr int mostAttemptsInSilence = 3;
+/// A window that never comes to rest is let go after so long.
+constexpr std::chrono::milliseconds longestUnrest = 1500ms;
 
 } // namespace
 
 FrameNegotiation::FrameNegotiation(const PixelRectangle& target) : m_target(target) {}
 
-void FrameNegotiation::read(const std::optional<WindowReading>& reading)
+void FrameNegotiation::read(const std::optional<WindowReading>& reading, Time now)
 {
     m_isUnread = false;
     if (isOver())
@@ -27,7 +30,9 @@ void FrameNegotiation::read(const std::optional<WindowReading>& reading)
         return;
     }
     if (m_frameBefore && visibleFrame(reading->window) != *m_frameBefore)
-        m_hasReacted = true;
+        m_reactedAt = m_reactedAt.value_or(now);
+    if (m_reading.hasFillingState && !reading->hasFillingState)
+        m_attempts = 0;
     m_reading = *reading;
 }
 
@@ -54,13 +59,12 @@ bool FrameNegotiation::isInPosition() const
 
 std::chrono::milliseconds FrameNegotiation::patience() const
 {
-    return m_hasReacted ? rest : silence * (1 << std::clamp(m_attempts - 1, 0, 3));
+    return m_reactedAt ? rest : silence * (1 << std::max(0, m_attempts - 1));
 }
 
 FrameNegotiation::Time FrameNegotiation::nextStepAt(Time lastProgress) const
 {
-    const Time begin = m_hasReacted ? m_lastActivity : std::max(m_lastActivity, lastProgress);
-    return begin + patience();
+    return std::max(m_lastActivity, lastProgress) + patience();
 }
 
 FrameNegotiation::Step FrameNegotiation::nextStep(Time now, Time lastProgress)
@@ -68,6 +72,10 @@ FrameNegotiation::Step FrameNegotiation::nextStep(Time now, Time lastProgress)
     if (isOver() || m_isUnread)
         return Step::wait;
     const bool isQuiet = now >= nextStepAt(lastProgress);
+    if (isHopeless(now, isQuiet)) {
+        giveUp();
+        return Step::wait;
+    }
     if (m_reading.hasFillingState)
         return takeOffStates(now, isQuiet);
     if (!isExact())
@@ -76,6 +84,12 @@ FrameNegotiation::Step FrameNegotiation::nextStep(Time now, Time lastProgress)
     if (!m_hadFillingState || isQuiet)
         m_isAccepted = true;
     return Step::wait;
+}
+
+bool FrameNegotiation::isHopeless(Time now, bool isQuiet) const
+{
+    return m_reactedAt ? now >= *m_reactedAt + longestUnrest
+                       : isQuiet && m_attempts >= mostAttemptsInSilence;
 }
 
 FrameNegotiation::Step FrameNegotiation::takeOffStates(Time now, bool isQuiet)
@@ -93,7 +107,7 @@ FrameNegotiation::Step FrameNegotiation::correct(Time now, bool isQuiet)
         return Step::wait;
     const PixelRectangle frame = visibleFrame(m_reading.window);
     const bool hadNoEffect = m_frameBefore == frame;
-    if (hadNoEffect && m_hasReacted && m_lastMove == Step::moveAround) {
+    if (hadNoEffect && m_reactedAt && m_lastMove == Step::moveAround) {
         giveUp();
         return Step::wait;
     }
@@ -113,7 +127,7 @@ FrameNegotiation::Step FrameNegotiation::sent(Step step, Time now)
 void FrameNegotiation::giveUp()
 {
     if (!isOver())
-        m_isAccepted = isExact() || (m_hasReacted && isInPosition());
+        m_isAccepted = isExact() || (m_reactedAt && isInPosition());
 }
 
 } // namespace trovell

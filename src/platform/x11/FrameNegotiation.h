@@ -37,12 +37,12 @@ public:
     explicit FrameNegotiation(const PixelRectangle& target);
 
     /// The window looks like this now; none means that it is gone.
-    void read(const std::optional<WindowReading>& reading);
+    void read(const std::optional<WindowReading>& reading, Time now);
     /// The window changed somehow and has to be read again.
     void changed(Time now);
 
-    /// What to send now. `lastProgress` is when any window of the pass last answered: a window
-    /// manager that is busy with the others does not refuse this one.
+    /// What to send now. `lastProgress` is when the window manager last got on with its work: as
+    /// long as it is busy, silence is no answer.
     [[nodiscard]] Step nextStep(Time now, Time lastProgress);
     /// When `nextStep` has to be asked again if nothing happens until then.
     [[nodiscard]] Time nextStepAt(Time lastProgress) const;
@@ -65,6 +65,7 @@ private:
     [[nodiscard]] bool isExact() const;
     [[nodiscard]] bool isInPosition() const;
     [[nodiscard]] std::chrono::milliseconds patience() const;
+    [[nodiscard]] bool isHopeless(Time now, bool isQuiet) const;
     Step takeOffStates(Time now, bool isQuiet);
     Step correct(Time now, bool isQuiet);
     Step sent(Step step, Time now);
@@ -78,7 +79,8 @@ private:
     Time m_lastActivity;
     bool m_isUnread = true;
     bool m_isUnanswered = false;
-    bool m_hasReacted = false;
+    /// When the frame first changed in answer to a request.
+    std::optional<Time> m_reactedAt;
     bool m_hadFillingState = false;
     std::optional<bool> m_isAccepted;
 };

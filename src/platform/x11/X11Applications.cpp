@@ -7,6 +7,9 @@
 
 #include <xcb/res.h>
 
+#include <algorithm>
+#include <vector>
+
 namespace trovell {
 
 namespace {
@@ -41,22 +44,39 @@ RunningApplication applicationOf(const IdentifiedWindow& window)
     return application;
 }
 
-QHash<quint32, qint32> clientProcesses(const X11Connection& connection,
-                                       xcb_res_query_client_ids_cookie_t cookie)
-{
-    QHash<quint32, qint32> processes;
-    const auto reply = connection.reply<xcb_res_query_client_ids_reply>(cookie);
-    if (!reply)
-        return processes;
-    auto each = xcb_res_query_client_ids_ids_iterator(reply.get());
-    for (; each.rem > 0; xcb_res_client_id_value_next(&each)) {
-        if (each.data->spec.mask == XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID &&
-            xcb_res_client_id_value_value_length(each.data) > 0)
-            processes.insert(connection.clientOf(each.data->spec.client),
-                             static_cast<qint32>(*xcb_res_client_id_value_value(each.data)));
+/// Asks for the processes of clients, as far as the server can tell.
+class ClientProcessRequest {
+public:
+    /// For the client of one window, or for all clients: that reply comes in many small pieces.
+    explicit ClientProcessRequest(const X11Connection& connection, xcb_window_t window = 0)
+        : m_connection(connection)
+    {
+        const xcb_res_client_id_spec_t spec = {window, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
+        if (connection.server().hasClientIds)
+            m_cookie = xcb_res_query_client_ids(connection.get(), 1, &spec);
     }
-    return processes;
-}
+
+    QHash<quint32, qint32> receive() const
+    {
+        QHash<quint32, qint32> processes;
+        if (!m_connection.server().hasClientIds)
+            return processes;
+        const auto reply = m_connection.reply<xcb_res_query_client_ids_reply>(m_cookie);
+        if (!reply)
+            return processes;
+        auto each = xcb_res_query_client_ids_ids_iterator(reply.get());
+        for (; each.rem > 0; xcb_res_client_id_value_next(&each)) {
+            if (xcb_res_client_id_value_value_length(each.data) > 0)
+                processes.insert(m_connection.clientOf(each.data->spec.client),
+                                 static_cast<qint32>(*xcb_res_client_id_value_value(each.data)));
+        }
+        return processes;
+    }
+
+private:
+    const X11Connection& m_connection;
+    xcb_res_query_client_ids_cookie_t m_cookie = {};
+};
 
 } // namespace
 
@@ -120,68 +140,72 @@ X11Applications::X11Applications(const X11Connection& connection, ApplicationIde
 
 QList<IdentifiedWindow> X11Applications::read()
 {
-    const QList<ListedWindow> list = readList();
-    identifyUnknown(list);
-    QList<IdentifiedWindow> windows;
-    windows.reserve(list.size());
-    for (const ListedWindow& listed : list) {
-        const auto known = m_known.constFind(listed.window);
-        if (known != m_known.cend())
-            windows.append(*known);
-    }
-    forgetClosed(list);
+    const auto listRequest =
+        m_connection.requestProperty(m_connection.root(), m_connection.atoms().netClientList);
+    const ClientProcessRequest lastRequest(m_connection, m_list.isEmpty() ? 0 : m_list.last());
+    m_connection.finishBatch();
+    m_connection.dropEvents();
+    const QList<quint32> list = propertyNumbers(m_connection.reply(listRequest));
+    const ClientProcesses processes = lastRequest.receive();
+    // Numbers of windows are used again, also by other programs. But the list is in the order in
+    // which the windows appeared: as long as the last one is the same, so are all before it.
+    const bool isLastTheSame =
+        list.isEmpty() || (m_lastProcess != 0 &&
+                           processes.value(m_connection.clientOf(list.last())) == m_lastProcess);
+    if (list != m_list || !isLastTheSame)
+        update(list);
     m_isFirstReading = false;
+    return m_windows;
+}
+
+void X11Applications::update(const QList<quint32>& list)
+{
+    const ClientProcessRequest request(m_connection);
+    m_connection.finishBatch();
+    const ClientProcesses processes = request.receive();
+    const auto isLocal = [&](quint32 window) {
+        return processes.contains(m_connection.clientOf(window));
+    };
+    m_windows = identify(list, processes);
+    m_list = list;
+    const bool areAllLocal = std::all_of(list.begin(), list.end(), isLocal);
+    m_lastProcess =
+        areAllLocal && !list.isEmpty() ? processes.value(m_connection.clientOf(list.last())) : 0;
+}
+
+QList<IdentifiedWindow> X11Applications::identify(const QList<quint32>& list,
+                                                  const ClientProcesses& processes) const
+{
+    QHash<quint32, IdentifiedWindow> known;
+    for (const IdentifiedWindow& window : m_windows)
+        known.insert(windowOfHandle(window.handle), window);
+    const auto localProcess = [&](quint32 window) {
+        return processes.value(m_connection.clientOf(window));
+    };
+    const auto isKnown = [&](quint32 window) {
+        return localProcess(window) != 0 &&
+               known.value(window).processIdentifier == localProcess(window);
+    };
+    std::vector<WindowRequest> requests;
+    for (const quint32 window : list) {
+        if (!isKnown(window))
+            requests.emplace_back(m_connection, window);
+    }
+    m_connection.finishBatch();
+    auto request = requests.begin();
+    QList<IdentifiedWindow> windows;
+    for (const quint32 window : list) {
+        if (isKnown(window))
+            windows.append(known.value(window));
+        else if (const auto found = receive(*request++, window, localProcess(window)))
+            windows.append(*found);
+    }
     return windows;
 }
 
-QList<X11Applications::ListedWindow> X11Applications::readList() const
-{
-    const bool hasClientIds = m_connection.server().hasClientIds;
-    const auto listRequest =
-        m_connection.requestProperty(m_connection.root(), m_connection.atoms().netClientList);
-    xcb_res_query_client_ids_cookie_t idsRequest = {};
-    if (hasClientIds) {
-        const xcb_res_client_id_spec_t all = {0, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
-        idsRequest = xcb_res_query_client_ids(m_connection.get(), 1, &all);
-    }
-    m_connection.finishBatch();
-    m_connection.dropEvents();
-    const QList<quint32> windows = propertyNumbers(m_connection.reply(listRequest));
-    const QHash<quint32, qint32> processes =
-        hasClientIds ? clientProcesses(m_connection, idsRequest) : QHash<quint32, qint32>();
-    QList<ListedWindow> list;
-    list.reserve(windows.size());
-    for (const quint32 window : windows)
-        list.append({window, processes.value(m_connection.clientOf(window))});
-    return list;
-}
-
-bool X11Applications::isKnown(const ListedWindow& listed) const
-{
-    const auto known = m_known.constFind(listed.window);
-    return listed.processIdentifier != 0 && known != m_known.cend() &&
-           known->processIdentifier == listed.processIdentifier;
-}
-
-void X11Applications::identifyUnknown(const QList<ListedWindow>& list)
-{
-    QList<std::pair<ListedWindow, WindowRequest>> requests;
-    for (const ListedWindow& listed : list) {
-        if (!isKnown(listed))
-            requests.append({listed, WindowRequest(m_connection, listed.window)});
-    }
-    if (requests.isEmpty())
-        return;
-    m_connection.finishBatch();
-    for (const auto& [listed, request] : std::as_const(requests)) {
-        m_known.remove(listed.window);
-        if (const auto identified = receive(listed, request))
-            m_known.insert(listed.window, *identified);
-    }
-}
-
-std::optional<IdentifiedWindow> X11Applications::receive(const ListedWindow& listed,
-                                                         const WindowRequest& request) const
+std::optional<IdentifiedWindow> X11Applications::receive(const WindowRequest& request,
+                                                         xcb_window_t window,
+                                                         qint32 localProcess) const
 {
     const auto classReply = m_connection.reply(request.wmClass);
     const auto claimed = propertyNumbers(m_connection.reply(request.processIdentifier));
@@ -194,32 +218,17 @@ std::optional<IdentifiedWindow> X11Applications::receive(const ListedWindow& lis
 
     const auto classes = propertyBytes(classReply).split('\0');
     // The server's word before the program's: that one may come from another namespace.
-    const bool isLocal = listed.processIdentifier != 0;
-    const qint32 process =
-        isLocal ? listed.processIdentifier : static_cast<qint32>(claimed.value(0));
+    const bool isLocal = localProcess != 0;
+    const qint32 process = isLocal ? localProcess : static_cast<qint32>(claimed.value(0));
     const WindowIdentity identity = {process, QString::fromUtf8(classes.value(1)),
                                      QString::fromUtf8(classes.value(0)), gtkId};
     const auto application = m_identify ? m_identify(identity) : std::nullopt;
     const auto kind = windowKind(types, !transientFor.isEmpty(), m_connection.atoms());
     const bool isNew = isLocal && (!m_isFirstReading || isYoungProcess(process));
-    return IdentifiedWindow{isNew
-                                ? handleOfNewWindow(listed.window, std::chrono::steady_clock::now())
-                                : handleOfOldWindow(listed.window),
+    return IdentifiedWindow{isNew ? handleOfNewWindow(window, std::chrono::steady_clock::now())
+                                  : handleOfOldWindow(window),
                             process, kind.has_value(), isOrdinaryKind(kind),
                             application ? *application : identityWithoutDesktopFile(identity)};
-}
-
-void X11Applications::forgetClosed(const QList<ListedWindow>& list)
-{
-    if (m_known.size() <= list.size())
-        return;
-    QHash<xcb_window_t, IdentifiedWindow> open;
-    for (const ListedWindow& listed : list) {
-        const auto known = m_known.constFind(listed.window);
-        if (known != m_known.cend())
-            open.insert(listed.window, *known);
-    }
-    m_known = open;
 }
 
 } // namespace trovell

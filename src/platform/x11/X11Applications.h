@@ -44,26 +44,24 @@ public:
     [[nodiscard]] QList<IdentifiedWindow> read();
 
 private:
-    struct ListedWindow {
-        xcb_window_t window = 0;
-        /// 0 when the server does not tell. Numbers of windows are used again, so what is known of
-        /// a window holds only together with the process.
-        qint32 processIdentifier = 0;
-    };
-
     struct WindowRequest;
+    /// Processes by client, see `X11Connection::clientOf`. Only those that the server knows.
+    using ClientProcesses = QHash<quint32, qint32>;
 
-    [[nodiscard]] QList<ListedWindow> readList() const;
-    [[nodiscard]] bool isKnown(const ListedWindow& listed) const;
-    void identifyUnknown(const QList<ListedWindow>& list);
-    /// None when the window is gone.
-    [[nodiscard]] std::optional<IdentifiedWindow> receive(const ListedWindow& listed,
-                                                          const WindowRequest& request) const;
-    void forgetClosed(const QList<ListedWindow>& list);
+    void update(const QList<quint32>& list);
+    [[nodiscard]] QList<IdentifiedWindow> identify(const QList<quint32>& list,
+                                                   const ClientProcesses& processes) const;
+    /// None when the window is gone. `localProcess` is 0 when the server does not know it.
+    [[nodiscard]] std::optional<IdentifiedWindow>
+    receive(const WindowRequest& request, xcb_window_t window, qint32 localProcess) const;
 
     const X11Connection& m_connection;
     ApplicationIdentifier m_identify;
-    QHash<xcb_window_t, IdentifiedWindow> m_known;
+    /// What was listed last, and what is known of it.
+    QList<quint32> m_list;
+    QList<IdentifiedWindow> m_windows;
+    /// Of the last window of `m_list`; 0 when it, or any other window, has none that is known.
+    qint32 m_lastProcess = 0;
     bool m_isFirstReading = true;
 };
 

@@ -14,7 +14,10 @@ using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 using Step = FrameNegotiation::Step;
 
-constexpr std::chrono::milliseconds passDuration = 1500ms;
+/// A window manager that hangs is waited for so long.
+constexpr std::chrono::milliseconds longestStandstill = 1900ms;
+/// Far more than any pass takes; ends one with windows that never stop changing.
+constexpr std::chrono::milliseconds longestPass = 10s;
 constexpr std::chrono::milliseconds guardDuration = 1000ms;
 constexpr int mostCorrections = 4;
 /// Changes come in bursts: they are read together once a burst pauses, or has lasted too long.
@@ -68,7 +71,7 @@ bool concernsFrame(xcb_atom_t property, const X11Atoms& atoms)
 
 X11FrameSetter::X11FrameSetter(const X11Server& server, const QList<Request>& requests,
                                WindowClaims& claims)
-    : m_connection(server), m_claims(claims), m_claim(claims.newClaim())
+    : m_connection(server), m_fence(m_connection), m_claims(claims), m_claim(claims.newClaim())
 {
     for (const Request& request : requests) {
         m_positions.insert(request.window, m_windows.size());
@@ -80,12 +83,12 @@ X11FrameSetter::X11FrameSetter(const X11Server& server, const QList<Request>& re
 QList<bool> X11FrameSetter::run()
 {
     const Time begin = Clock::now();
-    m_lastProgress = begin;
+    m_lastProgress = m_lastEvent = begin;
     // Before the first reading, so that no change is missed in between.
     for (const Window& window : m_windows)
         selectEvents(m_connection, window.request.window);
     readUnread();
-    negotiate(begin + passDuration);
+    negotiate(begin + longestPass);
     QList<bool> answers;
     for (Window& window : m_windows) {
         window.negotiation.giveUp();
@@ -105,38 +108,49 @@ bool X11FrameSetter::hasWindowsToGuard() const
 void X11FrameSetter::guard()
 {
     m_isGuarding = true;
+    m_lastProgress = Clock::now();
     negotiate(Clock::now() + guardDuration);
 }
 
-void X11FrameSetter::negotiate(Time deadline)
+void X11FrameSetter::negotiate(Time end)
 {
     while (m_connection.isAlive()) {
         sendSteps();
+        const Time deadline = m_isGuarding ? end : std::min(end, m_lastEvent + longestStandstill);
         if ((isOver() && !m_isGuarding) || Clock::now() >= deadline)
-            return;
+            break;
         waitForEvents(nextWakeUp(deadline));
         if (isTimeToRead(Clock::now()))
             readUnread();
     }
+    readUnread();
 }
 
 void X11FrameSetter::sendSteps()
 {
     const Time now = Clock::now();
+    bool hasSent = false;
     for (Window& window : m_windows) {
-        const Step step = window.negotiation.nextStep(now, m_lastProgress);
+        const Step step = window.negotiation.nextStep(now, progress(now));
         if (step == Step::wait)
             continue;
-        if (m_isGuarding && !m_claims.isHeld(window.request.window, m_claim)) {
-            window.isGuarded = false;
+        if (m_isGuarding && !mayCorrect(window)) {
             window.negotiation.giveUp();
             continue;
         }
-        if (m_isGuarding)
-            window.isGuarded = ++window.corrections < mostCorrections;
         send(window, step);
+        hasSent = true;
     }
+    if (hasSent)
+        m_fence.put();
     xcb_flush(m_connection.get());
+}
+
+bool X11FrameSetter::mayCorrect(Window& window) const
+{
+    window.isGuarded =
+        m_claims.isHeld(window.request.window, m_claim) && ++window.corrections <= mostCorrections;
+    return window.isGuarded;
 }
 
 void X11FrameSetter::send(const Window& window, Step step)
@@ -174,10 +188,13 @@ void X11FrameSetter::readUnread()
         if (!window.negotiation.isOver() && window.negotiation.isUnread())
             requests.emplace_back(&window, ReadingRequest(m_connection, window.request.window));
     }
-    m_connection.finishBatch();
-    for (const auto& [window, request] : requests)
-        window->negotiation.read(request.receive(m_connection));
     m_unreadSince.reset();
+    if (requests.empty())
+        return;
+    m_connection.finishBatch();
+    const Time now = Clock::now();
+    for (const auto& [window, request] : requests)
+        window->negotiation.read(request.receive(m_connection), now);
 }
 
 void X11FrameSetter::waitForEvents(Time until)
@@ -204,6 +221,10 @@ bool X11FrameSetter::takeEvents()
 
 void X11FrameSetter::noteEvent(const xcb_generic_event_t& event)
 {
+    if (m_fence.noteEvent(event)) {
+        m_lastProgress = m_lastEvent = Clock::now();
+        return;
+    }
     constexpr quint8 withoutSendBit = 0x7f;
     switch (event.response_type & withoutSendBit) {
     case XCB_CONFIGURE_NOTIFY:
@@ -252,6 +273,11 @@ bool X11FrameSetter::isTimeToRead(Time now) const
            now >= *m_unreadSince + longestBurst;
 }
 
+X11FrameSetter::Time X11FrameSetter::progress(Time now) const
+{
+    return m_fence.isPending() ? now : m_lastProgress;
+}
+
 X11FrameSetter::Time X11FrameSetter::nextWakeUp(Time deadline) const
 {
     Time next = deadline;
@@ -259,7 +285,7 @@ X11FrameSetter::Time X11FrameSetter::nextWakeUp(Time deadline) const
         next = std::min({next, m_lastEvent + burstPause, *m_unreadSince + longestBurst});
     for (const Window& window : m_windows) {
         if (!window.negotiation.isOver() && !window.negotiation.isUnread())
-            next = std::min(next, window.negotiation.nextStepAt(m_lastProgress));
+            next = std::min(next, window.negotiation.nextStepAt(progress(Clock::now())));
     }
     return next;
 }

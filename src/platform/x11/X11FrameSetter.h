@@ -6,6 +6,7 @@
 #include "platform/x11/FrameNegotiation.h"
 #include "platform/x11/WindowClaims.h"
 #include "platform/x11/X11Connection.h"
+#include "platform/x11/X11Fence.h"
 
 #include <QHash>
 #include <QList>
@@ -28,8 +29,9 @@ public:
     /// Connects, and takes the windows from earlier passes. Borrows `claims`.
     X11FrameSetter(const X11Server& server, const QList<Request>& requests, WindowClaims& claims);
 
-    /// Returns once every window is in place or will not be, after a second and a half at the
-    /// latest. Says for each request, in their order, whether its window took the frame.
+    /// Returns once every window is in place or will not be: a window that does not react takes
+    /// about a second, a window manager that does not almost two. Says for each request,
+    /// in their order, whether its window took the frame.
     [[nodiscard]] QList<bool> run();
 
     /// Whether `guard` has anything to do after `run`.
@@ -50,8 +52,10 @@ private:
         int corrections = 0;
     };
 
-    void negotiate(Time deadline);
+    void negotiate(Time end);
     void sendSteps();
+    /// Whether a guarded window is still this pass's and has not been corrected too often.
+    bool mayCorrect(Window& window) const;
     void send(const Window& window, FrameNegotiation::Step step);
     void takeOffStates(const Window& window);
     void readUnread();
@@ -61,15 +65,20 @@ private:
     void noteChange(xcb_window_t window);
     [[nodiscard]] bool isTimeToRead(Time now) const;
     [[nodiscard]] Time nextWakeUp(Time deadline) const;
+    /// When the window manager last got on with the work.
+    [[nodiscard]] Time progress(Time now) const;
     [[nodiscard]] bool isOver() const;
 
     X11Connection m_connection;
+    X11Fence m_fence;
     WindowClaims& m_claims;
     WindowClaims::Claim m_claim;
     std::vector<Window> m_windows;
     QHash<xcb_window_t, std::size_t> m_positions;
-    /// When a window answered for the first time since something was sent to it.
+    /// When the window manager reached a fence, or a window answered for the first time since
+    /// something was sent to it.
     Time m_lastProgress;
+    /// When anything happened to a window that is not in place yet, or a fence was reached.
     Time m_lastEvent;
     std::optional<Time> m_unreadSince;
     bool m_isGuarding = false;

@@ -118,9 +118,10 @@ QList<RunningApplication> X11WindowSystem::runningApplications()
 
 QList<RunningApplication> X11WindowSystem::runningApplications(const QString& bundleIdentifier)
 {
-    QList<IdentifiedWindow> windows = m_applications.read();
-    windows.removeIf([&](const IdentifiedWindow& window) {
-        return window.application.bundleIdentifier != bundleIdentifier;
+    const QList<IdentifiedWindow> all = m_applications.read();
+    QList<IdentifiedWindow> windows;
+    std::copy_if(all.begin(), all.end(), std::back_inserter(windows), [&](const auto& window) {
+        return window.application.bundleIdentifier == bundleIdentifier;
     });
     if (!windows.isEmpty())
         return groupWindows(windows);
