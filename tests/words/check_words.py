@@ -122,11 +122,11 @@ def problems(tree, build):
     views = sorted(folder.name for folder in (root / "views").iterdir()
                    if folder.is_dir() and folder.name not in ("style", "words"))
     for file, name in source_files(root, logic):
-        yield from unregistered_patterns(name, file.read_text(), keys)
+        yield from unregistered_patterns(name, file.read_text(encoding="utf-8"), keys)
     for file, name in source_files(root / "views", views):
-        yield from texts_not_looked_up(name, file.read_text())
+        yield from texts_not_looked_up(name, file.read_text(encoding="utf-8"))
     for file, name in source_files(root, ["."]):
-        yield from uncollected_keys(name, file.read_text())
+        yield from uncollected_keys(name, file.read_text(encoding="utf-8"))
     template = {message[:3] for message in messages_in(build / "trovell_template.ts")}
     yield from (f"the template lacks {message}" for message in sorted(messages - template))
     for table in sorted((tree / "translations").glob("*.ts")) + sorted(build.glob("test/*.ts")):

@@ -52,13 +52,15 @@ class Literal(NamedTuple):
 
 def literals(source):
     """Yields all ordinary string literals, neighbours put together."""
+    def line():
+        return source.count("\n", 0, token.start()) + 1
+
     pieces, is_text, start, before = [], False, 0, ["", ""]
     for token in TOKEN.finditer(source):
-        line = source.count("\n", 0, token.start()) + 1
         if token.group("comment"):
             continue
         if token.group("string") is not None and before[1] != "operator":
-            start = start if pieces else line
+            start = start if pieces else line()
             is_text = is_text or token.group("prefix") == "u" or before == ["QStringLiteral", "("]
             pieces.append(token.group("string"))
             if not token.group("suffix"):
@@ -67,7 +69,7 @@ def literals(source):
             yield Literal(unescaped("".join(pieces)), token.group("suffix") or "", start, is_text)
             pieces, is_text = [], False
         if token.group("word") == "_key" or (token.group("raw") or "").endswith("_key"):
-            raise UnreadableKey(f"line {line}: _key stands only directly behind an ordinary literal")
+            raise UnreadableKey(f"line {line()}: _key must follow an ordinary literal directly")
         before = [before[1], token.group()]
 
 
@@ -94,7 +96,7 @@ def keys_of(root):
             continue
         name = file.relative_to(root).as_posix()
         try:
-            for literal in literals(file.read_text()):
+            for literal in literals(file.read_text(encoding="utf-8")):
                 if is_key(literal, not name.startswith("views/")):
                     keys.setdefault(literal.text, {})[name] = True
         except UnreadableKey as problem:
@@ -130,9 +132,9 @@ def main(root, output):
         lines.append(f"//: {', '.join(files)}")
         lines.append(f"{macro}({quoted(context)}, {quoted(key)});")
     text = "\n".join(lines) + "\n"
-    if not output.exists() or output.read_text() != text:
+    if not output.exists() or output.read_text(encoding="utf-8") != text:
         output.parent.mkdir(parents=True, exist_ok=True)
-        output.write_text(text)
+        output.write_text(text, encoding="utf-8")
 
 
 if __name__ == "__main__":

@@ -12,7 +12,8 @@ import xml.etree.ElementTree as ElementTree
 
 # The forms that lrelease expects of the language.
 PLURAL_FORMS = {"en_XA": 2, "ar_XB": 6}
-ACCENTED = str.maketrans("aceghijklnorstuwyzACEGHIJKLNORSTUWYZ", "åçéĝĥîĵķļñöŕšţûŵýžÅÇÉĜĤÎĴĶĻÑÖŔŠŢÛŴÝŽ")
+ACCENTED = str.maketrans("aceghijklnorstuwyzACEGHIJKLNORSTUWYZ",
+                         "åçéĝĥîĵķļñöŕšţûŵýžÅÇÉĜĤÎĴĶĻÑÖŔŠŢÛŴÝŽ")
 GROWTH = 0.35
 PLACEHOLDER = re.compile(r"(%@|%lld)")
 RIGHT_TO_LEFT, POP = "\u202e", "\u202c"

@@ -68,7 +68,7 @@ bool TranslationTables::append(const QStringList& folders, const QString& name)
 QString TranslationTables::text(const QString& key) const
 {
     for (const auto& table : m_tables) {
-        const QString found = lookUp(*table, "Trovell", key, noNumber);
+        QString found = lookUp(*table, "Trovell", key, noNumber);
         if (!found.isEmpty())
             return found;
     }
@@ -78,7 +78,7 @@ QString TranslationTables::text(const QString& key) const
 QString TranslationTables::text(const QString& key, qint64 number) const
 {
     for (const auto& table : m_tables) {
-        const QString found = lookUp(*table, "Trovell", key, pluralCount(number));
+        QString found = lookUp(*table, "Trovell", key, pluralCount(number));
         if (!found.isEmpty())
             return found;
     }
