@@ -16,8 +16,6 @@ class RecordRows {
 public:
     explicit RecordRows(SqliteDatabase& database) : m_database(database) {}
 
-    [[nodiscard]] SqliteDatabase& database() { return m_database; }
-
     /// All workspaces in the order in which they were inserted.
     [[nodiscard]] Expected<std::vector<WorkspaceValues>, StoreError> workspaces();
 

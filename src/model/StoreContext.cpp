@@ -10,7 +10,7 @@ namespace trovell {
 using Result = Expected<void, StoreError>;
 
 StoreContext::StoreContext(SqliteDatabase& database, std::chrono::milliseconds automaticSaveDelay)
-    : m_rows(database)
+    : m_rows(database), m_commits(database)
 {
     m_automaticSave.setSingleShot(true);
     m_automaticSave.setInterval(automaticSaveDelay);
@@ -24,6 +24,8 @@ Expected<void, StoreError> StoreContext::load()
     auto rows = m_rows.workspaces();
     const auto items = m_rows.counts<WorkspaceItem>();
     const auto placements = m_rows.counts<WindowPlacement>();
+    if (const Result numbered = m_commits.load(); !numbered)
+        return numbered;
     if (!rows)
         return Unexpected<StoreError>(rows.error());
     if (!items)
@@ -87,8 +89,7 @@ Expected<void, StoreError> StoreContext::save()
         return {};
     if (m_readError)
         return Unexpected<StoreError>(*m_readError);
-    const Result written =
-        m_rows.database().transaction([this] { return writeChanges(m_rows, m_touched); });
+    const Result written = m_commits.run([this] { return writeChanges(m_rows, m_touched); });
     if (written)
         acceptChanges();
     return written;

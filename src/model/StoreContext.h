@@ -2,6 +2,7 @@
 // Main thread only.
 #pragma once
 
+#include "model/CommitLog.h"
 #include "model/RecordRows.h"
 #include "model/StoreError.h"
 #include "model/TrovellWorkspace.h"
@@ -75,13 +76,14 @@ private:
     void dropUnstored(const QList<TrovellWorkspace*>& touched);
 
     RecordRows m_rows;
+    CommitLog m_commits;
     /// In the order of insertion, removed ones included.
     std::vector<std::unique_ptr<TrovellWorkspace>> m_workspaces;
     /// Those with something to save, in the order in which they were first touched.
     QList<TrovellWorkspace*> m_touched;
     std::optional<StoreError> m_readError;
     /// Runs only while there is something to save.
-    QTimer m_automaticSave;
+    QTimer m_automaticSave{this};
 };
 
 } // namespace trovell

@@ -99,9 +99,10 @@ Expected<void, StoreError> StoreFiles::prepare() const
         return errno == ENOENT ? createStoreFile() : systemError(errno);
     if (!S_ISREG(status.st_mode))
         return Unexpected<StoreError>(StoreError::inaccessible);
-    if (status.st_size > 0)
+    if (status.st_size > 1)
         return {};
-    if (QFile::exists(markerPath()))
+    // SQLite takes a file of one byte for an empty one, too.
+    if (status.st_size == 1 || QFile::exists(markerPath()))
         return Unexpected<StoreError>(StoreError::damaged);
     // It is about to become a store.
     return ::chmod(path.constData(), privateFile) == 0 ? Expected<void, StoreError>()

@@ -44,7 +44,9 @@ Result createSchema(SqliteDatabase& database, const VersionedSchema& schema)
             database.execute("PRAGMA application_id=" + QByteArray::number(applicationId));
         if (!marked)
             return marked;
-        if (const Result created = executeAll(database, schema.statements); !created)
+        if (const Result created =
+                executeAll(database, schema.statements + schema.initialStatements);
+            !created)
             return created;
         return writeVersion(database, schema.version);
     });

@@ -59,6 +59,9 @@ constexpr const char* placementTable = R"(CREATE TABLE WindowPlacement(
     checksum INTEGER NOT NULL
 ) STRICT)";
 
+// One row: the number of the last save.
+constexpr const char* commitTable = "CREATE TABLE StoreCommit(number INTEGER NOT NULL) STRICT";
+
 // These answer the counts of the list by themselves.
 constexpr const char* itemIndex =
     "CREATE INDEX WorkspaceItemByWorkspace ON WorkspaceItem(workspace, isEnabled)";
@@ -73,7 +76,9 @@ VersionedSchema TrovellSchemaV1::schema()
         .version = QVersionNumber(1, 0, 0),
         .models = {QStringLiteral("TrovellWorkspace"), QStringLiteral("WorkspaceItem"),
                    QStringLiteral("WindowPlacement")},
-        .statements = {workspaceTable, itemTable, placementTable, itemIndex, placementIndex},
+        .statements = {workspaceTable, itemTable, placementTable, commitTable, itemIndex,
+                       placementIndex},
+        .initialStatements = {"INSERT INTO StoreCommit(number) VALUES(0)"},
     };
 }
 

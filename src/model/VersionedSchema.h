@@ -16,6 +16,8 @@ struct VersionedSchema {
     QStringList models;
     /// Creates all tables and indexes; one object per statement, exactly as SQLite keeps its text.
     QList<QByteArray> statements;
+    /// Fills the tables of a new store.
+    QList<QByteArray> initialStatements;
 };
 
 /// Turns a store of one schema into the next one, without loss, within one transaction.

@@ -94,6 +94,19 @@ std::unique_ptr<WindowPlacement> makePlacement(int index)
 
 } // namespace
 
+std::unique_ptr<WorkspaceStore> openStore(const QString& folder, const StoreOptions& options)
+{
+    auto store = WorkspaceStore::open(folder, options);
+    if (!store)
+        qFatal("%s", qPrintable(storeOpeningFailureText(store.error())));
+    return std::move(*store);
+}
+
+StoreContents storedContents(const QString& folder)
+{
+    return contentsOf(openStore(folder, {.isDurable = false})->mainContext());
+}
+
 StoreContents contentsOf(const StoreContext& context)
 {
     StoreContents contents;

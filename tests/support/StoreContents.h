@@ -1,7 +1,7 @@
 // What a store holds, as plain values that can be compared, and stores to begin with.
 #pragma once
 
-#include "model/StoreContext.h"
+#include "model/WorkspaceStore.h"
 
 #include <QList>
 #include <QRandomGenerator>
@@ -26,6 +26,13 @@ using StoreContents = QList<WorkspaceContents>;
 
 /// Equal for equal contents, also in another process.
 [[nodiscard]] QByteArray digestOf(const StoreContents& contents);
+
+/// Stops the test program when the store cannot be opened.
+[[nodiscard]] std::unique_ptr<WorkspaceStore> openStore(const QString& folder,
+                                                        const StoreOptions& options = {});
+
+/// Opens the store to look at it and closes it again.
+[[nodiscard]] StoreContents storedContents(const QString& folder);
 
 /// With as many items and placements, whose attributes have values of every kind.
 [[nodiscard]] std::unique_ptr<TrovellWorkspace> makeWorkspace(const QString& name, qint64 sortOrder,

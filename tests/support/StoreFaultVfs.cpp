@@ -86,7 +86,8 @@ struct StoreFaultFile {
         return self->real()->pMethods->xTruncate(self->real(), size);
     }
 
-    static int sync(sqlite3_file* file, int flags)
+    /// The real power stays on, so the real disk need not be waited for.
+    static int sync(sqlite3_file* file, int)
     {
         StoreFaultFile* self = from(file);
         if (self->vfs->fails(StoreFaultVfs::Operation::other))
@@ -94,7 +95,7 @@ struct StoreFaultFile {
         StoreFaultVfs::TrackedFile& tracked = self->tracked();
         for (const auto& change : std::exchange(tracked.later, {}))
             StoreFaultVfs::apply(tracked.synchronizedContent, change);
-        return self->real()->pMethods->xSync(self->real(), flags);
+        return SQLITE_OK;
     }
 
     static int fileSize(sqlite3_file* file, sqlite3_int64* size)
@@ -261,7 +262,7 @@ int StoreFaultVfs::remove(const char* path, int isFolderSynchronized)
     // Without that, the file may come back.
     if (isFolderSynchronized)
         m_files.remove(QFile::decodeName(path));
-    return systemVfs()->xDelete(systemVfs(), path, isFolderSynchronized);
+    return systemVfs()->xDelete(systemVfs(), path, 0);
 }
 
 } // namespace trovell

@@ -1,0 +1,196 @@
+// A damaged file is refused, or it opens with exactly what was stored. Nothing in between.
+#include "model/StoreFiles.h"
+#include "model/WorkspaceStore.h"
+
+#include "support/StoreContents.h"
+
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QtTest>
+
+using namespace trovell;
+
+class StoreDamageTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void survivesTruncation();
+    void survivesFlippedBits();
+    void survivesFlippedBitsInTheHeader();
+    void survivesLostAndMisplacedPages();
+    void survivesGarbageAtTheEnd();
+    void noticesEditsByOthers();
+
+private:
+    static constexpr qsizetype pageSize = 4096;
+
+    void write(const QByteArray& content) const;
+    [[nodiscard]] QByteArray read() const;
+    /// Fails the test unless the file is refused untouched, or opens as it was and can be edited.
+    void check(const QByteArray& content);
+    void reportAndRestart();
+
+    QTemporaryDir m_folder;
+    QString m_path = StoreFiles(m_folder.path()).storePath();
+    StoreContents m_contents;
+    QByteArray m_bytes;
+    int m_refusedCount = 0;
+    int m_openedCount = 0;
+};
+
+void StoreDamageTest::write(const QByteArray& content) const
+{
+    // In place: file systems flush a file that was truncated and rewritten, which takes for ever.
+    QFile file(m_path);
+    QVERIFY(file.open(QIODevice::ReadWrite) && file.resize(content.size()));
+    QCOMPARE(file.write(content), content.size());
+}
+
+QByteArray StoreDamageTest::read() const
+{
+    QFile file(m_path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void StoreDamageTest::initTestCase()
+{
+    StoreEditor editor(1);
+    {
+        const auto store = openStore(m_folder.path());
+        // Removed rows leave free space, which damage may hit too.
+        for (int step = 0; step < 30; ++step) {
+            editor.edit(store->mainContext());
+            QVERIFY(store->mainContext().save());
+        }
+        for (int index = 0; index < 5; ++index)
+            store->mainContext().insert(makeWorkspace(u"Work"_qs, index, 6));
+    }
+    m_contents = storedContents(m_folder.path());
+    m_bytes = read();
+    QVERIFY(m_contents.size() >= 3 && m_bytes.size() > 10 * pageSize);
+}
+
+void StoreDamageTest::check(const QByteArray& content)
+{
+    write(content);
+    auto store = WorkspaceStore::open(m_folder.path(), {.isDurable = false});
+    if (!store) {
+        m_refusedCount += 1;
+        QVERIFY(!description(store.error()).isEmpty());
+        QCOMPARE(read(), content);
+        return;
+    }
+    m_openedCount += 1;
+    StoreContext& context = (*store)->mainContext();
+    QCOMPARE(contentsOf(context), m_contents);
+    // What the damage hit may be written to now.
+    StoreEditor(2).edit(context);
+    const StoreContents edited = contentsOf(context);
+    const bool isSaved = context.save().has_value();
+    context.rollback();
+    store->reset();
+    auto again = WorkspaceStore::open(m_folder.path(), {.isDurable = false});
+    if (again && isSaved)
+        QCOMPARE(contentsOf((*again)->mainContext()), edited);
+    QVERIFY(again || !isSaved);
+}
+
+void StoreDamageTest::reportAndRestart()
+{
+    qInfo("%d refused, %d opened", m_refusedCount, m_openedCount);
+    m_refusedCount = 0;
+    m_openedCount = 0;
+}
+
+void StoreDamageTest::survivesTruncation()
+{
+    QList<qsizetype> sizes;
+    for (qsizetype size = 0; size < 130; ++size)
+        sizes.append(size);
+    for (qsizetype size = 512; size < m_bytes.size(); size += 512)
+        sizes += {size - 1, size, size + 1};
+    for (const qsizetype size : sizes) {
+        check(m_bytes.left(size));
+        if (QTest::currentTestFailed())
+            qFatal("at size %lld", static_cast<long long>(size));
+    }
+    QVERIFY(m_refusedCount > m_openedCount);
+    reportAndRestart();
+}
+
+void StoreDamageTest::survivesFlippedBits()
+{
+    const auto seed = QRandomGenerator::global()->generate();
+    qInfo("seed %u", seed);
+    QRandomGenerator random(seed);
+    for (int round = 0; round < 1200; ++round) {
+        QByteArray content = m_bytes;
+        const qsizetype position = random.bounded(content.size());
+        // Half of the rounds flip one bit, the others change the byte at will.
+        const int change = round % 2 == 0 ? 1 << random.bounded(8) : random.bounded(1, 256);
+        content[position] = static_cast<char>(content[position] ^ change);
+        check(content);
+        if (QTest::currentTestFailed())
+            qFatal("at byte %lld, change %d", static_cast<long long>(position), change);
+    }
+    QVERIFY(m_refusedCount > 0 && m_openedCount > 0);
+    reportAndRestart();
+}
+
+void StoreDamageTest::survivesFlippedBitsInTheHeader()
+{
+    for (qsizetype position = 0; position < 108; ++position) {
+        for (const int change : {0x01, 0x02, 0x03, 0x80, 0xff}) {
+            QByteArray content = m_bytes;
+            content[position] = static_cast<char>(content[position] ^ change);
+            check(content);
+            if (QTest::currentTestFailed())
+                qFatal("at byte %lld, change %d", static_cast<long long>(position), change);
+        }
+    }
+    reportAndRestart();
+}
+
+void StoreDamageTest::survivesLostAndMisplacedPages()
+{
+    for (qsizetype offset = 0; offset < m_bytes.size(); offset += pageSize) {
+        const QByteArray neighbour =
+            m_bytes.mid(offset == 0 ? pageSize : offset - pageSize, pageSize);
+        for (const QByteArray& page : {QByteArray(pageSize, '\0'), neighbour}) {
+            QByteArray content = m_bytes;
+            check(content.replace(offset, pageSize, page));
+            if (QTest::currentTestFailed())
+                qFatal("at offset %lld", static_cast<long long>(offset));
+        }
+    }
+    reportAndRestart();
+}
+
+void StoreDamageTest::survivesGarbageAtTheEnd()
+{
+    for (const qsizetype size : {1, 512, 4096, 100'000})
+        check(m_bytes + QByteArray(size, '\x5a'));
+    reportAndRestart();
+}
+
+void StoreDamageTest::noticesEditsByOthers()
+{
+    for (const char* edit :
+         {"UPDATE WorkspaceItem SET displayName='x' WHERE position=(SELECT max(position) FROM "
+          "WorkspaceItem)",
+          "UPDATE WindowPlacement SET absoluteX=absoluteX+1",
+          "UPDATE TrovellWorkspace SET shortcutData=x'00' WHERE shortcutData IS NULL",
+          "UPDATE WorkspaceItem SET workspace=x'00'",
+          "CREATE TRIGGER t AFTER DELETE ON WorkspaceItem BEGIN DELETE FROM WindowPlacement; END",
+          "DROP INDEX WorkspaceItemByWorkspace"}) {
+        write(m_bytes);
+        QVERIFY((*SqliteDatabase::open(m_path, {}))->execute(edit));
+        const auto store = WorkspaceStore::open(m_folder.path());
+        QVERIFY2(!store, edit);
+        QCOMPARE(store.error(), StoreError::damaged);
+    }
+}
+
+QTEST_GUILESS_MAIN(StoreDamageTest)
+#include "StoreDamageTest.moc"

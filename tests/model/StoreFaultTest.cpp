@@ -1,0 +1,200 @@
+// Whatever fails at whatever moment, the store keeps the last acknowledged state, or the one that
+// was being saved.
+#include "model/StoreFiles.h"
+#include "model/WorkspaceStore.h"
+
+#include "support/StoreContents.h"
+#include "support/StoreFaultVfs.h"
+
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <functional>
+
+using namespace trovell;
+using Fault = StoreFaultVfs::Fault;
+
+namespace {
+
+/// What a user who edits and saves has been told.
+struct Session {
+    StoreContents acknowledged;
+    bool isOpened = false;
+    /// What the saves that failed since then tried to store.
+    QList<StoreContents> inFlight = {};
+
+    /// Edits and saves in a row. A save that fails is rolled back; after two the user gives up.
+    void run(const QString& folder, const StoreOptions& options, quint32 seed)
+    {
+        auto store = WorkspaceStore::open(folder, options);
+        isOpened = store.has_value();
+        if (!isOpened)
+            return;
+        StoreContext& context = (*store)->mainContext();
+        QCOMPARE(contentsOf(context), acknowledged);
+        StoreEditor editor(seed);
+        for (int step = 0; step < 4 && inFlight.size() < 2; ++step) {
+            editor.edit(context);
+            const StoreContents edited = contentsOf(context);
+            if (context.save()) {
+                acknowledged = edited;
+                inFlight.clear();
+            } else {
+                context.rollback();
+                QCOMPARE(contentsOf(context), acknowledged);
+                inFlight.append(edited);
+            }
+        }
+    }
+
+    void check(const StoreContents& stored) const
+    {
+        QVERIFY(stored == acknowledged || inFlight.contains(stored));
+    }
+};
+
+void copyFolder(const QString& from, const QString& to)
+{
+    for (const QFileInfo& file : QDir(from).entryInfoList(QDir::Files)) {
+        QFile::remove(to + u'/' + file.fileName());
+        QVERIFY(QFile::copy(file.filePath(), to + u'/' + file.fileName()));
+    }
+}
+
+} // namespace
+
+class StoreFaultTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void survivesEveryFault_data();
+    void survivesEveryFault();
+    void survivesPowerLoss_data();
+    void survivesPowerLoss();
+    void failsReadsWithoutHarm();
+
+private:
+    /// A folder that is empty or holds a copy of the store made at the beginning.
+    [[nodiscard]] std::unique_ptr<QTemporaryDir> makeFolder(bool isNew) const;
+
+    QTemporaryDir m_original;
+    StoreContents m_originalContents;
+};
+
+void StoreFaultTest::initTestCase()
+{
+    {
+        const auto store = openStore(m_original.path());
+        for (int index = 0; index < 4; ++index)
+            store->mainContext().insert(makeWorkspace(u"Work"_qs, index, 5));
+    }
+    m_originalContents = storedContents(m_original.path());
+}
+
+std::unique_ptr<QTemporaryDir> StoreFaultTest::makeFolder(bool isNew) const
+{
+    auto folder = std::make_unique<QTemporaryDir>();
+    if (!isNew)
+        copyFolder(m_original.path(), folder->path());
+    return folder;
+}
+
+void StoreFaultTest::survivesEveryFault_data()
+{
+    QTest::addColumn<int>("fault");
+    QTest::addColumn<bool>("isPermanent");
+    QTest::addColumn<bool>("isNew");
+    const auto addRows = [](const char* name, Fault fault, bool isPermanent) {
+        for (const bool isNew : {false, true})
+            QTest::addRow("%s, %s store", name, isNew ? "new" : "old")
+                << static_cast<int>(fault) << isPermanent << isNew;
+    };
+    addRows("one failure", Fault::failure, false);
+    addRows("failures from then on", Fault::failure, true);
+    addRows("one torn write", Fault::tornWrite, false);
+    addRows("a full disk", Fault::diskFull, true);
+}
+
+void StoreFaultTest::survivesEveryFault()
+{
+    QFETCH(int, fault);
+    QFETCH(bool, isPermanent);
+    QFETCH(bool, isNew);
+    int faultCount = 0;
+    int failedSaves = 0;
+    for (bool hasFired = true; hasFired; faultCount += hasFired) {
+        const auto folder = makeFolder(isNew);
+        StoreFaultVfs vfs;
+        Session session{.acknowledged = isNew ? StoreContents() : m_originalContents};
+        vfs.arm(static_cast<Fault>(fault), faultCount + 1, isPermanent);
+        session.run(folder->path(), {.vfsName = vfs.name()}, 7);
+        hasFired = vfs.hasFired();
+        failedSaves += !session.inFlight.isEmpty();
+        session.check(storedContents(folder->path()));
+        if (QTest::currentTestFailed())
+            qFatal("at operation %d", faultCount + 1);
+        QVERIFY(hasFired || (session.isOpened && session.inFlight.isEmpty()));
+    }
+    qInfo("%d faults, %d failed saves", faultCount, failedSaves);
+    QVERIFY(faultCount > 50 && failedSaves > 5);
+}
+
+void StoreFaultTest::survivesPowerLoss_data()
+{
+    QTest::addColumn<bool>("isNew");
+    QTest::newRow("old store") << false;
+    QTest::newRow("new store") << true;
+}
+
+void StoreFaultTest::survivesPowerLoss()
+{
+    QFETCH(bool, isNew);
+    const auto seed = QRandomGenerator::global()->generate();
+    qInfo("seed %u", seed);
+    int operation = 1;
+    for (; operation < 1000; ++operation) {
+        const auto folder = makeFolder(isNew);
+        StoreFaultVfs vfs;
+        Session session{.acknowledged = isNew ? StoreContents() : m_originalContents};
+        vfs.arm(Fault::failure, operation, true);
+        session.run(folder->path(), {.vfsName = vfs.name()}, 7);
+        if (!vfs.hasFired())
+            break;
+        QRandomGenerator random(seed + static_cast<quint32>(operation));
+        for (int round = 0; round < 3; ++round) {
+            const auto restarted = makeFolder(isNew);
+            const auto files = vfs.filesAfterPowerLoss(random);
+            for (auto file = files.begin(); file != files.end(); ++file) {
+                QFile copy(restarted->filePath(QFileInfo(file.key()).fileName()));
+                QVERIFY(copy.open(QIODevice::WriteOnly) && copy.write(*file) == file->size());
+            }
+            session.check(storedContents(restarted->path()));
+            if (QTest::currentTestFailed())
+                qFatal("at operation %d", operation);
+        }
+    }
+    qInfo("%d operations", operation);
+    QVERIFY(operation > 50 && operation < 1000);
+}
+
+void StoreFaultTest::failsReadsWithoutHarm()
+{
+    int fault = 0;
+    for (bool hasFired = true; hasFired; ++fault) {
+        const auto folder = makeFolder(false);
+        StoreFaultVfs vfs;
+        vfs.arm(Fault::readFailure, fault + 1, false);
+        const auto store = WorkspaceStore::open(folder->path(), {.vfsName = vfs.name()});
+        hasFired = vfs.hasFired();
+        QVERIFY(hasFired || store);
+        if (store)
+            QCOMPARE(contentsOf((*store)->mainContext()), m_originalContents);
+        vfs.disarm();
+    }
+    QVERIFY(fault > 10);
+    QCOMPARE(storedContents(m_original.path()), m_originalContents);
+}
+
+QTEST_GUILESS_MAIN(StoreFaultTest)
+#include "StoreFaultTest.moc"
