@@ -30,7 +30,7 @@ int runInstance(int argc, char** argv)
     QCoreApplication application(argc, argv);
     QObject::connect(
         &activation, &DesktopActivation::activationRequested, &application,
-        [&](const QString& token) { record.write("opened " + token.toUtf8() + '\n'); });
+        [&](const QString& token) { record.write(("opened " + token.toUtf8()).trimmed() + '\n'); });
     return QCoreApplication::exec();
 }
 
@@ -58,6 +58,7 @@ private Q_SLOTS:
     void cleanup() { m_desktop.reset(); }
     void isInstalledWithValidFiles();
     void isStartedByTheBus();
+    void opensByItsCommandLine();
     void opensTheRunningInstance_data();
     void opensTheRunningInstance();
     void forwardsASecondStart();
@@ -118,6 +119,17 @@ void DesktopActivationTest::isStartedByTheBus()
 {
     call("Activate", {"{'desktop-startup-id': <'menu_TIME7'>}"});
     QTRY_COMPARE(record(), (QByteArrayList{"started", "opened menu_TIME7"}));
+}
+
+void DesktopActivationTest::opensByItsCommandLine()
+{
+    const QByteArray entry =
+        m_desktop->homePath().toUtf8() + "/.local/share/applications/app.trovell.Trovell.desktop";
+    // Given a path instead of an id, this launcher leaves the bus aside.
+    m_desktop->run("gio", {"launch", entry});
+    QTRY_COMPARE(record(), QByteArrayList{"started"});
+    m_desktop->run("gio", {"launch", entry});
+    QTRY_COMPARE(record(), (QByteArrayList{"started", "opened"}));
 }
 
 void DesktopActivationTest::opensTheRunningInstance_data()

@@ -13,8 +13,8 @@ namespace {
 
 constexpr const char* group = G_KEY_FILE_DESKTOP_GROUP;
 
-/// What a desktop needs to start the program and to show it in its list.
-constexpr std::array neededKeys{"Type", "Name", "Exec", "Icon"};
+/// Without these nothing is started.
+constexpr std::array neededKeys{"Type", "Name", "Exec"};
 
 /// How the settings of desktops switch an entry off without removing it.
 constexpr std::array switches{"X-GNOME-Autostart-enabled", "X-MATE-Autostart-enabled"};
@@ -54,6 +54,8 @@ AutostartEntry AutostartEntry::starting(const AutostartEntry& installed)
 {
     AutostartEntry entry;
     entry.makeEffective(installed);
+    if (installed.has("Icon"))
+        entry.setValue("Icon", installed.value("Icon"));
     return entry;
 }
 
