@@ -1,0 +1,94 @@
+// Runs the benchmarks and prints their figures. A missed budget is printed as such and is no
+// failure; the exit code is 1 only when something did not run.
+
+#include "CaptureBenchmark.h"
+#include "Machine.h"
+#include "MatchingBenchmark.h"
+#include "Report.h"
+#include "RestoreBenchmark.h"
+#include "StoreBenchmark.h"
+#include "StoreProbe.h"
+#include "WaitingBenchmark.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QDate>
+#include <QFile>
+#include <QTextStream>
+
+using namespace trovell::bench;
+
+namespace {
+
+struct Benchmark {
+    const char* name;
+    void (*measure)(Report& report);
+};
+
+constexpr Benchmark benchmarks[] = {
+    {"matching", &measureMatching}, {"capture", &measureCapture}, {"restore", &measureRestore},
+    {"waiting", &measureWaiting},   {"store", &measureStore},
+};
+
+QString describeRun()
+{
+    return QStringLiteral("Measured on %1, on %2. One minute's load average at the start: %3.")
+        .arg(QDate::currentDate().toString(Qt::ISODate), describeMachine())
+        .arg(loadAverage(), 0, 'f', 1);
+}
+
+/// Replaces what stands between the two marks of the document.
+bool writeInto(const QString& path, const QString& results)
+{
+    constexpr const char* beginMark = "<!-- results -->\n";
+    constexpr const char* endMark = "<!-- end of results -->";
+    QFile file(path);
+    if (!file.open(QIODevice::ReadWrite))
+        return false;
+    QByteArray text = file.readAll();
+    const qsizetype begin = text.indexOf(beginMark) + qsizetype(qstrlen(beginMark));
+    const qsizetype end = text.indexOf(endMark);
+    if (begin > end)
+        return false;
+    text.replace(begin, end - begin, results.toUtf8());
+    return file.seek(0) && file.write(text) == text.size() && file.resize(text.size());
+}
+
+void run(const QStringList& names, Report& report)
+{
+    for (const Benchmark& benchmark : benchmarks) {
+        if (!names.isEmpty() && !names.contains(QString::fromUtf8(benchmark.name)))
+            continue;
+        benchmark.measure(report);
+        report.printSection();
+    }
+    report.printSummary();
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    if (const QStringList arguments = QCoreApplication::arguments();
+        arguments.value(1) == QStringLiteral("--probe-store"))
+        return runStoreProbe(arguments.value(2));
+    QCommandLineParser parser;
+    const QCommandLineOption document(QStringLiteral("write-doc"),
+                                      QStringLiteral("Write the tables into this document."),
+                                      QStringLiteral("path"));
+    parser.addOption(document);
+    parser.addPositionalArgument(QStringLiteral("benchmarks"),
+                                 QStringLiteral("Which to run; all without."));
+    parser.addHelpOption();
+    parser.process(application);
+
+    const QString description = describeRun();
+    QTextStream(stdout) << description << '\n';
+    Report report;
+    run(parser.positionalArguments(), report);
+    if (parser.isSet(document) &&
+        !writeInto(parser.value(document), description + u'\n' + report.markdown()))
+        report.fail(QStringLiteral("Writing ") + parser.value(document));
+    return report.hasFailed() ? 1 : 0;
+}

@@ -1,0 +1,186 @@
+#include "RestoreBenchmark.h"
+
+#include "MoveWatcher.h"
+#include "PeerProgram.h"
+#include "RestoreWorkload.h"
+#include "Samples.h"
+
+#include <QCoro/QCoroTask>
+
+#include <algorithm>
+
+namespace trovell::bench {
+
+namespace {
+
+constexpr int rounds = 15;
+constexpr int windowCount = 200;
+
+/// What a contestant left behind in all rounds.
+struct Outcome {
+    /// From the contestant's end until no window moved any more.
+    Samples restSeconds;
+    Exactness worst = {windowCount, 0};
+    /// Windows that the product gave up on, in all rounds.
+    int refusals = 0;
+};
+
+class RestoreRace {
+public:
+    RestoreRace(CrowdedDesktop& crowd, int applications)
+        : m_workload(crowd, applications, windowCount / applications),
+          m_watcher(crowd.desktop().displayName(), m_workload.windows()),
+          m_service(crowd.session().windowSystem())
+    {
+    }
+
+    bool isComplete() const { return m_workload.windows().size() == windowCount; }
+    bool hasFailed() const { return m_hasFailed; }
+
+    double runTrovell(Outcome& outcome)
+    {
+        const auto groups = m_workload.placements(nextLayout());
+        return finish(outcome, secondsOf([&] { outcome.refusals += restore(groups); }));
+    }
+
+    double runXdotool(Outcome& outcome)
+    {
+        const QByteArrayList command = m_workload.xdotoolCommand(nextLayout());
+        return finish(outcome, runPeer(command, m_hasFailed));
+    }
+
+    double runWmctrl(Outcome& outcome)
+    {
+        const QList<QByteArrayList> commands = m_workload.wmctrlCommands(nextLayout());
+        return finish(outcome, secondsOf([&] {
+                          for (const QByteArrayList& command : commands)
+                              runPeer(command, m_hasFailed);
+                      }));
+    }
+
+private:
+    int nextLayout() { return m_layout = 1 - m_layout; }
+
+    /// As the launcher does it: the passes of all applications are under way together. Returns how
+    /// many windows were not restored.
+    int restore(const QList<QList<WindowPlacementSnapshot>>& groups)
+    {
+        int refusals = 0;
+        std::vector<QCoro::Task<WindowRestoreAttempt>> passes;
+        for (const QList<WindowPlacementSnapshot>& placements : groups)
+            passes.push_back(m_service.restorePlacements(placements));
+        for (QCoro::Task<WindowRestoreAttempt>& pass : passes) {
+            const WindowRestoreAttempt attempt = QCoro::waitFor(pass);
+            refusals += static_cast<int>(attempt.retryableDetails.size());
+            refusals += static_cast<int>(
+                std::ranges::count_if(attempt.completed, [](const LaunchResult& result) {
+                    return result.kind != LaunchResultKind::restored;
+                }));
+        }
+        return refusals;
+    }
+
+    double finish(Outcome& outcome, double seconds)
+    {
+        outcome.restSeconds.push_back(seconds + m_watcher.waitForRest());
+        const Exactness exactness = m_workload.exactness(m_layout);
+        outcome.worst.exact = std::min(outcome.worst.exact, exactness.exact);
+        outcome.worst.worst = std::max(outcome.worst.worst, exactness.worst);
+        return seconds;
+    }
+
+    RestoreWorkload m_workload;
+    MoveWatcher m_watcher;
+    WindowRestoreService m_service;
+    int m_layout = 0;
+    bool m_hasFailed = false;
+};
+
+QString describe(const Exactness& exactness)
+{
+    const QString count = QStringLiteral("%1 of %2 exact").arg(exactness.exact).arg(windowCount);
+    return exactness.worst == 0
+               ? count
+               : count + QStringLiteral(", worst off by %1 px").arg(exactness.worst);
+}
+
+void reportRace(Report& report, const QString& what, const std::vector<Samples>& seconds,
+                const Outcome& trovell, const Outcome& xdotool, const Outcome& wmctrl)
+{
+    const QString own = formatSpread(seconds[0]);
+    const double toXdotool = medianRatio(seconds[0], seconds[1]);
+    report.add({.what = what,
+                .trovell = own,
+                .peer = QStringLiteral("one xdotool, to its exit: ") + formatSpread(seconds[1]),
+                .ratio = formatRatio(toXdotool),
+                .budget = QStringLiteral("≤ 1.3×"),
+                .isMet = toXdotool <= 1.3});
+    Samples xdotoolRest = xdotool.restSeconds;
+    xdotoolRest.erase(xdotoolRest.begin()); // the round that warms up
+    const double toXdotoolRest = medianRatio(seconds[0], xdotoolRest);
+    report.add({.what = what,
+                .trovell = own,
+                .peer = QStringLiteral("one xdotool, until no window moves any more: ") +
+                        formatSpread(xdotoolRest),
+                .ratio = formatRatio(toXdotoolRest),
+                .budget = QStringLiteral("≤ 1.3×"),
+                .isMet = toXdotoolRest <= 1.3});
+    const double toWmctrl = medianRatio(seconds[2], seconds[0]);
+    report.add({.what = what,
+                .trovell = own,
+                .peer = QStringLiteral("200 × wmctrl -i -r … -e …: ") + formatSpread(seconds[2]),
+                .ratio = formatRatio(toWmctrl) + QStringLiteral(" faster"),
+                .budget = QStringLiteral("≥ 3× faster"),
+                .isMet = toWmctrl >= 3});
+    report.add({.what = QStringLiteral("Frames afterwards, worst round"),
+                .trovell = describe(trovell.worst),
+                .peer = QStringLiteral("xdotool: %1; wmctrl: %2")
+                            .arg(describe(xdotool.worst), describe(wmctrl.worst)),
+                .budget = QStringLiteral("200 of 200"),
+                .isMet = trovell.worst.exact == windowCount});
+    report.add({.what = QStringLiteral("Windows reported as refused, all rounds"),
+                .trovell = QString::number(trovell.refusals),
+                .budget = QStringLiteral("0"),
+                .isMet = trovell.refusals == 0});
+}
+
+void measureApplications(Report& report, int applications, const QString& what)
+{
+    CrowdedDesktop crowd;
+    if (!crowd.error().isEmpty())
+        return report.fail(crowd.error());
+    if (!crowd.openApplications(0, applications, windowCount / applications))
+        return report.fail(QStringLiteral("Opening the windows to restore"));
+    RestoreRace race(crowd, applications);
+    if (!race.isComplete())
+        return report.fail(QStringLiteral("Finding the windows to restore"));
+    Outcome trovell;
+    Outcome xdotool;
+    Outcome wmctrl;
+    const auto seconds = interleave(rounds, {[&] { return race.runTrovell(trovell); },
+                                             [&] { return race.runXdotool(xdotool); },
+                                             [&] { return race.runWmctrl(wmctrl); }});
+    if (race.hasFailed())
+        report.fail(what + QStringLiteral(": some peer failed"));
+    reportRace(report, what, seconds, trovell, xdotool, wmctrl);
+}
+
+} // namespace
+
+void measureRestore(Report& report)
+{
+    report.beginSection(
+        QStringLiteral("Restore"),
+        QStringLiteral(
+            "WindowRestoreService over 200 windows: read, match, move, and verify until every "
+            "frame "
+            "reads back exactly. Two layouts on two displays alternate, so every pass moves and "
+            "resizes every window. The peers get the same frames, do not verify, and are timed to "
+            "their exit; afterwards the frames are read by independent code. openbox. Medians of "
+            "%1 rounds, quartiles in brackets.")
+            .arg(rounds));
+    measureApplications(report, 1, QStringLiteral("Restoring 200 windows of one application"));
+    measureApplications(report, 20, QStringLiteral("Restoring 20 applications of 10 windows"));
+}
+
+} // namespace trovell::bench

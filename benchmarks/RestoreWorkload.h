@@ -1,0 +1,54 @@
+// Two layouts of the same windows, and what each contestant needs to bring about one of them.
+#pragma once
+
+#include "CrowdedDesktop.h"
+#include "windows/WindowRestoreService.h"
+
+#include <QByteArrayList>
+
+namespace trovell::bench {
+
+/// How many windows are where they should be, and by how many pixels the worst of the others is
+/// not (the largest difference of a coordinate or an extent).
+struct Exactness {
+    qsizetype exact = 0;
+    int worst = 0;
+};
+
+class RestoreWorkload {
+public:
+    /// The windows that are open now, as `CrowdedDesktop` opened them.
+    RestoreWorkload(CrowdedDesktop& crowd, int applications, int windowsEach);
+
+    [[nodiscard]] QList<quint32> windows() const;
+
+    // `layout` is 0 or 1; every window has another position and another size in each.
+
+    /// By application, as the launcher has them.
+    [[nodiscard]] QList<QList<WindowPlacementSnapshot>> placements(int layout) const;
+    [[nodiscard]] QByteArrayList xdotoolCommand(int layout) const;
+    /// One for each window.
+    [[nodiscard]] QList<QByteArrayList> wmctrlCommands(int layout) const;
+
+    [[nodiscard]] Exactness exactness(int layout) const;
+
+private:
+    struct Window {
+        quint32 id = 0;
+        int application = 0;
+        int indexInApplication = 0;
+        QString title;
+        /// How much larger the frame is than the client's window.
+        QSize decorations;
+    };
+
+    [[nodiscard]] static QRect frame(int layout, qsizetype index);
+    [[nodiscard]] QSize clientSize(int layout, qsizetype index) const;
+    [[nodiscard]] WindowPlacementSnapshot placement(int layout, qsizetype index) const;
+
+    CrowdedDesktop& m_crowd;
+    QList<DisplaySnapshot> m_displays;
+    QList<Window> m_windows;
+};
+
+} // namespace trovell::bench

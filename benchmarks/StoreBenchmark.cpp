@@ -1,0 +1,211 @@
+#include "StoreBenchmark.h"
+
+#include "Samples.h"
+#include "StoreProbe.h"
+#include "StoreWorkload.h"
+
+#include <QCoreApplication>
+#include <QTemporaryDir>
+
+namespace trovell::bench {
+
+namespace {
+
+constexpr int largeCount = 1000;
+constexpr int smallCount = 10;
+constexpr int probeRounds = 11;
+constexpr int saveRounds = 101;
+
+using Edit = void (*)(StoreContext& context, TrovellWorkspace& workspace, int round);
+
+/// What a start and a small correction write.
+void editALittle(StoreContext& /*context*/, TrovellWorkspace& workspace, int round)
+{
+    workspace.setName(QStringLiteral("Edited %1").arg(round));
+    workspace.setUpdatedAt(QDateTime::currentDateTimeUtc());
+    workspace.sortedItems().first()->setDisplayName(QStringLiteral("Item %1").arg(round));
+    workspace.sortedPlacements().first()->setWindowTitleHint(QStringLiteral("T %1").arg(round));
+}
+
+/// What taking the layout anew writes.
+void replacePlacements(StoreContext& context, TrovellWorkspace& workspace, int round)
+{
+    const QList<WindowPlacement*> placements = workspace.sortedPlacements();
+    for (WindowPlacement* placement : placements)
+        context.remove(*placement);
+    for (int index = 0; index < placementsPerWorkspace; ++index)
+        workspace.appendPlacement(makeSamplePlacement(index));
+    workspace.setUpdatedAt(QDateTime::currentDateTimeUtc().addMSecs(round));
+}
+
+/// Edits another workspace every time and measures the save alone.
+class SavedStore {
+public:
+    SavedStore(const QString& folder, bool isDurable) : m_store(openStore(folder, isDurable)) {}
+
+    bool isOpen() const { return m_store.has_value(); }
+    bool hasFailed() const { return m_hasFailed; }
+
+    double save(Edit edit)
+    {
+        StoreContext& context = (*m_store)->mainContext();
+        const QList<TrovellWorkspace*> workspaces = context.workspaces();
+        constexpr int stride = 37; // spreads over the file
+        ++m_round;
+        edit(context, *workspaces.at(m_round * stride % workspaces.size()), m_round);
+        const double seconds = secondsOf([&] { m_hasFailed |= !context.save(); });
+        // Destroys what was removed.
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return seconds;
+    }
+
+private:
+    Expected<std::unique_ptr<WorkspaceStore>, StoreError> m_store;
+    int m_round = 0;
+    bool m_hasFailed = false;
+};
+
+struct Stores {
+    QString large;
+    QString small;
+};
+
+struct Probes {
+    Samples listingSeconds, listingMegabytes, listingMegabytesRead;
+    Samples allSeconds, allMegabytes, allMegabytesRead;
+    Samples selectingSeconds;
+
+    double add(const std::optional<StoreProbe>& probe)
+    {
+        if (!probe)
+            return 0;
+        listingSeconds.push_back(probe->listing.seconds);
+        listingMegabytes.push_back(probe->listing.megabytes);
+        listingMegabytesRead.push_back(probe->listing.megabytesRead);
+        allSeconds.push_back(probe->everything.seconds);
+        allMegabytes.push_back(probe->everything.megabytes);
+        allMegabytesRead.push_back(probe->everything.megabytesRead);
+        selectingSeconds.push_back(probe->secondsToSelectOne);
+        return probe->listing.seconds;
+    }
+};
+
+QString megabytes(const Samples& samples)
+{
+    return QStringLiteral("%1 MB").arg(median(samples), 0, 'f', 1);
+}
+
+void reportOpening(Report& report, const Probes& large, const Probes& cold, const Probes& small)
+{
+    const QString peer = QStringLiteral("10 workspaces: ");
+    report.add({.what = QStringLiteral("Opening and listing"),
+                .trovell = formatSpread(large.listingSeconds),
+                .peer = peer + formatSpread(small.listingSeconds),
+                .ratio = formatRatio(medianRatio(large.listingSeconds, small.listingSeconds)),
+                .budget = QStringLiteral("< 400 ms"),
+                .isMet = median(large.listingSeconds) < 0.4});
+    report.add({.what = QStringLiteral("The same with the file not in the system's cache"),
+                .trovell = formatSpread(cold.listingSeconds),
+                .budget = QStringLiteral("< 400 ms"),
+                .isMet = median(cold.listingSeconds) < 0.4});
+    report.add({.what = QStringLiteral("Selecting a workspace: reading its items and placements"),
+                .trovell = formatSpread(large.selectingSeconds),
+                .peer = peer + formatSpread(small.selectingSeconds),
+                .ratio = formatRatio(medianRatio(large.selectingSeconds, small.selectingSeconds))});
+    report.add({.what = QStringLiteral("Opening and loading everything"),
+                .trovell = formatSpread(large.allSeconds),
+                .peer = QStringLiteral("listing: ") + formatSpread(large.listingSeconds),
+                .ratio = formatRatio(medianRatio(large.allSeconds, large.listingSeconds))});
+}
+
+void reportMemory(Report& report, const Probes& large)
+{
+    report.add({.what = QStringLiteral("Memory with everything loaded"),
+                .trovell = megabytes(large.allMegabytes),
+                .budget = QStringLiteral("< 120 MB"),
+                .isMet = median(large.allMegabytes) < 120});
+    const double share = median(large.listingMegabytes) / median(large.allMegabytes);
+    report.add({.what = QStringLiteral("Memory after listing"),
+                .trovell = megabytes(large.listingMegabytes),
+                .peer = QStringLiteral("everything: ") + megabytes(large.allMegabytes),
+                .ratio = formatRatio(share),
+                .budget = QStringLiteral("no items loaded: < 0.25×"),
+                .isMet = share < 0.25});
+    const double shareRead = median(large.listingMegabytesRead) / median(large.allMegabytesRead);
+    report.add({.what = QStringLiteral("Read from the file for the listing"),
+                .trovell = megabytes(large.listingMegabytesRead),
+                .peer = QStringLiteral("everything: ") + megabytes(large.allMegabytesRead),
+                .ratio = formatRatio(shareRead),
+                .budget = QStringLiteral("no items loaded: < 0.25×"),
+                .isMet = shareRead < 0.25});
+}
+
+void measureOpening(Report& report, const Stores& stores)
+{
+    Probes large;
+    Probes cold;
+    Probes small;
+    (void)interleave(probeRounds, {[&] { return large.add(probeStore(stores.large)); },
+                                   [&] { return cold.add(probeStore(stores.large, true)); },
+                                   [&] { return small.add(probeStore(stores.small)); }});
+    constexpr size_t wanted = probeRounds + 1;
+    if (large.listingSeconds.size() + cold.listingSeconds.size() + small.listingSeconds.size() !=
+        3 * wanted)
+        report.fail(QStringLiteral("Some probes of the store"));
+    reportOpening(report, large, cold, small);
+    reportMemory(report, large);
+}
+
+void measureSaving(Report& report, const Stores& stores, bool isDurable)
+{
+    SavedStore large(stores.large, isDurable);
+    SavedStore small(stores.small, isDurable);
+    if (!large.isOpen() || !small.isOpen())
+        return report.fail(QStringLiteral("Opening the stores to save"));
+    const auto measure = [&](const QString& what, Edit edit) {
+        const auto samples = interleave(
+            saveRounds, {[&] { return large.save(edit); }, [&] { return small.save(edit); }});
+        const double ratio = medianRatio(samples[0], samples[1]);
+        Row row{.what = what + (isDurable ? QStringLiteral(", with the disk's sync")
+                                          : QStringLiteral(", without the disk's sync")),
+                .trovell = formatSpread(samples[0]),
+                .peer = QStringLiteral("10 workspaces: ") + formatSpread(samples[1]),
+                .ratio = formatRatio(ratio)};
+        if (!isDurable) {
+            row.budget = QStringLiteral("≤ 1.5×, < 10 ms");
+            row.isMet = ratio <= 1.5 && median(samples[0]) < 0.01;
+        }
+        report.add(row);
+    };
+    measure(QStringLiteral("Saving one edited workspace"), &editALittle);
+    measure(QStringLiteral("Saving 20 replaced placements"), &replacePlacements);
+    if (large.hasFailed() || small.hasFailed())
+        report.fail(QStringLiteral("Some saves"));
+}
+
+} // namespace
+
+void measureStore(Report& report)
+{
+    report.beginSection(
+        QStringLiteral("Store"),
+        QStringLiteral(
+            "A store of 1,000 workspaces with 20 items and 20 placements each beside one "
+            "of 10 workspaces, in turn. Opening: %1 fresh processes each, memory as the "
+            "growth of the process's proportional set size. Saving: %2 saves, each of "
+            "another workspace. Medians, quartiles in brackets.")
+            .arg(probeRounds)
+            .arg(saveRounds));
+    // Beside the program, where it is on a disk; temporary folders often are not.
+    const QTemporaryDir folder(QCoreApplication::applicationDirPath() +
+                               QStringLiteral("/store-XXXXXX"));
+    const Stores stores{folder.filePath(QStringLiteral("large")),
+                        folder.filePath(QStringLiteral("small"))};
+    if (!createStore(stores.large, largeCount) || !createStore(stores.small, smallCount))
+        return report.fail(QStringLiteral("Creating the stores"));
+    measureOpening(report, stores);
+    measureSaving(report, stores, false);
+    measureSaving(report, stores, true);
+}
+
+} // namespace trovell::bench

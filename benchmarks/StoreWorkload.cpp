@@ -1,0 +1,75 @@
+#include "StoreWorkload.h"
+
+#include "Titles.h"
+
+namespace trovell::bench {
+
+namespace {
+
+std::unique_ptr<WorkspaceItem> makeItem(int index)
+{
+    WorkspaceItemValues values;
+    const QString name = QStringLiteral("Quarterly report %1.odt").arg(index);
+    values.displayName = name;
+    values.sortOrder = index;
+    values.isEnabled = index % 7 != 0;
+    if (index % 4 == 0) {
+        values.typeRawValue = rawValue(WorkspaceItemType::webLink);
+        values.urlString =
+            QStringLiteral("https://www.example.org/projects/trovell/%1?view=list").arg(index);
+    } else {
+        const QString path = QStringLiteral("/home/anna/Documents/Projects/2024/") + name;
+        values.typeRawValue = rawValue(WorkspaceItemType::file);
+        values.urlString = QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded);
+        values.bookmarkData = QByteArray(40, 'b') + path.toUtf8();
+    }
+    return std::make_unique<WorkspaceItem>(values);
+}
+
+DisplayFingerprint sampleFingerprint()
+{
+    return {QStringLiteral("DEL DELL U2720Q"), 3840, 2160, 3840, 2160, 1, 0, 0, true};
+}
+
+std::unique_ptr<TrovellWorkspace> makeWorkspace(int number)
+{
+    auto workspace = std::make_unique<TrovellWorkspace>(
+        WorkspaceValues{.name = QStringLiteral("Workspace %1").arg(number), .sortOrder = number});
+    for (int index = 0; index < itemsPerWorkspace; ++index)
+        workspace->appendItem(makeItem(index));
+    for (int index = 0; index < placementsPerWorkspace; ++index)
+        workspace->appendPlacement(makeSamplePlacement(index));
+    return workspace;
+}
+
+} // namespace
+
+Expected<std::unique_ptr<WorkspaceStore>, StoreError> openStore(const QString& folder,
+                                                                bool isDurable)
+{
+    return WorkspaceStore::open(
+        folder, {.isDurable = isDurable, .automaticSaveDelay = std::chrono::hours(1)});
+}
+
+bool createStore(const QString& folder, int workspaceCount)
+{
+    const auto store = openStore(folder);
+    if (!store)
+        return false;
+    StoreContext& context = (*store)->mainContext();
+    for (int number = 0; number < workspaceCount; ++number)
+        context.insert(makeWorkspace(number));
+    return context.save().has_value();
+}
+
+std::unique_ptr<WindowPlacement> makeSamplePlacement(int index)
+{
+    return std::make_unique<WindowPlacement>(
+        QStringLiteral("org.example.Application%1").arg(index / 4),
+        QStringLiteral("Application %1").arg(index / 4), realisticTitle(index),
+        QStringLiteral("AXWindow"), QStringLiteral("AXStandardWindow"), index,
+        NormalizedFrame{0.01 * index, 0.02 * index, 0.4, 0.5},
+        QRectF(38.4 * index, 43.2 * index, 1536, 1080), sampleFingerprint(), index % 5 != 0);
+}
+
+} // namespace trovell::bench
