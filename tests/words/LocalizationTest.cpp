@@ -158,7 +158,7 @@ private Q_SLOTS:
         const auto summary = u"Completed %lld actions. %lld windows restored. "
                              u"Review %lld skipped or failed items."_key;
         QCOMPARE(polish.text(summary, 1, 2, 5), u"1 akcja • 2 okna • 5 wpisów"_qs);
-        QCOMPARE(polish.text(summary.text.toString(), {5, 1, 3}), u"5 akcji • 1 okno • 3 wpisy"_qs);
+        QCOMPARE(polish.text(summary.text(), {5, 1, 3}), u"5 akcji • 1 okno • 3 wpisy"_qs);
     }
 
     void writesNumbersAsTheLocaleDoes()

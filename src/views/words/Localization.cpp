@@ -23,7 +23,7 @@ struct Recognised {
 
 /// The first of `patterns`, each with one "%@", that `text` could have been made from.
 template <size_t count>
-std::optional<Recognised> recognised(const std::array<QStringView, count>& patterns,
+std::optional<Recognised> recognised(const std::array<std::u16string_view, count>& patterns,
                                      const QString& text)
 {
     for (const QStringView pattern : patterns) {
@@ -145,7 +145,7 @@ QString Localization::shownDetail(const QString& productText) const
     const auto detail = recognised(detailPatterns, productText);
     if (!detail)
         return text(productText);
-    if (detail->key == storeOpeningFailure.text)
+    if (detail->key == storeOpeningFailure.text())
         return shown(detail->key, {text(detail->payload)});
     return shown(detail->key, {detail->payload});
 }
@@ -158,7 +158,8 @@ QString Localization::shownNotice(const QString& productText) const
 
 QString Localization::shownResultName(const QString& name) const
 {
-    return std::ranges::find(resultNames, name) == resultNames.end() ? name : text(name);
+    return std::ranges::find(resultNames, QStringView(name)) == resultNames.end() ? name
+                                                                                  : text(name);
 }
 
 QString Localization::shownShortcut(const QString& displayValue) const

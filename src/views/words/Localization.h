@@ -59,7 +59,7 @@ public:
     template <Placeholder... kinds>
     [[nodiscard]] QString text(TextKey<kinds...> key, const ArgumentOf<kinds>&... arguments) const
     {
-        return shown(key.text.toString(), {TextArgument(arguments)...});
+        return shown(key.text(), {TextArgument(arguments)...});
     }
 
     /// The text of a key that is only known at run time: the name of a choice, the summary of a

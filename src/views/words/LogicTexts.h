@@ -7,8 +7,6 @@
 #include "views/words/Phrases.h"
 #include "views/words/TextKey.h"
 
-#include <QStringView>
-
 #include <array>
 
 namespace trovell {
@@ -20,32 +18,33 @@ inline constexpr auto storeOpeningFailure =
 /// Error descriptions, details of results and states of services, those that begin with fixed words
 /// before those that begin with the payload.
 inline constexpr std::array detailPatterns{
-    storeOpeningFailure.text,
-    u"macOS could not open %@."_key.text,
+    storeOpeningFailure.characters,
+    u"macOS could not open %@."_key.characters,
     u"Trovell %@ needs a newer system than this one. You have the newest version that runs here."_key
-        .text,
-    u"You have a newer version of Trovell than the newest one offered, which is %@."_key.text,
-    u"%@ could not be found. Use Locate Again to update it."_key.text,
-    phrases::applicationUnavailable.text,
+        .characters,
+    u"You have a newer version of Trovell than the newest one offered, which is %@."_key.characters,
+    u"%@ could not be found. Use Locate Again to update it."_key.characters,
+    phrases::applicationUnavailable.characters,
 };
 
 inline constexpr std::array noticePatterns{
-    phrases::renamed.text,
-    phrases::savedAsNewWorkspace.text,
-    phrases::savedLayoutCleared.text,
-    phrases::layoutUpdated.text,
-    phrases::captured.text,
-    phrases::created.text,
-    phrases::saved.text,
+    phrases::renamed.characters,
+    phrases::savedAsNewWorkspace.characters,
+    phrases::savedLayoutCleared.characters,
+    phrases::layoutUpdated.characters,
+    phrases::captured.characters,
+    phrases::created.characters,
+    phrases::saved.characters,
 };
 
 /// Names of result lines that are the product's own; all others are the user's.
-inline constexpr std::array resultNames{u"Window layout"_key.text};
+inline constexpr std::array resultNames{u"Window layout"_key.characters};
 
 /// Single words that are shown by the name of a choice, and the shortcuts.
 inline constexpr std::array choiceNames{
-    u"Light"_key.text, u"System"_key.text, u"Dark"_key.text, u"⌃⌥1"_key.text,
-    u"⌃⌥2"_key.text,   u"⌃⌥3"_key.text,    u"⌃⌥4"_key.text,  u"⌃⌥5"_key.text,
+    u"Light"_key.characters, u"System"_key.characters, u"Dark"_key.characters,
+    u"⌃⌥1"_key.characters,   u"⌃⌥2"_key.characters,    u"⌃⌥3"_key.characters,
+    u"⌃⌥4"_key.characters,   u"⌃⌥5"_key.characters,
 };
 
 } // namespace trovell

@@ -28,7 +28,7 @@ template <Placeholder... kinds>
         else
             return QString::number(argument.value);
     };
-    return filledIn(key.text.toString(), {written(arguments)...});
+    return filledIn(key.text(), {written(arguments)...});
 }
 
 } // namespace trovell

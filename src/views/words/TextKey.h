@@ -5,12 +5,12 @@
 #pragma once
 
 #include <QString>
-#include <QStringView>
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
 #include <stdexcept>
+#include <string_view>
 #include <type_traits>
 #include <utility>
 
@@ -18,9 +18,17 @@ namespace trovell {
 
 enum class Placeholder { text, number };
 
-/// `placeholders` in the order in which they stand in `text`, which lives as long as the program.
+/// `placeholders` in the order in which they stand in the text. The characters live as long as the
+/// program.
 template <Placeholder... placeholders> struct TextKey {
-    QStringView text;
+    // No QStringView: it compares the address with null, which GCC 12 does not take for a constant
+    // when it builds with sanitizers (GCC bug 71962).
+    std::u16string_view characters;
+
+    [[nodiscard]] QString text() const
+    {
+        return QString::fromUtf16(characters.data(), qsizetype(characters.size()));
+    }
 };
 
 /// A number for a "%lld". Numbers are written with the digits and group separators of the locale.
@@ -87,7 +95,7 @@ inline namespace literals {
 template <KeyLiteral literal> [[nodiscard]] consteval auto operator""_key()
 {
     constexpr auto kinds = literal.template kinds<literal.placeholderCount()>();
-    constexpr QStringView text(literal.characters.data(), qsizetype(literal.characters.size() - 1));
+    constexpr std::u16string_view text(literal.characters.data(), literal.characters.size() - 1);
     return [&]<size_t... indices>(std::index_sequence<indices...>)
     {
         return TextKey<kinds[indices]...>{text};
