@@ -66,8 +66,9 @@ public:
 
     QStringList actionNames() const override
     {
-        const QString first = button()->menu() ? showMenuAction() : pressAction();
-        return button()->isEnabled() ? QStringList{first, setFocusAction()} : QStringList();
+        if (!button()->isEnabled())
+            return {};
+        return {button()->menu() ? showMenuAction() : pressAction(), setFocusAction()};
     }
 
     void doAction(const QString& name) override

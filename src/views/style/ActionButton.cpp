@@ -43,7 +43,7 @@ QSize ActionButton::sizeHint() const
 {
     const int text = std::max(textWidth(titleStyle(), m_title),
                               textWidth(visual().text(TextRole::caption2), m_subtitle));
-    const int width = visual().scaled(leadingPadding + symbolSize + symbolGap + trailingPadding);
+    const int width = visual().scaledSum({leadingPadding, symbolSize, symbolGap, trailingPadding});
     return {width + text, visual().scaled(Tokens::Size::controlHeightTwoLine)};
 }
 

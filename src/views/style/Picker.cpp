@@ -36,7 +36,7 @@ QSize Picker::sizeHint() const
     int text = 0;
     for (int i = 0; i < count(); ++i)
         text = std::max(text, textWidth(m_visual.text(TextRole::body), itemText(i)));
-    const int around = m_visual.scaled(leadingPadding + symbolGap + symbolSize + trailingPadding);
+    const int around = m_visual.scaledSum({leadingPadding, symbolGap, symbolSize, trailingPadding});
     return {std::max(m_visual.scaled(m_leastWidth), text + around),
             m_visual.scaled(Tokens::Size::controlHeight)};
 }

@@ -26,7 +26,7 @@ SymbolLink::SymbolLink(const VisualStyle& visual, const QString& symbolName, con
 QSize SymbolLink::sizeHint() const
 {
     const TextStyle style = visual().text(TextRole::body);
-    return {visual().scaled(2 * padding + symbolSize + gap) + textWidth(style, text()),
+    return {visual().scaledSum({padding, symbolSize, gap, padding}) + textWidth(style, text()),
             visual().scaled(linkHeight)};
 }
 

@@ -18,7 +18,12 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
 private:
+    void paintPlaceholder();
+
     const VisualStyle& m_visual;
 };
 

@@ -19,8 +19,8 @@ namespace trovell {
 
 namespace {
 
-// QLineEdit adds two pixels of its own inside its contents.
-constexpr int fieldPadding = 11 - 2;
+// The design's padding and a border of one, less the two that QLineEdit adds inside its contents.
+constexpr int fieldPadding = 11 + 1 - 2;
 // QTipLabel adds one pixel to the frame width.
 constexpr int tooltipPadding = 6 - 1;
 constexpr int tooltipExtraPadding = 9 - 6;
@@ -197,7 +197,7 @@ QRect TrovellStyle::subElementRect(SubElement element, const QStyleOption* optio
                                    const QWidget* widget) const
 {
     if (element == SE_LineEditContents && qobject_cast<const QLineEdit*>(widget))
-        return option->rect.adjusted(fieldPadding, 1, -fieldPadding, -1);
+        return option->rect.adjusted(fieldPadding, 2, -fieldPadding, 0);
     return QProxyStyle::subElementRect(element, option, widget);
 }
 

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace trovell {
 
@@ -68,6 +69,7 @@ void VisualStyle::setFontFactor(double factor)
     if (m_fontFactor == clamped)
         return;
     m_fontFactor = clamped;
+    m_texts.clear();
     applyFont();
     Q_EMIT
     metricsChanged();
@@ -118,6 +120,13 @@ TextStyle VisualStyle::text(TextRole role) const
 
 TextStyle VisualStyle::text(TextRole role, QFont::Weight weight) const
 {
+    const auto key = std::pair(static_cast<int>(role), static_cast<int>(weight));
+    const auto known = m_texts.constFind(key);
+    return known != m_texts.constEnd() ? *known : *m_texts.insert(key, makeText(role, weight));
+}
+
+TextStyle VisualStyle::makeText(TextRole role, QFont::Weight weight) const
+{
     const TypeMeasures measures = m_tokens.type(role);
     const int pixelSize = scaled(measures.pixelSize);
     QFont font;
@@ -132,6 +141,12 @@ TextStyle VisualStyle::text(TextRole role, QFont::Weight weight) const
 int VisualStyle::scaled(double pixels) const
 {
     return static_cast<int>(std::lround(pixels * m_fontFactor));
+}
+
+int VisualStyle::scaledSum(std::initializer_list<double> pixels) const
+{
+    return std::accumulate(pixels.begin(), pixels.end(), 0,
+                           [this](int sum, double part) { return sum + scaled(part); });
 }
 
 void VisualStyle::paintSymbol(QPainter& painter, const QRectF& box, const QString& name,

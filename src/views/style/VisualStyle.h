@@ -91,6 +91,8 @@ public:
     int space(Space name) const { return m_tokens.space(name); }
     /// A measure of a control, multiplied with the font factor and rounded to whole pixels.
     int scaled(double pixels) const;
+    /// The sum of several measures, each rounded by itself as where they are painted.
+    int scaledSum(std::initializer_list<double> pixels) const;
     int scaled(Tokens::Size name) const { return scaled(m_tokens.size(name)); }
 
     /// Paints a symbol filled with `color` into the middle of `box`, as large as its shorter side
@@ -110,6 +112,7 @@ Q_SIGNALS:
 private:
     void applyPalette();
     void applyFont();
+    TextStyle makeText(TextRole role, QFont::Weight weight) const;
 
     Tokens m_tokens = Tokens::builtIn();
     Appearance m_appearance = Appearance::light;
@@ -118,6 +121,8 @@ private:
     bool m_isComposited = true;
     bool m_isInstalled = false;
     mutable SymbolCache m_symbols;
+    // A font that is kept keeps what it has looked up.
+    mutable QHash<std::pair<int, int>, TextStyle> m_texts;
 };
 
 } // namespace trovell

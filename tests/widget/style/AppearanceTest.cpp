@@ -1,10 +1,14 @@
 #include "Stage.h"
 
 #include "views/style/ActionButton.h"
+#include "views/style/CheckBox.h"
+#include "views/style/LinkButton.h"
+#include "views/style/Picker.h"
 #include "views/style/PushButton.h"
 #include "views/style/ScrollArea.h"
 #include "views/style/Slider.h"
 #include "views/style/Switch.h"
+#include "views/style/SymbolLink.h"
 #include "views/style/TextField.h"
 #include "views/style/TextLabel.h"
 #include "views/style/TrovellCardModifier.h"
@@ -33,6 +37,8 @@ private Q_SLOTS:
     void openWindowChangesAtOnce();
     void sameAppearanceIsNoChange();
     void factorGrowsControls();
+    void nothingElidesAtItsOwnSize_data();
+    void nothingElidesAtItsOwnSize();
     void wrappedTextIsNeverCut_data();
     void wrappedTextIsNeverCut();
     void scrollBarTakesNoRoom();
@@ -108,6 +114,40 @@ void AppearanceTest::factorGrowsControls()
     QTRY_COMPARE(field->height(), 51);
     QTRY_COMPARE(label->height(), 30);
     QVERIFY(button->sizeHint().width() > width * 4 / 3);
+}
+
+void AppearanceTest::nothingElidesAtItsOwnSize_data()
+{
+    QTest::addColumn<double>("factor");
+    for (int hundredths = 90; hundredths <= 150; hundredths += 5)
+        QTest::addRow("%d %%", hundredths) << hundredths / 100.0;
+}
+
+/// With more room than it asks for a control paints the same text, so it had room for all of it.
+void AppearanceTest::nothingElidesAtItsOwnSize()
+{
+    QFETCH(double, factor);
+    m_visual->setFontFactor(factor);
+    const VisualStyle& visual = *m_visual;
+    Picker picker(visual, u"Language"_qs, 40);
+    picker.addItem(u"Português (Brasil)"_qs);
+    ActionButton action(visual, u"play.fill"_qs, u"Start"_qs,
+                        u"Open everything and restore the layout"_qs);
+    SymbolLink link(visual, u"gearshape"_qs, u"Settings"_qs);
+    CheckBox box(visual, u"Add as launch item"_qs);
+    LinkButton locate(visual, u"Locate Again"_qs);
+    TextLabel label(visual, u"Workspaces"_qs, TextRole::caption);
+    for (QWidget* control :
+         std::initializer_list<QWidget*>{&picker, &action, &link, &box, &locate, &label}) {
+        const QSize wanted = control->sizeHint();
+        // The text ends before the far padding, which moves along with the edge.
+        const QRect part(0, 4, wanted.width() - 34, wanted.height() - 8);
+        const auto painted = [&](int extra) {
+            control->setFixedSize(wanted + QSize(extra, 0));
+            return control->grab().toImage().copy(part);
+        };
+        QVERIFY2(painted(0) == painted(40), control->metaObject()->className());
+    }
 }
 
 void AppearanceTest::wrappedTextIsNeverCut_data()
