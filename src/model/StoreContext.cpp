@@ -72,12 +72,14 @@ void StoreContext::remove(TrovellWorkspace& workspace)
 
 void StoreContext::remove(WorkspaceItem& item)
 {
+    Q_ASSERT(item.workspace());
     item.m_isRemoved = true;
     item.workspace()->noteChange();
 }
 
 void StoreContext::remove(WindowPlacement& placement)
 {
+    Q_ASSERT(placement.workspace());
     placement.m_isRemoved = true;
     placement.workspace()->noteChange();
 }

@@ -28,8 +28,10 @@ public:
 
     explicit ToMany(TrovellWorkspace& owner) : m_owner(owner) {}
 
+    /// Reads first, so that those in memory are either all there are or none of the stored ones.
     void append(std::unique_ptr<Child> child)
     {
+        readStored();
         child->m_owner = &m_owner;
         m_children.push_back(std::move(child));
     }

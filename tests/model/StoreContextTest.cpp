@@ -53,6 +53,7 @@ private Q_SLOTS:
     void announcesUpdates();
     void announcesBeforeItDestroys();
     void countsWithoutReading();
+    void appendsToWhatItHasNotRead();
     void refusesToSaveAfterAFailedRead();
 
 private:
@@ -374,16 +375,27 @@ void StoreContextTest::countsWithoutReading()
     QCOMPARE(workspace.enabledPlacementCount(), 5);
     QVERIFY(workspace.items().loaded().empty());
 
-    // Appending does not read either, and those read later come before it.
-    workspace.appendItem(std::make_unique<WorkspaceItem>(WorkspaceItemValues{.isEnabled = false}));
-    QCOMPARE(workspace.itemCount(), 6);
-    QCOMPARE(workspace.items().loaded().size(), 1u);
     const QList<WorkspaceItem*> items = workspace.sortedItems();
-    QCOMPARE(items.size(), 6);
-    QVERIFY(items[0]->isStored() && !items[1]->isStored());
     context().remove(*items.last());
-    QCOMPARE(workspace.itemCount(), 5);
-    QCOMPARE(workspace.enabledItemCount(), 2);
+    items.first()->setIsEnabled(false);
+    QCOMPARE(workspace.itemCount(), 4);
+    QCOMPARE(workspace.enabledItemCount(), 1);
+}
+
+void StoreContextTest::appendsToWhatItHasNotRead()
+{
+    insert(u"Work"_qs, 0, 3);
+    QVERIFY(context().save());
+    StoreContents expected = contentsOf(context());
+    reopen();
+    TrovellWorkspace& workspace = *context().workspaces().first();
+    const auto& item =
+        workspace.appendItem(std::make_unique<WorkspaceItem>(WorkspaceItemValues{.sortOrder = 2}));
+    expected.first().items.append(item.values());
+    QVERIFY(context().save());
+    QCOMPARE(contentsOf(context()), expected);
+    reopen();
+    QCOMPARE(contentsOf(context()), expected);
 }
 
 void StoreContextTest::refusesToSaveAfterAFailedRead()
