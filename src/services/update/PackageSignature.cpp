@@ -43,13 +43,13 @@ Expected<void, UpdateError> verifyPackage(const QString& path, const PackageSign
 {
     QFile file(path);
     if (sodium_init() < 0 || !file.open(QIODevice::ReadOnly))
-        return Unexpected(UpdateError::fileNotReadable);
+        return Unexpected<UpdateError>(UpdateError::fileNotReadable);
     const uchar* content = file.map(0, file.size());
     if (!content)
-        return Unexpected(UpdateError::fileNotReadable);
+        return Unexpected<UpdateError>(UpdateError::fileNotReadable);
     const auto size = static_cast<unsigned long long>(file.size());
     if (crypto_sign_verify_detached(signature.data(), content, size, key.data()) != 0)
-        return Unexpected(UpdateError::signatureWrong);
+        return Unexpected<UpdateError>(UpdateError::signatureWrong);
     return {};
 }
 

@@ -20,7 +20,7 @@ constexpr mode_t writableByOthers = S_IWGRP | S_IWOTH;
 Unexpected<UpdateError> systemError(int code, UpdateError otherwise)
 {
     const bool isFull = code == ENOSPC || code == EDQUOT || code == EFBIG;
-    return Unexpected(isFull ? UpdateError::diskFull : otherwise);
+    return Unexpected<UpdateError>(isFull ? UpdateError::diskFull : otherwise);
 }
 
 /// Afterwards nobody else can put anything in place of what lies in the folder. Links are refused
@@ -35,7 +35,7 @@ Expected<void, UpdateError> makeOwnFolder(const QString& folder)
         return systemError(errno, UpdateError::folderNotWritable);
     if (!S_ISDIR(status.st_mode) || status.st_uid != ::geteuid() ||
         (status.st_mode & writableByOthers) != 0)
-        return Unexpected(UpdateError::folderNotPrivate);
+        return Unexpected<UpdateError>(UpdateError::folderNotPrivate);
     return {};
 }
 
@@ -43,7 +43,7 @@ Expected<void, UpdateError> makePrivateFolder(const QString& folder)
 {
     const QFileInfo parent(QFileInfo(folder).absolutePath());
     if (!QDir().mkpath(parent.absolutePath()))
-        return Unexpected(UpdateError::folderNotWritable);
+        return Unexpected<UpdateError>(UpdateError::folderNotWritable);
     if (const auto made = makeOwnFolder(parent.absoluteFilePath()); !made)
         return made;
     if (const auto made = makeOwnFolder(folder); !made)
@@ -67,7 +67,7 @@ void deleteFiles(const QString& folder)
 Expected<std::unique_ptr<PrivateFile>, UpdateError> PrivateFile::create(const QString& folder)
 {
     if (const auto made = makePrivateFolder(folder); !made)
-        return Unexpected(made.error());
+        return Unexpected<UpdateError>(made.error());
     deleteFiles(folder);
     QByteArray path = QFile::encodeName(QDir(folder).absoluteFilePath(u"download-XXXXXX"_qs));
     const int descriptor = ::mkostemp(path.data(), O_CLOEXEC);

@@ -134,7 +134,7 @@ Expected<QList<UpdateItem>, UpdateError> FeedReader::read(const QByteArray& feed
     if (m_xml.tokenType() != QXmlStreamReader::EndDocument)
         refuse(UpdateError::feedMalformed);
     if (m_error)
-        return Unexpected(*m_error);
+        return Unexpected<UpdateError>(*m_error);
     return m_items;
 }
 
@@ -266,12 +266,12 @@ void FeedReader::addItem()
 Expected<QList<UpdateItem>, UpdateError> parseUpdateFeed(const QByteArray& feed)
 {
     if (feed.size() > feedlimits::bytes)
-        return Unexpected(UpdateError::feedTooLarge);
+        return Unexpected<UpdateError>(UpdateError::feedTooLarge);
     // UTF-16 without a mark is valid UTF-8 when it has zero characters.
     if (!feed.isValidUtf8() || feed.contains('\0'))
-        return Unexpected(UpdateError::feedNotUtf8);
+        return Unexpected<UpdateError>(UpdateError::feedNotUtf8);
     if (feed.contains("<!DOCTYPE") || feed.contains("<!ENTITY"))
-        return Unexpected(UpdateError::feedDeclaresEntities);
+        return Unexpected<UpdateError>(UpdateError::feedDeclaresEntities);
     return FeedReader().read(feed);
 }
 

@@ -1,0 +1,110 @@
+#include "services/update/PackageSignature.h"
+
+#include "support/UpdatePublisher.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace trovell;
+using namespace trovell::test;
+
+namespace {
+
+QString base64(const QByteArray& hexadecimal)
+{
+    return QString::fromLatin1(QByteArray::fromHex(hexadecimal).toBase64());
+}
+
+} // namespace
+
+class PackageSignatureTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void agreesWithTheStandard();
+    void refusesWhatWasNotSigned();
+    void rejectsTexts_data();
+    void rejectsTexts();
+
+private:
+    /// A file with that content.
+    QString package(const QByteArray& content)
+    {
+        QFile file(m_folder.filePath(u"package"_qs));
+        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+            qFatal("The package cannot be written.");
+        return file.fileName();
+    }
+
+    QTemporaryDir m_folder;
+};
+
+/// RFC 8032, section 7.1, test 3.
+void PackageSignatureTest::agreesWithTheStandard()
+{
+    const auto key = publicKeyFromText(
+        base64("fc51cd8e6218a1a38da47ed00230f0580816ed13ba3303ac5deb911548908025"));
+    const auto signature = signatureFromText(
+        base64("6291d657deec24024827e69c3abe01a30ce548a284743a445e3680d7db5ac3ac"
+               "18ff9b538d16f290ae67f760984dc6594a7c15e9716ed28dc027beceea1ec40a"));
+    QVERIFY(key && signature);
+    QVERIFY(verifyPackage(package("\xaf\x82"), *signature, *key).has_value());
+}
+
+void PackageSignatureTest::refusesWhatWasNotSigned()
+{
+    const UpdatePublisher publisher;
+    const QByteArray content(300'000, 'x');
+    const auto key = *publicKeyFromText(publisher.publicKey());
+    const auto signature = *signatureFromText(publisher.signature(content));
+    QVERIFY(verifyPackage(package(content), signature, key).has_value());
+
+    const auto error = [&](const QByteArray& bytes, const PackageSignature& claimed,
+                           const PublicKey& publicKey) {
+        const auto verified = verifyPackage(package(bytes), claimed, publicKey);
+        return verified ? std::nullopt : std::optional(verified.error());
+    };
+    QByteArray changed = content;
+    changed[150'000] = 'y';
+    PackageSignature otherSignature = signature;
+    otherSignature[0] ^= 1;
+    const auto otherKey = *publicKeyFromText(UpdatePublisher().publicKey());
+    QCOMPARE(error(changed, signature, key), UpdateError::signatureWrong);
+    QCOMPARE(error(content + 'x', signature, key), UpdateError::signatureWrong);
+    QCOMPARE(error(content.chopped(1), signature, key), UpdateError::signatureWrong);
+    QCOMPARE(error(content, otherSignature, key), UpdateError::signatureWrong);
+    QCOMPARE(error(content, signature, otherKey), UpdateError::signatureWrong);
+    QCOMPARE(error({}, signature, key), UpdateError::fileNotReadable);
+    QCOMPARE(verifyPackage(m_folder.filePath(u"missing"_qs), signature, key).error(),
+             UpdateError::fileNotReadable);
+}
+
+void PackageSignatureTest::rejectsTexts_data()
+{
+    QTest::addColumn<QString>("key");
+    const QString key = UpdatePublisher().publicKey();
+    QTest::newRow("empty") << QString();
+    QTest::newRow("no Base64") << QString(44, u'!');
+    QTest::newRow("beyond ASCII") << QString(44, u'é');
+    QTest::newRow("short") << base64(QByteArray("11").repeated(31));
+    QTest::newRow("long") << base64(QByteArray("11").repeated(33));
+    QTest::newRow("line break") << key + u'\n';
+    QTest::newRow("space inside") << QString(key).insert(10, u' ');
+    QTest::newRow("no padding") << key.chopped(1);
+    QTest::newRow("unused bits")
+        << base64(QByteArray("00").repeated(32)).replace(u"A="_qs, u"B="_qs);
+    // Anything would be genuine for a key of small order.
+    QTest::newRow("point of small order") << base64("01" + QByteArray("00").repeated(31));
+    QTest::newRow("no point") << base64("02" + QByteArray("00").repeated(31));
+}
+
+void PackageSignatureTest::rejectsTexts()
+{
+    QFETCH(QString, key);
+    QVERIFY(!publicKeyFromText(key));
+    QVERIFY(!signatureFromText(key));
+}
+
+QTEST_GUILESS_MAIN(PackageSignatureTest)
+#include "PackageSignatureTest.moc"

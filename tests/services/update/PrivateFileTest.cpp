@@ -1,0 +1,138 @@
+#include "services/update/PrivateFile.h"
+
+#include "support/FullDisk.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <sys/stat.h>
+
+using namespace trovell;
+
+namespace {
+
+mode_t mode(const QString& path)
+{
+    struct stat status {};
+    return ::lstat(QFile::encodeName(path).constData(), &status) == 0 ? status.st_mode & 07777 : 0;
+}
+
+} // namespace
+
+class PrivateFileTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { m_root = std::make_unique<QTemporaryDir>(); }
+    void isPrivateAndGoesAway();
+    void leavesNothingOfEarlierDownloads();
+    void refusesFoldersOfOthers();
+    void refusesWhereThereCanBeNoFolder();
+    void noticesAFullDisk();
+
+private:
+    QString path(const QString& name) const { return m_root->filePath(name); }
+    QString folder() const { return path(u"cache/trovell/update"_qs); }
+    QStringList files() const { return QDir(folder()).entryList(QDir::Files | QDir::Hidden); }
+    /// Why no file can be made in the folder.
+    std::optional<UpdateError> error() const
+    {
+        const auto file = PrivateFile::create(folder());
+        return file ? std::nullopt : std::optional(file.error());
+    }
+
+    std::unique_ptr<QTemporaryDir> m_root;
+};
+
+void PrivateFileTest::isPrivateAndGoesAway()
+{
+    const mode_t mask = ::umask(0);
+    auto file = PrivateFile::create(folder());
+    ::umask(mask);
+    QVERIFY(file.has_value());
+    QCOMPARE(mode((*file)->path()), mode_t(0600));
+    QCOMPARE(mode(folder()), mode_t(0700));
+    QCOMPARE(mode(path(u"cache/trovell"_qs)), mode_t(0700));
+
+    QVERIFY((*file)->append("one ").has_value());
+    QVERIFY((*file)->append("two").has_value());
+    QVERIFY((*file)->close().has_value());
+    QVERIFY((*file)->rename(u"package.deb"_qs).has_value());
+    QCOMPARE(files(), QStringList{u"package.deb"_qs});
+    QFile content((*file)->path());
+    QVERIFY(content.open(QIODevice::ReadOnly));
+    QCOMPARE(content.readAll(), "one two");
+    file->reset();
+    QVERIFY(files().isEmpty());
+}
+
+void PrivateFileTest::leavesNothingOfEarlierDownloads()
+{
+    QVERIFY(QDir().mkpath(folder()));
+    QVERIFY(::chmod(QFile::encodeName(folder()).constData(), 0755) == 0);
+    QFile target(path(u"kept"_qs));
+    QVERIFY(target.open(QIODevice::WriteOnly));
+    QVERIFY(target.link(folder() + u"/link"_qs));
+    {
+        const auto released = PrivateFile::create(folder());
+        QVERIFY(released.has_value());
+        QCOMPARE(mode(folder()), mode_t(0700));
+        (*released)->release();
+    }
+    QCOMPARE(files().size(), 1);
+    QVERIFY(PrivateFile::create(folder()).has_value());
+    QVERIFY(files().isEmpty());
+    QVERIFY(target.exists());
+}
+
+void PrivateFileTest::refusesFoldersOfOthers()
+{
+    const auto changeMode = [](const QString& name, mode_t newMode) {
+        QVERIFY(::chmod(QFile::encodeName(name).constData(), newMode) == 0);
+    };
+    const QString parent = path(u"cache/trovell"_qs);
+    QVERIFY(QDir().mkpath(folder()));
+    changeMode(parent, 0777);
+    QCOMPARE(error(), UpdateError::folderNotPrivate);
+    changeMode(parent, 0755);
+    changeMode(folder(), 0770);
+    QCOMPARE(error(), UpdateError::folderNotPrivate);
+    changeMode(folder(), 0500);
+    QCOMPARE(error(), std::nullopt);
+
+    // A link to a folder of the user's own: its files must survive.
+    QVERIFY(QDir().rmdir(folder()));
+    QVERIFY(QDir().mkpath(path(u"documents"_qs)));
+    QFile document(path(u"documents/letter"_qs));
+    QVERIFY(document.open(QIODevice::WriteOnly));
+    QVERIFY(QFile::link(path(u"documents"_qs), folder()));
+    QCOMPARE(error(), UpdateError::folderNotPrivate);
+    QVERIFY(document.exists());
+}
+
+void PrivateFileTest::refusesWhereThereCanBeNoFolder()
+{
+    QFile file(path(u"cache"_qs));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(error(), UpdateError::folderNotWritable);
+    QCOMPARE(PrivateFile::create(u"/proc/trovell/update"_qs).error(),
+             UpdateError::folderNotWritable);
+}
+
+void PrivateFileTest::noticesAFullDisk()
+{
+    auto file = PrivateFile::create(folder());
+    QVERIFY(file.has_value());
+    const test::FullDisk disk(1000);
+    QVERIFY((*file)->append(QByteArray(900, 'x')).has_value());
+    const auto appended = (*file)->append(QByteArray(200, 'x'));
+    QVERIFY(!appended.has_value());
+    QCOMPARE(appended.error(), UpdateError::diskFull);
+    file->reset();
+    QVERIFY(files().isEmpty());
+}
+
+QTEST_GUILESS_MAIN(PrivateFileTest)
+#include "PrivateFileTest.moc"

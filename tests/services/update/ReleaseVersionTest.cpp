@@ -1,0 +1,143 @@
+#include "services/update/ReleaseVersion.h"
+
+#include <QRandomGenerator>
+#include <QTest>
+
+using namespace trovell;
+
+namespace {
+
+ReleaseVersion version(const QString& text)
+{
+    const auto parsed = ReleaseVersion::parse(text);
+    if (!parsed)
+        qFatal("%s is no version.", qPrintable(text));
+    return *parsed;
+}
+
+/// Few different pieces, so that versions that are equal or nearly so come up often.
+QString randomVersion(QRandomGenerator& random)
+{
+    const auto oneOf = [&random](const QStringList& texts) {
+        return texts[random.bounded(static_cast<int>(texts.size()))];
+    };
+    QString text = oneOf({u"0"_qs, u"1"_qs, u"10"_qs, u"01"_qs});
+    for (int count = random.bounded(4); count > 0; --count)
+        text += u'.' + oneOf({u"0"_qs, u"00"_qs, u"1"_qs, u"9"_qs, u"18446744073709551616"_qs});
+    if (random.bounded(2) == 0)
+        text += oneOf({u"-"_qs, u""_qs, u"."_qs}) +
+                oneOf({u"alpha"_qs, u"Beta"_qs, u"beta"_qs, u"b2"_qs});
+    else if (random.bounded(2) == 0)
+        text += u"-1"_qs;
+    else
+        return text + oneOf({u""_qs, u"+build"_qs});
+    for (int count = random.bounded(3); count > 0; --count)
+        text += oneOf({u"."_qs, u"-"_qs}) + oneOf({u"0"_qs, u"1"_qs, u"10"_qs, u"x"_qs, u"2y"_qs});
+    return text;
+}
+
+} // namespace
+
+class ReleaseVersionTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void ordersRisingVersions();
+    void takesSpellingsForEqual_data();
+    void takesSpellingsForEqual();
+    void rejects_data();
+    void rejects();
+    void ordersTotally();
+};
+
+void ReleaseVersionTest::ordersRisingVersions()
+{
+    const QStringList rising{u"0"_qs,
+                             u"0.0.1-alpha"_qs,
+                             u"0.0.1"_qs,
+                             u"0.9"_qs,
+                             u"0.10"_qs,
+                             u"1.0-1"_qs,
+                             u"1.0-2"_qs,
+                             u"1.0-10"_qs,
+                             u"1.0a"_qs,
+                             u"1.0-alpha.1"_qs,
+                             u"1.0-beta"_qs,
+                             u"1.0beta.0"_qs,
+                             u"1.0-beta.2"_qs,
+                             u"1.0-beta.10"_qs,
+                             u"1.0beta10x"_qs,
+                             u"1.0-BETB"_qs,
+                             u"1.0rc1"_qs,
+                             u"1.0"_qs,
+                             u"1.0.1"_qs,
+                             u"1.1"_qs,
+                             u"2"_qs,
+                             u"20261122"_qs,
+                             u"18446744073709551615"_qs,
+                             u"18446744073709551616"_qs};
+    for (qsizetype left = 0; left < rising.size(); ++left)
+        for (qsizetype right = 0; right < rising.size(); ++right)
+            QVERIFY2((version(rising[left]) <=> version(rising[right])) == (left <=> right),
+                     qPrintable(rising[left] + u" and "_qs + rising[right]));
+}
+
+void ReleaseVersionTest::takesSpellingsForEqual_data()
+{
+    QTest::addColumn<QString>("left");
+    QTest::addColumn<QString>("right");
+    QTest::newRow("missing numbers") << u"1.4"_qs << u"1.4.0.0"_qs;
+    QTest::newRow("leading zeros") << u"1.04"_qs << u"1.4"_qs;
+    QTest::newRow("letter in front") << u"v1.4"_qs << u"1.4"_qs;
+    QTest::newRow("case") << u"1.4-RC1"_qs << u"1.4-rc1"_qs;
+    QTest::newRow("separators") << u"1.4.0beta2"_qs << u"1.4-beta.2"_qs;
+    QTest::newRow("build") << u"1.4+7f3a"_qs << u"1.4"_qs;
+    QTest::newRow("build of a pre-release") << u"1.4-b+7f3a"_qs << u"1.4-b"_qs;
+    QTest::newRow("nothing but zeros") << u"0.0"_qs << u"0"_qs;
+}
+
+void ReleaseVersionTest::takesSpellingsForEqual()
+{
+    QFETCH(QString, left);
+    QFETCH(QString, right);
+    QCOMPARE(version(left), version(right));
+    QVERIFY((version(left) <=> version(right)) == 0);
+}
+
+void ReleaseVersionTest::rejects_data()
+{
+    QTest::addColumn<QString>("text");
+    const QStringList texts{u""_qs,     u"v"_qs,     u"beta"_qs,   u".1"_qs,
+                            u"1."_qs,   u"1..2"_qs,  u"-1"_qs,     u"1 2"_qs,
+                            u" 1"_qs,   u"1\n"_qs,   u"1.2-"_qs,   u"1.2-."_qs,
+                            u"1.2+"_qs, u"1.2b."_qs, u"1,2"_qs,    u"1.2-ü"_qs,
+                            u"١.٢"_qs,  u"1.2/3"_qs, u"1.2--3"_qs, QString(101, u'1')};
+    for (const QString& text : texts)
+        QTest::newRow(text.left(10).toUtf8().toPercentEncoding().constData()) << text;
+}
+
+void ReleaseVersionTest::rejects()
+{
+    QFETCH(QString, text);
+    QVERIFY(!ReleaseVersion::parse(text));
+}
+
+void ReleaseVersionTest::ordersTotally()
+{
+    const quint32 seed = QRandomGenerator::global()->generate();
+    qInfo("seed %u", seed);
+    QRandomGenerator random(seed);
+    for (int round = 0; round < 20'000; ++round) {
+        const QStringList texts{randomVersion(random), randomVersion(random),
+                                randomVersion(random)};
+        const ReleaseVersion a = version(texts[0]);
+        const ReleaseVersion b = version(texts[1]);
+        const ReleaseVersion c = version(texts[2]);
+        const bool isAntisymmetric = (a <=> b) == (0 <=> (b <=> a)) && (a == b) == ((a <=> b) == 0);
+        const bool isTransitive = !(a <= b && b <= c) || a <= c;
+        QVERIFY2(isAntisymmetric && isTransitive, qPrintable(texts.join(u", "_qs)));
+    }
+}
+
+QTEST_GUILESS_MAIN(ReleaseVersionTest)
+#include "ReleaseVersionTest.moc"

@@ -1,0 +1,164 @@
+// The publisher's program, and that what it writes is what the updater accepts.
+#include "services/update/PackageSignature.h"
+#include "services/update/UpdateFeedParser.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace trovell;
+
+namespace {
+
+struct Run {
+    int exitCode = -1;
+    QString output;
+    QString errors;
+};
+
+Run signUpdate(const QStringList& arguments)
+{
+    QProcess process;
+    process.start(QStringLiteral(TROVELL_SIGN_UPDATE), arguments);
+    if (!process.waitForFinished())
+        qFatal("sign-update does not run.");
+    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
+            QString::fromUtf8(process.readAllStandardError())};
+}
+
+} // namespace
+
+class SignUpdateTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void keepsThePrivateKeyPrivate();
+    void signsWhatTheUpdaterAccepts();
+    void refuses_data();
+    void refuses();
+
+private:
+    QString path(const QString& name) const { return m_folder.filePath(name); }
+    QString write(const QString& name, const QByteArray& content) const
+    {
+        QFile file(path(name));
+        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+            qFatal("A file cannot be written.");
+        return file.fileName();
+    }
+
+    QTemporaryDir m_folder;
+    QString m_key;
+    QString m_package;
+    QString m_publicKey;
+};
+
+void SignUpdateTest::initTestCase()
+{
+    m_key = path(u"key"_qs);
+    const Run made = signUpdate({u"make-key"_qs, m_key});
+    QCOMPARE(made.exitCode, 0);
+    m_publicKey = made.output.trimmed();
+    QVERIFY(publicKeyFromText(m_publicKey));
+    m_package = write(u"package.deb"_qs, QByteArray(100'000, 'x'));
+}
+
+void SignUpdateTest::keepsThePrivateKeyPrivate()
+{
+    QFile file(m_key);
+    QCOMPARE(file.permissions() & ~(QFile::ReadUser | QFile::WriteUser),
+             QFile::ReadOwner | QFile::WriteOwner);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray key = file.readAll();
+    QCOMPARE(key.size(), 45);
+
+    const QList<QStringList> commands{
+        {u"make-key"_qs, m_key},
+        {u"public-key"_qs, m_key},
+        {u"sign"_qs, m_key, m_package, u"--version"_qs, u"2"_qs, u"--url"_qs, u"https://a.b/c"_qs}};
+    for (const QStringList& command : commands) {
+        const Run run = signUpdate(command);
+        QVERIFY(!(run.output + run.errors).contains(QString::fromLatin1(key.trimmed())));
+    }
+    file.seek(0);
+    QCOMPARE(file.readAll(), key);
+    QCOMPARE(signUpdate({u"public-key"_qs, m_key}).output.trimmed(), m_publicKey);
+}
+
+void SignUpdateTest::signsWhatTheUpdaterAccepts()
+{
+    const QString notes = write(u"notes"_qs, "New: <b> & \"quotes\"\n• more\n");
+    const Run run =
+        signUpdate({u"sign"_qs, m_key, m_package, u"--version"_qs, u"2.0.1"_qs, u"--url"_qs,
+                    u"https://updates.example/p?a=1&b=2"_qs, u"--short-version"_qs, u"2"_qs,
+                    u"--minimum-system"_qs, u"2.36"_qs, u"--notes"_qs, notes});
+    QCOMPARE(run.exitCode, 0);
+    const auto items = parseUpdateFeed("<rss xmlns:trovell='urn:x-trovell:update-feed'><channel>" +
+                                       run.output.toUtf8() + "</channel></rss>");
+    QVERIFY(items.has_value());
+    QCOMPARE(items->size(), 1);
+    const UpdateItem& item = items->first();
+    QCOMPARE(item.version, *ReleaseVersion::parse(u"2.0.1"_qs));
+    QCOMPARE(item.shortVersion, u"2"_qs);
+    QCOMPARE(item.minimumSystemVersion, ReleaseVersion::parse(u"2.36"_qs));
+    QCOMPARE(item.notes, u"New: <b> & \"quotes\"\n• more"_qs);
+    QCOMPARE(item.address, QUrl(u"https://updates.example/p?a=1&b=2"_qs));
+    QCOMPARE(item.lengthBytes, 100'000);
+    QVERIFY(verifyPackage(m_package, *signatureFromText(item.signature),
+                          *publicKeyFromText(m_publicKey)));
+
+    QCOMPARE(signUpdate({u"verify"_qs, m_publicKey, m_package, item.signature}).exitCode, 0);
+    const QString other = write(u"other.deb"_qs, QByteArray(100'000, 'y'));
+    QCOMPARE(signUpdate({u"verify"_qs, m_publicKey, other, item.signature}).exitCode, 1);
+}
+
+void SignUpdateTest::refuses_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<int>("exitCode");
+    const auto refuse = [](const char* name, const QStringList& arguments, int exitCode = 1) {
+        QTest::newRow(name) << arguments << exitCode;
+    };
+    const auto sign = [this](const QString& key, const QString& package, const QString& version,
+                             const QString& url) {
+        return QStringList{u"sign"_qs, key, package, u"--version"_qs, version, u"--url"_qs, url};
+    };
+    const QString url = u"https://a.b/c"_qs;
+    const QString open = write(u"open"_qs, QByteArray(43, 'A') + "=\n");
+    QFile(open).setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup);
+    const QString malformed = write(u"malformed"_qs, QByteArray(42, 'A') + "==\n");
+    QFile(malformed).setPermissions(QFile::ReadOwner);
+
+    refuse("nothing", {}, 2);
+    refuse("unknown command", {u"encrypt"_qs, m_key}, 2);
+    refuse("unknown option", {u"public-key"_qs, m_key, u"--loud"_qs}, 2);
+    refuse("too few arguments", {u"verify"_qs, m_publicKey, m_package}, 2);
+    refuse("key exists", {u"make-key"_qs, m_package});
+    refuse("no folder for the key", {u"make-key"_qs, path(u"none/key"_qs)});
+    refuse("no key", sign(path(u"none"_qs), m_package, u"2"_qs, url));
+    refuse("key open to others", sign(open, m_package, u"2"_qs, url));
+    refuse("malformed key", sign(malformed, m_package, u"2"_qs, url));
+    refuse("no package", sign(m_key, path(u"none"_qs), u"2"_qs, url));
+    refuse("empty package", sign(m_key, write(u"empty"_qs, {}), u"2"_qs, url));
+    refuse("no version", sign(m_key, m_package, {}, url));
+    refuse("malformed version", sign(m_key, m_package, u"two"_qs, url));
+    refuse("address not secure", sign(m_key, m_package, u"2"_qs, u"http://a.b/c"_qs));
+    refuse("no notes",
+           sign(m_key, m_package, u"2"_qs, url) + QStringList{u"--notes"_qs, path(u"none"_qs)});
+    refuse("malformed signature", {u"verify"_qs, m_publicKey, m_package, u"c2ln"_qs});
+}
+
+void SignUpdateTest::refuses()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(int, exitCode);
+    const Run run = signUpdate(arguments);
+    QCOMPARE(run.exitCode, exitCode);
+    QVERIFY(run.output.isEmpty());
+    QVERIFY(!run.errors.isEmpty());
+}
+
+QTEST_GUILESS_MAIN(SignUpdateTest)
+#include "SignUpdateTest.moc"

@@ -1,0 +1,304 @@
+#include "services/update/UpdateFeedParser.h"
+
+#include "services/update/UpdateChoice.h"
+#include "support/UpdatePublisher.h"
+
+#include <QTest>
+
+using namespace trovell;
+using namespace trovell::test;
+
+namespace {
+
+QByteArray inChannel(const QByteArray& xml)
+{
+    return "<rss xmlns:trovell='urn:x-trovell:update-feed'><channel>" + xml + "</channel></rss>";
+}
+
+/// `element` opened and closed `depth` times.
+QByteArray nested(const QByteArray& element, int depth)
+{
+    return ("<" + element + ">").repeated(depth) + ("</" + element + ">").repeated(depth);
+}
+
+QByteArray manyAttributes(int count)
+{
+    QByteArray tag = "<x";
+    for (int number = 0; number < count; ++number)
+        tag += " a" + QByteArray::number(number) + "=''";
+    return tag + "/>";
+}
+
+QList<PublishedItem> manyItems(int count)
+{
+    QList<PublishedItem> items;
+    for (int number = 0; number < count; ++number)
+        items.append({.version = QString::number(number)});
+    return items;
+}
+
+PublishedItem itemWith(QString PublishedItem::*field, const QString& value)
+{
+    PublishedItem item;
+    item.*field = value;
+    return item;
+}
+
+ReleaseVersion version(const QString& text)
+{
+    return *ReleaseVersion::parse(text);
+}
+
+} // namespace
+
+class UpdateFeedParserTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void readsItems();
+    void readsItemsInPieces();
+    void keepsMarkupAsText();
+    void accepts_data();
+    void accepts();
+    void refusesItems_data();
+    void refusesItems();
+    void refusesFeeds_data();
+    void refusesFeeds();
+    void choosesTheNewestThatRuns_data();
+    void choosesTheNewestThatRuns();
+};
+
+void UpdateFeedParserTest::readsItems()
+{
+    const PublishedItem full{.version = u" 2.1.0 "_qs,
+                             .address = u"https://updates.example/a?b=1&c=2"_qs,
+                             .length = u"5000000000"_qs,
+                             .signature = u"c2ln"_qs,
+                             .shortVersion = u"2.1 “Ünïcode”"_qs,
+                             .notes = u"First line\n  • second & last"_qs,
+                             .minimumSystemVersion = u"2.36"_qs};
+    const auto items = parseUpdateFeed(feedOf({full, itemWith(&PublishedItem::signature, {})}));
+    QVERIFY(items.has_value());
+    QCOMPARE(items->size(), 2);
+    const UpdateItem expected{.version = version(u"2.1"_qs),
+                              .shortVersion = full.shortVersion,
+                              .notes = full.notes,
+                              .address = QUrl(full.address),
+                              .lengthBytes = 5'000'000'000,
+                              .signature = full.signature,
+                              .minimumSystemVersion = version(u"2.36"_qs)};
+    QCOMPARE(items->at(0), expected);
+    QCOMPARE(items->at(1).shortVersion, u"2.0"_qs);
+    QVERIFY(items->at(1).signature.isEmpty());
+    QVERIFY(!items->at(1).minimumSystemVersion);
+}
+
+/// The feed reaches the XML parser in pieces that cut tags, texts and characters anywhere.
+void UpdateFeedParserTest::readsItemsInPieces()
+{
+    for (int shift = 0; shift < 200; shift += 3) {
+        PublishedItem item;
+        item.notes = QString(4'000 + shift, u'€') + u'x';
+        const auto items = parseUpdateFeed(feedOf({item, {.version = u"3"_qs}}));
+        QVERIFY(items.has_value());
+        QCOMPARE(items->at(0).notes, item.notes);
+        QCOMPARE(items->size(), 2);
+    }
+}
+
+void UpdateFeedParserTest::keepsMarkupAsText()
+{
+    PublishedItem item =
+        itemWith(&PublishedItem::extra, u"<description><![CDATA[<b>bold</b> &amp; <img src='x'/>]]>"
+                                        u" &lt;i&gt;</description>"_qs);
+    const auto items = parseUpdateFeed(feedOf({item}));
+    QVERIFY(items.has_value());
+    QCOMPARE(items->at(0).notes, u"<b>bold</b> &amp; <img src='x'/> <i>"_qs);
+}
+
+void UpdateFeedParserTest::accepts_data()
+{
+    QTest::addColumn<QByteArray>("feed");
+    QTest::addColumn<int>("itemCount");
+    const QByteArray one = feedOf({PublishedItem()});
+    QTest::newRow("no items") << inChannel({}) << 0;
+    QTest::newRow("byte order mark") << "\xEF\xBB\xBF" + one << 1;
+    QTest::newRow("capital encoding name") << QByteArray(one).replace("utf-8", "UTF-8") << 1;
+    QTest::newRow("comment and instruction") << one + "<!-- end --><?end?>\n" << 1;
+    QTest::newRow("comment behind much white space")
+        << one + QByteArray(10'000, '\n') + "<!-- end -->" << 1;
+    QTest::newRow("foreign elements")
+        << inChannel(
+               "<y:item xmlns:y='other'><y:version>1</y:version></y:item><image><url/></image>")
+        << 0;
+    QTest::newRow("item outside the channel") << QByteArray("<rss><item/></rss>") << 0;
+    QTest::newRow("foreign elements in an item")
+        << feedOf({itemWith(&PublishedItem::extra,
+                            u"<y:version xmlns:y='other'>9</y:version><version>9</version>"_qs)})
+        << 1;
+    QTest::newRow("most items") << feedOf(manyItems(feedlimits::items)) << int(feedlimits::items);
+    QTest::newRow("deepest nesting") << inChannel(nested("x", feedlimits::depth - 2)) << 0;
+    QTest::newRow("most attributes")
+        << inChannel(manyAttributes(feedlimits::attributesOfAnElement)) << 0;
+}
+
+void UpdateFeedParserTest::accepts()
+{
+    QFETCH(QByteArray, feed);
+    QFETCH(int, itemCount);
+    const auto items = parseUpdateFeed(feed);
+    QVERIFY2(items.has_value(), items ? "" : qPrintable(description(items.error())));
+    QCOMPARE(items->size(), itemCount);
+}
+
+void UpdateFeedParserTest::refusesItems_data()
+{
+    QTest::addColumn<QByteArray>("feed");
+    const auto refuse = [](const char* name, const PublishedItem& item) {
+        QTest::newRow(name) << feedOf({PublishedItem{.version = u"1"_qs}, item});
+    };
+    refuse("no version", itemWith(&PublishedItem::version, {}));
+    refuse("malformed version", itemWith(&PublishedItem::version, u"latest"_qs));
+    refuse("no address", itemWith(&PublishedItem::address, {}));
+    refuse("malformed address", itemWith(&PublishedItem::address, u"https://[x/"_qs));
+    for (const QString& length : {u""_qs, u"0"_qs, u"-1"_qs, u"+1"_qs, u" 1"_qs, u"1e3"_qs,
+                                  u"0x1"_qs, u"9223372036854775808"_qs, u"١"_qs})
+        refuse(qPrintable(u"length "_qs + length), itemWith(&PublishedItem::length, length));
+    refuse("malformed minimum", itemWith(&PublishedItem::minimumSystemVersion, u"any"_qs));
+    refuse("short version in lines", itemWith(&PublishedItem::shortVersion, u"2\n3"_qs));
+    refuse("long short version", itemWith(&PublishedItem::shortVersion, QString(101, u'x')));
+    refuse("version twice",
+           itemWith(&PublishedItem::extra, u"<trovell:version>3</trovell:version>"_qs));
+    refuse("enclosure twice",
+           itemWith(&PublishedItem::extra, u"<enclosure url='https://updates.example/x'/>"_qs));
+    refuse("markup in the notes",
+           itemWith(&PublishedItem::extra, u"<description>a <b>b</b></description>"_qs));
+    refuse("undeclared entity",
+           itemWith(&PublishedItem::extra, u"<description>&nbsp;</description>"_qs));
+}
+
+void UpdateFeedParserTest::refusesItems()
+{
+    QFETCH(QByteArray, feed);
+    const auto items = parseUpdateFeed(feed);
+    QVERIFY(!items.has_value());
+    QCOMPARE(items.error(), UpdateError::feedMalformed);
+}
+
+void UpdateFeedParserTest::refusesFeeds_data()
+{
+    QTest::addColumn<QByteArray>("feed");
+    QTest::addColumn<UpdateError>("error");
+    const QByteArray one = feedOf({PublishedItem()});
+    const auto refuse = [](const char* name, const QByteArray& feed, UpdateError error) {
+        QTest::newRow(name) << feed << error;
+    };
+    const UpdateError malformed = UpdateError::feedMalformed;
+    refuse("nothing", {}, malformed);
+    refuse("no XML", "404", malformed);
+    refuse("other document", "<html><channel/></html>", malformed);
+    refuse("root of another namespace", "<rss xmlns='other'/>", malformed);
+    refuse("cut off", one.left(one.size() - 10), malformed);
+    refuse("two roots", one + "<rss/>", malformed);
+    refuse("text behind the root", one + "text", malformed);
+    refuse("text far behind the root", one + QByteArray(10'000, ' ') + "text", malformed);
+    refuse("crossed tags", "<rss><channel></rss></channel>", malformed);
+    refuse("attribute twice", inChannel("<x a='' a=''/>"), malformed);
+    refuse("undeclared prefix", "<rss><trovell:x/></rss>", malformed);
+    refuse("control character", inChannel("\x01"), malformed);
+    refuse("character reference to zero", inChannel("&#0;"), malformed);
+    refuse("unknown encoding", QByteArray(one).replace("utf-8", "none"), malformed);
+
+    refuse("same version twice", feedOf({{}, {.version = u"2.0.0"_qs}}),
+           UpdateError::feedRepeatsVersion);
+
+    const UpdateError declares = UpdateError::feedDeclaresEntities;
+    refuse("document type", "<!DOCTYPE rss><rss/>", declares);
+    refuse("external entity",
+           "<!DOCTYPE rss [<!ENTITY x SYSTEM 'file:///etc/passwd'>]><rss>&x;</rss>", declares);
+    refuse("growing entities",
+           "<!DOCTYPE rss [<!ENTITY a 'aaaaaaaaaa'><!ENTITY b '&a;&a;&a;'>]><rss>&b;</rss>",
+           declares);
+    refuse("parameter entity",
+           "<!DOCTYPE rss [<!ENTITY % x SYSTEM 'http://127.0.0.1/'> %x;]><rss/>", declares);
+
+    const UpdateError notUtf8 = UpdateError::feedNotUtf8;
+    refuse("Latin-1", QByteArray(one).replace("Trovell<", "\xFC<"), notUtf8);
+    refuse("Latin-1 by name", QByteArray(one).replace("utf-8", "iso-8859-1"), notUtf8);
+    refuse("UTF-16", QByteArray("<\0r\0s\0s\0/\0>\0", 12), notUtf8);
+    refuse("zero character", inChannel(QByteArray(1, '\0')), notUtf8);
+    refuse("overlong slash", inChannel("\xC0\xAF"), notUtf8);
+
+    const UpdateError complex = UpdateError::feedTooComplex;
+    refuse("too deep", inChannel(nested("x", feedlimits::depth - 1)), complex);
+    refuse("bottomless", QByteArray("<rss>").repeated(100'000), complex);
+    refuse("too many attributes", inChannel(manyAttributes(feedlimits::attributesOfAnElement + 1)),
+           complex);
+    // Half a minute of comparing if the XML parser were given all of it at once.
+    refuse("a tag of a megabyte", inChannel(manyAttributes(90'000)), complex);
+    refuse("too many elements", inChannel(QByteArray("<x/>").repeated(feedlimits::elements)),
+           complex);
+    refuse("too many items", feedOf(manyItems(feedlimits::items + 1)), complex);
+    refuse("a long comment", "<!--" + QByteArray(100'000, ' ') + "--><rss/>", complex);
+    refuse("long notes", feedOf({itemWith(&PublishedItem::notes, QString(100'000, u'x'))}),
+           complex);
+    refuse("long notes in pieces",
+           feedOf({itemWith(&PublishedItem::extra,
+                            u"<description>"_qs + u"<![CDATA[xxxxxxxxxx]]> "_qs.repeated(9'000) +
+                                u"</description>"_qs)}),
+           complex);
+
+    refuse("too large", inChannel(QByteArray(feedlimits::bytes, ' ')), UpdateError::feedTooLarge);
+}
+
+void UpdateFeedParserTest::refusesFeeds()
+{
+    QFETCH(QByteArray, feed);
+    QFETCH(UpdateError, error);
+    const auto items = parseUpdateFeed(feed);
+    QVERIFY(!items.has_value());
+    QCOMPARE(items.error(), error);
+}
+
+void UpdateFeedParserTest::choosesTheNewestThatRuns_data()
+{
+    QTest::addColumn<QStringList>("offered"); // version, or version@minimum system version
+    QTest::addColumn<QString>("chosen");      // none: nothing is offered
+    QTest::addColumn<QString>("reason");
+
+    const auto choose = [](const char* name, const QStringList& offered, const QString& chosen,
+                           const QString& reason = {}) {
+        QTest::newRow(name) << offered << chosen << reason;
+    };
+    choose("newest of many", {u"1.9"_qs, u"1.10"_qs, u"1.10-rc"_qs, u"0.1"_qs}, u"1.10"_qs);
+    choose("only pre-releases are newer", {u"1.6-beta"_qs, u"1.5"_qs}, u"1.6-beta"_qs);
+    choose("newest does not run here", {u"3@2.37"_qs, u"2@2.36"_qs}, u"2"_qs);
+    choose("nothing", {}, {}, u"You have the newest version of Trovell."_qs);
+    choose("the same", {u"1.5.0"_qs}, {}, u"You have the newest version of Trovell."_qs);
+    choose(
+        "only older ones", {u"1.4"_qs, u"1.5-rc1"_qs}, {},
+        u"You have a newer version of Trovell than the newest one offered, which is 1.5-rc1."_qs);
+    choose("only for newer systems", {u"2@2.37"_qs, u"1.4"_qs}, {},
+           u"Trovell 2 needs a newer system than this one. You have the newest version that runs "
+           u"here."_qs);
+}
+
+void UpdateFeedParserTest::choosesTheNewestThatRuns()
+{
+    QFETCH(QStringList, offered);
+    QFETCH(QString, chosen);
+    QFETCH(QString, reason);
+    QList<PublishedItem> published;
+    for (const QString& text : std::as_const(offered)) {
+        published.append({.version = text.section(u'@', 0, 0)});
+        published.last().minimumSystemVersion = text.section(u'@', 1, 1);
+    }
+    const auto items = parseUpdateFeed(feedOf(published));
+    QVERIFY(items.has_value());
+    const UpdateChoice choice = chooseUpdate(*items, version(u"1.5"_qs), version(u"2.36"_qs));
+    QCOMPARE(choice.item ? choice.item->shortVersion : QString(), chosen);
+    QCOMPARE(choice.reason, reason);
+}
+
+QTEST_GUILESS_MAIN(UpdateFeedParserTest)
+#include "UpdateFeedParserTest.moc"

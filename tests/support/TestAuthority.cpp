@@ -1,0 +1,68 @@
+#include "support/TestAuthority.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QSslKey>
+
+namespace trovell::test {
+
+namespace {
+
+void runOpenssl(const QStringList& arguments)
+{
+    QProcess process;
+    process.start(u"openssl"_qs, arguments);
+    if (!process.waitForFinished() || process.exitCode() != 0)
+        qFatal("openssl: %s", process.readAllStandardError().constData());
+}
+
+QStringList certificateArguments(const QString& key, const QString& certificate)
+{
+    return {u"req"_qs,
+            u"-x509"_qs,
+            u"-newkey"_qs,
+            u"ec"_qs,
+            u"-pkeyopt"_qs,
+            u"ec_paramgen_curve:prime256v1"_qs,
+            u"-nodes"_qs,
+            u"-days"_qs,
+            u"7"_qs,
+            u"-keyout"_qs,
+            key,
+            u"-out"_qs,
+            certificate};
+}
+
+} // namespace
+
+TestAuthority::TestAuthority()
+{
+    runOpenssl(certificateArguments(path(u"authority.key"_qs), path(u"authority.pem"_qs)) +
+               QStringList{u"-subj"_qs, u"/CN=Test authority"_qs});
+}
+
+QSslConfiguration TestAuthority::clientConfiguration() const
+{
+    QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
+    configuration.setCaCertificates(QSslCertificate::fromPath(path(u"authority.pem"_qs)));
+    return configuration;
+}
+
+QSslConfiguration TestAuthority::serverConfiguration(const QString& subject) const
+{
+    const QString key = path(u"server.key"_qs);
+    const QString certificate = path(u"server.pem"_qs);
+    runOpenssl(certificateArguments(key, certificate) +
+               QStringList{u"-CA"_qs, path(u"authority.pem"_qs), u"-CAkey"_qs,
+                           path(u"authority.key"_qs), u"-subj"_qs, u"/CN=Test server"_qs,
+                           u"-addext"_qs, u"subjectAltName="_qs + subject});
+    QFile keyFile(key);
+    if (!keyFile.open(QIODevice::ReadOnly))
+        qFatal("The server has no key.");
+    QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
+    configuration.setLocalCertificateChain(QSslCertificate::fromPath(certificate));
+    configuration.setPrivateKey(QSslKey(&keyFile, QSsl::Ec));
+    return configuration;
+}
+
+} // namespace trovell::test
