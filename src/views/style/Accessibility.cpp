@@ -1,5 +1,6 @@
 #include "views/style/Accessibility.h"
 
+#include "views/style/Picker.h"
 #include "views/style/StyledButton.h"
 
 #include <QAccessibleWidget>
@@ -85,6 +86,50 @@ private:
     StyledButton* button() const { return static_cast<StyledButton*>(widget()); }
 };
 
+/// On Linux Qt names a combo box by its current text. Here the name says what is chosen, and the
+/// description which; the choices are the entries of the menu.
+class AccessiblePicker : public QAccessibleWidget {
+public:
+    explicit AccessiblePicker(Picker* picker) : QAccessibleWidget(picker, QAccessible::ComboBox) {}
+
+    QString text(QAccessible::Text kind) const override
+    {
+        if (kind == QAccessible::Value || kind == QAccessible::Description)
+            return picker()->currentText();
+        return QAccessibleWidget::text(kind);
+    }
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.hasPopup = true;
+        state.expandable = true;
+        state.expanded = picker()->isOpen();
+        return state;
+    }
+
+    // The view that a QComboBox keeps is never shown.
+    int childCount() const override { return 0; }
+
+    QStringList actionNames() const override
+    {
+        if (!picker()->isEnabled())
+            return {};
+        return {showMenuAction(), pressAction(), setFocusAction()};
+    }
+
+    void doAction(const QString& name) override
+    {
+        if (name == showMenuAction() || name == pressAction())
+            picker()->showPopup();
+        else
+            QAccessibleWidget::doAction(name);
+    }
+
+private:
+    Picker* picker() const { return static_cast<Picker*>(widget()); }
+};
+
 class AccessibleSheet : public QAccessibleWidget {
 public:
     explicit AccessibleSheet(QWidget* widget) : QAccessibleWidget(widget, QAccessible::Dialog) {}
@@ -122,6 +167,8 @@ QAccessibleInterface* makePart(const QString& className, QObject* object)
         return new QAccessibleWidget(widget, QAccessible::Grouping);
     if (name == u"StyledButton")
         return new AccessibleButton(static_cast<StyledButton*>(widget));
+    if (name == u"Picker")
+        return new AccessiblePicker(static_cast<Picker*>(widget));
     if (name == u"Sheet")
         return new AccessibleSheet(widget);
     return nullptr;

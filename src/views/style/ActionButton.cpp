@@ -21,6 +21,8 @@ ActionButton::ActionButton(const VisualStyle& visual, const QString& symbolName,
                            QWidget* parent)
     : StyledButton(visual, title, parent), m_symbolName(symbolName), m_kind(kind)
 {
+    // Two of them may share the width of a narrow window.
+    setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
     setTexts(title, subtitle);
 }
 

@@ -1,10 +1,10 @@
 #include "views/style/Picker.h"
 
 #include "views/style/Painting.h"
-#include "views/style/PopupMenu.h"
 #include "views/style/RaisedSurface.h"
 #include "views/style/VisualStyle.h"
 
+#include <QAccessible>
 #include <QActionGroup>
 #include <QMouseEvent>
 #include <QPainter>
@@ -29,6 +29,10 @@ Picker::Picker(const VisualStyle& visual, const QString& name, int width, QWidge
     setAccessibleName(name);
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    connect(this, &QComboBox::currentTextChanged, this, [this] {
+        QAccessibleEvent event(this, QAccessible::DescriptionChanged);
+        QAccessible::updateAccessibility(&event);
+    });
 }
 
 QSize Picker::sizeHint() const

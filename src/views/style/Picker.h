@@ -1,12 +1,12 @@
 #pragma once
 
 #include "views/style/FocusRing.h"
+#include "views/style/PopupMenu.h"
 
 #include <QComboBox>
 
 namespace trovell {
 
-class PopupMenu;
 class VisualStyle;
 
 /// A choice of one of several texts: a combo box whose list opens as a menu with a check mark. Use
@@ -23,6 +23,7 @@ public:
     QSize minimumSizeHint() const override { return sizeHint(); }
     FocusOutline focusOutline() const override;
 
+    bool isOpen() const { return m_menu != nullptr; }
     void showPopup() override;
     void hidePopup() override;
 

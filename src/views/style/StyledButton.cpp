@@ -18,7 +18,7 @@ StyledButton::StyledButton(const VisualStyle& visual, const QString& text, QWidg
 {
     setAutoDefault(false);
     setFocusPolicy(Qt::TabFocus);
-    setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
 void StyledButton::setMenu(PopupMenu* menu, Qt::Alignment edge)

@@ -18,7 +18,6 @@ SymbolButton::SymbolButton(const VisualStyle& visual, const QString& symbolName,
 {
     setAccessibleName(name);
     setToolTip(name);
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     if (kind == Kind::destructive)
         m_symbolSize = destructiveSymbolSize;
 }

@@ -32,6 +32,15 @@ class QPainter;
 /// Control heights, paddings and symbols grow with the desktop's font factor; give margins and gaps
 /// as plain numbers and never a fixed text width.
 ///
+/// What there is:
+///   buttons    PushButton, ActionButton, LinkButton, SymbolLink, SymbolButton; menus: PopupMenu
+///   fields     TextField, Picker, CheckBox, Switch, Slider, IconChoiceRow, SwatchRow
+///   pictures   SymbolView, TrovellBrandMark, ProgressRing, Divider
+///   texts      TextLabel, SelectableLabel; in own painting paintLine and Paragraph (TextStyle.h)
+///   boxes      TrovellCardModifier, BannerFrame, ScrollArea; list rows: RowPainting.h
+///   windows    Sheet, Alert
+///   painting   Painting.h: boxes, rings, hairlines, shadows on whole device pixels
+///
 /// Texts come from the caller, already translated. Button, CheckBox, … take their accessible name
 /// from their text; controls without a text want `setAccessibleName`.
 namespace trovell {

@@ -248,8 +248,8 @@ void SheetTest::heightFollowsTheContents()
                           "saved already has it; choose a different name."_qs);
     form.message->show();
     QTRY_VERIFY(form.sheet->boxRect().height() >= height + 32);
-    QVERIFY(!form.sheet->findChild<ScrollArea*>()->verticalScrollBar()->isVisible());
-    QCOMPARE(form.message->height(), form.message->heightForWidth(form.message->width()));
+    QTRY_VERIFY(!form.sheet->findChild<ScrollArea*>()->verticalScrollBar()->isVisible());
+    QTRY_COMPARE(form.message->height(), form.message->heightForWidth(form.message->width()));
     form.sheet->cancel();
 }
 
