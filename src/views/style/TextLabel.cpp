@@ -23,7 +23,8 @@ TextLabel::TextLabel(const VisualStyle& visual, const QString& text, TextRole ro
 
 void TextLabel::setWordWrap(bool wraps)
 {
-    QSizePolicy policy(QSizePolicy::Preferred, wraps ? QSizePolicy::Minimum : QSizePolicy::Fixed);
+    // Not Minimum, which would keep it from becoming lower than at its preferred width.
+    QSizePolicy policy(QSizePolicy::Preferred, wraps ? QSizePolicy::Preferred : QSizePolicy::Fixed);
     policy.setHeightForWidth(wraps);
     QLabel::setWordWrap(wraps);
     setSizePolicy(policy);

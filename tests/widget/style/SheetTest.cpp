@@ -98,6 +98,7 @@ private Q_SLOTS:
     void alertChoices_data();
     void alertChoices();
     void alertWithOneButton();
+    void alertIsAsHighAsItsMessage();
 
 private:
     std::unique_ptr<StillStyle> m_visual;
@@ -358,6 +359,25 @@ void SheetTest::alertWithOneButton()
     QTest::mouseClick(okay, Qt::LeftButton);
     QCOMPARE(chosen.size(), 1);
     QCOMPARE(chosen[0][0].value<Alert::Role>(), Alert::Role::confirm);
+}
+
+/// At every length of the message, the widths around that of a line among them.
+void SheetTest::alertIsAsHighAsItsMessage()
+{
+    QString message;
+    for (int words = 1; words <= 100; ++words) {
+        message += u"i "_qs;
+        Alert alert(*m_visual, m_window.get(), u"Could Not Be Saved"_qs, message);
+        alert.setAttribute(Qt::WA_DeleteOnClose, false);
+        alert.addButton(u"OK"_qs, Alert::Role::confirm);
+        alert.open();
+        QApplication::processEvents();
+        auto* area = alert.findChild<ScrollArea*>();
+        QVERIFY2(area->verticalScrollBar()->maximum() == 0, qPrintable(message));
+        QCOMPARE(area->widget()->height(), alert.boxRect().height());
+        QCOMPARE(area->widget()->height(), area->widget()->heightForWidth(area->width()));
+        alert.cancel();
+    }
 }
 
 QTEST_MAIN(SheetTest)
