@@ -32,9 +32,15 @@ constexpr Benchmark benchmarks[] = {
 
 QString describeRun()
 {
-    return QStringLiteral("Measured on %1, on %2. One minute's load average at the start: %3.")
-        .arg(QDate::currentDate().toString(Qt::ISODate), describeMachine())
-        .arg(loadAverage(), 0, 'f', 1);
+    const double load = loadAverage();
+    const QString text =
+        QStringLiteral("Measured on %1, on %2. One minute's load average at the start: %3.")
+            .arg(QDate::currentDate().toString(Qt::ISODate), describeMachine())
+            .arg(load, 0, 'f', 1);
+    constexpr double busy = 0.7;
+    return load < busy ? text
+                       : text + QStringLiteral(" The machine was busy with other things: times are "
+                                               "longer than they would be, ratios are less exact.");
 }
 
 /// Replaces what stands between the two marks of the document.
@@ -46,11 +52,11 @@ bool writeInto(const QString& path, const QString& results)
     if (!file.open(QIODevice::ReadWrite))
         return false;
     QByteArray text = file.readAll();
-    const qsizetype begin = text.indexOf(beginMark) + qsizetype(qstrlen(beginMark));
+    const qsizetype begin = text.indexOf(beginMark);
     const qsizetype end = text.indexOf(endMark);
-    if (begin > end)
+    if (begin < 0 || end < begin)
         return false;
-    text.replace(begin, end - begin, results.toUtf8());
+    text.replace(begin, end - begin, beginMark + results.toUtf8());
     return file.seek(0) && file.write(text) == text.size() && file.resize(text.size());
 }
 

@@ -93,7 +93,7 @@ void Report::printSummary() const
 
 QString Report::markdown() const
 {
-    QString text = summary() + u'\n';
+    QString text = u'\n' + summary() + u'\n';
     for (const QString& failure : m_failures)
         text += QStringLiteral("\nDid not run: ") + failure + u'\n';
     for (const Section& section : m_sections) {

@@ -21,8 +21,9 @@ using Samples = std::vector<double>;
 
 /// The time that one call takes.
 [[nodiscard]] double secondsOf(const std::function<void()>& call);
-/// The same for a call too short to be timed alone: averaged over at least twenty milliseconds.
-[[nodiscard]] double secondsPerCall(const std::function<void()>& call);
+/// The processor time that one call takes on this thread, averaged over at least twenty
+/// milliseconds of calls: for pure computations, which a busy machine then does not disturb.
+[[nodiscard]] double processorSecondsPerCall(const std::function<void()>& call);
 
 /// A contestant measures itself once and returns the seconds.
 using Contestant = std::function<double()>;

@@ -73,7 +73,7 @@ struct Stores {
 struct Probes {
     Samples listingSeconds, listingMegabytes, listingMegabytesRead;
     Samples allSeconds, allMegabytes, allMegabytesRead;
-    Samples selectingSeconds;
+    Samples listAloneSeconds, selectingSeconds;
 
     double add(const std::optional<StoreProbe>& probe)
     {
@@ -85,6 +85,7 @@ struct Probes {
         allSeconds.push_back(probe->everything.seconds);
         allMegabytes.push_back(probe->everything.megabytes);
         allMegabytesRead.push_back(probe->everything.megabytesRead);
+        listAloneSeconds.push_back(probe->secondsToList);
         selectingSeconds.push_back(probe->secondsToSelectOne);
         return probe->listing.seconds;
     }
@@ -108,6 +109,9 @@ void reportOpening(Report& report, const Probes& large, const Probes& cold, cons
                 .trovell = formatSpread(cold.listingSeconds),
                 .budget = QStringLiteral("< 400 ms"),
                 .isMet = median(cold.listingSeconds) < 0.4});
+    report.add({.what = QStringLiteral("Listing names and counts, of an open store"),
+                .trovell = formatSpread(large.listAloneSeconds),
+                .peer = peer + formatSpread(small.listAloneSeconds)});
     report.add({.what = QStringLiteral("Selecting a workspace: reading its items and placements"),
                 .trovell = formatSpread(large.selectingSeconds),
                 .peer = peer + formatSpread(small.selectingSeconds),
@@ -131,13 +135,10 @@ void reportMemory(Report& report, const Probes& large)
                 .ratio = formatRatio(share),
                 .budget = QStringLiteral("no items loaded: < 0.25×"),
                 .isMet = share < 0.25});
-    const double shareRead = median(large.listingMegabytesRead) / median(large.allMegabytesRead);
-    report.add({.what = QStringLiteral("Read from the file for the listing"),
-                .trovell = megabytes(large.listingMegabytesRead),
-                .peer = QStringLiteral("everything: ") + megabytes(large.allMegabytesRead),
-                .ratio = formatRatio(shareRead),
-                .budget = QStringLiteral("no items loaded: < 0.25×"),
-                .isMet = shareRead < 0.25});
+    report.add(
+        {.what = QStringLiteral("Read from the file by opening, which verifies it, and listing"),
+         .trovell = megabytes(large.listingMegabytesRead),
+         .peer = QStringLiteral("everything: ") + megabytes(large.allMegabytesRead)});
 }
 
 void measureOpening(Report& report, const Stores& stores)

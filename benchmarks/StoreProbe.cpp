@@ -91,8 +91,10 @@ std::optional<StoreProbe> probeStore(const QString& folder, bool isCold)
     if (!child.waitForFinished() || child.exitCode() != 0)
         return std::nullopt;
     const QList<QByteArray> lines = child.readAllStandardOutput().split('\n');
-    return StoreProbe{parseCost(lines.value(0)), parseCost(lines.value(1)),
-                      lines.value(2).toDouble()};
+    return StoreProbe{.listing = parseCost(lines.value(0)),
+                      .secondsToList = lines.value(1).toDouble(),
+                      .everything = parseCost(lines.value(2)),
+                      .secondsToSelectOne = lines.value(3).toDouble()};
 }
 
 int runStoreProbe(const QString& folder)
@@ -100,13 +102,13 @@ int runStoreProbe(const QString& folder)
     const Usage before;
     Expected<std::unique_ptr<WorkspaceStore>, StoreError> store;
     qint64 shown = 0;
-    const double secondsToList = secondsOf([&] {
-        store = openStore(folder);
-        shown = store ? listWorkspaces((*store)->mainContext()) : 0;
-    });
-    if (shown == 0)
+    const double secondsToOpen = secondsOf([&] { store = openStore(folder); });
+    if (!store)
         return 1;
-    print(costSince(before, secondsToList));
+    const double secondsToList =
+        secondsOf([&] { shown = listWorkspaces((*store)->mainContext()); });
+    print(costSince(before, secondsToOpen + secondsToList));
+    QTextStream(stdout) << secondsToList << '\n';
     const QList<TrovellWorkspace*> workspaces = (*store)->mainContext().workspaces();
     qsizetype loaded = 0;
     const double secondsToSelectOne =
@@ -116,9 +118,11 @@ int runStoreProbe(const QString& folder)
         for (const TrovellWorkspace* workspace : workspaces)
             loaded += load(*workspace);
     });
-    print(costSince(before, secondsToList + secondsToSelectOne + secondsToLoad));
+    print(costSince(before, secondsToOpen + secondsToList + secondsToSelectOne + secondsToLoad));
     QTextStream(stdout) << secondsToSelectOne << '\n';
-    return loaded == workspaces.size() * (itemsPerWorkspace + placementsPerWorkspace) ? 0 : 1;
+    return shown > 0 && loaded == workspaces.size() * (itemsPerWorkspace + placementsPerWorkspace)
+               ? 0
+               : 1;
 }
 
 } // namespace trovell::bench

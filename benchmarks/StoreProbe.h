@@ -19,6 +19,8 @@ struct StoreCost {
 struct StoreProbe {
     /// Opened, and names and counts of all workspaces listed.
     StoreCost listing;
+    /// The listing's own part of it.
+    double secondsToList = 0;
     /// All of it, items and placements of all workspaces included.
     StoreCost everything;
     /// From a workspace's selection to its items and placements being there.
