@@ -121,6 +121,8 @@ private Q_SLOTS:
     void followsTheLayout();
     void isSilentWhereTheNewPlaceIsTaken();
     void waitsForALayoutWithDigits();
+    void worksUnderEveryWindowManager_data();
+    void worksUnderEveryWindowManager();
     void survivesTheServer();
 
 private:
@@ -381,6 +383,26 @@ void GlobalHotKeysTest::waitsForALayoutWithDigits()
     m_desktop->run("setxkbmap", {"us"});
     QTRY_COMPARE(freeKeys(), Keycodes{});
     QCOMPARE(triggeredBy({10, 11}), (QList{1, 2}));
+}
+
+void GlobalHotKeysTest::worksUnderEveryWindowManager_data()
+{
+    QTest::addColumn<WindowManager>("windowManager");
+    for (const WindowManager windowManager : availableWindowManagers())
+        QTest::addRow("%s", windowManagerName(windowManager)) << windowManager;
+}
+
+void GlobalHotKeysTest::worksUnderEveryWindowManager()
+{
+    QFETCH(WindowManager, windowManager);
+    cleanup();
+    m_desktop = std::make_unique<VirtualDesktop>(windowManager);
+    QVERIFY2(m_desktop->isReady(), qPrintable(m_desktop->error()));
+    init();
+    m_desktop->startClient({"--title", "Notes"});
+    m_desktop->inspector().waitForWindow(u"Notes");
+    registerAll(m_workspaces);
+    QCOMPARE(triggeredBy({10, 11, 12, 13}), (QList{1, 2, 3, 4}));
 }
 
 void GlobalHotKeysTest::survivesTheServer()
