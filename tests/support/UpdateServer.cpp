@@ -44,7 +44,7 @@ void UpdateServer::redirect(const QString& path, const QByteArray& target)
 {
     ServedFile file;
     file.status = 302;
-    file.headers = {"Location: " + target};
+    file.headers = {"Location: " + target, "Set-Cookie: redirected=1; Path=/"};
     file.body = "Gone elsewhere.";
     serve(path, file);
 }

@@ -15,7 +15,6 @@ namespace trovell {
 namespace {
 
 constexpr mode_t privateMode = 0700;
-constexpr mode_t writableByOthers = S_IWGRP | S_IWOTH;
 
 Unexpected<UpdateError> systemError(int code, UpdateError otherwise)
 {
@@ -33,12 +32,15 @@ Expected<void, UpdateError> makeOwnFolder(const QString& folder)
     struct stat status {};
     if (::lstat(path.constData(), &status) != 0)
         return systemError(errno, UpdateError::folderNotWritable);
-    if (!S_ISDIR(status.st_mode) || status.st_uid != ::geteuid() ||
-        (status.st_mode & writableByOthers) != 0)
+    if (!S_ISDIR(status.st_mode) || status.st_uid != ::geteuid())
         return Unexpected<UpdateError>(UpdateError::folderNotPrivate);
+    // It may be an old one, and the umask may have taken too much away from a new one.
+    if (::chmod(path.constData(), privateMode) != 0)
+        return systemError(errno, UpdateError::folderNotWritable);
     return {};
 }
 
+/// The outer folder first: once it is private, nobody can exchange the inner one.
 Expected<void, UpdateError> makePrivateFolder(const QString& folder)
 {
     const QFileInfo parent(QFileInfo(folder).absolutePath());
@@ -46,12 +48,7 @@ Expected<void, UpdateError> makePrivateFolder(const QString& folder)
         return Unexpected<UpdateError>(UpdateError::folderNotWritable);
     if (const auto made = makeOwnFolder(parent.absoluteFilePath()); !made)
         return made;
-    if (const auto made = makeOwnFolder(folder); !made)
-        return made;
-    // It may be an old one, and the umask may take away more than mkdir is asked for.
-    if (::chmod(QFile::encodeName(folder).constData(), privateMode) != 0)
-        return systemError(errno, UpdateError::folderNotWritable);
-    return {};
+    return makeOwnFolder(folder);
 }
 
 void deleteFiles(const QString& folder)

@@ -15,10 +15,9 @@ namespace trovell {
 class PrivateFile {
 public:
     /// Makes a new, empty file with mode 0600 in `folder`, which belongs to this class: what
-    /// earlier downloads left there is deleted. The folder and those above it are created with
-    /// mode 0700 where they are missing. Fails with `folderNotPrivate` when `folder` or the one
-    /// that holds it is a link, belongs to someone else, or can be written by others; with
-    /// `folderNotWritable` or `diskFull`.
+    /// earlier downloads left there is deleted. The folder and the one that holds it are created
+    /// where they are missing, and both get mode 0700. Fails with `folderNotPrivate` when one of
+    /// them is a link or belongs to someone else; with `folderNotWritable` or `diskFull`.
     [[nodiscard]] static Expected<std::unique_ptr<PrivateFile>, UpdateError>
     create(const QString& folder);
 

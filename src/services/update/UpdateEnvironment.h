@@ -14,8 +14,7 @@ struct UpdateEnvironment {
     QString programVersion;
     /// Compared with the minimum system versions in the feed.
     QString systemVersion;
-    /// Belongs to the updater, which deletes files in it. Its parent must not be writable by
-    /// others.
+    /// Belongs to the updater, which deletes files in it, and so does the folder that holds it.
     QString downloadFolder;
     /// Opens the package at an absolute path for installation. False when nothing could be opened.
     /// Called on the main thread; does not wait for the installation.

@@ -56,7 +56,7 @@ constexpr Text texts[] = {
     {UpdateError::folderNotWritable,
      u"The folder for downloaded updates could not be created or written to."},
     {UpdateError::folderNotPrivate,
-     u"The folder for downloaded updates can be changed by other users and was not used."},
+     u"The folder for downloaded updates is not private to you and was not used."},
     {UpdateError::diskFull, u"There is not enough free disk space to download the update."},
     {UpdateError::fileNotWritable, u"The update could not be saved to the disk."},
     {UpdateError::fileNotReadable, u"The downloaded update could not be read again from the disk."},

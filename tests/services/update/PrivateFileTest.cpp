@@ -8,6 +8,7 @@
 #include <QTest>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 using namespace trovell;
 
@@ -28,7 +29,9 @@ private Q_SLOTS:
     void init() { m_root = std::make_unique<QTemporaryDir>(); }
     void isPrivateAndGoesAway();
     void leavesNothingOfEarlierDownloads();
+    void shutsOthersOut();
     void refusesFoldersOfOthers();
+    void refusesLinks();
     void refusesWhereThereCanBeNoFolder();
     void noticesAFullDisk();
 
@@ -87,27 +90,41 @@ void PrivateFileTest::leavesNothingOfEarlierDownloads()
     QVERIFY(target.exists());
 }
 
+void PrivateFileTest::shutsOthersOut()
+{
+    QVERIFY(QDir().mkpath(folder()));
+    const QString outer = path(u"cache/trovell"_qs);
+    QVERIFY(::chmod(QFile::encodeName(outer).constData(), 0777) == 0);
+    QVERIFY(::chmod(QFile::encodeName(folder()).constData(), 0570) == 0);
+    QCOMPARE(error(), std::nullopt);
+    QCOMPARE(mode(outer), mode_t(0700));
+    QCOMPARE(mode(folder()), mode_t(0700));
+}
+
 void PrivateFileTest::refusesFoldersOfOthers()
 {
-    const auto changeMode = [](const QString& name, mode_t newMode) {
-        QVERIFY(::chmod(QFile::encodeName(name).constData(), newMode) == 0);
-    };
-    const QString parent = path(u"cache/trovell"_qs);
+    // Root can give a folder away; everybody else has some that are not their own.
     QVERIFY(QDir().mkpath(folder()));
-    changeMode(parent, 0777);
-    QCOMPARE(error(), UpdateError::folderNotPrivate);
-    changeMode(parent, 0755);
-    changeMode(folder(), 0770);
-    QCOMPARE(error(), UpdateError::folderNotPrivate);
-    changeMode(folder(), 0500);
-    QCOMPARE(error(), std::nullopt);
+    const bool isRoot = ::geteuid() == 0;
+    if (isRoot)
+        QVERIFY(::chown(QFile::encodeName(folder()).constData(), 1, 1) == 0);
+    const auto file = PrivateFile::create(isRoot ? folder() : u"/usr/bin"_qs);
+    QVERIFY(!file.has_value());
+    QCOMPARE(file.error(), UpdateError::folderNotPrivate);
+}
 
-    // A link to a folder of the user's own: its files must survive.
-    QVERIFY(QDir().rmdir(folder()));
-    QVERIFY(QDir().mkpath(path(u"documents"_qs)));
-    QFile document(path(u"documents/letter"_qs));
+/// Here to a folder of the user's own, whose files must survive.
+void PrivateFileTest::refusesLinks()
+{
+    QVERIFY(QDir().mkpath(path(u"documents/update"_qs)));
+    QFile document(path(u"documents/update/letter"_qs));
     QVERIFY(document.open(QIODevice::WriteOnly));
-    QVERIFY(QFile::link(path(u"documents"_qs), folder()));
+    QVERIFY(QDir().mkpath(path(u"cache"_qs)));
+    QVERIFY(QFile::link(path(u"documents"_qs), path(u"cache/trovell"_qs)));
+    QCOMPARE(error(), UpdateError::folderNotPrivate);
+    QVERIFY(QFile::remove(path(u"cache/trovell"_qs)));
+    QVERIFY(QDir().mkpath(path(u"cache/trovell"_qs)));
+    QVERIFY(QFile::link(path(u"documents/update"_qs), folder()));
     QCOMPARE(error(), UpdateError::folderNotPrivate);
     QVERIFY(document.exists());
 }

@@ -1,13 +1,8 @@
-// The updater against a real https server, well-behaved or not.
-#include "services/update/Updater.h"
-
-#include "services/update/UpdateFeedParser.h"
-#include "support/FullDisk.h"
+// The updater with a real https server: what it does when all goes well, and when the user
+// changes their mind. What it refuses: see UpdaterRefusalTest.
 #include "support/TestAuthority.h"
-#include "support/UpdatePublisher.h"
-#include "support/UpdateServer.h"
+#include "support/UpdateWorld.h"
 
-#include <QDir>
 #include <QFile>
 #include <QSignalSpy>
 #include <QtConcurrentRun>
@@ -18,68 +13,9 @@
 
 using namespace trovell;
 using namespace trovell::test;
-using namespace std::chrono_literals;
 using Phase = UpdateState::Phase;
-using After = ServedFile::After;
 
 namespace {
-
-const QString feedPath = u"/feed.xml"_qs;
-const QString packagePath = u"/files/trovell-2.0_amd64.deb"_qs;
-
-/// A program, its private folder, and a server that offers it an update.
-struct World {
-    World(const TestAuthority& authority, const QSslConfiguration& serverConfiguration)
-        : server(serverConfiguration)
-    {
-        environment = standardUpdateEnvironment(u"1.5"_qs, [this](const QString& path) {
-            openedPackages.append(path);
-            return hasInstaller;
-        });
-        environment.downloadFolder = folder.filePath(u"trovell/update"_qs);
-        environment.tls = authority.clientConfiguration();
-        item = publisher.item(package, server.url(packagePath));
-        item.notes = u"What is <b>new</b>"_qs;
-        publish();
-    }
-
-    /// The feed with the item as it is now, and the package.
-    void publish()
-    {
-        serveFeed({.body = feedOf({item})});
-        servePackage({.body = package});
-    }
-    void serveFeed(const ServedFile& file) { server.serve(feedPath, file); }
-    void servePackage(const ServedFile& file) { server.serve(packagePath, file); }
-
-    std::unique_ptr<Updater> makeUpdater() const
-    {
-        return std::make_unique<Updater>(server.url(feedPath), publisher.publicKey(), environment);
-    }
-
-    /// What lies in the private folder.
-    QStringList files() const
-    {
-        return QDir(environment.downloadFolder)
-            .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
-    }
-
-    QTemporaryDir folder;
-    UpdatePublisher publisher;
-    QByteArray package = QByteArray("A package, and not a small one. ").repeated(100'000);
-    PublishedItem item;
-    UpdateServer server;
-    UpdateEnvironment environment;
-    QStringList openedPackages;
-    bool hasInstaller = true;
-};
-
-/// Something wrong with the world, and what it is refused with.
-struct Refusal {
-    const char* name;
-    std::function<void(World&)> arrange;
-    UpdateError error;
-};
 
 /// Keeps the worker threads busy, so that whatever is given to them waits.
 class BusyWorkers {
@@ -87,144 +23,20 @@ public:
     BusyWorkers()
     {
         QThreadPool::globalInstance()->setMaxThreadCount(1);
-        m_work = QtConcurrent::run([this] { m_end.acquire(); });
+        m_work = QtConcurrent::run([end = m_end] { end->acquire(); });
     }
     ~BusyWorkers()
     {
-        m_end.release();
+        m_end->release();
         m_work.waitForFinished();
         QThreadPool::globalInstance()->setMaxThreadCount(QThread::idealThreadCount());
     }
     Q_DISABLE_COPY_MOVE(BusyWorkers)
 
 private:
-    std::binary_semaphore m_end{0};
+    // Goes with the last of the two threads.
+    std::shared_ptr<std::binary_semaphore> m_end = std::make_shared<std::binary_semaphore>(0);
     QFuture<void> m_work;
-};
-
-void changeItem(World& world, QString PublishedItem::*field, const QString& value)
-{
-    world.item.*field = value;
-    world.publish();
-}
-
-const QList<Refusal> feedRefusals{
-    {"nobody listens", [](World& world) { world.server.stopListening(); },
-     UpdateError::serverUnreachable},
-    {"not found", [](World& world) { world.serveFeed({.status = 404}); },
-     UpdateError::serverRefused},
-    {"error with an endless page",
-     [](World& world) {
-         world.serveFeed({.status = 500, .contentLength = -1, .breaksAt = 0, .after = After::drip});
-     },
-     UpdateError::serverRefused},
-    {"no content", [](World& world) { world.serveFeed({.status = 204}); },
-     UpdateError::serverRefused},
-    {"redirect to nowhere", [](World& world) { world.serveFeed({.status = 302}); },
-     UpdateError::serverRefused},
-    {"redirect to http",
-     [](World& world) { world.server.redirect(feedPath, "http://127.0.0.1:1/feed.xml"); },
-     UpdateError::redirectNotSecure},
-    {"redirect to a file",
-     [](World& world) { world.server.redirect(feedPath, "file:///etc/hostname"); },
-     UpdateError::redirectNotSecure},
-    {"redirect to ftp", [](World& world) { world.server.redirect(feedPath, "ftp://127.0.0.1/x"); },
-     UpdateError::redirectNotSecure},
-    {"redirect to itself", [](World& world) { world.server.redirect(feedPath, "/feed.xml"); },
-     UpdateError::tooManyRedirects},
-    {"closed in the middle",
-     [](World& world) { world.serveFeed({.body = feedOf({world.item}), .breaksAt = 100}); },
-     UpdateError::connectionLost},
-    {"cut off without a length",
-     [](World& world) {
-         world.serveFeed({.body = feedOf({world.item}), .contentLength = -1, .breaksAt = 100});
-     },
-     UpdateError::feedMalformed},
-    {"silent from the start",
-     [](World& world) {
-         world.environment.silenceTimeout = 500ms;
-         world.serveFeed({.contentLength = 100, .breaksAt = 0, .after = After::silence});
-     },
-     UpdateError::timedOut},
-    {"dripping for ever",
-     [](World& world) {
-         world.environment.feedTimeout = 1s;
-         world.serveFeed({.contentLength = -1, .breaksAt = 0, .after = After::drip});
-     },
-     UpdateError::timedOut},
-    {"too large",
-     [](World& world) {
-         world.serveFeed({.body = QByteArray(feedlimits::bytes + 1, ' '), .contentLength = -1});
-     },
-     UpdateError::feedTooLarge},
-    {"malformed", [](World& world) { world.serveFeed({.body = "<rss>"}); },
-     UpdateError::feedMalformed},
-    {"entities", [](World& world) { world.serveFeed({.body = "<!DOCTYPE rss><rss/>"}); },
-     UpdateError::feedDeclaresEntities},
-    {"package address not secure",
-     [](World& world) {
-         changeItem(world, &PublishedItem::address, u"http://127.0.0.1/trovell.deb"_qs);
-     },
-     UpdateError::addressNotSecure},
-    {"unsigned", [](World& world) { changeItem(world, &PublishedItem::signature, {}); },
-     UpdateError::signatureMissing},
-    {"malformed signature",
-     [](World& world) { changeItem(world, &PublishedItem::signature, u"c2ln"_qs); },
-     UpdateError::signatureMalformed},
-    {"package too large",
-     [](World& world) { world.environment.maximumPackageBytes = world.package.size() - 1; },
-     UpdateError::packageTooLarge},
-};
-
-const QList<Refusal> packageRefusals{
-    {"one bit changed",
-     [](World& world) {
-         world.package[1'000'000] = static_cast<char>(world.package[1'000'000] ^ 1);
-         world.publish();
-     },
-     UpdateError::signatureWrong},
-    {"signed with another key",
-     [](World& world) {
-         changeItem(world, &PublishedItem::signature, UpdatePublisher().signature(world.package));
-     },
-     UpdateError::signatureWrong},
-    {"longer than announced",
-     [](World& world) { world.servePackage({.body = world.package + 'x'}); },
-     UpdateError::packageLongerThanAnnounced},
-    {"endless",
-     [](World& world) {
-         world.servePackage({.body = world.package,
-                             .contentLength = -1,
-                             .breaksAt = world.package.size(),
-                             .after = After::drip});
-     },
-     UpdateError::packageLongerThanAnnounced},
-    {"shorter than announced",
-     [](World& world) { world.servePackage({.body = world.package.chopped(1)}); },
-     UpdateError::packageShorterThanAnnounced},
-    {"cut off without a length",
-     [](World& world) {
-         world.servePackage({.body = world.package, .contentLength = -1, .breaksAt = 2'000'000});
-     },
-     UpdateError::packageShorterThanAnnounced},
-    {"closed in the middle",
-     [](World& world) { world.servePackage({.body = world.package, .breaksAt = 2'000'000}); },
-     UpdateError::connectionLost},
-    {"silent in the middle",
-     [](World& world) {
-         world.environment.silenceTimeout = 500ms;
-         world.servePackage(
-             {.body = world.package, .breaksAt = 2'000'000, .after = After::silence});
-     },
-     UpdateError::timedOut},
-    {"not found", [](World& world) { world.servePackage({.status = 404}); },
-     UpdateError::serverRefused},
-    {"redirect to http",
-     [](World& world) { world.server.redirect(packagePath, "http://127.0.0.1:1/x"); },
-     UpdateError::redirectNotSecure},
-    {"no folder",
-     [](World& world) { world.environment.downloadFolder = u"/proc/trovell/update"_qs; },
-     UpdateError::folderNotWritable},
 };
 
 } // namespace
@@ -234,21 +46,13 @@ class UpdaterTest : public QObject {
 
 private Q_SLOTS:
     void initTestCase();
-    void init() { m_world = std::make_unique<World>(*m_authority, *m_serverConfiguration); }
+    void init() { m_world = std::make_unique<UpdateWorld>(*m_authority, *m_serverConfiguration); }
 
     void installsAnUpdate();
     void tellsNothingAboutTheUser();
     void followsRedirectsOnHttps();
     void neverDowngrades_data();
     void neverDowngrades();
-    void refusesFeeds_data();
-    void refusesFeeds();
-    void refusesPackages_data();
-    void refusesPackages();
-    void stopsWhenTheDiskIsFull();
-    void refusesServersThatAreNotTrusted();
-    void refusesToStart();
-    void refusesWithoutAnInstaller();
     void triesAgainAfterAFailure();
     void runsOneCheckAtATime();
     void cancels_data();
@@ -258,21 +62,6 @@ private Q_SLOTS:
     void leavesNothingWhenTheProgramEnds();
 
 private:
-    /// To the end of what is going on.
-    static void wait(const Updater& updater)
-    {
-        QTRY_VERIFY_WITH_TIMEOUT(!updater.isBusy(), 60'000);
-    }
-    static void check(Updater& updater)
-    {
-        updater.check();
-        wait(updater);
-    }
-    static void download(Updater& updater)
-    {
-        updater.download();
-        wait(updater);
-    }
     /// From idle to `phase`; to verifying with busy workers only.
     static void reach(Updater& updater, Phase phase)
     {
@@ -283,20 +72,10 @@ private:
         updater.download();
         QTRY_COMPARE_WITH_TIMEOUT(updater.state().phase, phase, 60'000);
     }
-    /// Failed in the right words, with nothing left on the disk.
-    void verifyFailed(const Updater& updater, UpdateError error) const
-    {
-        const UpdateState expected{
-            .phase = Phase::failed, .sentence = description(error), .error = error};
-        QVERIFY2(updater.state() == expected, qPrintable(updater.state().sentence));
-        QVERIFY(!expected.sentence.isEmpty());
-        QCOMPARE(m_world->files(), QStringList());
-        QVERIFY(m_world->openedPackages.isEmpty() || error == UpdateError::installerFailed);
-    }
 
     std::unique_ptr<TestAuthority> m_authority;
     std::unique_ptr<QSslConfiguration> m_serverConfiguration;
-    std::unique_ptr<World> m_world;
+    std::unique_ptr<UpdateWorld> m_world;
 };
 
 void UpdaterTest::initTestCase()
@@ -344,8 +123,8 @@ void UpdaterTest::installsAnUpdate()
 void UpdaterTest::tellsNothingAboutTheUser()
 {
     m_world->server.redirect(u"/feed.xml"_qs, "/moved.xml");
-    m_world->server.serve(u"/moved.xml"_qs, {.body = feedOf({m_world->item}),
-                                             .headers = {"Set-Cookie: id=1", "ETag: \"1\""}});
+    m_world->server.serve(u"/moved.xml"_qs,
+                          {.body = feedOf({m_world->item}), .headers = {"ETag: \"1\""}});
     const auto updater = m_world->makeUpdater();
     for (int round = 0; round < 2; ++round) {
         check(*updater);
@@ -373,8 +152,9 @@ void UpdaterTest::tellsNothingAboutTheUser()
 void UpdaterTest::followsRedirectsOnHttps()
 {
     m_world->server.redirect(u"/first"_qs, "/second");
-    m_world->server.redirect(u"/second"_qs, m_world->server.url(packagePath).toEncoded());
-    changeItem(*m_world, &PublishedItem::address, m_world->server.url(u"/first"_qs).toString());
+    m_world->server.redirect(u"/second"_qs,
+                             m_world->server.url(UpdateWorld::packagePath).toEncoded());
+    m_world->changeItem(&PublishedItem::address, m_world->server.url(u"/first"_qs).toString());
     const auto updater = m_world->makeUpdater();
     check(*updater);
     download(*updater);
@@ -397,7 +177,7 @@ void UpdaterTest::neverDowngrades()
     QFETCH(QString, offered);
     QFETCH(QString, minimumSystemVersion);
     m_world->item.version = offered;
-    changeItem(*m_world, &PublishedItem::minimumSystemVersion, minimumSystemVersion);
+    m_world->changeItem(&PublishedItem::minimumSystemVersion, minimumSystemVersion);
     const auto updater = m_world->makeUpdater();
     check(*updater);
     QCOMPARE(updater->state().phase, Phase::upToDate);
@@ -409,107 +189,17 @@ void UpdaterTest::neverDowngrades()
     QCOMPARE(m_world->files(), QStringList());
 }
 
-void UpdaterTest::refusesFeeds_data()
-{
-    QTest::addColumn<Refusal>("refusal");
-    for (const Refusal& refusal : feedRefusals)
-        QTest::newRow(refusal.name) << refusal;
-}
-
-void UpdaterTest::refusesFeeds()
-{
-    QFETCH(Refusal, refusal);
-    refusal.arrange(*m_world);
-    const auto updater = m_world->makeUpdater();
-    check(*updater);
-    verifyFailed(*updater, refusal.error);
-}
-
-void UpdaterTest::refusesPackages_data()
-{
-    QTest::addColumn<Refusal>("refusal");
-    for (const Refusal& refusal : packageRefusals)
-        QTest::newRow(refusal.name) << refusal;
-}
-
-void UpdaterTest::refusesPackages()
-{
-    QFETCH(Refusal, refusal);
-    refusal.arrange(*m_world);
-    const auto updater = m_world->makeUpdater();
-    check(*updater);
-    QCOMPARE(updater->state().phase, Phase::available);
-    download(*updater);
-    verifyFailed(*updater, refusal.error);
-    updater->install();
-    verifyFailed(*updater, refusal.error);
-}
-
-void UpdaterTest::stopsWhenTheDiskIsFull()
-{
-    const auto updater = m_world->makeUpdater();
-    check(*updater);
-    const FullDisk disk(1'000'000);
-    download(*updater);
-    verifyFailed(*updater, UpdateError::diskFull);
-}
-
-void UpdaterTest::refusesServersThatAreNotTrusted()
-{
-    const TestAuthority stranger;
-    const QSslConfiguration configurations[]{
-        m_authority->serverConfiguration(u"DNS:elsewhere.example"_qs),
-        m_authority->serverConfiguration(u"IP:127.0.0.2"_qs),
-        stranger.serverConfiguration(u"IP:127.0.0.1"_qs)};
-    for (const QSslConfiguration& configuration : configurations) {
-        m_world = std::make_unique<World>(*m_authority, configuration);
-        const auto updater = m_world->makeUpdater();
-        check(*updater);
-        verifyFailed(*updater, UpdateError::serverNotTrusted);
-        QVERIFY(m_world->server.requests().isEmpty());
-    }
-}
-
-void UpdaterTest::refusesToStart()
-{
-    const auto error = [this](const QUrl& address, const QString& key, const QString& version) {
-        m_world->environment.programVersion = version;
-        Updater updater(address, key, m_world->environment);
-        check(updater);
-        return updater.state().error;
-    };
-    const QUrl address = m_world->server.url(feedPath);
-    const QString key = m_world->publisher.publicKey();
-    QCOMPARE(error(address, u"key"_qs, u"1"_qs), UpdateError::publicKeyMalformed);
-    QCOMPARE(error(address, key, u"unknown"_qs), UpdateError::programVersionUnknown);
-    for (const QString& text : {u""_qs, u"feed.xml"_qs, u"https:///feed.xml"_qs,
-                                u"http://127.0.0.1/feed.xml"_qs, u"file:///etc/hostname"_qs})
-        QCOMPARE(error(QUrl(text), key, u"1"_qs), UpdateError::addressNotSecure);
-    QVERIFY(m_world->server.requests().isEmpty());
-}
-
-void UpdaterTest::refusesWithoutAnInstaller()
-{
-    m_world->hasInstaller = false;
-    const auto updater = m_world->makeUpdater();
-    check(*updater);
-    download(*updater);
-    updater->install();
-    QCOMPARE(m_world->openedPackages.size(), 1);
-    verifyFailed(*updater, UpdateError::installerFailed);
-}
-
 void UpdaterTest::triesAgainAfterAFailure()
 {
     const auto updater = m_world->makeUpdater();
     m_world->serveFeed({.status = 503});
     check(*updater);
-    verifyFailed(*updater, UpdateError::serverRefused);
+    m_world->verifyFailed(*updater, UpdateError::serverRefused);
     m_world->publish();
     m_world->servePackage({.body = m_world->package, .breaksAt = 1'000'000});
     check(*updater);
     download(*updater);
-    verifyFailed(*updater, UpdateError::connectionLost);
+    m_world->verifyFailed(*updater, UpdateError::connectionLost);
     m_world->publish();
     check(*updater);
     download(*updater);
@@ -552,10 +242,10 @@ void UpdaterTest::cancels()
         reach(*updater, phase);
         updater->cancel();
     }
-    verifyFailed(*updater, UpdateError::cancelled);
+    m_world->verifyFailed(*updater, UpdateError::cancelled);
     // What was under way has no say any more.
     QTest::qWait(100);
-    verifyFailed(*updater, UpdateError::cancelled);
+    m_world->verifyFailed(*updater, UpdateError::cancelled);
     check(*updater);
     download(*updater);
     QCOMPARE(updater->state().phase, Phase::ready);
@@ -572,7 +262,7 @@ void UpdaterTest::cancelsFromWithinItsOwnSignal()
         });
         check(*updater);
         download(*updater);
-        verifyFailed(*updater, UpdateError::cancelled);
+        m_world->verifyFailed(*updater, UpdateError::cancelled);
     }
 }
 

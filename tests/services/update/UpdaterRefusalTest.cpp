@@ -1,0 +1,274 @@
+// What the updater refuses, met on a real https server: in the right words, and with nothing left
+// on the disk.
+#include "services/update/UpdateFeedParser.h"
+#include "support/FullDisk.h"
+#include "support/TestAuthority.h"
+#include "support/UpdateWorld.h"
+
+#include <QTest>
+
+using namespace trovell;
+using namespace trovell::test;
+using namespace std::chrono_literals;
+using Phase = UpdateState::Phase;
+using After = ServedFile::After;
+
+namespace {
+
+/// Something wrong with the world, and what it is refused with.
+struct Refusal {
+    const char* name;
+    std::function<void(UpdateWorld&)> arrange;
+    UpdateError error;
+};
+
+const QList<Refusal> feedRefusals{
+    {"nobody listens", [](UpdateWorld& world) { world.server.stopListening(); },
+     UpdateError::serverUnreachable},
+    {"not found", [](UpdateWorld& world) { world.serveFeed({.status = 404}); },
+     UpdateError::serverRefused},
+    {"error with an endless page",
+     [](UpdateWorld& world) {
+         world.serveFeed({.status = 500, .contentLength = -1, .breaksAt = 0, .after = After::drip});
+     },
+     UpdateError::serverRefused},
+    {"no content", [](UpdateWorld& world) { world.serveFeed({.status = 204}); },
+     UpdateError::serverRefused},
+    {"redirect to nowhere", [](UpdateWorld& world) { world.serveFeed({.status = 302}); },
+     UpdateError::serverRefused},
+    {"redirect to http",
+     [](UpdateWorld& world) {
+         world.server.redirect(UpdateWorld::feedPath, "http://127.0.0.1:1/feed.xml");
+     },
+     UpdateError::redirectNotSecure},
+    {"redirect to a file",
+     [](UpdateWorld& world) {
+         world.server.redirect(UpdateWorld::feedPath, "file:///etc/hostname");
+     },
+     UpdateError::redirectNotSecure},
+    {"redirect to ftp",
+     [](UpdateWorld& world) { world.server.redirect(UpdateWorld::feedPath, "ftp://127.0.0.1/x"); },
+     UpdateError::redirectNotSecure},
+    {"redirect to itself",
+     [](UpdateWorld& world) { world.server.redirect(UpdateWorld::feedPath, "/feed.xml"); },
+     UpdateError::tooManyRedirects},
+    {"closed in the middle",
+     [](UpdateWorld& world) { world.serveFeed({.body = feedOf({world.item}), .breaksAt = 100}); },
+     UpdateError::connectionLost},
+    {"cut off without a length",
+     [](UpdateWorld& world) {
+         world.serveFeed({.body = feedOf({world.item}), .contentLength = -1, .breaksAt = 100});
+     },
+     UpdateError::feedMalformed},
+    {"silent from the start",
+     [](UpdateWorld& world) {
+         world.environment.silenceTimeout = 500ms;
+         world.serveFeed({.contentLength = 100, .breaksAt = 0, .after = After::silence});
+     },
+     UpdateError::timedOut},
+    {"dripping for ever",
+     [](UpdateWorld& world) {
+         world.environment.feedTimeout = 1s;
+         world.serveFeed({.contentLength = -1, .breaksAt = 0, .after = After::drip});
+     },
+     UpdateError::timedOut},
+    {"too large",
+     [](UpdateWorld& world) {
+         world.serveFeed({.body = QByteArray(feedlimits::bytes + 1, ' '), .contentLength = -1});
+     },
+     UpdateError::feedTooLarge},
+    {"malformed", [](UpdateWorld& world) { world.serveFeed({.body = "<rss>"}); },
+     UpdateError::feedMalformed},
+    {"entities", [](UpdateWorld& world) { world.serveFeed({.body = "<!DOCTYPE rss><rss/>"}); },
+     UpdateError::feedDeclaresEntities},
+    {"package address not secure",
+     [](UpdateWorld& world) {
+         world.changeItem(&PublishedItem::address, u"http://127.0.0.1/trovell.deb"_qs);
+     },
+     UpdateError::addressNotSecure},
+    {"unsigned", [](UpdateWorld& world) { world.changeItem(&PublishedItem::signature, {}); },
+     UpdateError::signatureMissing},
+    {"malformed signature",
+     [](UpdateWorld& world) { world.changeItem(&PublishedItem::signature, u"c2ln"_qs); },
+     UpdateError::signatureMalformed},
+    {"package too large",
+     [](UpdateWorld& world) { world.environment.maximumPackageBytes = world.package.size() - 1; },
+     UpdateError::packageTooLarge},
+};
+
+const QList<Refusal> packageRefusals{
+    {"one bit changed",
+     [](UpdateWorld& world) {
+         world.package[1'000'000] = static_cast<char>(world.package[1'000'000] ^ 1);
+         world.publish();
+     },
+     UpdateError::signatureWrong},
+    {"signed with another key",
+     [](UpdateWorld& world) {
+         world.changeItem(&PublishedItem::signature, UpdatePublisher().signature(world.package));
+     },
+     UpdateError::signatureWrong},
+    {"longer than announced",
+     [](UpdateWorld& world) { world.servePackage({.body = world.package + 'x'}); },
+     UpdateError::packageLongerThanAnnounced},
+    {"endless",
+     [](UpdateWorld& world) {
+         world.servePackage({.body = world.package,
+                             .contentLength = -1,
+                             .breaksAt = world.package.size(),
+                             .after = After::drip});
+     },
+     UpdateError::packageLongerThanAnnounced},
+    {"shorter than announced",
+     [](UpdateWorld& world) { world.servePackage({.body = world.package.chopped(1)}); },
+     UpdateError::packageShorterThanAnnounced},
+    {"cut off without a length",
+     [](UpdateWorld& world) {
+         world.servePackage({.body = world.package, .contentLength = -1, .breaksAt = 2'000'000});
+     },
+     UpdateError::packageShorterThanAnnounced},
+    {"closed in the middle",
+     [](UpdateWorld& world) { world.servePackage({.body = world.package, .breaksAt = 2'000'000}); },
+     UpdateError::connectionLost},
+    {"silent in the middle",
+     [](UpdateWorld& world) {
+         world.environment.silenceTimeout = 500ms;
+         world.servePackage(
+             {.body = world.package, .breaksAt = 2'000'000, .after = After::silence});
+     },
+     UpdateError::timedOut},
+    {"not found", [](UpdateWorld& world) { world.servePackage({.status = 404}); },
+     UpdateError::serverRefused},
+    {"redirect to http",
+     [](UpdateWorld& world) {
+         world.server.redirect(UpdateWorld::packagePath, "http://127.0.0.1:1/x");
+     },
+     UpdateError::redirectNotSecure},
+    {"no folder",
+     [](UpdateWorld& world) { world.environment.downloadFolder = u"/proc/trovell/update"_qs; },
+     UpdateError::folderNotWritable},
+};
+
+} // namespace
+
+class UpdaterRefusalTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init() { m_world = std::make_unique<UpdateWorld>(*m_authority, *m_serverConfiguration); }
+
+    void refusesFeeds_data();
+    void refusesFeeds();
+    void refusesPackages_data();
+    void refusesPackages();
+    void stopsWhenTheDiskIsFull();
+    void refusesServersThatAreNotTrusted();
+    void refusesToStart();
+    void refusesWithoutAnInstaller();
+
+private:
+    std::unique_ptr<TestAuthority> m_authority;
+    std::unique_ptr<QSslConfiguration> m_serverConfiguration;
+    std::unique_ptr<UpdateWorld> m_world;
+};
+
+void UpdaterRefusalTest::initTestCase()
+{
+    m_authority = std::make_unique<TestAuthority>();
+    m_serverConfiguration =
+        std::make_unique<QSslConfiguration>(m_authority->serverConfiguration(u"IP:127.0.0.1"_qs));
+}
+
+void UpdaterRefusalTest::refusesFeeds_data()
+{
+    QTest::addColumn<Refusal>("refusal");
+    for (const Refusal& refusal : feedRefusals)
+        QTest::newRow(refusal.name) << refusal;
+}
+
+void UpdaterRefusalTest::refusesFeeds()
+{
+    QFETCH(Refusal, refusal);
+    refusal.arrange(*m_world);
+    const auto updater = m_world->makeUpdater();
+    check(*updater);
+    m_world->verifyFailed(*updater, refusal.error);
+}
+
+void UpdaterRefusalTest::refusesPackages_data()
+{
+    QTest::addColumn<Refusal>("refusal");
+    for (const Refusal& refusal : packageRefusals)
+        QTest::newRow(refusal.name) << refusal;
+}
+
+void UpdaterRefusalTest::refusesPackages()
+{
+    QFETCH(Refusal, refusal);
+    refusal.arrange(*m_world);
+    const auto updater = m_world->makeUpdater();
+    check(*updater);
+    QCOMPARE(updater->state().phase, Phase::available);
+    download(*updater);
+    m_world->verifyFailed(*updater, refusal.error);
+    updater->install();
+    m_world->verifyFailed(*updater, refusal.error);
+}
+
+void UpdaterRefusalTest::stopsWhenTheDiskIsFull()
+{
+    const auto updater = m_world->makeUpdater();
+    check(*updater);
+    const FullDisk disk(1'000'000);
+    download(*updater);
+    m_world->verifyFailed(*updater, UpdateError::diskFull);
+}
+
+void UpdaterRefusalTest::refusesServersThatAreNotTrusted()
+{
+    const TestAuthority stranger;
+    const QSslConfiguration configurations[]{
+        m_authority->serverConfiguration(u"DNS:elsewhere.example"_qs),
+        m_authority->serverConfiguration(u"IP:127.0.0.2"_qs),
+        stranger.serverConfiguration(u"IP:127.0.0.1"_qs)};
+    for (const QSslConfiguration& configuration : configurations) {
+        m_world = std::make_unique<UpdateWorld>(*m_authority, configuration);
+        const auto updater = m_world->makeUpdater();
+        check(*updater);
+        m_world->verifyFailed(*updater, UpdateError::serverNotTrusted);
+        QVERIFY(m_world->server.requests().isEmpty());
+    }
+}
+
+void UpdaterRefusalTest::refusesToStart()
+{
+    const auto error = [this](const QUrl& address, const QString& key, const QString& version) {
+        m_world->environment.programVersion = version;
+        Updater updater(address, key, m_world->environment);
+        check(updater);
+        return updater.state().error;
+    };
+    const QUrl address = m_world->server.url(UpdateWorld::feedPath);
+    const QString key = m_world->publisher.publicKey();
+    QCOMPARE(error(address, u"key"_qs, u"1"_qs), UpdateError::publicKeyMalformed);
+    QCOMPARE(error(address, key, u"unknown"_qs), UpdateError::programVersionUnknown);
+    for (const QString& text : {u""_qs, u"feed.xml"_qs, u"https:///feed.xml"_qs,
+                                u"http://127.0.0.1/feed.xml"_qs, u"file:///etc/hostname"_qs})
+        QCOMPARE(error(QUrl(text), key, u"1"_qs), UpdateError::addressNotSecure);
+    QVERIFY(m_world->server.requests().isEmpty());
+}
+
+void UpdaterRefusalTest::refusesWithoutAnInstaller()
+{
+    m_world->hasInstaller = false;
+    const auto updater = m_world->makeUpdater();
+    check(*updater);
+    download(*updater);
+    updater->install();
+    QCOMPARE(m_world->openedPackages.size(), 1);
+    m_world->verifyFailed(*updater, UpdateError::installerFailed);
+}
+
+QTEST_GUILESS_MAIN(UpdaterRefusalTest)
+#include "UpdaterRefusalTest.moc"
