@@ -73,7 +73,7 @@ std::optional<ApplicationIdentity> DesktopFileIndex::identify(const WindowIdenti
     if (m_identified.size() >= mostRemembered)
         m_identified.clear();
     const ProcessFacts process = readProcessFacts(window.processIdentifier);
-    const auto identity = applicationIdentity(applications.identify(window, process));
+    auto identity = applicationIdentity(applications.identify(window, process));
     m_identified.insert(window, identity);
     return identity;
 }

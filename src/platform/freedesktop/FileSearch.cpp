@@ -141,7 +141,7 @@ std::optional<QByteArray> findMovedFile(const QByteArray& lostPath, const FileId
         roots.push_back({scope.home, scope.homeDepth});
     int entries = std::numeric_limits<int>::max();
     for (const Folder& root : roots) {
-        if (const auto found = search.searchTree(root, entries))
+        if (auto found = search.searchTree(root, entries))
             return found;
         entries = scope.entriesPerFolder;
     }
