@@ -1,0 +1,151 @@
+// The program as a process: what it says when it cannot start, and what it saves when it ends.
+
+#include "app/TerminationSignals.h"
+#include "model/WorkspaceStore.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <csignal>
+
+using namespace trovell;
+
+namespace {
+
+const auto childArgument = QStringLiteral("--change-and-wait");
+
+/// Runs as a process of its own: changes a workspace and saves nothing.
+int changeAndWait(int argc, char** argv)
+{
+    QCoreApplication application(argc, argv);
+    const TerminationSignals terminationSignals;
+    StoreOptions options;
+    options.automaticSaveDelay = std::chrono::hours(1);
+    const auto store = WorkspaceStore::open(application.arguments().at(2), options);
+    if (!store)
+        return EXIT_FAILURE;
+    (*store)->mainContext().workspaces().first()->setName(u"Changed"_qs);
+    QFile output;
+    if (output.open(stdout, QIODevice::WriteOnly))
+        output.write("ready\n");
+    output.close();
+    return QCoreApplication::exec();
+}
+
+QString nameOfFirst(const QString& folder)
+{
+    const auto store = WorkspaceStore::open(folder);
+    return store ? (*store)->mainContext().workspaces().first()->name() : QString();
+}
+
+} // namespace
+
+class ProgramTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void savesWhenAskedToEnd_data();
+    void savesWhenAskedToEnd();
+    void saysWhyItCannotStart();
+    void endsInAnOrderlyWay();
+
+private:
+    /// The program itself, with its own folders.
+    static void startProgram(QProcess& program, const QTemporaryDir& home)
+    {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.remove(u"DISPLAY"_qs);
+        environment.remove(u"WAYLAND_DISPLAY"_qs);
+        environment.insert(u"HOME"_qs, home.path());
+        environment.insert(u"XDG_DATA_HOME"_qs, home.filePath(u"data"_qs));
+        environment.insert(u"XDG_CONFIG_HOME"_qs, home.filePath(u"config"_qs));
+        program.setProcessEnvironment(environment);
+        program.start(QStringLiteral(TROVELL_PROGRAM), QStringList());
+        QVERIFY(program.waitForStarted());
+    }
+};
+
+void ProgramTest::savesWhenAskedToEnd_data()
+{
+    QTest::addColumn<int>("signal");
+    QTest::newRow("terminate") << SIGTERM;
+    QTest::newRow("interrupt") << SIGINT;
+    QTest::newRow("hang up") << SIGHUP;
+}
+
+void ProgramTest::savesWhenAskedToEnd()
+{
+    QFETCH(int, signal);
+    const QTemporaryDir folder;
+    {
+        const auto store = WorkspaceStore::open(folder.path());
+        QVERIFY(store);
+        (*store)->mainContext().insert(std::make_unique<TrovellWorkspace>(WorkspaceValues()));
+        QVERIFY((*store)->mainContext().save());
+    }
+    QProcess child;
+    child.start(QCoreApplication::applicationFilePath(), {childArgument, folder.path()});
+    QVERIFY(child.waitForReadyRead());
+    kill(pid_t(child.processId()), signal);
+    QVERIFY(child.waitForFinished());
+    QCOMPARE(child.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(nameOfFirst(folder.path()), u"Changed"_qs);
+}
+
+void ProgramTest::saysWhyItCannotStart()
+{
+    const QTemporaryDir home;
+    const QByteArray content("This is no store.");
+    QDir().mkpath(home.filePath(u"data/trovell"_qs));
+    // Whatever the store's file is named: everything of its folder is in the way.
+    {
+        QVERIFY(WorkspaceStore::open(home.filePath(u"data/trovell"_qs)));
+        const QDir folder(home.filePath(u"data/trovell"_qs));
+        const QStringList files = folder.entryList(QDir::Files);
+        for (const QString& name : files) {
+            QFile file(folder.filePath(name));
+            QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+            file.write(content);
+        }
+    }
+    QProcess program;
+    startProgram(program, home);
+    QVERIFY(program.waitForFinished());
+    QCOMPARE(program.exitStatus(), QProcess::NormalExit);
+    QVERIFY(program.exitCode() != 0);
+    const QString message = QString::fromUtf8(program.readAllStandardError());
+    QVERIFY2(message.startsWith(u"Trovell could not open its local workspace store: "_qs),
+             qPrintable(message));
+}
+
+void ProgramTest::endsInAnOrderlyWay()
+{
+    const QTemporaryDir home;
+    QProcess program;
+    startProgram(program, home);
+    QTRY_VERIFY(!QDir(home.filePath(u"data/trovell"_qs)).isEmpty());
+    QTest::qWait(300);
+    QCOMPARE(program.state(), QProcess::Running);
+    program.terminate();
+    QVERIFY(program.waitForFinished());
+    QCOMPARE(program.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(program.exitCode(), 0);
+    // Nothing was said, and nothing but the store was written.
+    QVERIFY(program.readAllStandardError().isEmpty());
+    QCOMPARE(QDir(home.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+             QStringList{u"data"_qs});
+}
+
+int main(int argc, char** argv)
+{
+    if (argc > 2 && QString::fromLocal8Bit(argv[1]) == childArgument)
+        return changeAndWait(argc, argv);
+    QCoreApplication application(argc, argv);
+    ProgramTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "ProgramTest.moc"
