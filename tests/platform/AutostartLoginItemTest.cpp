@@ -146,7 +146,7 @@ void AutostartLoginItemTest::ignoresWhatIsNoEntry_data()
     QTest::newRow("empty") << QByteArray("");
     QTest::newRow("text") << QByteArray("Exec=trovell\n");
     QTest::newRow("another group") << QByteArray("[Desktop]\nExec=trovell\n");
-    QTest::newRow("picture") << QByteArray("\x89PNG\r\n\0\0\0\rIHDR", 16);
+    QTest::newRow("picture") << QByteArray("\x89PNG\r\n\0\0\0\rIHDR", 14);
     QTest::newRow("UTF-16") << QByteArray("\xff\xfe[\0D\0", 6);
 }
 
