@@ -25,11 +25,12 @@ struct Outcome {
     int refusals = 0;
 };
 
-class RestoreRace {
+class Contest {
 public:
-    RestoreRace(CrowdedDesktop& crowd, int applications)
+    Contest(CrowdedDesktop& crowd, int applications)
         : m_workload(crowd, applications, windowCount / applications),
           m_watcher(crowd.desktop().displayName(), m_workload.windows()),
+          m_blindConnection(crowd.desktop().displayName()),
           m_service(crowd.session().windowSystem())
     {
     }
@@ -47,6 +48,13 @@ public:
     {
         const QByteArrayList command = m_workload.xdotoolCommand(nextLayout());
         return finish(outcome, runPeer(command, m_hasFailed));
+    }
+
+    double runBlindly(Outcome& outcome)
+    {
+        const int layout = nextLayout();
+        return finish(outcome,
+                      secondsOf([&] { m_workload.sendBlindly(m_blindConnection, layout); }));
     }
 
     double runWmctrl(Outcome& outcome)
@@ -91,6 +99,7 @@ private:
 
     RestoreWorkload m_workload;
     MoveWatcher m_watcher;
+    X11Connection m_blindConnection;
     WindowRestoreService m_service;
     int m_layout = 0;
     bool m_hasFailed = false;
@@ -104,44 +113,70 @@ QString describe(const Exactness& exactness)
                : count + QStringLiteral(", worst off by %1 px").arg(exactness.worst);
 }
 
-void reportRace(Report& report, const QString& what, const std::vector<Samples>& seconds,
-                const Outcome& trovell, const Outcome& xdotool, const Outcome& wmctrl)
+struct Race {
+    Outcome trovell;
+    Outcome xdotool;
+    Outcome wmctrl;
+    Outcome blind;
+    /// To the end of each contestant, in that order.
+    std::vector<Samples> seconds;
+};
+
+/// From the beginning until no window moved any more.
+Samples untilRest(const Outcome& outcome)
 {
-    const QString own = formatSpread(seconds[0]);
-    const double toXdotool = medianRatio(seconds[0], seconds[1]);
-    report.add({.what = what,
-                .trovell = own,
-                .peer = QStringLiteral("one xdotool, to its exit: ") + formatSpread(seconds[1]),
-                .ratio = formatRatio(toXdotool),
-                .budget = QStringLiteral("≤ 1.3×"),
-                .isMet = toXdotool <= 1.3});
-    Samples xdotoolRest = xdotool.restSeconds;
-    xdotoolRest.erase(xdotoolRest.begin()); // the round that warms up
-    const double toXdotoolRest = medianRatio(seconds[0], xdotoolRest);
-    report.add({.what = what,
-                .trovell = own,
-                .peer = QStringLiteral("one xdotool, until no window moves any more: ") +
-                        formatSpread(xdotoolRest),
-                .ratio = formatRatio(toXdotoolRest),
-                .budget = QStringLiteral("≤ 1.3×"),
-                .isMet = toXdotoolRest <= 1.3});
-    const double toWmctrl = medianRatio(seconds[2], seconds[0]);
-    report.add({.what = what,
-                .trovell = own,
-                .peer = QStringLiteral("200 × wmctrl -i -r … -e …: ") + formatSpread(seconds[2]),
-                .ratio = formatRatio(toWmctrl) + QStringLiteral(" faster"),
-                .budget = QStringLiteral("≥ 3× faster"),
-                .isMet = toWmctrl >= 3});
+    // The first round warms up.
+    return {outcome.restSeconds.begin() + 1, outcome.restSeconds.end()};
+}
+
+Row comparedWith(const QString& what, const Race& race, const QString& peer, const Samples& seconds,
+                 bool hasBudget)
+{
+    const double ratio = medianRatio(race.seconds[0], seconds);
+    Row row{.what = what,
+            .trovell = formatSpread(race.seconds[0]),
+            .peer = peer + formatSpread(seconds),
+            .ratio = formatRatio(ratio)};
+    if (hasBudget) {
+        row.budget = QStringLiteral("≤ 1.3×");
+        row.isMet = ratio <= 1.3;
+    }
+    return row;
+}
+
+void reportTimes(Report& report, const QString& what, const Race& race)
+{
+    report.add(comparedWith(what, race, QStringLiteral("one xdotool, to its exit: "),
+                            race.seconds[1], true));
+    report.add(comparedWith(what, race,
+                            QStringLiteral("one xdotool, until no window moves any more: "),
+                            untilRest(race.xdotool), true));
+    report.add(comparedWith(what, race,
+                            QStringLiteral("the same requests sent blindly, until no window moves "
+                                           "any more: "),
+                            untilRest(race.blind), false));
+    const double ratio = medianRatio(race.seconds[2], race.seconds[0]);
+    report.add(
+        {.what = what,
+         .trovell = formatSpread(race.seconds[0]),
+         .peer = QStringLiteral("200 × wmctrl -i -r … -e …: ") + formatSpread(race.seconds[2]),
+         .ratio = formatRatio(ratio) + QStringLiteral(" faster"),
+         .budget = QStringLiteral("≥ 3× faster"),
+         .isMet = ratio >= 3});
+}
+
+void reportFrames(Report& report, const Race& race)
+{
     report.add({.what = QStringLiteral("Frames afterwards, worst round"),
-                .trovell = describe(trovell.worst),
+                .trovell = describe(race.trovell.worst),
                 .peer = QStringLiteral("xdotool: %1; wmctrl: %2")
-                            .arg(describe(xdotool.worst), describe(wmctrl.worst)),
+                            .arg(describe(race.xdotool.worst), describe(race.wmctrl.worst)),
                 .budget = QStringLiteral("200 of 200"),
-                .isMet = trovell.worst.exact == windowCount});
+                .isMet = race.trovell.worst.exact == windowCount});
     report.add({.what = QStringLiteral("Windows reported as refused, all rounds"),
-                .trovell = QString::number(trovell.refusals),
+                .trovell = QString::number(race.trovell.refusals),
                 .budget = QStringLiteral("0"),
-                .isMet = trovell.refusals == 0});
+                .isMet = race.trovell.refusals == 0});
 }
 
 void measureApplications(Report& report, int applications, const QString& what)
@@ -151,18 +186,18 @@ void measureApplications(Report& report, int applications, const QString& what)
         return report.fail(crowd.error());
     if (!crowd.openApplications(0, applications, windowCount / applications))
         return report.fail(QStringLiteral("Opening the windows to restore"));
-    RestoreRace race(crowd, applications);
-    if (!race.isComplete())
+    Contest contest(crowd, applications);
+    if (!contest.isComplete())
         return report.fail(QStringLiteral("Finding the windows to restore"));
-    Outcome trovell;
-    Outcome xdotool;
-    Outcome wmctrl;
-    const auto seconds = interleave(rounds, {[&] { return race.runTrovell(trovell); },
-                                             [&] { return race.runXdotool(xdotool); },
-                                             [&] { return race.runWmctrl(wmctrl); }});
-    if (race.hasFailed())
+    Race race;
+    race.seconds = interleave(rounds, {[&] { return contest.runTrovell(race.trovell); },
+                                       [&] { return contest.runXdotool(race.xdotool); },
+                                       [&] { return contest.runWmctrl(race.wmctrl); },
+                                       [&] { return contest.runBlindly(race.blind); }});
+    if (contest.hasFailed())
         report.fail(what + QStringLiteral(": some peer failed"));
-    reportRace(report, what, seconds, trovell, xdotool, wmctrl);
+    reportTimes(report, what, race);
+    reportFrames(report, race);
 }
 
 } // namespace

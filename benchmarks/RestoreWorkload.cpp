@@ -1,5 +1,7 @@
 #include "RestoreWorkload.h"
 
+#include "platform/x11/X11WindowGeometry.h"
+
 #include <algorithm>
 #include <cstdlib>
 
@@ -81,6 +83,20 @@ QList<QByteArrayList> RestoreWorkload::wmctrlCommands(int layout) const
         commands.append({"wmctrl", "-i", "-r", id, "-e", geometry.join(',')});
     }
     return commands;
+}
+
+void RestoreWorkload::sendBlindly(const X11Connection& connection, int layout) const
+{
+    for (qsizetype index = 0; index < m_windows.size(); ++index) {
+        const QRect target = frame(layout, index);
+        const QSize decorations = m_windows.at(index).decorations;
+        const FrameExtents extents = {0, decorations.width(), 0, decorations.height()};
+        const DecoratedWindow window = {{}, extents, {}};
+        connection.sendToRoot(
+            m_windows.at(index).id, connection.atoms().netMoveresizeWindow,
+            moveResizeData({target.x(), target.y(), target.width(), target.height()}, window, {}));
+    }
+    xcb_flush(connection.get());
 }
 
 Exactness RestoreWorkload::exactness(int layout) const

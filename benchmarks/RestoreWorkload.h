@@ -2,6 +2,7 @@
 #pragma once
 
 #include "CrowdedDesktop.h"
+#include "platform/x11/X11Connection.h"
 #include "windows/WindowRestoreService.h"
 
 #include <QByteArrayList>
@@ -29,6 +30,10 @@ public:
     [[nodiscard]] QByteArrayList xdotoolCommand(int layout) const;
     /// One for each window.
     [[nodiscard]] QList<QByteArrayList> wmctrlCommands(int layout) const;
+
+    /// Asks the window manager once for every frame and returns at once: nobody can be faster than
+    /// what the server and the window manager then need.
+    void sendBlindly(const X11Connection& connection, int layout) const;
 
     [[nodiscard]] Exactness exactness(int layout) const;
 
