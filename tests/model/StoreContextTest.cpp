@@ -271,7 +271,7 @@ void StoreContextTest::keepsChangesThatCannotBeSavedByThemselves()
 {
     reopen({.vfsName = m_vfs.name(), .automaticSaveDelay = 1ms});
     QSignalSpy failures(&context(), &StoreContext::automaticSaveFailed);
-    m_vfs.arm(StoreFaultVfs::Fault::diskFull, 1, true);
+    m_vfs.arm(StoreFaultVfs::Fault::diskFull, 1, StoreFaultVfs::forEver);
     TrovellWorkspace& workspace = insert(u"Work"_qs, 0, 1);
     QTRY_COMPARE(failures.count(), 1);
     QCOMPARE(failures.first().first().value<StoreError>(), StoreError::diskFull);
@@ -409,7 +409,7 @@ void StoreContextTest::refusesToSaveAfterAFailedRead()
     QSignalSpy failures(&context(), &StoreContext::readFailed);
 
     TrovellWorkspace& workspace = *context().workspaces().first();
-    m_vfs.arm(StoreFaultVfs::Fault::readFailure, 1, true);
+    m_vfs.arm(StoreFaultVfs::Fault::readFailure, 1, StoreFaultVfs::forEver);
     QVERIFY(workspace.sortedItems().isEmpty());
     QCOMPARE(failures.count(), 1);
     QCOMPARE(workspace.itemCount(), 60);

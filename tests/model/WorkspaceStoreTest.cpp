@@ -245,13 +245,13 @@ void WorkspaceStoreTest::refusesPlacesThatCannotBe()
 void WorkspaceStoreTest::refusesAFullDisk()
 {
     StoreFaultVfs vfs;
-    vfs.arm(StoreFaultVfs::Fault::diskFull, 1, true);
+    vfs.arm(StoreFaultVfs::Fault::diskFull, 1, StoreFaultVfs::forEver);
     const auto created = WorkspaceStore::open(m_folder, {.vfsName = vfs.name()});
     QVERIFY(!created);
     QCOMPARE(created.error(), StoreError::diskFull);
     vfs.disarm();
     makeStore();
-    vfs.arm(StoreFaultVfs::Fault::diskFull, 1, true);
+    vfs.arm(StoreFaultVfs::Fault::diskFull, 1, StoreFaultVfs::forEver);
     QCOMPARE(openingError({.vfsName = vfs.name()}), StoreError::diskFull);
     vfs.disarm();
     QCOMPARE(openingError({.vfsName = vfs.name()}), std::nullopt);

@@ -185,11 +185,11 @@ StoreFaultVfs::~StoreFaultVfs()
     sqlite3_vfs_unregister(m_vfs.get());
 }
 
-void StoreFaultVfs::arm(Fault fault, int operation, bool isPermanent)
+void StoreFaultVfs::arm(Fault fault, int operation, int failureCount)
 {
     m_fault = fault;
-    m_faultyOperation = operation;
-    m_isPermanent = isPermanent;
+    m_firstFailure = operation;
+    m_failureCount = failureCount;
     m_hasFired = false;
     m_operationCount = 0;
 }
@@ -229,8 +229,8 @@ bool StoreFaultVfs::fails(Operation operation)
     if (!isConcerned)
         return false;
     m_operationCount += 1;
-    const bool isFailing = m_isPermanent ? m_operationCount >= m_faultyOperation
-                                         : m_operationCount == m_faultyOperation;
+    const bool isFailing =
+        m_operationCount >= m_firstFailure && m_operationCount < m_firstFailure + m_failureCount;
     m_hasFired = m_hasFired || isFailing;
     return isFailing;
 }

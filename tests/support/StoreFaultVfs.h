@@ -35,10 +35,12 @@ public:
 
     [[nodiscard]] QByteArray name() const { return m_name; }
 
-    /// From now on the operation of that number fails, counted from one over all that the fault
-    /// concerns, and with `isPermanent` every one after it.
-    void arm(Fault fault, int operation, bool isPermanent);
-    void disarm() { arm(Fault::none, 0, false); }
+    static constexpr int forEver = 1'000'000;
+
+    /// From now on as many operations fail, beginning with the one of the given number, counted
+    /// from one over all that the fault concerns.
+    void arm(Fault fault, int operation, int failureCount);
+    void disarm() { arm(Fault::none, 0, 0); }
     [[nodiscard]] bool hasFired() const { return m_hasFired; }
 
     /// Files open read-only, as on a file system mounted so.
@@ -74,8 +76,8 @@ private:
     QByteArray m_name;
     std::unique_ptr<sqlite3_vfs> m_vfs;
     Fault m_fault = Fault::none;
-    int m_faultyOperation = 0;
-    bool m_isPermanent = false;
+    int m_firstFailure = 0;
+    int m_failureCount = 0;
     bool m_hasFired = false;
     int m_operationCount = 0;
     QHash<QString, TrackedFile> m_files;
