@@ -109,6 +109,15 @@ private Q_SLOTS:
         QCOMPARE(card.layoutDirection(), Qt::LeftToRight);
     }
 
+    void theToolkitsOwnTextsFollow()
+    {
+        const auto cancel = [] { return QCoreApplication::translate("QPlatformTheme", "Cancel"); };
+        m_words.setLanguage(u"de"_qs);
+        QCOMPARE(cancel(), u"Abbrechen"_qs);
+        m_words.setLanguage(u"fi"_qs); // The rest is English for want of a table.
+        QCOMPARE(cancel(), u"Cancel"_qs);
+    }
+
     void theTestLanguageShowsWhatWasForgotten()
     {
         Card card(m_words);
