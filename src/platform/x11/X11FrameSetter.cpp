@@ -75,7 +75,7 @@ X11FrameSetter::X11FrameSetter(const X11Server& server, const QList<Request>& re
 {
     for (const Request& request : requests) {
         m_positions.insert(request.window, m_windows.size());
-        m_windows.push_back({request, FrameNegotiation(request.frame)});
+        m_windows.push_back({request, FrameNegotiation(request.frame), {}});
         m_claims.take(request.window, m_claim);
     }
 }
@@ -92,9 +92,8 @@ QList<bool> X11FrameSetter::run()
     QList<bool> answers;
     for (Window& window : m_windows) {
         window.negotiation.giveUp();
+        noteSettled(window);
         answers.append(window.negotiation.isAccepted());
-        window.isGuarded = window.negotiation.isAccepted() &&
-                           (window.request.isYoung || window.negotiation.hadFillingState());
     }
     return answers;
 }
@@ -102,7 +101,7 @@ QList<bool> X11FrameSetter::run()
 bool X11FrameSetter::hasWindowsToGuard() const
 {
     return std::any_of(m_windows.begin(), m_windows.end(),
-                       [](const Window& window) { return window.isGuarded; });
+                       [](const Window& window) { return window.isWatched; });
 }
 
 void X11FrameSetter::guard()
@@ -132,9 +131,10 @@ void X11FrameSetter::sendSteps()
     bool hasSent = false;
     for (Window& window : m_windows) {
         const Step step = window.negotiation.nextStep(now, progress(now));
+        noteSettled(window);
         if (step == Step::wait)
             continue;
-        if (m_isGuarding && !mayCorrect(window)) {
+        if (window.settledFrame && !mayCorrect(window)) {
             window.negotiation.giveUp();
             continue;
         }
@@ -146,11 +146,19 @@ void X11FrameSetter::sendSteps()
     xcb_flush(m_connection.get());
 }
 
+void X11FrameSetter::noteSettled(Window& window) const
+{
+    if (window.settledFrame || !window.negotiation.isAccepted())
+        return;
+    window.settledFrame = visibleFrame(window.negotiation.reading().window);
+    window.isWatched = window.request.isYoung || window.negotiation.hadFillingState();
+}
+
 bool X11FrameSetter::mayCorrect(Window& window) const
 {
-    window.isGuarded =
+    window.isWatched =
         m_claims.isHeld(window.request.window, m_claim) && ++window.corrections <= mostCorrections;
-    return window.isGuarded;
+    return window.isWatched;
 }
 
 void X11FrameSetter::send(const Window& window, Step step)
@@ -248,9 +256,9 @@ void X11FrameSetter::noteChange(xcb_window_t id)
     if (position == m_positions.cend())
         return;
     Window& window = m_windows[*position];
-    // Whoever is in place and moves away is brought back, to the frame that it had taken.
-    if (m_isGuarding && window.isGuarded && window.negotiation.isOver())
-        window.negotiation = FrameNegotiation(visibleFrame(window.negotiation.reading().window));
+    // Also while others of the pass are not in place yet.
+    if (window.isWatched && window.negotiation.isOver())
+        window.negotiation = FrameNegotiation(*window.settledFrame);
     if (window.negotiation.isOver())
         return;
     const Time now = Clock::now();

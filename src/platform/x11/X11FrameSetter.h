@@ -48,13 +48,17 @@ private:
     struct Window {
         Request request;
         FrameNegotiation negotiation;
-        bool isGuarded = false;
+        /// The frame that it took. From then on the negotiation is about keeping that.
+        std::optional<PixelRectangle> settledFrame;
+        /// Took its frame, and may lose it again: see `guard`.
+        bool isWatched = false;
         int corrections = 0;
     };
 
     void negotiate(Time end);
     void sendSteps();
-    /// Whether a guarded window is still this pass's and has not been corrected too often.
+    void noteSettled(Window& window) const;
+    /// Whether a settled window is still this pass's and has not been corrected too often.
     bool mayCorrect(Window& window) const;
     void send(const Window& window, FrameNegotiation::Step step);
     void takeOffStates(const Window& window);
