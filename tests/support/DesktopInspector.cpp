@@ -21,6 +21,21 @@ template <class T> Reply<T> owned(T* reply)
     return {reply, &std::free};
 }
 
+/// Calls `read` until it has given the same for a fifth of a second.
+template <class Read> auto sameForAWhile(const Read& read)
+{
+    auto last = read();
+    auto lastChange = std::chrono::steady_clock::now();
+    waitUntil([&] {
+        auto now = read();
+        if (now != last)
+            lastChange = std::chrono::steady_clock::now();
+        last = std::move(now);
+        return std::chrono::steady_clock::now() - lastChange > 200ms;
+    });
+    return last;
+}
+
 } // namespace
 
 bool waitUntil(const std::function<bool()>& condition, std::chrono::milliseconds timeout)
@@ -165,7 +180,7 @@ DesktopInspector::waitForMatch(const std::function<bool(const InspectedWindow&)>
         }
         return id != 0;
     };
-    return waitUntil(search) ? waitForRest(id) : InspectedWindow();
+    return waitUntil(search, 30s) ? waitForRest(id) : InspectedWindow();
 }
 
 InspectedWindow DesktopInspector::waitForWindow(QStringView title) const
@@ -202,21 +217,17 @@ bool DesktopInspector::waitForManagement() const
 
 bool DesktopInspector::waitForWindowCount(qsizetype count) const
 {
-    return waitUntil([&] { return numbers(root(), "_NET_CLIENT_LIST").size() >= count; });
+    return waitUntil([&] { return numbers(root(), "_NET_CLIENT_LIST").size() >= count; }, 30s);
 }
 
 InspectedWindow DesktopInspector::waitForRest(quint32 id) const
 {
-    std::optional<InspectedWindow> last = window(id);
-    auto lastChange = std::chrono::steady_clock::now();
-    waitUntil([&] {
-        const std::optional<InspectedWindow> now = window(id);
-        if (now != last)
-            lastChange = std::chrono::steady_clock::now();
-        last = now;
-        return std::chrono::steady_clock::now() - lastChange > 200ms;
-    });
-    return last.value_or(InspectedWindow());
+    return sameForAWhile([this, id] { return window(id); }).value_or(InspectedWindow());
+}
+
+QList<InspectedWindow> DesktopInspector::waitForRest() const
+{
+    return sameForAWhile([this] { return windows(); });
 }
 
 void DesktopInspector::moveWindow(quint32 id, const QRect& client)

@@ -60,16 +60,18 @@ public:
     /// The first managed window with that title, at once.
     std::optional<InspectedWindow> windowTitled(QStringView title) const;
 
-    /// Waits until that window is managed and has come to rest. Id 0 after ten seconds.
+    /// Waits until that window is managed and has come to rest. Id 0 after half a minute.
     InspectedWindow waitForWindow(QStringView title) const;
     InspectedWindow waitForWindowOfClass(QStringView wmClass) const;
     /// Waits until a window manager takes windows over: some announce themselves before they do,
     /// and leave a window that is opened in between unmanaged for ever.
     bool waitForManagement() const;
-    /// Waits until at least that many windows are managed.
+    /// Waits until at least that many windows are managed, for half a minute at most.
     bool waitForWindowCount(qsizetype count) const;
     /// Waits until the window has been the same for a fifth of a second and returns it.
     InspectedWindow waitForRest(quint32 id) const;
+    /// The same for all windows together.
+    QList<InspectedWindow> waitForRest() const;
 
     /// Asks the window manager to give the client area that rectangle (a plain configure request,
     /// as xdotool sends it; the position may land off by the decorations).

@@ -86,7 +86,8 @@ public:
     /// Gives the display an EDID with that three-letter manufacturer and that model name.
     void nameDisplay(int index, const QByteArray& manufacturer, const QByteArray& model);
 
-    /// A window manager can be ended and another one started while programs run.
+    /// The window manager can be ended and another one started while programs run.
+    QProcess& windowManager() { return *m_windowManager; }
     void stopWindowManager();
     bool startWindowManager(WindowManager windowManager);
     /// Ends the X server in the middle of everything.

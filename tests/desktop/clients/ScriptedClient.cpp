@@ -19,8 +19,7 @@
 #include <string_view>
 #include <vector>
 
-namespace
-{
+namespace {
 
 using Time = std::chrono::steady_clock;
 using Milliseconds = std::chrono::milliseconds;
@@ -63,6 +62,17 @@ std::vector<int> numbers(std::string_view text)
     return result;
 }
 
+std::string latin1FromUtf8(std::string_view text)
+{
+    std::string result;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const auto lead = static_cast<unsigned char>(text[at]);
+        const bool isPair = lead >= 0xc0 && at + 1 < text.size();
+        result += isPair ? static_cast<char>((lead & 0x03) << 6 | (text[++at] & 0x3f)) : text[at];
+    }
+    return result;
+}
+
 /// Applies an option with a value. Lists of numbers are separated by commas, times are
 /// milliseconds.
 bool applyOption(WindowScript& script, std::string_view option, const std::string& value)
@@ -72,7 +82,7 @@ bool applyOption(WindowScript& script, std::string_view option, const std::strin
         {"--instance", [&] { script.wmInstance = value; }},
         {"--title", [&] { script.title = value; }},
         // WM_NAME only, in Latin-1, as programs before EWMH set it.
-        {"--latin1-title", [&] { script.latin1Title = value; }},
+        {"--latin1-title", [&] { script.latin1Title = latin1FromUtf8(value); }},
         {"--gtk-application-id", [&] { script.gtkApplicationId = value; }},
         // The part after _NET_WM_WINDOW_TYPE_, such as DIALOG.
         {"--type", [&] { script.type = value; }},
@@ -148,8 +158,7 @@ std::vector<WindowScript> parse(int argc, char** argv)
     return scripts;
 }
 
-class Client
-{
+class Client {
 public:
     Client()
         : m_connection(xcb_connect(nullptr, nullptr)),
