@@ -147,7 +147,5 @@ void DisplaySnapshotTest::readsDamagedBytesAsTheFallback()
     QCOMPARE(decodeFingerprint(bytes), fallbackFingerprint());
 }
 
-Q_DECLARE_METATYPE(DisplayFingerprint)
-
 QTEST_GUILESS_MAIN(DisplaySnapshotTest)
 #include "DisplaySnapshotTest.moc"

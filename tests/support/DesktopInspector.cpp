@@ -86,7 +86,8 @@ QList<quint32> DesktopInspector::numbers(quint32 id, const char* name) const
 {
     const QByteArray bytes = property(id, name);
     QList<quint32> result(bytes.size() / 4);
-    std::memcpy(result.data(), bytes.constData(), static_cast<size_t>(result.size()) * 4);
+    if (!result.isEmpty())
+        std::memcpy(result.data(), bytes.constData(), static_cast<size_t>(result.size()) * 4);
     return result;
 }
 

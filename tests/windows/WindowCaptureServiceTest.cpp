@@ -173,7 +173,5 @@ void WindowCaptureServiceTest::makesPlacements()
     QVERIFY(placement->isEnabled());
 }
 
-Q_DECLARE_METATYPE(WindowAttributes)
-
 QTEST_GUILESS_MAIN(WindowCaptureServiceTest)
 #include "WindowCaptureServiceTest.moc"

@@ -167,7 +167,5 @@ void WindowMatchingTest::randomDesktopsKeepTheInvariants()
     }
 }
 
-Q_DECLARE_METATYPE(OptionalText)
-
 QTEST_GUILESS_MAIN(WindowMatchingTest)
 #include "WindowMatchingTest.moc"
