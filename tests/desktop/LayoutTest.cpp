@@ -292,6 +292,8 @@ void LayoutTest::survivesAWindowThatVanishes()
     TrovellWorkspace* workspace = session.capture();
     inspector.moveWindow(inspector.windowTitled(u"Stays")->id, QRect(700, 500, 300, 200));
     inspector.waitForRest(inspector.windowTitled(u"Stays")->id);
+    // The program takes what happens in its first moments for the window manager's placing.
+    QTest::qWait(400);
     // Its placement asks for another place than it has now, so that it is moved, and so vanishes.
     const QList<WindowPlacement*> placements = workspace->sortedPlacements();
     for (WindowPlacement* placement : placements) {
