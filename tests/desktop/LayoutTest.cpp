@@ -302,7 +302,7 @@ void LayoutTest::survivesAWindowThatVanishes()
     }
     // Whether it vanished before or after it had arrived is up to chance.
     QStringList lines = session.start(*workspace, 1);
-    QVERIFY(lines.removeOne(u"PAIR: failed macOS refused the window position change."_qs) ||
+    QVERIFY(lines.removeOne(u"Pair: failed macOS refused the window position change."_qs) ||
             lines.removeOne(u"Vanishes: restored"_qs));
     QCOMPARE(lines, QStringList{u"Stays: restored"_qs});
     QCOMPARE(inspector.windowTitled(u"Stays")->frame, saved);
