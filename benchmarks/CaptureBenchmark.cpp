@@ -1,4 +1,5 @@
 #include "CaptureBenchmark.h"
+#include "app/AppConfiguration.h"
 
 #include "CrowdedDesktop.h"
 #include "PeerProgram.h"
@@ -33,7 +34,7 @@ qsizetype capturedWindows(const WindowCaptureService& service)
 /// What a process that was just started needs: connections, desktop files, unknown windows.
 qsizetype capturedWindowsFromNothing()
 {
-    PlatformAdapters adapters = makePlatformAdapters();
+    PlatformAdapters adapters = makePlatformAdapters(appConfiguration().bundleIdentifier);
     const WindowCaptureService service(*adapters.windowSystem, QCoreApplication::applicationPid());
     return capturedWindows(service);
 }

@@ -1,6 +1,9 @@
 #include "app/AppDependencies.h"
 
+#include "app/AppConfiguration.h"
+
 #include <QCoreApplication>
+#include <QThreadPool>
 
 namespace trovell {
 
@@ -23,16 +26,36 @@ ResourceOpeningService::IsRunning runningQuestion(WindowSystem& windows)
     };
 }
 
+/// Looks for the authorities to trust only where something will be fetched.
+UpdateEnvironment updateEnvironment(const AppConfiguration& configuration, ResourceSystem& system)
+{
+    if (!configuration.sparkleAppcastURL || !configuration.sparklePublicKey)
+        return {};
+    return standardUpdateEnvironment(
+        configuration.shortVersion.value_or(QString()),
+        [&system](const QString& path) { return system.openResource(QUrl::fromLocalFile(path)); });
+}
+
 } // namespace
 
 AppDependencies::AppDependencies(PlatformAdapters& platform, PreferenceStore& defaults,
-                                 Clock& clock)
-    : m_preferences(defaults), m_accessibility(permissionPlatform(platform), clock),
+                                 Clock& clock, const AppConfiguration& configuration)
+    : m_configuration(configuration), m_platform(platform), m_defaults(defaults),
+      m_preferences(defaults), m_accessibility(permissionPlatform(platform), clock),
       m_resourceOpener(*platform.resourceSystem, runningQuestion(*platform.windowSystem)),
       m_windowRestorer(*platform.windowSystem),
       m_launcher(m_resourceOpener, m_windowRestorer, *platform.windowSystem, clock),
-      m_windowCapture(*platform.windowSystem, QCoreApplication::applicationPid())
+      m_windowCapture(*platform.windowSystem, QCoreApplication::applicationPid()),
+      m_launchAtLogin(*platform.loginItemSystem),
+      m_updateController(configuration.sparkleAppcastURL, configuration.sparklePublicKey,
+                         updateEnvironment(configuration, *platform.resourceSystem)),
+      m_hotKeys(*platform.hotKeySystem)
 {
+}
+
+AppDependencies::~AppDependencies()
+{
+    QThreadPool::globalInstance()->waitForDone();
 }
 
 } // namespace trovell

@@ -1,6 +1,7 @@
 // The program: opens the store, creates the services and serves until it is asked to end. What is
 // unsaved then is saved when the store closes.
 
+#include "app/AppConfiguration.h"
 #include "app/AppDependencies.h"
 #include "app/AppFolders.h"
 #include "app/PreferenceStore.h"
@@ -22,9 +23,9 @@ int main(int argc, char** argv)
         QTextStream(stderr) << storeOpeningFailureText(store.error()) << Qt::endl;
         return EXIT_FAILURE;
     }
-    PlatformAdapters platform = makePlatformAdapters();
+    PlatformAdapters platform = makePlatformAdapters(appConfiguration().bundleIdentifier);
     PreferenceStore defaults(preferencesFile());
     SystemClock clock;
-    const AppDependencies dependencies(platform, defaults, clock);
+    const AppDependencies dependencies(platform, defaults, clock, appConfiguration());
     return QCoreApplication::exec();
 }

@@ -16,6 +16,15 @@ struct ResolvedBookmark {
     bool isStale = false;
 };
 
+/// An application as its desktop file describes it.
+struct ApplicationDescription {
+    QString bundleIdentifier;
+    /// Localized.
+    QString name;
+    /// A name in the icon theme or the path of a picture; empty without an icon.
+    QString icon;
+};
+
 class ResourceSystem {
 public:
     virtual ~ResourceSystem() = default;
@@ -34,6 +43,11 @@ public:
     /// thread.
     [[nodiscard]] virtual std::optional<QUrl>
     applicationURL(const QString& bundleIdentifier) const = 0;
+
+    /// What the desktop file `url` says of its application, be it installed or not. None when it
+    /// is no desktop file of an application. Any thread; reads the file.
+    [[nodiscard]] virtual std::optional<ApplicationDescription>
+    describeApplication(const QUrl& url) const = 0;
 
     /// Starts the application whose desktop file `url` names. True when the desktop accepted it,
     /// which does not mean that the program survives its start. Main thread; does not wait for

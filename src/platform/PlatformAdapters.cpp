@@ -1,9 +1,12 @@
 #include "platform/PlatformAdapters.h"
 
+#include "platform/freedesktop/AutostartLoginItem.h"
 #include "platform/freedesktop/DesktopFileIndex.h"
 #include "platform/freedesktop/GioResourceSystem.h"
 #include "platform/freedesktop/OwnedBusNames.h"
+#include "platform/null/NullHotKeys.h"
 #include "platform/null/NullWindowSystem.h"
+#include "platform/x11/X11HotKeys.h"
 #include "platform/x11/X11WindowSystem.h"
 
 namespace trovell {
@@ -12,8 +15,8 @@ namespace {
 
 bool isWaylandSession()
 {
-    return qEnvironmentVariable("XDG_SESSION_TYPE") == QStringLiteral("wayland")
-           || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+    return qEnvironmentVariable("XDG_SESSION_TYPE") == QStringLiteral("wayland") ||
+           !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
 }
 
 std::unique_ptr<WindowSystem> makeX11WindowSystem(PlatformAdapters& adapters)
@@ -34,15 +37,19 @@ PlatformAdapters::PlatformAdapters() = default;
 PlatformAdapters::PlatformAdapters(PlatformAdapters&&) noexcept = default;
 PlatformAdapters::~PlatformAdapters() = default;
 
-PlatformAdapters makePlatformAdapters()
+PlatformAdapters makePlatformAdapters(const QString& applicationId)
 {
     PlatformAdapters adapters;
     adapters.resourceSystem = std::make_unique<GioResourceSystem>();
+    adapters.loginItemSystem = std::make_unique<AutostartLoginItem>(applicationId);
     const bool isX11 = !isWaylandSession() && !qEnvironmentVariableIsEmpty("DISPLAY");
-    if (isX11)
+    if (isX11) {
         adapters.windowSystem = makeX11WindowSystem(adapters);
-    else
+        adapters.hotKeySystem = std::make_unique<X11HotKeys>();
+    } else {
         adapters.windowSystem = std::make_unique<NullWindowSystem>();
+        adapters.hotKeySystem = std::make_unique<NullHotKeys>();
+    }
     return adapters;
 }
 

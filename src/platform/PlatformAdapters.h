@@ -2,6 +2,8 @@
 #pragma once
 
 #include "launch/ResourceSystem.h"
+#include "services/HotKeySystem.h"
+#include "services/LoginItemSystem.h"
 #include "windows/WindowSystem.h"
 
 #include <QUrl>
@@ -24,12 +26,15 @@ struct PlatformAdapters {
 
     std::unique_ptr<ResourceSystem> resourceSystem;
     std::unique_ptr<WindowSystem> windowSystem;
+    std::unique_ptr<HotKeySystem> hotKeySystem;
+    std::unique_ptr<LoginItemSystem> loginItemSystem;
     /// Where the user grants window control; invalid where nothing has to be granted.
     QUrl windowControlSettings;
 };
 
 /// Looks at the session once. In a Wayland session, even one that also runs X11 programs, windows
-/// are under nobody's control until that desktop has an adapter of its own.
-[[nodiscard]] PlatformAdapters makePlatformAdapters();
+/// are under nobody's control until that desktop has an adapter of its own. `applicationId` names
+/// the program's own desktop file, without ".desktop".
+[[nodiscard]] PlatformAdapters makePlatformAdapters(const QString& applicationId);
 
 } // namespace trovell

@@ -57,6 +57,15 @@ std::optional<QUrl> FakeResourceSystem::applicationURL(const QString& bundleIden
     return found(m_applications, bundleIdentifier);
 }
 
+std::optional<ApplicationDescription> FakeResourceSystem::describeApplication(const QUrl& url) const
+{
+    const QString suffix = QStringLiteral(".desktop");
+    if (!url.fileName().endsWith(suffix))
+        return {};
+    const QString id = url.fileName().chopped(suffix.size());
+    return ApplicationDescription{id, id, QStringLiteral("folder")};
+}
+
 bool FakeResourceSystem::openApplication(const QUrl& url)
 {
     return open(url, m_openedApplications);

@@ -28,6 +28,9 @@ public:
     resolveBookmark(const QByteArray& bookmark) const override;
     [[nodiscard]] std::optional<QUrl>
     applicationURL(const QString& bundleIdentifier) const override;
+    /// Describes any URL of a file whose name ends in ".desktop".
+    [[nodiscard]] std::optional<ApplicationDescription>
+    describeApplication(const QUrl& url) const override;
     [[nodiscard]] bool openApplication(const QUrl& url) override;
     [[nodiscard]] bool openResource(const QUrl& url) override;
 

@@ -1,14 +1,16 @@
 #include "support/LayoutSession.h"
 
+#include "app/AppConfiguration.h"
+
 #include <QMap>
 #include <QTest>
 
 namespace trovell::test {
 
 LayoutSession::LayoutSession(VirtualDesktop& desktop)
-    : m_platform((desktop.enter(), makePlatformAdapters())),
+    : m_platform((desktop.enter(), makePlatformAdapters(appConfiguration().bundleIdentifier))),
       m_defaults(m_folder.filePath(QStringLiteral("preferences.json"))),
-      m_dependencies(m_platform, m_defaults, m_clock)
+      m_dependencies(m_platform, m_defaults, m_clock, appConfiguration())
 {
     auto store = WorkspaceStore::open(m_folder.filePath(QStringLiteral("store")));
     if (!store)

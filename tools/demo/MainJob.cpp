@@ -8,6 +8,7 @@
 //
 // --store FOLDER keeps the workspaces elsewhere than the program does.
 
+#include "app/AppConfiguration.h"
 #include "app/AppDependencies.h"
 #include "app/AppFolders.h"
 #include "app/PreferenceStore.h"
@@ -43,10 +44,10 @@ QTextStream& out()
 
 /// Everything the program itself is made of, without its windows.
 struct Program {
-    PlatformAdapters platform = makePlatformAdapters();
+    PlatformAdapters platform = makePlatformAdapters(appConfiguration().bundleIdentifier);
     PreferenceStore defaults{preferencesFile()};
     SystemClock clock;
-    AppDependencies dependencies{platform, defaults, clock};
+    AppDependencies dependencies{platform, defaults, clock, appConfiguration()};
     std::unique_ptr<WorkspaceStore> store;
 
     explicit Program(const QString& storeFolder)

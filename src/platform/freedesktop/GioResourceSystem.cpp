@@ -1,8 +1,11 @@
 #include "platform/freedesktop/GioResourceSystem.h"
 
+#include "platform/freedesktop/DesktopEntry.h"
 #include "platform/freedesktop/FileBookmark.h"
 #include "platform/freedesktop/FilePath.h"
 #include "platform/freedesktop/GObjectPointer.h"
+
+#include <QStandardPaths>
 
 #include <gio/gdesktopappinfo.h>
 
@@ -13,6 +16,26 @@ namespace trovell {
 namespace {
 
 using DesktopFile = GObjectPointer<GDesktopAppInfo>;
+
+/// None when the URL names no desktop file of an application.
+DesktopFile desktopFile(const QUrl& url)
+{
+    const auto path = localPath(url);
+    return DesktopFile(path ? g_desktop_app_info_new_from_filename(path->constData()) : nullptr);
+}
+
+/// The id of a desktop file by the Desktop Menu rules: its path below the application folder that
+/// it lies in, with dashes for the slashes; elsewhere its name.
+QString applicationId(const QUrl& url)
+{
+    const QString path = url.toLocalFile();
+    for (const QString& folder :
+         QStandardPaths::standardLocations(QStandardPaths::ApplicationsLocation)) {
+        if (path.startsWith(folder + u'/'))
+            return desktopEntryId(path.mid(folder.size() + 1).replace(u'/', u'-'));
+    }
+    return desktopEntryId(url.fileName());
+}
 
 /// Runs in the new process between fork and exec: only async-signal-safe calls.
 void startOwnSession(gpointer)
@@ -77,11 +100,21 @@ std::optional<QUrl> GioResourceSystem::applicationURL(const QString& bundleIdent
     return path ? std::optional(fileURL(path)) : std::nullopt;
 }
 
+std::optional<ApplicationDescription> GioResourceSystem::describeApplication(const QUrl& url) const
+{
+    const DesktopFile application = desktopFile(url);
+    if (!application)
+        return {};
+    const GPointer<char> icon(g_desktop_app_info_get_string(application.get(), "Icon"));
+    return ApplicationDescription{
+        .bundleIdentifier = applicationId(url),
+        .name = QString::fromUtf8(g_app_info_get_name(G_APP_INFO(application.get()))),
+        .icon = QString::fromUtf8(icon.get())};
+}
+
 bool GioResourceSystem::openApplication(const QUrl& url)
 {
-    const auto path = localPath(url);
-    const DesktopFile application(path ? g_desktop_app_info_new_from_filename(path->constData())
-                                       : nullptr);
+    const DesktopFile application = desktopFile(url);
     if (!application || g_desktop_app_info_get_is_hidden(application.get()))
         return false;
     return launch(application.get(), nullptr);

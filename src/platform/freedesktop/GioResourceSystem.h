@@ -19,6 +19,9 @@ public:
     [[nodiscard]] std::optional<QUrl>
     applicationURL(const QString& bundleIdentifier) const override;
 
+    [[nodiscard]] std::optional<ApplicationDescription>
+    describeApplication(const QUrl& url) const override;
+
     /// False when `url` is no desktop file of an application (Desktop Entry Specification 1.5,
     /// section 6), is hidden, or its TryExec or Exec names no program.
     [[nodiscard]] bool openApplication(const QUrl& url) override;

@@ -1,0 +1,15 @@
+#include "views/workspace/WorkspaceStart.h"
+
+#include "app/AppDependencies.h"
+
+namespace trovell {
+
+void startWorkspace(AppDependencies& dependencies, TrovellWorkspace& workspace)
+{
+    AccessibilityPermissionManager& accessibility = dependencies.accessibility();
+    accessibility.refresh();
+    dependencies.launcher().start(&workspace, accessibility.isTrusted(),
+                                  dependencies.preferences().launchTimeout());
+}
+
+} // namespace trovell
