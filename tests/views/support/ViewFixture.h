@@ -4,6 +4,7 @@
 
 #include "app/AppConfiguration.h"
 #include "app/AppDependencies.h"
+#include "app/PreferenceStore.h"
 #include "model/TrovellWorkspace.h"
 #include "model/WorkspaceStore.h"
 #include "support/FakeClock.h"
