@@ -1,0 +1,58 @@
+// The window that shows a check for updates and leads through the update. Main thread.
+#pragma once
+
+#include "services/update/Updater.h"
+#include "views/ViewEnvironment.h"
+
+#include <QWidget>
+
+class QHBoxLayout;
+class QVBoxLayout;
+
+namespace trovell {
+
+class NotesArea;
+class ProgressBar;
+class ProgressRing;
+class PushButton;
+class TextLabel;
+
+/// A window of its own, 480 wide and as high as its content. It shows itself and comes to the front
+/// at every check that is asked for. Closing it ends what runs and deletes an update that was not
+/// handed over.
+class UpdateView : public QWidget {
+    Q_OBJECT
+
+public:
+    /// `updater` outlives the window: the `controller` of a configured UpdateController.
+    UpdateView(const ViewEnvironment& environment, Updater& updater, QWidget* parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    bool event(QEvent* event) override;
+
+private:
+    void build();
+    void present();
+    void showState();
+    void showTexts();
+    void showProgress();
+    void showButtons();
+    void announce();
+    void fit();
+
+    ViewEnvironment m_environment;
+    Updater& m_updater;
+    UpdateState::Phase m_shownPhase = UpdateState::Phase::idle;
+    TextLabel* m_title;
+    TextLabel* m_text;
+    NotesArea* m_notes;
+    ProgressRing* m_ring;
+    ProgressBar* m_bar;
+    PushButton* m_close;
+    PushButton* m_next;
+};
+
+} // namespace trovell
