@@ -1,31 +1,49 @@
-// The program: opens the store, creates the services and serves until it is asked to end. What is
-// unsaved then is saved when the store closes.
+// The program: one instance per session, which opens the store and serves until it is asked to end.
+// What is unsaved then is saved when the store closes.
 
 #include "app/AppConfiguration.h"
-#include "app/AppDependencies.h"
 #include "app/AppFolders.h"
-#include "app/PreferenceStore.h"
 #include "app/TerminationSignals.h"
-#include "model/WorkspaceStore.h"
-#include "support/SystemClock.h"
+#include "app/scenes/TrovellApp.h"
+#include "platform/freedesktop/DesktopActivation.h"
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QMessageBox>
 #include <QTextStream>
 
 using namespace trovell;
 
+namespace {
+
+/// Tells people with and without a terminal why the program ends.
+int failToStart(const QString& reason)
+{
+    QTextStream(stderr) << reason << Qt::endl;
+    QMessageBox message(QMessageBox::Critical, u"Trovell"_qs, reason);
+    message.show();
+    QApplication::exec();
+    return EXIT_FAILURE;
+}
+
+} // namespace
+
 int main(int argc, char** argv)
 {
-    QCoreApplication application(argc, argv);
+    const QString& identifier = appConfiguration().bundleIdentifier;
+    DesktopActivation activation(identifier.toLatin1());
+    if (activation.forwardToRunningInstance())
+        return EXIT_SUCCESS;
+
+    QApplication application(argc, argv);
+    QGuiApplication::setDesktopFileName(identifier);
     const TerminationSignals terminationSignals;
-    const auto store = WorkspaceStore::open(dataFolder());
-    if (!store) {
-        QTextStream(stderr) << storeOpeningFailureText(store.error()) << Qt::endl;
-        return EXIT_FAILURE;
-    }
-    PlatformAdapters platform = makePlatformAdapters(appConfiguration().bundleIdentifier);
-    PreferenceStore defaults(preferencesFile());
-    SystemClock clock;
-    const AppDependencies dependencies(platform, defaults, clock, appConfiguration());
-    return QCoreApplication::exec();
+    auto store = WorkspaceStore::open(dataFolder());
+    if (!store)
+        return failToStart(storeOpeningFailureText(store.error()));
+
+    TrovellApp trovell(std::move(*store));
+    QObject::connect(&activation, &DesktopActivation::activationRequested, &trovell,
+                     &TrovellApp::openMainWindow);
+    trovell.openMainWindow();
+    return QApplication::exec();
 }

@@ -6,6 +6,7 @@
 #include "platform/freedesktop/OwnedBusNames.h"
 #include "platform/null/NullHotKeys.h"
 #include "platform/null/NullWindowSystem.h"
+#include "platform/x11/X11Compositor.h"
 #include "platform/x11/X11HotKeys.h"
 #include "platform/x11/X11WindowSystem.h"
 
@@ -46,6 +47,7 @@ PlatformAdapters makePlatformAdapters(const QString& applicationId)
     if (isX11) {
         adapters.windowSystem = makeX11WindowSystem(adapters);
         adapters.hotKeySystem = std::make_unique<X11HotKeys>();
+        adapters.isComposited = &hasX11Compositor;
     } else {
         adapters.windowSystem = std::make_unique<NullWindowSystem>();
         adapters.hotKeySystem = std::make_unique<NullHotKeys>();

@@ -8,6 +8,7 @@
 
 #include <QUrl>
 
+#include <functional>
 #include <memory>
 
 namespace trovell {
@@ -30,6 +31,8 @@ struct PlatformAdapters {
     std::unique_ptr<LoginItemSystem> loginItemSystem;
     /// Where the user grants window control; invalid where nothing has to be granted.
     QUrl windowControlSettings;
+    /// Whether windows can be translucent now. Main thread; quick.
+    std::function<bool()> isComposited = [] { return true; };
 };
 
 /// Looks at the session once. In a Wayland session, even one that also runs X11 programs, windows

@@ -1,0 +1,32 @@
+// The icon in the desktop's tray that opens the menu of workspaces. Main thread.
+#pragma once
+
+#include <QObject>
+#include <QSystemTrayIcon>
+
+namespace trovell {
+
+class MenuBarWorkspaceView;
+struct ViewEnvironment;
+
+/// Inserted while the preference says so, and only useful on desktops with a tray: nothing may be
+/// reachable through it alone.
+class MenuBarExtra : public QObject {
+    Q_OBJECT
+
+public:
+    explicit MenuBarExtra(const ViewEnvironment& environment);
+    ~MenuBarExtra() override;
+
+    [[nodiscard]] MenuBarWorkspaceView& content() { return *m_content; }
+
+private:
+    void followPreference();
+    void answerClick(QSystemTrayIcon::ActivationReason reason);
+
+    AppPreferences& m_preferences;
+    MenuBarWorkspaceView* m_content;
+    QSystemTrayIcon m_icon;
+};
+
+} // namespace trovell

@@ -1,0 +1,141 @@
+// What the desktop's portal says about looks, from a portal on a bus of its own.
+
+#include "platform/freedesktop/DesktopSettings.h"
+#include "platform/freedesktop/GObjectPointer.h"
+#include "support/PrivateSession.h"
+
+#include <QSignalSpy>
+#include <QtTest>
+
+using namespace trovell;
+using namespace trovell::test;
+
+namespace {
+
+constexpr const char* portalPath = "/org/freedesktop/portal/desktop";
+constexpr const char* portalInterface = "org.freedesktop.portal.Settings";
+constexpr const char* introspection =
+    "<node><interface name='org.freedesktop.portal.Settings'>"
+    "<method name='ReadAll'><arg type='as' direction='in'/>"
+    "<arg type='a{sa{sv}}' direction='out'/></method>"
+    "<signal name='SettingChanged'><arg type='s'/><arg type='s'/><arg type='v'/></signal>"
+    "</interface></node>";
+
+/// A portal that answers with one text in the notation of GVariant. Main thread.
+class Portal {
+public:
+    explicit Portal(const char* settings) : m_settings(settings)
+    {
+        const GPointer<char> address(g_dbus_address_get_for_bus_sync(G_BUS_TYPE_SESSION, nullptr,
+                                                                     nullptr));
+        const auto flags = GDBusConnectionFlags(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT
+                                                | G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
+        m_connection.reset(g_dbus_connection_new_for_address_sync(address.get(), flags, nullptr,
+                                                                  nullptr, nullptr));
+        static const GDBusInterfaceVTable methods = {&Portal::answer, nullptr, nullptr, {}};
+        GDBusNodeInfo* node = g_dbus_node_info_new_for_xml(introspection, nullptr);
+        g_dbus_connection_register_object(m_connection.get(), portalPath, node->interfaces[0],
+                                          &methods, this, nullptr, nullptr);
+        g_dbus_node_info_unref(node);
+        g_variant_unref(g_dbus_connection_call_sync(
+            m_connection.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus",
+            "org.freedesktop.DBus", "RequestName",
+            g_variant_new("(su)", "org.freedesktop.portal.Desktop", 4U), nullptr,
+            G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr));
+    }
+
+    ~Portal() { g_dbus_connection_close_sync(m_connection.get(), nullptr, nullptr); }
+
+    void change(const char* space, const char* key, GVariant* value)
+    {
+        g_dbus_connection_emit_signal(m_connection.get(), nullptr, portalPath, portalInterface,
+                                      "SettingChanged",
+                                      g_variant_new("(ssv)", space, key, value), nullptr);
+    }
+
+private:
+    static void answer(GDBusConnection*, const char*, const char*, const char*, const char*,
+                       GVariant*, GDBusMethodInvocation* invocation, gpointer self)
+    {
+        g_dbus_method_invocation_return_value(
+            invocation, g_variant_new_parsed(static_cast<Portal*>(self)->m_settings));
+    }
+
+    const char* m_settings;
+    GObjectPointer<GDBusConnection> m_connection;
+};
+
+} // namespace
+
+class DesktopSettingsTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { QVERIFY(m_session.startBus()); }
+    void keepsQuietWithoutAPortal();
+    void followsThePortal();
+    void survivesNonsense();
+    void mayGoBeforeTheAnswer();
+
+private:
+    PrivateSession m_session;
+};
+
+void DesktopSettingsTest::keepsQuietWithoutAPortal()
+{
+    DesktopSettings settings;
+    const QSignalSpy changed(&settings, &DesktopSettings::changed);
+    QTest::qWait(200);
+    QVERIFY(changed.isEmpty());
+    QVERIFY(!settings.isDark());
+}
+
+void DesktopSettingsTest::followsThePortal()
+{
+    Portal portal("({'org.freedesktop.appearance': {'color-scheme': <uint32 1>}, "
+                  "'org.gnome.desktop.interface': {'enable-animations': <false>, "
+                  "'text-scaling-factor': <1.25>}},)");
+    DesktopSettings settings;
+    const QSignalSpy changed(&settings, &DesktopSettings::changed);
+    QTRY_COMPARE(changed.size(), 1);
+    QVERIFY(settings.isDark());
+    QVERIFY(settings.isAnimationReduced());
+    QCOMPARE(settings.textScale(), 1.25);
+
+    portal.change("org.freedesktop.appearance", "color-scheme", g_variant_new_uint32(2));
+    QTRY_COMPARE(changed.size(), 2);
+    QVERIFY(!settings.isDark());
+    // One that changes nothing is not announced; KDE says its animation factor as a text.
+    portal.change("org.freedesktop.appearance", "color-scheme", g_variant_new_uint32(0));
+    portal.change("org.kde.kdeglobals.KDE", "AnimationDurationFactor",
+                  g_variant_new_variant(g_variant_new_string("0.5")));
+    QTRY_COMPARE(changed.size(), 3);
+    QVERIFY(!settings.isAnimationReduced());
+}
+
+void DesktopSettingsTest::survivesNonsense()
+{
+    Portal portal("({'org.freedesktop.appearance': {'color-scheme': <'dark'>}, "
+                  "'org.gnome.desktop.interface': {'text-scaling-factor': <-1.0>, "
+                  "'enable-animations': <['no']>}},)");
+    DesktopSettings settings;
+    const QSignalSpy changed(&settings, &DesktopSettings::changed);
+    QTest::qWait(200);
+    QVERIFY(changed.isEmpty());
+    QCOMPARE(settings.textScale(), 1.0);
+}
+
+void DesktopSettingsTest::mayGoBeforeTheAnswer()
+{
+    Portal portal("({'org.freedesktop.appearance': {'color-scheme': <uint32 1>}},)");
+    {
+        DesktopSettings gone;
+    }
+    auto goneLater = std::make_unique<DesktopSettings>();
+    QCoreApplication::processEvents();
+    goneLater.reset();
+    QTest::qWait(100); // the answers arrive, and nobody is touched
+}
+
+QTEST_GUILESS_MAIN(DesktopSettingsTest)
+#include "DesktopSettingsTest.moc"
