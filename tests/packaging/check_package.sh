@@ -1,0 +1,55 @@
+#!/usr/bin/env bash
+# Builds the Debian package, installs it into an empty root, starts the program from there on a
+# server of its own, ends it, and removes the package again.
+#
+#   check_package.sh SOURCE_FOLDER
+set -euo pipefail
+
+source=$1
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+root=$work/root
+fail() { echo "check_package: $*" >&2; exit 1; }
+
+package=$("$source/tools/package" | tail -n 1)
+[ -f "$package" ] || fail "no package was made"
+
+mkdir -p "$root/var/lib/dpkg"
+touch "$root/var/lib/dpkg/status"
+as_root() { fakeroot dpkg --root="$root" --log=/dev/null --force-depends "$@" >/dev/null 2>&1; }
+as_root --install "$package" || fail "the package does not install"
+
+share=$root/usr/share
+desktop-file-validate "$share/applications/app.trovell.Trovell.desktop"
+appstreamcli validate --no-net "$share/metainfo/app.trovell.Trovell.metainfo.xml" >/dev/null ||
+    fail "the metainfo is not valid"
+grep -qx 'Exec=/usr/bin/trovell' "$share/dbus-1/services/app.trovell.Trovell.service" ||
+    fail "the bus would start another program"
+for icon in scalable/apps/app.trovell.Trovell.svg 48x48/apps/app.trovell.Trovell.png \
+    symbolic/apps/app.trovell.Trovell-symbolic.svg; do
+    [ -s "$share/icons/hicolor/$icon" ] || fail "no icon $icon"
+done
+
+# Starts it, waits for its window, and ends it as a session does at logout.
+cat >"$work/start" <<'E2'
+export HOME=$1 XDG_DATA_HOME=$1/data XDG_CONFIG_HOME=$1/config XDG_RUNTIME_DIR=$1
+unset WAYLAND_DISPLAY XDG_SESSION_TYPE
+"$2" &
+program=$!
+for _ in $(seq 100); do
+    xdotool search --onlyvisible --name '^Trovell$' >/dev/null 2>&1 && break
+    sleep 0.1
+done
+xdotool search --onlyvisible --name '^Trovell$' >/dev/null || exit 10
+kill "$program"
+wait "$program"
+E2
+mkdir -m 700 "$work/home"
+dbus-run-session -- xvfb-run -a -s "-screen 0 1280x800x24" \
+    bash "$work/start" "$work/home" "$root/usr/bin/trovell" ||
+    fail "the installed program did not start and end in order ($?)"
+
+as_root --remove trovell || fail "the package cannot be removed"
+left=$(find "$root/usr" -type f 2>/dev/null | head)
+[ -z "$left" ] || fail "left behind: $left"
+echo "The package installs, starts and is removed cleanly."
