@@ -2,6 +2,7 @@
 // failure; the exit code is 1 only when something did not run.
 
 #include "CaptureBenchmark.h"
+#include "InterfaceBenchmark.h"
 #include "Machine.h"
 #include "MatchingBenchmark.h"
 #include "Report.h"
@@ -27,7 +28,7 @@ struct Benchmark {
 
 constexpr Benchmark benchmarks[] = {
     {"matching", &measureMatching}, {"capture", &measureCapture}, {"restore", &measureRestore},
-    {"waiting", &measureWaiting},   {"store", &measureStore},
+    {"waiting", &measureWaiting},   {"store", &measureStore},     {"interface", &measureInterface},
 };
 
 QString describeRun()

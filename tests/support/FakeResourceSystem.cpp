@@ -66,6 +66,16 @@ std::optional<ApplicationDescription> FakeResourceSystem::describeApplication(co
     return ApplicationDescription{id, id, QStringLiteral("folder")};
 }
 
+QList<InstalledApplication> FakeResourceSystem::installedApplications() const
+{
+    QList<InstalledApplication> installed;
+    for (const QUrl& url : m_applications) {
+        if (const auto application = describeApplication(url))
+            installed.append({url, *application});
+    }
+    return installed;
+}
+
 bool FakeResourceSystem::openApplication(const QUrl& url)
 {
     return open(url, m_openedApplications);

@@ -31,6 +31,8 @@ public:
     /// Describes any URL of a file whose name ends in ".desktop".
     [[nodiscard]] std::optional<ApplicationDescription>
     describeApplication(const QUrl& url) const override;
+    /// Those that were added, as `describeApplication` describes them.
+    [[nodiscard]] QList<InstalledApplication> installedApplications() const override;
     [[nodiscard]] bool openApplication(const QUrl& url) override;
     [[nodiscard]] bool openResource(const QUrl& url) override;
 

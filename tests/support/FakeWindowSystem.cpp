@@ -75,6 +75,13 @@ QList<RunningApplication> FakeWindowSystem::runningApplications()
     return m_applications;
 }
 
+QList<RunningApplication> FakeWindowSystem::applicationsWithWindows()
+{
+    QList<RunningApplication> applications = runningApplications();
+    applications.removeIf([](const auto& application) { return application.windows.isEmpty(); });
+    return applications;
+}
+
 QList<RunningApplication> FakeWindowSystem::runningApplications(const QString& bundleIdentifier)
 {
     QList<RunningApplication> applications = runningApplications();

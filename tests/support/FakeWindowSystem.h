@@ -46,6 +46,7 @@ public:
     [[nodiscard]] bool isTrusted() const override { return trusted; }
     bool requestTrust() override { return trusted; }
     [[nodiscard]] QList<RunningApplication> runningApplications() override;
+    [[nodiscard]] QList<RunningApplication> applicationsWithWindows() override;
     [[nodiscard]] QList<RunningApplication>
     runningApplications(const QString& bundleIdentifier) override;
     void activate(const RunningApplication& application) override;

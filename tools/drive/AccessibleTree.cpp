@@ -25,10 +25,17 @@ void unref(GVariant* value)
         g_variant_unref(value);
 }
 
-/// AT-SPI has a bus of its own, whose address the session knows.
-GDBusConnection* connectToAccessibilityBus()
+GDBusConnection* connectTo(const char* address)
 {
-    GDBusConnection* session = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr);
+    const auto flags = GDBusConnectionFlags(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
+                                            G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
+    return g_dbus_connection_new_for_address_sync(address, flags, nullptr, nullptr, nullptr);
+}
+
+/// AT-SPI has a bus of its own, whose address the session knows.
+GDBusConnection* connectToAccessibilityBus(const QByteArray& sessionAddress)
+{
+    GDBusConnection* session = connectTo(sessionAddress.constData());
     if (!session)
         return nullptr;
     GVariant* answer = g_dbus_connection_call_sync(
@@ -39,11 +46,7 @@ GDBusConnection* connectToAccessibilityBus()
         return nullptr;
     const char* address = nullptr;
     g_variant_get(answer, "(&s)", &address);
-    GDBusConnection* connection = g_dbus_connection_new_for_address_sync(
-        address,
-        GDBusConnectionFlags(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
-                             G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION),
-        nullptr, nullptr, nullptr);
+    GDBusConnection* connection = connectTo(address);
     g_variant_unref(answer);
     return connection;
 }
@@ -58,7 +61,10 @@ AccessibleNode registry()
 
 } // namespace
 
-AccessibleTree::AccessibleTree() : m_connection(connectToAccessibilityBus()) {}
+AccessibleTree::AccessibleTree(const QByteArray& sessionAddress)
+    : m_connection(connectToAccessibilityBus(sessionAddress))
+{
+}
 
 AccessibleTree::~AccessibleTree()
 {

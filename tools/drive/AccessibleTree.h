@@ -36,8 +36,8 @@ struct AccessibleNode {
 
 class AccessibleTree {
 public:
-    /// The bus is that of the session in the environment.
-    AccessibleTree();
+    /// `sessionAddress` is that of the session's bus, as in DBUS_SESSION_BUS_ADDRESS.
+    explicit AccessibleTree(const QByteArray& sessionAddress);
     ~AccessibleTree();
     AccessibleTree(const AccessibleTree&) = delete;
     AccessibleTree& operator=(const AccessibleTree&) = delete;

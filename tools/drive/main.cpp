@@ -83,7 +83,7 @@ int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
     const QStringList words = QCoreApplication::arguments();
-    const AccessibleTree tree;
+    const AccessibleTree tree(qgetenv("DBUS_SESSION_BUS_ADDRESS"));
     if (tree.isConnected() && words.size() > 2 && run(tree, words))
         return EXIT_SUCCESS;
     QTextStream(stderr) << u"Not found: "_qs << words.mid(2).join(u' ') << Qt::endl;

@@ -1,0 +1,151 @@
+#include "ProgramRun.h"
+
+#include "StoreWorkload.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QThread>
+
+#include <xcb/xcb.h>
+
+#include <csignal>
+#include <memory>
+#include <unistd.h>
+
+namespace trovell::bench {
+
+namespace {
+
+constexpr int patienceMilliseconds = 20'000;
+
+/// The background of the list of workspaces in the light appearance, which nothing else on the
+/// desktop has.
+constexpr quint32 sidebarColor = 0xEEEEEB;
+constexpr QPoint pointInSidebar(120, 500);
+
+struct Disconnect {
+    void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
+};
+
+quint32 pixel(xcb_connection_t* connection, quint32 window, const QPoint& point)
+{
+    auto* image =
+        xcb_get_image_reply(connection,
+                            xcb_get_image(connection, XCB_IMAGE_FORMAT_Z_PIXMAP, window,
+                                          qint16(point.x()), qint16(point.y()), 1, 1, ~0U),
+                            nullptr);
+    if (!image)
+        return 0;
+    const uint8_t* bytes = xcb_get_image_data(image);
+    const quint32 color = quint32(bytes[2]) << 16 | quint32(bytes[1]) << 8 | bytes[0];
+    free(image);
+    return color;
+}
+
+bool waitForPaint(test::VirtualDesktop& desktop)
+{
+    const std::unique_ptr<xcb_connection_t, Disconnect> connection(
+        xcb_connect(desktop.displayName().constData(), nullptr));
+    QElapsedTimer clock;
+    clock.start();
+    while (clock.elapsed() < patienceMilliseconds) {
+        const auto window = desktop.inspector().windowTitled(u"Trovell");
+        if (window && pixel(connection.get(), window->id, pointInSidebar) == sidebarColor)
+            return true;
+        QThread::msleep(1);
+    }
+    return false;
+}
+
+/// One line of a file of the process, as a number.
+qint64 number(qint64 process, const QString& file, const QByteArray& key)
+{
+    QFile source(u"/proc/%1/%2"_qs.arg(process).arg(file));
+    if (!source.open(QIODevice::ReadOnly))
+        return 0;
+    const QList<QByteArray> lines = source.readAll().split('\n');
+    for (const QByteArray& line : lines) {
+        if (line.startsWith(key))
+            return line.mid(key.size()).simplified().split(' ').first().toLongLong();
+    }
+    return 0;
+}
+
+struct Activity {
+    qint64 nanoseconds = 0;
+    qint64 wakeUps = 0;
+};
+
+Activity activity(qint64 process)
+{
+    Activity sum;
+    const QString tasks = u"/proc/%1/task"_qs.arg(process);
+    const QStringList threads = QDir(tasks).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    for (const QString& thread : threads) {
+        const QString task = u"task/"_qs + thread;
+        sum.nanoseconds += number(process, task + u"/schedstat"_qs, {});
+        sum.wakeUps += number(process, task + u"/status"_qs, "voluntary_ctxt_switches:");
+    }
+    return sum;
+}
+
+} // namespace
+
+bool prepareHome(const test::VirtualDesktop& desktop, int workspaceCount)
+{
+    const QString data = desktop.homePath() + u"/.local/share/trovell"_qs;
+    QDir(data).removeRecursively();
+    const QString configuration = desktop.homePath() + u"/.config/trovell"_qs;
+    QDir().mkpath(configuration);
+    QFile preferences(configuration + u"/preferences.json"_qs);
+    return preferences.open(QIODevice::WriteOnly) &&
+           preferences.write(R"({"onboarding.completed": true})") > 0 &&
+           createStore(data, workspaceCount);
+}
+
+bool dropCaches()
+{
+    ::sync();
+    QFile switches(u"/proc/sys/vm/drop_caches"_qs);
+    return switches.open(QIODevice::WriteOnly) && switches.write("3") == 1 && switches.flush();
+}
+
+ProgramRun::ProgramRun(test::VirtualDesktop& desktop) : m_desktop(desktop)
+{
+    QElapsedTimer clock;
+    clock.start();
+    m_process = &desktop.start(TROVELL_PROGRAM);
+    if (waitForPaint(desktop))
+        m_secondsToPaint = double(clock.nsecsElapsed()) / 1e9;
+}
+
+ProgramRun::~ProgramRun()
+{
+    ::kill(pid_t(m_process->processId()), SIGTERM);
+    m_process->waitForFinished();
+}
+
+IdleCost ProgramRun::idle(double seconds) const
+{
+    const Activity before = activity(m_process->processId());
+    QThread::msleep(ulong(seconds * 1000));
+    const Activity after = activity(m_process->processId());
+    return {double(after.nanoseconds - before.nanoseconds) / 1e9 / seconds,
+            double(after.wakeUps - before.wakeUps) / seconds};
+}
+
+double ProgramRun::megabytes() const
+{
+    return double(number(m_process->processId(), u"smaps_rollup"_qs, "Pss:")) / 1e3;
+}
+
+void ProgramRun::closeMainWindow()
+{
+    test::DesktopInspector& inspector = m_desktop.inspector();
+    if (const auto window = inspector.windowTitled(u"Trovell"))
+        inspector.close(window->id);
+    test::waitUntil([&] { return !inspector.windowTitled(u"Trovell"); });
+}
+
+} // namespace trovell::bench

@@ -1,0 +1,58 @@
+// The program on a virtual desktop, worked as a person works it: what it shows is found through its
+// accessible objects; hands are mouse and keyboard of the X server. Main thread of a test.
+#pragma once
+
+#include "drive/AccessibleTree.h"
+#include "support/VirtualDesktop.h"
+
+#include <QJsonObject>
+
+namespace trovell::test {
+
+class RunningTrovell {
+public:
+    /// Nothing runs yet. The desktop outlives this object.
+    explicit RunningTrovell(VirtualDesktop& desktop);
+    ~RunningTrovell();
+    Q_DISABLE_COPY_MOVE(RunningTrovell)
+
+    /// What the program finds as its preferences when it starts next.
+    void setPreferences(const QJsonObject& preferences) const;
+
+    /// Starts the program and waits for its main window; false when it does not appear.
+    [[nodiscard]] bool start();
+    /// Asks it to end, as a session does; false when it does not end in order.
+    [[nodiscard]] bool end();
+    [[nodiscard]] bool isRunning() const;
+    [[nodiscard]] qint64 processIdentifier() const { return m_process->processId(); }
+
+    /// The first shown object of that role and name, waited for. An empty role or name stands for
+    /// any. Roles as AT-SPI writes them.
+    [[nodiscard]] std::optional<AccessibleNode> find(const QString& role, const QString& name);
+    /// Whether it is shown now, or soon.
+    [[nodiscard]] bool shows(const QString& role, const QString& name);
+    /// Whether it is shown no more, now or soon.
+    [[nodiscard]] bool hides(const QString& role, const QString& name);
+    /// The names of all objects of a role that are shown now.
+    [[nodiscard]] QStringList names(const QString& role);
+    /// Everything shown, for messages of failed tests.
+    [[nodiscard]] QString picture();
+
+    /// Waits for the object to be shown and enabled, and clicks its middle.
+    bool click(const QString& role, const QString& name);
+    bool doubleClick(const QString& role, const QString& name);
+    bool rightClick(const QString& role, const QString& name);
+    /// Types into whatever has the focus.
+    void type(const QString& text);
+    /// A key or combination as xdotool names it, such as "Return" or "alt+Down".
+    void press(const char* keys);
+
+private:
+    bool clickMiddle(const QString& role, const QString& name, const QByteArrayList& clicks);
+
+    VirtualDesktop& m_desktop;
+    std::unique_ptr<AccessibleTree> m_tree;
+    QProcess* m_process = nullptr;
+};
+
+} // namespace trovell::test
