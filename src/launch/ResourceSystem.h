@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QList>
 #include <QString>
 #include <QUrl>
 
@@ -23,6 +24,13 @@ struct ApplicationDescription {
     QString name;
     /// A name in the icon theme or the path of a picture; empty without an icon.
     QString icon;
+};
+
+/// An application that is offered to the user.
+struct InstalledApplication {
+    /// File URL of its desktop file.
+    QUrl url;
+    ApplicationDescription description;
 };
 
 class ResourceSystem {
@@ -48,6 +56,10 @@ public:
     /// is no desktop file of an application. Any thread; reads the file.
     [[nodiscard]] virtual std::optional<ApplicationDescription>
     describeApplication(const QUrl& url) const = 0;
+
+    /// All applications that the desktop offers to the user, in no particular order. Reads all
+    /// their files, which may take some hundred milliseconds: called from worker threads.
+    [[nodiscard]] virtual QList<InstalledApplication> installedApplications() const = 0;
 
     /// Starts the application whose desktop file `url` names. True when the desktop accepted it,
     /// which does not mean that the program survives its start. Main thread; does not wait for

@@ -89,7 +89,11 @@ WindowCaptureService::captureApplications(std::optional<QSet<QString>> filter,
     if (!m_windowSystem.isTrusted())
         co_return Unexpected(WindowServiceError::accessibilityPermissionMissing);
     const QList<DisplaySnapshot> displays = m_windowSystem.currentDisplays();
-    const QList<RunningApplication> applications = chooseApplications(filter, false);
+    QList<RunningApplication> applications = m_windowSystem.applicationsWithWindows();
+    applications.removeIf([&](const RunningApplication& application) {
+        return !isOffered(application) ||
+               (filter && !filter->contains(*application.bundleIdentifier));
+    });
     auto reading = QtConcurrent::run(&captureWindows, &m_windowSystem, applications, displays);
     QList<CapturedApplication> captured = co_await reading;
     if (captured.isEmpty() && !allowEmpty)
@@ -100,24 +104,18 @@ WindowCaptureService::captureApplications(std::optional<QSet<QString>> filter,
 QCoro::Task<QList<CapturedApplication>> WindowCaptureService::runningApplications() const
 {
     QList<CapturedApplication> captured;
-    const QList<RunningApplication> applications = chooseApplications(std::nullopt, true);
-    for (const RunningApplication& application : applications)
-        captured.append(makeCapturedApplication(application, {}, {}));
+    const QList<RunningApplication> applications = m_windowSystem.runningApplications();
+    for (const RunningApplication& application : applications) {
+        if (isOffered(application) && !application.isHidden)
+            captured.append(makeCapturedApplication(application, {}, {}));
+    }
     co_return captured;
 }
 
-QList<RunningApplication>
-WindowCaptureService::chooseApplications(const std::optional<QSet<QString>>& filter,
-                                         bool skipHidden) const
+bool WindowCaptureService::isOffered(const RunningApplication& application) const
 {
-    QList<RunningApplication> applications = m_windowSystem.runningApplications();
-    applications.removeIf([&](const RunningApplication& application) {
-        return application.processIdentifier == m_ownProcessIdentifier || !application.isRegular ||
-               application.isTerminated || (skipHidden && application.isHidden) ||
-               !application.bundleIdentifier ||
-               (filter && !filter->contains(*application.bundleIdentifier));
-    });
-    return applications;
+    return application.processIdentifier != m_ownProcessIdentifier && application.isRegular &&
+           !application.isTerminated && application.bundleIdentifier;
 }
 
 } // namespace trovell

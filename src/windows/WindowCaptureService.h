@@ -28,8 +28,8 @@ public:
     [[nodiscard]] QCoro::Task<QList<CapturedApplication>> runningApplications() const;
 
 private:
-    [[nodiscard]] QList<RunningApplication>
-    chooseApplications(const std::optional<QSet<QString>>& filter, bool skipHidden) const;
+    /// Whether it is for the user to choose, and not the program itself.
+    [[nodiscard]] bool isOffered(const RunningApplication& application) const;
 
     WindowSystem& m_windowSystem;
     qint64 m_ownProcessIdentifier;

@@ -2,7 +2,6 @@
 // applications it sees. Placing windows has a test of its own.
 
 #include "platform/x11/X11WindowSystem.h"
-#include "platform/x11/WindowAge.h"
 #include "support/VirtualDesktop.h"
 
 #include <QTest>
@@ -56,6 +55,8 @@ private Q_SLOTS:
     void isNotFooledByReusedWindowNumbers();
     void waitsForTheServerOnce();
     void describesDisplays();
+    void seesPanelsComeChangeAndGo_data();
+    void seesPanelsComeChangeAndGo();
     void countsFromThePrimaryDisplay();
     void activatesTheTopmostWindow();
     void trustsOnlyALiveWindowManager();
@@ -280,6 +281,54 @@ void X11WindowSystemTest::describesDisplays()
     QCOMPARE(displays[0].visibleFrame, QRectF(0, 94, 1600, 900));
     desktop.unplugDisplay(0);
     QVERIFY(system.currentDisplays().isEmpty());
+}
+
+void X11WindowSystemTest::seesPanelsComeChangeAndGo_data()
+{
+    QTest::addColumn<WindowManager>("windowManager");
+    for (const WindowManager windowManager : availableWindowManagers())
+        QTest::newRow(windowManagerName(windowManager)) << windowManager;
+}
+
+void X11WindowSystemTest::seesPanelsComeChangeAndGo()
+{
+    QFETCH(WindowManager, windowManager);
+    VirtualDesktop desktop(windowManager);
+    QVERIFY2(desktop.isReady(), qPrintable(desktop.error()));
+    DesktopInspector& inspector = desktop.inspector();
+    desktop.startClient({"--title", "plain"});
+    const quint32 plain = inspector.waitForWindow(u"plain").id;
+    X11WindowSystem system(desktop.displayName(), {}, {});
+    const auto freeHeight = [&] { return system.currentDisplays().first().visibleFrame.height(); };
+    const auto freeWidth = [&] { return system.currentDisplays().last().visibleFrame.width(); };
+    QCOMPARE(freeHeight(), 1024);
+    QCOMPARE(freeHeight(), 1024); // and now it knows the desktop
+    QProcess& program =
+        desktop.startClient({"--title", "panel", "--type", "DOCK", "--geometry", "1600,30,0,0",
+                             "--strut", "0,0,30,0,0,0,0,0,0,1599,0,0"});
+    const quint32 panel = inspector.waitForWindow(u"panel").id;
+    QCOMPARE(freeHeight(), 994);
+    const auto reserve = [&](quint32 window, const QList<quint32>& strut) {
+        inspector.setProperty(window, "_NET_WM_STRUT_PARTIAL", "CARDINAL", strut);
+        (void)inspector.window(window); // the server has it now
+    };
+    reserve(panel, {0, 0, 50, 0, 0, 0, 0, 0, 0, 1599, 0, 0});
+    QCOMPARE(freeHeight(), 974);
+    // Between the displays, where the work area of the whole desktop shows nothing of it.
+    reserve(panel, {1640, 0, 0, 0, 0, 1023, 0, 0, 0, 0, 0, 0});
+    QCOMPARE(freeWidth(), 1240);
+    reserve(panel, {0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0});
+    QCOMPARE(freeWidth(), 1280);
+    reserve(panel, {0, 0, 50, 0, 0, 0, 0, 0, 0, 1599, 0, 0});
+    QCOMPARE(freeHeight(), 974);
+    VirtualDesktop::kill(program);
+    QVERIFY(waitUntil([&] { return inspector.windows().size() == 1; }));
+    QCOMPARE(freeHeight(), 1024);
+    // An ordinary window that reserves space is found once the window manager granted it.
+    reserve(plain, {0, 0, 40, 0, 0, 0, 0, 0, 0, 1599, 0, 0});
+    QVERIFY(waitUntil([&] { return freeHeight() == 984; }));
+    reserve(plain, {});
+    QVERIFY(waitUntil([&] { return freeHeight() == 1024; }));
 }
 
 void X11WindowSystemTest::countsFromThePrimaryDisplay()

@@ -1,6 +1,6 @@
 #include "platform/x11/X11Applications.h"
 
-#include "platform/x11/WindowAge.h"
+#include "platform/x11/X11WindowHandle.h"
 
 #include <QCoreApplication>
 #include <QTest>
@@ -25,7 +25,7 @@ private Q_SLOTS:
     void panelsRunWithoutWindows();
     void windowsWithoutAnyNameGoByTheirProcess();
     void withoutDesktopFileTheClassIsTheIdentifier();
-    void handlesCarryTheAgeOfTheirWindow();
+    void handlesTellOfTheirWindow();
     void processesAgeToo();
 };
 
@@ -85,16 +85,22 @@ void X11ApplicationsTest::withoutDesktopFileTheClassIsTheIdentifier()
     QCOMPARE(nothing, ApplicationIdentity());
 }
 
-void X11ApplicationsTest::handlesCarryTheAgeOfTheirWindow()
+void X11ApplicationsTest::handlesTellOfTheirWindow()
 {
     const auto now = std::chrono::steady_clock::now();
-    const WindowHandle fresh = handleOfNewWindow(0xfedcba98, now);
+    const WindowHandle fresh = packedHandle({0xfedcba98, WindowKind::floating, true, now});
     QCOMPARE(windowOfHandle(fresh), 0xfedcba98u);
+    QCOMPARE(kindOfHandle(fresh), WindowKind::floating);
+    QVERIFY(hasUnicodeTitle(fresh));
     QVERIFY(isYoung(fresh, now));
     QVERIFY(isYoung(fresh, now + 1800ms));
     QVERIFY(!isYoung(fresh, now + 2200ms));
-    QVERIFY(!isYoung(handleOfOldWindow(0xfedcba98), now));
-    QCOMPARE(windowOfHandle(handleOfOldWindow(7)), 7u);
+    QVERIFY(!isYoung(fresh, now + 24h * 400));
+    const WindowHandle old = packedHandle({0xffffffff, WindowKind::system});
+    QCOMPARE(windowOfHandle(old), 0xffffffffu);
+    QCOMPARE(kindOfHandle(old), WindowKind::system);
+    QVERIFY(!hasUnicodeTitle(old));
+    QVERIFY(!isYoung(old, now));
 }
 
 void X11ApplicationsTest::processesAgeToo()

@@ -112,6 +112,21 @@ std::optional<ApplicationDescription> GioResourceSystem::describeApplication(con
         .icon = QString::fromUtf8(icon.get())};
 }
 
+QList<InstalledApplication> GioResourceSystem::installedApplications() const
+{
+    QList<InstalledApplication> applications;
+    const QList<DesktopEntry> entries = loadDesktopEntries();
+    for (const DesktopEntry& entry : entries) {
+        if (entry.isConcealed)
+            continue;
+        const QUrl url = fileURL(entry.path);
+        // One that went away since is left out.
+        if (const auto application = describeApplication(url))
+            applications.append({url, *application});
+    }
+    return applications;
+}
+
 bool GioResourceSystem::openApplication(const QUrl& url)
 {
     const DesktopFile application = desktopFile(url);

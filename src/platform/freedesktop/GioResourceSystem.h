@@ -22,6 +22,8 @@ public:
     [[nodiscard]] std::optional<ApplicationDescription>
     describeApplication(const QUrl& url) const override;
 
+    [[nodiscard]] QList<InstalledApplication> installedApplications() const override;
+
     /// False when `url` is no desktop file of an application (Desktop Entry Specification 1.5,
     /// section 6), is hidden, or its TryExec or Exec names no program.
     [[nodiscard]] bool openApplication(const QUrl& url) override;

@@ -11,6 +11,7 @@ public:
     [[nodiscard]] bool isTrusted() const override { return false; }
     bool requestTrust() override { return false; }
     [[nodiscard]] QList<RunningApplication> runningApplications() override { return {}; }
+    [[nodiscard]] QList<RunningApplication> applicationsWithWindows() override { return {}; }
     [[nodiscard]] QList<RunningApplication> runningApplications(const QString&) override
     {
         return {};

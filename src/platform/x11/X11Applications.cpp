@@ -1,6 +1,6 @@
 #include "platform/x11/X11Applications.h"
 
-#include "platform/x11/WindowAge.h"
+#include "platform/x11/X11WindowHandle.h"
 #include "platform/x11/X11WindowKind.h"
 
 #include <QFileInfo>
@@ -122,7 +122,8 @@ struct X11Applications::WindowRequest {
           processIdentifier(connection.requestProperty(window, connection.atoms().netWmPid)),
           gtkApplicationId(connection.requestProperty(window, connection.atoms().gtkApplicationId)),
           types(connection.requestProperty(window, connection.atoms().netWmWindowType)),
-          transientFor(connection.requestProperty(window, XCB_ATOM_WM_TRANSIENT_FOR))
+          transientFor(connection.requestProperty(window, XCB_ATOM_WM_TRANSIENT_FOR)),
+          title(connection.requestProperty(window, connection.atoms().netWmName))
     {
     }
 
@@ -131,6 +132,7 @@ struct X11Applications::WindowRequest {
     xcb_get_property_cookie_t gtkApplicationId;
     xcb_get_property_cookie_t types;
     xcb_get_property_cookie_t transientFor;
+    xcb_get_property_cookie_t title;
 };
 
 X11Applications::X11Applications(const X11Connection& connection, ApplicationIdentifier identify)
@@ -213,6 +215,7 @@ std::optional<IdentifiedWindow> X11Applications::receive(const WindowRequest& re
         propertyText(m_connection.reply(request.gtkApplicationId), m_connection.atoms());
     const auto types = propertyNumbers(m_connection.reply(request.types));
     const auto transientFor = propertyNumbers(m_connection.reply(request.transientFor));
+    const auto title = propertyBytes(m_connection.reply(request.title));
     if (!classReply)
         return std::nullopt;
 
@@ -225,9 +228,10 @@ std::optional<IdentifiedWindow> X11Applications::receive(const WindowRequest& re
     const auto application = m_identify ? m_identify(identity) : std::nullopt;
     const auto kind = windowKind(types, !transientFor.isEmpty(), m_connection.atoms());
     const bool isNew = isLocal && (!m_isFirstReading || isYoungProcess(process));
-    return IdentifiedWindow{isNew ? handleOfNewWindow(window, std::chrono::steady_clock::now())
-                                  : handleOfOldWindow(window),
-                            process, kind.has_value(), isOrdinaryKind(kind),
+    X11WindowHandle handle = {window, kind.value_or(WindowKind::standard), !title.isEmpty()};
+    if (isNew)
+        handle.firstSeen = std::chrono::steady_clock::now();
+    return IdentifiedWindow{packedHandle(handle), process, kind.has_value(), isOrdinaryKind(kind),
                             application ? *application : identityWithoutDesktopFile(identity)};
 }
 

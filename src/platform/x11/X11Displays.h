@@ -1,51 +1,43 @@
-// The displays as the X server describes them (RandR 1.5 monitors). Any thread, as long as the
-// connection lives.
+// The displays with what panels leave free of them. Remembers which windows reserve space, so that
+// asking again costs one round trip and a few requests however many windows there are. One thread
+// at a time.
 #pragma once
 
 #include "display/DisplaySnapshot.h"
 #include "platform/x11/X11Connection.h"
-#include "platform/x11/X11WindowGeometry.h"
+#include "platform/x11/X11Monitors.h"
 
 #include <QList>
-#include <QPoint>
-
-#include <optional>
-
-#include <xcb/randr.h>
+#include <QSize>
 
 namespace trovell {
 
-struct X11Monitor {
-    /// The name of the connector, as a rule.
-    xcb_atom_t name = 0;
-    bool isPrimary = false;
-    /// Root pixels.
-    PixelRectangle area;
-    QList<xcb_randr_output_t> outputs;
-};
-
-/// A request for the monitors that goes out with a batch of others. On a server without RandR 1.5
-/// the whole X screen counts as one monitor without a name.
-class X11MonitorRequest {
+class X11Displays {
 public:
-    explicit X11MonitorRequest(const X11Connection& connection);
-    /// After `finishBatch`. Empty when the server is gone or no display is on.
-    [[nodiscard]] QList<X11Monitor> receive() const;
+    /// Borrows the connection.
+    explicit X11Displays(const X11Connection& connection) : m_connection(connection) {}
+
+    /// All displays as they are now, in the server's order.
+    [[nodiscard]] QList<DisplaySnapshot> read();
+
+    /// While all of this stays the same, no window begins to reserve space: a panel that appears
+    /// changes the list of windows, and a window manager that grants a window space announces the
+    /// work areas anew (EWMH section 3).
+    struct Surroundings {
+        QList<X11Monitor> monitors;
+        QSize screen;
+        QList<quint32> windows;
+        /// Of all virtual desktops; empty when the window manager announces none.
+        QList<quint32> workAreas;
+
+        bool operator==(const Surroundings&) const = default;
+    };
 
 private:
     const X11Connection& m_connection;
-    xcb_randr_get_monitors_cookie_t m_monitors = {};
-    xcb_get_geometry_cookie_t m_screen = {};
+    Surroundings m_surroundings;
+    /// The windows that reserve space or, as docks do, may begin to at any time.
+    QList<quint32> m_panels;
 };
-
-/// The main display: the primary one, else the first. None when there are no monitors.
-[[nodiscard]] std::optional<qsizetype> mainMonitor(const QList<X11Monitor>& monitors);
-
-/// The top left of the main display in root pixels, which is where accessibility coordinates
-/// begin.
-[[nodiscard]] QPoint accessibilityOrigin(const QList<X11Monitor>& monitors);
-
-/// All displays in the server's order, in two round trips.
-[[nodiscard]] QList<DisplaySnapshot> readDisplays(const X11Connection& connection);
 
 } // namespace trovell

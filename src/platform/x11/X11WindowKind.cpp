@@ -4,27 +4,17 @@ namespace trovell {
 
 namespace {
 
-WindowKind standardWindow()
-{
-    return {u"AXWindow"_qs, u"AXStandardWindow"_qs};
-}
-
-WindowKind dialog()
-{
-    return {u"AXWindow"_qs, u"AXDialog"_qs};
-}
-
 /// The outer optional is empty for a type that is not known.
 std::optional<std::optional<WindowKind>> kindOfType(quint32 type, const X11Atoms& atoms)
 {
     if (type == atoms.typeNormal)
-        return standardWindow();
+        return WindowKind::standard;
     if (type == atoms.typeDialog)
-        return dialog();
+        return WindowKind::dialog;
     if (type == atoms.typeUtility || type == atoms.typeToolbar)
-        return WindowKind{u"AXWindow"_qs, u"AXFloatingWindow"_qs};
+        return WindowKind::floating;
     if (type == atoms.typeSplash || type == atoms.typeNotification)
-        return WindowKind{u"AXWindow"_qs, u"AXSystemDialog"_qs};
+        return WindowKind::system;
     for (const quint32 none :
          {atoms.typeDesktop, atoms.typeDock, atoms.typeMenu, atoms.typeDropdownMenu,
           atoms.typePopupMenu, atoms.typeTooltip, atoms.typeCombo, atoms.typeDragAndDrop}) {
@@ -36,6 +26,26 @@ std::optional<std::optional<WindowKind>> kindOfType(quint32 type, const X11Atoms
 
 } // namespace
 
+QString roleOfWindows()
+{
+    return u"AXWindow"_qs;
+}
+
+QString subroleOf(WindowKind kind)
+{
+    switch (kind) {
+    case WindowKind::standard:
+        return u"AXStandardWindow"_qs;
+    case WindowKind::dialog:
+        return u"AXDialog"_qs;
+    case WindowKind::floating:
+        return u"AXFloatingWindow"_qs;
+    case WindowKind::system:
+        return u"AXSystemDialog"_qs;
+    }
+    return {};
+}
+
 std::optional<WindowKind> windowKind(const QList<quint32>& types, bool isTransient,
                                      const X11Atoms& atoms)
 {
@@ -43,12 +53,12 @@ std::optional<WindowKind> windowKind(const QList<quint32>& types, bool isTransie
         if (const auto kind = kindOfType(type, atoms))
             return *kind;
     }
-    return isTransient ? dialog() : standardWindow();
+    return isTransient ? WindowKind::dialog : WindowKind::standard;
 }
 
-bool isOrdinaryKind(const std::optional<WindowKind>& kind)
+bool isOrdinaryKind(std::optional<WindowKind> kind)
 {
-    return kind && (kind->subrole == u"AXStandardWindow" || kind->subrole == u"AXDialog");
+    return kind == WindowKind::standard || kind == WindowKind::dialog;
 }
 
 } // namespace trovell

@@ -10,12 +10,12 @@
 
 namespace trovell {
 
-struct WindowKind {
-    QString role;    ///< "AXRole"
-    QString subrole; ///< "AXSubrole"
+enum class WindowKind : quint8 { standard, dialog, floating, system };
 
-    bool operator==(const WindowKind&) const = default;
-};
+/// The "AXRole" of all of them.
+[[nodiscard]] QString roleOfWindows();
+/// The "AXSubrole".
+[[nodiscard]] QString subroleOf(WindowKind kind);
 
 /// From _NET_WM_WINDOW_TYPE, whose first known type counts; without one a transient window is a
 /// dialog (EWMH section 5). None for desktops, panels, menus and tooltips: to the user they are no
@@ -24,6 +24,6 @@ struct WindowKind {
                                                    const X11Atoms& atoms);
 
 /// Whether a window of that kind shows that the user works with its application.
-[[nodiscard]] bool isOrdinaryKind(const std::optional<WindowKind>& kind);
+[[nodiscard]] bool isOrdinaryKind(std::optional<WindowKind> kind);
 
 } // namespace trovell

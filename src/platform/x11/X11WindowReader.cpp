@@ -1,8 +1,7 @@
 #include "platform/x11/X11WindowReader.h"
 
-#include "platform/x11/WindowAge.h"
-#include "platform/x11/X11Displays.h"
-#include "platform/x11/X11WindowKind.h"
+#include "platform/x11/X11Monitors.h"
+#include "platform/x11/X11WindowHandle.h"
 
 #include <vector>
 
@@ -10,32 +9,36 @@ namespace trovell {
 
 namespace {
 
+std::optional<QString> textOf(const X11Connection& connection, xcb_get_property_cookie_t request)
+{
+    const QString text = propertyText(connection.reply(request), connection.atoms());
+    return text.isEmpty() ? std::nullopt : std::optional(text);
+}
+
 /// All that is asked about one window.
 class AttributeRequest {
 public:
     AttributeRequest(const X11Connection& connection, WindowHandle handle)
         : m_handle(handle), m_frame(connection, windowOfHandle(handle)),
-          m_types(request(connection, connection.atoms().netWmWindowType)),
-          m_transientFor(request(connection, XCB_ATOM_WM_TRANSIENT_FOR)),
           m_netState(request(connection, connection.atoms().netWmState)),
           m_state(request(connection, connection.atoms().wmState)),
-          m_netName(request(connection, connection.atoms().netWmName)),
-          m_name(request(connection, XCB_ATOM_WM_NAME))
+          m_netName(request(connection, connection.atoms().netWmName))
     {
+        if (!hasUnicodeTitle(handle))
+            m_name = request(connection, XCB_ATOM_WM_NAME);
     }
 
     std::optional<WindowAttributes> receive(const X11Connection& connection, QPoint origin) const
     {
         const auto window = m_frame.receive(connection);
-        const auto kind = receiveKind(connection);
         WindowAttributes attributes;
         attributes.handle = m_handle;
         attributes.isMinimized = receiveMinimized(connection);
         attributes.title = receiveTitle(connection);
-        if (!window || !kind)
+        if (!window)
             return std::nullopt;
-        attributes.role = kind->role;
-        attributes.subrole = kind->subrole;
+        attributes.role = roleOfWindows();
+        attributes.subrole = subroleOf(kindOfHandle(m_handle));
         const QRectF frame = accessibilityFrameFromRoot(visibleFrame(*window), origin);
         attributes.position = frame.topLeft();
         attributes.size = frame.size();
@@ -46,13 +49,6 @@ private:
     xcb_get_property_cookie_t request(const X11Connection& connection, xcb_atom_t property) const
     {
         return connection.requestProperty(windowOfHandle(m_handle), property);
-    }
-
-    std::optional<WindowKind> receiveKind(const X11Connection& connection) const
-    {
-        const auto types = propertyNumbers(connection.reply(m_types));
-        const auto transientFor = propertyNumbers(connection.reply(m_transientFor));
-        return windowKind(types, !transientFor.isEmpty(), connection.atoms());
     }
 
     bool receiveMinimized(const X11Connection& connection) const
@@ -66,21 +62,37 @@ private:
 
     std::optional<QString> receiveTitle(const X11Connection& connection) const
     {
-        const QString title = propertyText(connection.reply(m_netName), connection.atoms());
-        const QString oldTitle = propertyText(connection.reply(m_name), connection.atoms());
-        const QString& best = title.isEmpty() ? oldTitle : title;
-        return best.isEmpty() ? std::nullopt : std::optional(best);
+        const auto title = textOf(connection, m_netName);
+        const auto oldTitle = m_name ? textOf(connection, *m_name) : std::nullopt;
+        return title ? title : oldTitle;
     }
 
     WindowHandle m_handle;
     X11FrameRequest m_frame;
-    xcb_get_property_cookie_t m_types;
-    xcb_get_property_cookie_t m_transientFor;
     xcb_get_property_cookie_t m_netState;
     xcb_get_property_cookie_t m_state;
     xcb_get_property_cookie_t m_netName;
-    xcb_get_property_cookie_t m_name;
+    std::optional<xcb_get_property_cookie_t> m_name;
 };
+
+/// For windows that had a modern title when they were first seen, and have none any more.
+void readLostTitles(const X11Connection& connection, QList<QList<WindowAttributes>>& applications)
+{
+    std::vector<std::pair<WindowAttributes*, xcb_get_property_cookie_t>> requests;
+    for (QList<WindowAttributes>& windows : applications) {
+        for (WindowAttributes& window : windows) {
+            if (!window.title && hasUnicodeTitle(window.handle))
+                requests.emplace_back(
+                    &window,
+                    connection.requestProperty(windowOfHandle(window.handle), XCB_ATOM_WM_NAME));
+        }
+    }
+    if (requests.empty())
+        return;
+    connection.finishBatch();
+    for (const auto& [window, request] : requests)
+        window->title = textOf(connection, request);
+}
 
 } // namespace
 
@@ -126,6 +138,7 @@ QList<QList<WindowAttributes>> readWindowAttributes(const X11Connection& connect
         }
         result.append(windows);
     }
+    readLostTitles(connection, result);
     return result;
 }
 

@@ -26,8 +26,7 @@ private:
     xcb_get_property_cookie_t m_shadow;
 };
 
-/// The attributes of windows, by application. Windows that are gone are left out, kinds that are
-/// no windows to the user too.
+/// The attributes of windows, by application. Windows that are gone are left out.
 [[nodiscard]] QList<QList<WindowAttributes>>
 readWindowAttributes(const X11Connection& connection,
                      const QList<QList<WindowHandle>>& applications);

@@ -1,8 +1,8 @@
 #include "platform/x11/X11WindowSystem.h"
 
-#include "platform/x11/WindowAge.h"
-#include "platform/x11/X11Displays.h"
 #include "platform/x11/X11FrameSetter.h"
+#include "platform/x11/X11Monitors.h"
+#include "platform/x11/X11WindowHandle.h"
 #include "platform/x11/X11WindowReader.h"
 
 #include <algorithm>
@@ -59,7 +59,7 @@ xcb_window_t windowToActivate(const X11Connection& connection, const QList<Windo
 X11WindowSystem::X11WindowSystem(const QByteArray& displayName, ApplicationIdentifier identify,
                                  BackgroundApplications background)
     : m_connection(displayName), m_applications(m_connection, std::move(identify)),
-      m_background(std::move(background))
+      m_displays(m_connection), m_background(std::move(background))
 {
     // The watches only sleep; one for every application of a large workspace, and then some.
     m_guards.setMaxThreadCount(64);
@@ -116,6 +116,14 @@ QList<RunningApplication> X11WindowSystem::runningApplications()
     return applications;
 }
 
+QList<RunningApplication> X11WindowSystem::applicationsWithWindows()
+{
+    QList<RunningApplication> applications = groupWindows(m_applications.read());
+    applications.removeIf(
+        [](const RunningApplication& application) { return application.windows.isEmpty(); });
+    return applications;
+}
+
 QList<RunningApplication> X11WindowSystem::runningApplications(const QString& bundleIdentifier)
 {
     const QList<IdentifiedWindow> all = m_applications.read();
@@ -142,7 +150,7 @@ void X11WindowSystem::activate(const RunningApplication& application)
 
 QList<DisplaySnapshot> X11WindowSystem::currentDisplays()
 {
-    return readDisplays(m_connection);
+    return m_displays.read();
 }
 
 QList<QList<WindowAttributes>>

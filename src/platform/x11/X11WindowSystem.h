@@ -6,6 +6,7 @@
 #include "platform/x11/WindowClaims.h"
 #include "platform/x11/X11Applications.h"
 #include "platform/x11/X11Connection.h"
+#include "platform/x11/X11Displays.h"
 #include "windows/WindowSystem.h"
 
 #include <QByteArray>
@@ -27,6 +28,7 @@ public:
     [[nodiscard]] bool isTrusted() const override;
     bool requestTrust() override;
     [[nodiscard]] QList<RunningApplication> runningApplications() override;
+    [[nodiscard]] QList<RunningApplication> applicationsWithWindows() override;
     [[nodiscard]] QList<RunningApplication>
     runningApplications(const QString& bundleIdentifier) override;
     void activate(const RunningApplication& application) override;
@@ -42,6 +44,7 @@ private:
     /// For all reading, on every thread; no events are selected on it.
     X11Connection m_connection;
     X11Applications m_applications;
+    X11Displays m_displays;
     BackgroundApplications m_background;
     /// The window by which the window manager showed itself last time.
     mutable std::atomic<xcb_window_t> m_managerWindow = 0;

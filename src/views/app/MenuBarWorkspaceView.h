@@ -10,8 +10,8 @@
 namespace trovell {
 
 /// A plain menu in the desktop's own rendering, which may take place in another process: what it
-/// shows is in its actions alone. The menu follows the store, the language, the appearance and the
-/// update controller, and looks once more when it is about to be shown.
+/// shows is in its actions alone. The menu follows the store, the language and the appearance, and
+/// looks at the store once more when it is about to be shown.
 class MenuBarWorkspaceView : public QObject {
     Q_OBJECT
 
@@ -38,18 +38,15 @@ private:
     };
 
     [[nodiscard]] QList<Line> linesOfStore() const;
-    void scheduleRebuild();
     void rebuild();
     void followStore();
     void addWorkspaces();
     void addCommands();
-    [[nodiscard]] QIcon icon(const QString& symbolName) const;
     void start(const QUuid& id) const;
 
     ViewEnvironment m_environment;
     QMenu m_menu;
     QList<Line> m_lines;
-    bool m_isRebuildScheduled = false;
 };
 
 } // namespace trovell

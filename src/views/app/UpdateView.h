@@ -6,7 +6,6 @@
 
 #include <QWidget>
 
-class QHBoxLayout;
 class QVBoxLayout;
 
 namespace trovell {
@@ -16,6 +15,7 @@ class ProgressBar;
 class ProgressRing;
 class PushButton;
 class TextLabel;
+class TrovellCardModifier;
 
 /// A window of its own, 480 wide and as high as its content. It shows itself and comes to the front
 /// at every check that is asked for. Closing it ends what runs and deletes an update that was not
@@ -28,26 +28,30 @@ public:
     UpdateView(const ViewEnvironment& environment, Updater& updater, QWidget* parent = nullptr);
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     bool event(QEvent* event) override;
 
 private:
     void build();
+    QLayout* buildHeading();
+    QWidget* buildNotes();
+    QLayout* buildButtons();
     void present();
-    void showState();
-    void showTexts();
-    void showProgress();
-    void showButtons();
-    void announce();
+    void showState(const UpdateState& state);
+    void showTexts(const UpdateState& state);
+    void showProgress(const UpdateState& state);
+    void enterPhase();
+    void takeNextStep();
     void fit();
 
     ViewEnvironment m_environment;
     Updater& m_updater;
-    UpdateState::Phase m_shownPhase = UpdateState::Phase::idle;
+    /// What was last announced.
+    QString m_announced;
     TextLabel* m_title;
     TextLabel* m_text;
+    TrovellCardModifier* m_notesCard;
     NotesArea* m_notes;
     ProgressRing* m_ring;
     ProgressBar* m_bar;

@@ -62,6 +62,11 @@ public:
         state.pressed = button()->isDown();
         state.hasPopup = button()->menu() != nullptr;
         state.expanded = button()->menu() && button()->menu()->isVisible();
+        if (const std::optional<bool> isDisclosed = button()->isDisclosed()) {
+            state.expandable = true;
+            state.expanded = *isDisclosed;
+            state.collapsed = !*isDisclosed;
+        }
         return state;
     }
 
@@ -157,13 +162,13 @@ QAccessibleInterface* makePart(const QString& className, QObject* object)
     const QStringView name = QStringView(className).sliced(9);
     if (name == u"Divider" || name == u"TrovellBrandMark" || name == u"Scrim")
         return new AccessibleDecoration(widget);
-    if (name == u"SymbolView")
+    if (name == u"SymbolView" || name == u"Picture")
         return makePicture(widget);
     if (name == u"ProgressRing")
         return new AccessibleProgress(widget);
     if (name == u"BannerFrame")
         return new QAccessibleWidget(widget, QAccessible::AlertMessage);
-    if (name == u"ChoiceRow" || name == u"TrovellCardModifier")
+    if (name == u"ChoiceRow" || name == u"TrovellCardModifier" || name == u"Group")
         return new QAccessibleWidget(widget, QAccessible::Grouping);
     if (name == u"StyledButton")
         return new AccessibleButton(static_cast<StyledButton*>(widget));
@@ -179,6 +184,13 @@ QAccessibleInterface* makePart(const QString& className, QObject* object)
 void installAccessibleParts()
 {
     QAccessible::installFactory(&makePart);
+}
+
+void announce(QWidget& widget, const QString& text)
+{
+    widget.setAccessibleName(text);
+    QAccessibleEvent event(&widget, QAccessible::Alert);
+    QAccessible::updateAccessibility(&event);
 }
 
 } // namespace trovell

@@ -1,9 +1,9 @@
 #include "views/style/BannerFrame.h"
 
+#include "views/style/Accessibility.h"
 #include "views/style/Painting.h"
 #include "views/style/VisualStyle.h"
 
-#include <QAccessible>
 #include <QPainter>
 
 namespace trovell {
@@ -21,9 +21,7 @@ void BannerFrame::setKind(Kind kind)
 
 void BannerFrame::announce(const QString& text)
 {
-    setAccessibleName(text);
-    QAccessibleEvent event(this, QAccessible::Alert);
-    QAccessible::updateAccessibility(&event);
+    trovell::announce(*this, text);
 }
 
 void BannerFrame::paintEvent(QPaintEvent*)

@@ -15,6 +15,8 @@ namespace {
 constexpr int rowPadding = 10;
 constexpr int checkColumn = 16;
 constexpr int checkGap = 9;
+constexpr int iconSize = 18;
+constexpr int iconGap = 9;
 constexpr int shortcutGap = 24;
 constexpr int separatorSpace = 5;
 
@@ -43,9 +45,21 @@ QString withoutMnemonic(QString text)
     return text;
 }
 
-int leadingInset(const QStyleOptionMenuItem& item)
+int leadingInset(const VisualStyle& visual, const QStyleOptionMenuItem& item)
 {
-    return item.menuHasCheckableItems ? checkColumn + checkGap : 0;
+    const int checks = item.menuHasCheckableItems ? checkColumn + checkGap : 0;
+    return checks + (item.icon.isNull() ? 0 : visual.scaledSum({iconSize, iconGap}));
+}
+
+/// `place` is as wide and high as the icon may be.
+void paintIcon(QPainter& painter, const QStyleOptionMenuItem& item, const QRect& place)
+{
+    const bool isCurrent = item.state & QStyle::State_Selected;
+    const bool isEnabled = item.state & QStyle::State_Enabled;
+    item.icon.paint(&painter, place, Qt::AlignCenter,
+                    !isEnabled  ? QIcon::Disabled
+                    : isCurrent ? QIcon::Selected
+                                : QIcon::Normal);
 }
 
 void paintSeparator(QPainter& painter, const VisualStyle& visual, const QRect& row)
@@ -104,10 +118,17 @@ void paintMenuItem(QPainter& painter, const VisualStyle& visual, const QStyleOpt
         visual.paintSymbol(painter,
                            place({content.left(), content.top(), checkColumn, content.height()}),
                            u"_ui/checkmark"_qs, colors.text);
+    const int inset = leadingInset(visual, item);
+    if (!item.icon.isNull()) {
+        const int room = visual.scaledSum({iconSize, iconGap});
+        paintIcon(painter, item,
+                  place({content.left() + inset - room, content.top(), visual.scaled(iconSize),
+                         content.height()}));
+    }
     const QStringList columns = withoutMnemonic(item.text).split(u'\t');
     const TextStyle style = visual.text(TextRole::body);
     painter.setLayoutDirection(item.direction);
-    paintLine(painter, place(content.adjusted(leadingInset(item), 0, 0, 0)), style, colors.text,
+    paintLine(painter, place(content.adjusted(inset, 0, 0, 0)), style, colors.text,
               columns.first());
     if (columns.size() > 1)
         paintLine(painter, place(content), style, colors.text, columns.at(1), Qt::AlignRight);
@@ -119,7 +140,7 @@ QSize menuItemSize(const VisualStyle& visual, const QStyleOptionMenuItem& item)
         return {2 * rowPadding, 2 * separatorSpace + 1};
     const TextStyle style = visual.text(TextRole::body);
     const QStringList columns = withoutMnemonic(item.text).split(u'\t');
-    int width = 2 * rowPadding + leadingInset(item) + textWidth(style, columns.first());
+    int width = 2 * rowPadding + leadingInset(visual, item) + textWidth(style, columns.first());
     if (columns.size() > 1)
         width += shortcutGap;
     return {width, visual.scaled(Tokens::Size::menuRow)};

@@ -35,6 +35,14 @@ Slider::Slider(const VisualStyle& visual, const QString& name, int minimum, int 
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
+void Slider::setEndLabels(const QString& low, const QString& high)
+{
+    m_lowLabel = low;
+    m_highLabel = high;
+    updateGeometry();
+    update();
+}
+
 QSize Slider::sizeHint() const
 {
     const QSize least = minimumSizeHint();

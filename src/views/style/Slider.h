@@ -17,6 +17,8 @@ public:
     Slider(const VisualStyle& visual, const QString& name, int minimum, int maximum,
            const QString& lowLabel, const QString& highLabel, QWidget* parent = nullptr);
 
+    void setEndLabels(const QString& low, const QString& high);
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
     /// The ring goes around the knob.

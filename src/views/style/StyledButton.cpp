@@ -3,6 +3,7 @@
 #include "views/style/Painting.h"
 #include "views/style/RaisedSurface.h"
 
+#include <QAccessible>
 #include <QKeyEvent>
 
 namespace trovell {
@@ -36,6 +37,17 @@ void StyledButton::showMenu()
         return;
     setDown(true);
     m_menu->openAtAnchor();
+}
+
+void StyledButton::setDisclosed(bool isDisclosed)
+{
+    if (m_isDisclosed == isDisclosed)
+        return;
+    m_isDisclosed = isDisclosed;
+    QAccessible::State change;
+    change.expanded = true;
+    QAccessibleStateChangeEvent event(this, change);
+    QAccessible::updateAccessibility(&event);
 }
 
 FocusOutline StyledButton::focusOutline() const

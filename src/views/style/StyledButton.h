@@ -7,6 +7,8 @@
 
 #include <QPushButton>
 
+#include <optional>
+
 namespace trovell {
 
 /// What the push-button-like controls share: hover fading in, a focus ring, Return and Space, a
@@ -23,6 +25,11 @@ public:
     void setMenu(PopupMenu* menu, Qt::Alignment edge = Qt::AlignLeft);
     PopupMenu* menu() const { return m_menu; }
     void showMenu();
+
+    /// Makes the button one that shows and hides something, and says whether that is shown now.
+    void setDisclosed(bool isDisclosed);
+    /// None for every other button.
+    std::optional<bool> isDisclosed() const { return m_isDisclosed; }
 
     FocusOutline focusOutline() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
@@ -50,6 +57,7 @@ private:
     const VisualStyle& m_visual;
     Fade m_hover;
     QPointer<PopupMenu> m_menu;
+    std::optional<bool> m_isDisclosed;
 };
 
 } // namespace trovell

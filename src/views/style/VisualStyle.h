@@ -35,7 +35,7 @@ class QPainter;
 /// What there is:
 ///   buttons    PushButton, ActionButton, LinkButton, SymbolLink, SymbolButton; menus: PopupMenu
 ///   fields     TextField, Picker, CheckBox, Switch, Slider, IconChoiceRow, SwatchRow
-///   pictures   SymbolView, TrovellBrandMark, ProgressRing, Divider
+///   pictures   SymbolView, TrovellBrandMark, ProgressRing, ProgressBar, Divider
 ///   texts      TextLabel, SelectableLabel; in own painting paintLine and Paragraph (TextStyle.h)
 ///   boxes      TrovellCardModifier, BannerFrame, ScrollArea; list rows: RowPainting.h
 ///   windows    Sheet, Alert

@@ -48,6 +48,16 @@ inline constexpr auto windowsSelected = u"%lld windows selected"_key;
 inline constexpr auto currentTimeout = u"Current timeout: %lld seconds"_key;
 inline constexpr auto version = u"Version %@"_key;
 
+// The guide of the first run.
+inline constexpr auto stepOfSteps = u"Step %lld of %lld"_key;
+
+// The update window, with the version or with sizes such as "12.3 MB".
+inline constexpr auto updateAvailable = u"Trovell %@ is available"_key;
+inline constexpr auto updateSize = u"The download has %@."_key;
+inline constexpr auto downloadingUpdate = u"Downloading Trovell %@…"_key;
+inline constexpr auto receivedOfSize = u"%@ of %@"_key;
+inline constexpr auto updateReady = u"Trovell %@ is ready to install"_key;
+
 // Texts that name the product's first platform; the English table says them for this one. The motto
 // is a value of the configuration.
 inline constexpr auto motto = u"Your Mac, ready in one click."_key;

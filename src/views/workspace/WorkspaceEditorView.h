@@ -3,24 +3,28 @@
 // thread.
 #pragma once
 
-#include "model/WorkspaceChoices.h"
-#include "views/ViewEnvironment.h"
 #include "views/style/Sheet.h"
-
-#include <QPointer>
+#include "views/ViewEnvironment.h"
+#include "views/workspace/OpenPanel.h"
+#include "views/workspace/WorkspaceEdits.h"
 
 namespace trovell {
 
-class TrovellWorkspace;
+class EditorItemsSection;
+class EditorLayoutSection;
+class PushButton;
+class TextField;
+class WorkspaceChoiceControls;
 
 class WorkspaceEditorView : public Sheet {
     Q_OBJECT
 
 public:
     /// `workspaceOrNull` is the one to edit; null makes a new one on save. `window` is any widget
-    /// of the window to cover. Open with `open()`; the sheet deletes itself after it has closed.
+    /// of the window to cover. `openPanel` is the desktop's unless given. Open with `open()`; the
+    /// sheet deletes itself after it has closed.
     WorkspaceEditorView(const ViewEnvironment& environment, TrovellWorkspace* workspaceOrNull,
-                        QWidget* window);
+                        QWidget* window, OpenPanel openPanel = {});
     ~WorkspaceEditorView() override;
 
 Q_SIGNALS:
@@ -28,8 +32,24 @@ Q_SIGNALS:
     void saved(trovell::TrovellWorkspace* workspace);
 
 private:
+    QWidget* makeHeader();
+    QWidget* makeBody();
+    QWidget* makeBasics();
+    QWidget* makeShortcut();
+    void showTitle();
+    void showSaveState();
+    void save();
+    [[nodiscard]] WorkspaceEdits edits() const;
+    void showError(const QString& reason);
+
     const ViewEnvironment m_environment;
-    QPointer<TrovellWorkspace> m_workspace;
+    const EditedWorkspace m_target;
+    PushButton* m_save;
+    TextField* m_name;
+    WorkspaceChoiceControls* m_choices;
+    EditorItemsSection* m_items;
+    EditorLayoutSection* m_layout;
+    bool m_savesAfterAdding = false;
 };
 
 } // namespace trovell
