@@ -50,20 +50,18 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    void buildColumn();
-    void connectHeader();
+    [[nodiscard]] QWidget* buildColumn();
+    void connectActions();
     void followServices();
-    void scheduleRefresh();
-    void refresh();
-    void refreshHeader();
-    void refreshReport();
-    void refreshPermission();
-    void checkMissing();
+    void scheduleShowing();
+    void showWorkspace();
+    void showReport();
+    void showPermission();
     void start();
 
     ViewEnvironment m_environment;
     QPointer<TrovellWorkspace> m_workspace;
-    bool m_isRefreshScheduled = false;
+    bool m_isShowingScheduled = false;
 
     ScrollArea* m_scrollArea;
     WorkspaceDetailHeader* m_header;

@@ -1,0 +1,26 @@
+// Says that windows cannot be restored for want of a permission, and what to do about it. Main
+// thread.
+#pragma once
+
+#include "views/style/BannerFrame.h"
+#include "views/ViewEnvironment.h"
+
+class QHBoxLayout;
+
+namespace trovell {
+
+class AccessibilityBanner : public BannerFrame {
+    Q_OBJECT
+
+public:
+    explicit AccessibilityBanner(const ViewEnvironment& environment, QWidget* parent = nullptr);
+
+    void setShown(bool isShown);
+
+private:
+    QHBoxLayout* buildButtons();
+
+    ViewEnvironment m_environment;
+};
+
+} // namespace trovell
