@@ -1,0 +1,117 @@
+#include "views/app/AboutSettingsView.h"
+
+#include "app/AppConfiguration.h"
+#include "views/app/CenteredColumn.h"
+#include "views/app/SymbolLabel.h"
+#include "views/style/SymbolLink.h"
+#include "views/style/TrovellBrandMark.h"
+#include "views/style/TrovellCardModifier.h"
+
+namespace trovell {
+
+namespace {
+
+constexpr int widestContent = 500;
+
+constexpr SymbolLabel::Look headingLook{
+    .symbolSize = 22, .symbolColor = ColorToken::brand, .role = TextRole::headline, .gap = 10};
+constexpr SymbolLabel::Look badgeLook{.symbolSize = 14,
+                                      .symbolColor = ColorToken::success,
+                                      .role = TextRole::caption,
+                                      .textColor = ColorToken::success,
+                                      .gap = 5};
+
+} // namespace
+
+AboutSettingsView::AboutSettingsView(const ViewEnvironment& environment, QWidget* parent)
+    : QWidget(parent), m_environment(environment)
+{
+    const Localization& words = environment.words;
+    const AppConfiguration& configuration = environment.dependencies.configuration();
+    auto* content = new CenteredColumn(environment.visual);
+    content->add(new TrovellBrandMark(environment.visual, 72), 0);
+    content->addText(TextRole::pageTitle, ColorToken::labelPrimary, widestContent, 10)
+        ->setText(u"Trovell"_qs);
+    TextLabel* motto =
+        content->addText(TextRole::title3, ColorToken::labelPrimary, widestContent, 2);
+    TextLabel* version =
+        content->addText(TextRole::caption, ColorToken::labelSecondary, widestContent, 4);
+    words.render(this, [&words, &configuration, motto, version] {
+        motto->setText(words.text(configuration.motto));
+        version->setText(words.text(phrases::version, versionText(configuration)));
+    });
+    content->add(buildLinks(), 14);
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins({});
+    column->setSpacing(16);
+    column->addWidget(content);
+    column->addWidget(buildPrivacyCard());
+    setMaximumWidth(widestContent);
+}
+
+QWidget* AboutSettingsView::buildLinks()
+{
+    const AppConfiguration& configuration = m_environment.dependencies.configuration();
+    auto* links = new QWidget;
+    auto* row = new QHBoxLayout(links);
+    row->setContentsMargins({});
+    row->setSpacing(6);
+    row->addWidget(buildLink(u"hand.raised"_qs, u"Privacy"_key, configuration.privacyURL));
+    row->addWidget(buildLink(u"doc.text"_qs, u"Terms"_key, configuration.termsURL));
+    row->addWidget(buildLink(u"questionmark.circle"_qs, u"Support"_key, configuration.supportURL));
+    return links;
+}
+
+QWidget* AboutSettingsView::buildLink(const QString& symbolName, TextKey<> label,
+                                      const QUrl& address)
+{
+    auto* link = new SymbolLink(m_environment.visual, symbolName, {}, ColorToken::link);
+    m_environment.words.renderText(link, label);
+    ResourceSystem* resources = &m_environment.dependencies.resources();
+    connect(link, &QAbstractButton::clicked, this,
+            [resources, address] { (void)resources->openResource(address); });
+    return link;
+}
+
+QWidget* AboutSettingsView::buildPrivacyCard()
+{
+    const Localization& words = m_environment.words;
+    auto* card = new TrovellCardModifier(m_environment.visual);
+    auto* heading = new SymbolLabel(m_environment.visual, u"lock.shield.fill"_qs, headingLook);
+    heading->label()->setWordWrap(true);
+    words.renderText(heading->label(), phrases::workspaceStaysHere);
+    auto* text =
+        new TextLabel(m_environment.visual, {}, TextRole::callout, ColorToken::labelSecondary);
+    text->setWordWrap(true);
+    words.renderText(
+        text,
+        u"Accessibility is used only to read and restore the windows you choose. Trovell does not upload your apps, files, window titles, or layouts."_key);
+    auto* column = new QVBoxLayout(card);
+    column->setContentsMargins({});
+    column->setSpacing(8);
+    column->addWidget(heading);
+    column->addWidget(text);
+    column->addSpacing(2);
+    column->addWidget(buildBadges());
+    return card;
+}
+
+QWidget* AboutSettingsView::buildBadges()
+{
+    auto* badges = new QWidget;
+    auto* row = new QHBoxLayout(badges);
+    row->setContentsMargins({});
+    row->setSpacing(8);
+    for (const TextKey<> promise : {u"No analytics"_key, u"No cloud"_key, u"No ads"_key}) {
+        auto* badge = new SymbolLabel(m_environment.visual, u"checkmark.circle.fill"_qs, badgeLook);
+        badge->label()->setWeight(QFont::Medium);
+        badge->setPill(ColorToken::successFill);
+        m_environment.words.renderText(badge->label(), promise);
+        row->addWidget(badge);
+    }
+    row->addStretch();
+    return badges;
+}
+
+} // namespace trovell

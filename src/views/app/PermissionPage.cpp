@@ -1,0 +1,92 @@
+#include "views/app/PermissionPage.h"
+
+#include "views/app/CenteredColumn.h"
+#include "views/app/SymbolLabel.h"
+#include "views/style/LinkButton.h"
+#include "views/style/PushButton.h"
+
+namespace trovell {
+
+namespace {
+
+constexpr int wrapWidth = 440;
+constexpr int gap = 18;
+constexpr int titleGap = 10;
+
+constexpr SymbolLabel::Look statusLook{.symbolSize = 16, .role = TextRole::callout};
+
+} // namespace
+
+PermissionPage::PermissionPage(const ViewEnvironment& environment, QWidget* parent)
+    : QWidget(parent), m_environment(environment),
+      m_symbol(new SymbolView(environment.visual, {}, 48)),
+      m_status(new SymbolLabel(environment.visual, {}, statusLook)),
+      m_request(new PushButton(environment.visual, {}, PushButton::Kind::prominent))
+{
+    const Localization& words = environment.words;
+    auto* content = new CenteredColumn(environment.visual);
+    content->add(m_symbol, 0);
+    words.renderText(
+        content->addText(TextRole::pageTitle, ColorToken::labelPrimary, wrapWidth, gap),
+        u"Allow window control"_key);
+    words.renderText(
+        content->addText(TextRole::body, ColorToken::labelPrimary, wrapWidth, titleGap),
+        u"Accessibility access lets Trovell read and restore window size and position. You can still launch workspace items without it."_key);
+    content->add(m_status, gap);
+    content->add(buildPrivacyLink(), gap);
+    content->add(buildButtons(), gap);
+
+    auto* middle = new QVBoxLayout(this);
+    middle->setContentsMargins({});
+    middle->addStretch();
+    middle->addWidget(content);
+    middle->addStretch();
+    words.render(this, [this] { showPermission(); });
+    connect(&environment.dependencies.accessibility(),
+            &AccessibilityPermissionManager::isTrustedChanged, this,
+            &PermissionPage::showPermission);
+}
+
+QWidget* PermissionPage::buildPrivacyLink()
+{
+    auto* link = new LinkButton(m_environment.visual, {});
+    m_environment.words.renderText(link, u"Read the privacy explanation"_key);
+    connect(link, &QAbstractButton::clicked, this, &PermissionPage::privacyRequested);
+    return link;
+}
+
+QWidget* PermissionPage::buildButtons()
+{
+    auto* settings = new PushButton(m_environment.visual, {});
+    m_environment.words.renderText(m_request, u"Request Permission"_key);
+    m_environment.words.renderText(settings, u"Open System Settings"_key);
+    AccessibilityPermissionManager* accessibility = &m_environment.dependencies.accessibility();
+    connect(m_request, &QAbstractButton::clicked, accessibility,
+            &AccessibilityPermissionManager::requestAccess);
+    connect(settings, &QAbstractButton::clicked, accessibility,
+            &AccessibilityPermissionManager::openSystemSettings);
+
+    auto* buttons = new QWidget;
+    auto* row = new QHBoxLayout(buttons);
+    row->setContentsMargins({});
+    row->setSpacing(10);
+    row->addWidget(m_request);
+    row->addWidget(settings);
+    return buttons;
+}
+
+void PermissionPage::showPermission()
+{
+    const Localization& words = m_environment.words;
+    const bool isGranted = m_environment.dependencies.accessibility().isTrusted();
+    m_symbol->setSymbol(isGranted ? u"checkmark.shield.fill"_qs : u"macwindow.on.rectangle"_qs);
+    m_symbol->setColor(isGranted ? ColorToken::successIcon : ColorToken::brand);
+    m_status->symbol()->setSymbol(isGranted ? u"checkmark.circle.fill"_qs : u"lock.fill"_qs);
+    m_status->symbol()->setColor(isGranted ? ColorToken::successIcon : ColorToken::labelSecondary);
+    m_status->label()->setColor(isGranted ? ColorToken::success : ColorToken::labelSecondary);
+    m_status->label()->setText(isGranted ? words.text(u"Access granted"_key)
+                                         : words.text(phrases::workspaceDataStaysHere));
+    m_request->setEnabled(!isGranted);
+}
+
+} // namespace trovell

@@ -1,0 +1,38 @@
+// The page of the guide that asks for window control. Main thread.
+#pragma once
+
+#include "views/ViewEnvironment.h"
+
+#include <QWidget>
+
+namespace trovell {
+
+class PushButton;
+class SymbolLabel;
+class SymbolView;
+class TextLabel;
+
+/// Follows the permission.
+class PermissionPage : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit PermissionPage(const ViewEnvironment& environment, QWidget* parent = nullptr);
+
+    [[nodiscard]] PushButton* requestButton() const { return m_request; }
+
+Q_SIGNALS:
+    void privacyRequested();
+
+private:
+    QWidget* buildPrivacyLink();
+    QWidget* buildButtons();
+    void showPermission();
+
+    ViewEnvironment m_environment;
+    SymbolView* m_symbol;
+    SymbolLabel* m_status;
+    PushButton* m_request;
+};
+
+} // namespace trovell

@@ -1,0 +1,54 @@
+#include "views/app/SettingsCard.h"
+
+#include "views/style/Divider.h"
+
+#include <QVBoxLayout>
+
+namespace trovell {
+
+namespace {
+
+constexpr int leastRowHeight = 44;
+// The trailing controls have a box of their own, which looks right a little nearer to the edge.
+constexpr QMargins rowPadding(17, 0, 15, 0);
+constexpr QMargins columnPadding(17, 11, 15, 11);
+constexpr int rowGap = 12;
+constexpr int columnGap = 5;
+
+} // namespace
+
+SettingsCard::SettingsCard(const VisualStyle& visual, QWidget* parent)
+    : TrovellCardModifier(visual, parent), m_visual(visual), m_rows(new QVBoxLayout(this))
+{
+    setPadding(1);
+    m_rows->setContentsMargins({});
+    m_rows->setSpacing(0);
+}
+
+QWidget* SettingsCard::addPlace()
+{
+    if (m_rows->count() > 0)
+        m_rows->addWidget(new Divider(m_visual));
+    auto* place = new QWidget;
+    place->setMinimumHeight(leastRowHeight);
+    m_rows->addWidget(place);
+    return place;
+}
+
+QHBoxLayout* SettingsCard::addRow()
+{
+    auto* row = new QHBoxLayout(addPlace());
+    row->setContentsMargins(rowPadding);
+    row->setSpacing(rowGap);
+    return row;
+}
+
+QVBoxLayout* SettingsCard::addColumn()
+{
+    auto* column = new QVBoxLayout(addPlace());
+    column->setContentsMargins(columnPadding);
+    column->setSpacing(columnGap);
+    return column;
+}
+
+} // namespace trovell

@@ -1,0 +1,76 @@
+#include "views/app/SettingsView.h"
+
+#include "views/app/AboutSettingsView.h"
+#include "views/app/GeneralSettingsView.h"
+#include "views/app/SettingsPageModifier.h"
+#include "views/app/SettingsTabBar.h"
+#include "views/app/UpdateSettingsView.h"
+#include "views/style/Painting.h"
+
+#include <QPainter>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+namespace trovell {
+
+namespace {
+
+constexpr QSize windowSize(680, 560);
+constexpr QMargins tabMargins(8, 8, 8, 8);
+
+} // namespace
+
+SettingsView::SettingsView(const ViewEnvironment& environment, QWidget* parent)
+    : QWidget(parent), m_environment(environment), m_tabs(new SettingsTabBar(environment.visual)),
+      m_pages(new QStackedWidget)
+{
+    setFixedSize(windowSize);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins({});
+    column->setSpacing(0);
+    auto* row = new QHBoxLayout;
+    row->setContentsMargins(tabMargins);
+    row->addStretch();
+    row->addWidget(m_tabs);
+    row->addStretch();
+    column->addLayout(row);
+    column->addWidget(m_pages, 1);
+    addPage(u"gearshape"_qs, u"General"_key, new GeneralSettingsView(environment));
+    addPage(u"arrow.triangle.2.circlepath"_qs, u"Updates"_key, new UpdateSettingsView(environment));
+    addPage(u"info.circle"_qs, u"About"_key, new AboutSettingsView(environment));
+    connect(m_tabs, &QTabBar::currentChanged, m_pages, &QStackedWidget::setCurrentIndex);
+    environment.words.render(this,
+                             [this] { setWindowTitle(m_environment.words.text(u"Settings"_key)); });
+}
+
+void SettingsView::addPage(const QString& symbolName, TextKey<> label, QWidget* content)
+{
+    m_pages->addWidget(new SettingsPageModifier(content));
+    const int index = m_tabs->addSymbolTab(symbolName);
+    m_environment.words.render(m_tabs, [this, index, label] {
+        m_tabs->setTabText(index, m_environment.words.text(label));
+    });
+}
+
+SettingsView::Page SettingsView::page() const
+{
+    return static_cast<Page>(m_tabs->currentIndex());
+}
+
+void SettingsView::showPage(Page page)
+{
+    m_tabs->setCurrentIndex(static_cast<int>(page));
+}
+
+void SettingsView::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    const VisualStyle& visual = m_environment.visual;
+    painter.fillRect(rect(), visual.pageBackground());
+    const QRect strip(0, 0, width(), m_pages->y());
+    painter.fillRect(strip, visual.color(ColorToken::sidebarBackground));
+    paintHairline(painter, {0.0, strip.height() - 1.0, strip.width() * 1.0, 1.0},
+                  visual.color(ColorToken::separator));
+}
+
+} // namespace trovell
