@@ -1,0 +1,62 @@
+#include "views/app/RootView.h"
+
+#include "app/PreferenceStore.h"
+#include "views/app/OnboardingView.h"
+#include "views/workspace/MainWorkspaceView.h"
+
+#include <QGuiApplication>
+#include <QVBoxLayout>
+
+namespace trovell {
+
+namespace {
+
+const QString completedKey = QStringLiteral("onboarding.completed");
+
+} // namespace
+
+RootView::RootView(const ViewEnvironment& environment, QWidget* parent)
+    : QWidget(parent), m_environment(environment),
+      m_workspaces(new MainWorkspaceView(environment, this))
+{
+    auto* room = new QVBoxLayout(this);
+    room->setContentsMargins({});
+    room->addWidget(m_workspaces);
+    connect(m_workspaces, &MainWorkspaceView::settingsRequested, this,
+            &RootView::settingsRequested);
+    connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, &RootView::refreshWhenActive);
+}
+
+void RootView::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    // The window itself is shown after its content, and a sheet only over a window that is there.
+    QMetaObject::invokeMethod(this, &RootView::appear, Qt::QueuedConnection);
+}
+
+void RootView::appear()
+{
+    if (!m_hasAppeared)
+        m_environment.dependencies.accessibility().refresh();
+    m_hasAppeared = true;
+    presentOnboarding();
+}
+
+void RootView::presentOnboarding()
+{
+    PreferenceStore& defaults = m_environment.dependencies.defaults();
+    if (defaults.value(completedKey).toBool(false) || m_onboarding || !isVisible())
+        return;
+    m_onboarding = new OnboardingView(m_environment, this);
+    connect(m_onboarding, &QDialog::finished, this,
+            [&defaults] { defaults.setValue(completedKey, true); });
+    m_onboarding->open();
+}
+
+void RootView::refreshWhenActive(Qt::ApplicationState state)
+{
+    if (state == Qt::ApplicationActive)
+        m_environment.dependencies.accessibility().refresh();
+}
+
+} // namespace trovell
