@@ -16,13 +16,16 @@ template <class Interface, class Fake> Fake* adopt(std::unique_ptr<Interface>& p
 
 } // namespace
 
-ViewFixture::ViewFixture()
+ViewFixture::ViewFixture(const AppConfiguration& configuration)
     : windows(adopt<WindowSystem, FakeWindowSystem>(m_platform.windowSystem)),
       resources(adopt<ResourceSystem, FakeResourceSystem>(m_platform.resourceSystem)),
       hotKeys(adopt<HotKeySystem, FakeHotKeySystem>(m_platform.hotKeySystem)),
       loginItem(adopt<LoginItemSystem, FakeLoginItemSystem>(m_platform.loginItemSystem)),
+      m_configuration(configuration),
       m_defaults(std::make_unique<PreferenceStore>(folder.filePath(u"preferences.json"_qs))),
-      m_visual(std::make_unique<VisualStyle>()), m_words(std::make_unique<Localization>())
+      m_visual(std::make_unique<VisualStyle>()),
+      m_words(std::make_unique<Localization>(QStringList{QStringLiteral(TROVELL_TEST_LANGUAGES),
+                                                         QStringLiteral(":/trovell/translations")}))
 {
     m_visual->install(*qApp);
     m_visual->setAnimationReduced(true);
@@ -32,7 +35,7 @@ ViewFixture::ViewFixture()
         qFatal("%s", qPrintable(description(store.error())));
     m_store = std::move(*store);
     m_dependencies =
-        std::make_unique<AppDependencies>(m_platform, *m_defaults, clock, appConfiguration());
+        std::make_unique<AppDependencies>(m_platform, *m_defaults, clock, m_configuration);
     m_query = std::make_unique<WorkspaceQuery>(context());
     m_icons = std::make_unique<ApplicationIcons>(*resources);
     m_environment = std::make_unique<ViewEnvironment>(

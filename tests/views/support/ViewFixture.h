@@ -23,8 +23,9 @@ namespace trovell::test {
 
 class ViewFixture {
 public:
-    /// Needs the application object; animations are off.
-    ViewFixture();
+    /// Needs the application object. Animations are off; the language is English, and the test
+    /// languages "en-XA" and "ar-XB" can be chosen.
+    explicit ViewFixture(const AppConfiguration& configuration = appConfiguration());
     ~ViewFixture();
 
     QTemporaryDir folder;
@@ -56,6 +57,7 @@ public:
 private:
     StoreFaultVfs m_disk;
     PlatformAdapters m_platform;
+    const AppConfiguration m_configuration;
     std::unique_ptr<PreferenceStore> m_defaults;
     std::unique_ptr<VisualStyle> m_visual;
     std::unique_ptr<Localization> m_words;
