@@ -5,7 +5,6 @@
 #include "PeerProgram.h"
 #include "platform/x11/X11WindowSystem.h"
 #include "Samples.h"
-#include <algorithm>
 
 #include <QCoreApplication>
 #include <QCoro/QCoroTask>
@@ -94,31 +93,6 @@ void measureWindows(Report& report, CrowdedDesktop& crowd, int windows)
     auto* system = dynamic_cast<X11WindowSystem*>(&crowd.session().windowSystem());
     if (!system)
         return report.fail(QStringLiteral("The X11 adapter"));
-    {
-        const auto us = [&](auto&& f) {
-            std::vector<double> v;
-            for (int i = 0; i < 60; ++i)
-                v.push_back(secondsOf(f) * 1e6);
-            std::sort(v.begin(), v.end());
-            return v[30];
-        };
-        const auto apps = system->runningApplications();
-        fprintf(stderr,
-                "%d: trusted %.0f displays %.0f running %.0f running1 %.0f read %.0f make %.0f "
-                "whole %.0f\n",
-                windows, us([&] { (void)system->isTrusted(); }),
-                us([&] { (void)system->currentDisplays(); }),
-                us([&] { (void)system->runningApplications(); }), us([&] {
-                    (void)system->runningApplications(QStringLiteral("org.example.Application1"));
-                }),
-                us([&] { (void)system->readWindows(apps); }), us([&] {
-                    for (auto& a : apps)
-                        (void)makeCapturedApplication(a, {}, {});
-                }),
-                us([&] { (void)capturedWindows(service); }));
-        if (qEnvironmentVariableIsSet("ONLY_BREAKDOWN"))
-            return;
-    }
     bool isWrong = false;
     const auto timed = [&](auto&& capture) {
         return secondsOf([&] { isWrong |= capture() != windows; });
