@@ -1,0 +1,85 @@
+#include "views/workspace/WorkspaceDetailColumn.h"
+
+#include "views/style/Divider.h"
+#include "views/style/ScrollArea.h"
+#include "views/workspace/AddWorkspaceButton.h"
+#include "views/workspace/WorkspaceDetailView.h"
+#include "views/workspace/WorkspaceEmptyView.h"
+
+#include <QScrollBar>
+#include <QStackedLayout>
+#include <QVBoxLayout>
+
+namespace trovell {
+
+namespace {
+
+constexpr int buttonInset = 24;
+
+} // namespace
+
+WorkspaceDetailColumn::WorkspaceDetailColumn(const ViewEnvironment& environment, QWidget* parent)
+    : QWidget(parent), m_environment(environment), m_hairline(new Divider(environment.visual)),
+      m_pages(new QStackedLayout)
+{
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins({});
+    column->setSpacing(0);
+    column->addWidget(buildToolbar());
+    column->addLayout(m_pages, 1);
+
+    m_detail = new WorkspaceDetailView(environment, this);
+    m_empty = new WorkspaceEmptyView(environment, this);
+    // In the middle of the window, toolbar included.
+    m_empty->setContentsMargins(0, 0, 0, environment.visual.tokens().size(Tokens::Size::toolbar));
+    m_pages->addWidget(m_detail);
+    m_pages->addWidget(m_empty);
+    connect(m_empty, &WorkspaceEmptyView::createRequested, this,
+            &WorkspaceDetailColumn::createRequested);
+    connect(m_empty, &WorkspaceEmptyView::captureRequested, this,
+            &WorkspaceDetailColumn::captureRequested);
+    connect(m_detail->scrollArea()->verticalScrollBar(), &QScrollBar::valueChanged, this,
+            &WorkspaceDetailColumn::showScrolled);
+}
+
+QWidget* WorkspaceDetailColumn::buildToolbar()
+{
+    auto* toolbar = new QWidget(this);
+    toolbar->setFixedHeight(m_environment.visual.tokens().size(Tokens::Size::toolbar));
+    auto* add = new AddWorkspaceButton(m_environment);
+    connect(add, &AddWorkspaceButton::createRequested, this,
+            &WorkspaceDetailColumn::createRequested);
+    connect(add, &AddWorkspaceButton::captureRequested, this,
+            &WorkspaceDetailColumn::captureRequested);
+    auto* row = new QHBoxLayout;
+    row->setContentsMargins(0, 0, buttonInset, 0);
+    row->addStretch();
+    row->addWidget(add);
+    // Always there, so that nothing moves when it is drawn.
+    QSizePolicy policy = m_hairline->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    m_hairline->setSizePolicy(policy);
+    m_hairline->hide();
+    auto* column = new QVBoxLayout(toolbar);
+    column->setContentsMargins({});
+    column->setSpacing(0);
+    column->addLayout(row, 1);
+    column->addWidget(m_hairline);
+    return toolbar;
+}
+
+void WorkspaceDetailColumn::show(TrovellWorkspace* workspace, const std::optional<QString>& notice)
+{
+    m_detail->setWorkspace(workspace);
+    m_detail->setNotice(notice);
+    m_pages->setCurrentIndex(workspace ? 0 : 1);
+    showScrolled();
+}
+
+void WorkspaceDetailColumn::showScrolled()
+{
+    const bool isDetail = m_pages->currentIndex() == 0;
+    m_hairline->setVisible(isDetail && m_detail->scrollArea()->verticalScrollBar()->value() > 0);
+}
+
+} // namespace trovell
