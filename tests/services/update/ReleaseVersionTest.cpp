@@ -43,83 +43,46 @@ class ReleaseVersionTest : public QObject {
 
 private Q_SLOTS:
     void ordersRisingVersions();
-    void takesSpellingsForEqual_data();
     void takesSpellingsForEqual();
-    void rejects_data();
     void rejects();
     void ordersTotally();
 };
 
 void ReleaseVersionTest::ordersRisingVersions()
 {
-    const QStringList rising{u"0"_qs,
-                             u"0.0.1-alpha"_qs,
-                             u"0.0.1"_qs,
-                             u"0.9"_qs,
-                             u"0.10"_qs,
-                             u"1.0-1"_qs,
-                             u"1.0-2"_qs,
-                             u"1.0-10"_qs,
-                             u"1.0a"_qs,
-                             u"1.0-alpha.1"_qs,
-                             u"1.0-beta"_qs,
-                             u"1.0beta.0"_qs,
-                             u"1.0-beta.2"_qs,
-                             u"1.0-beta.10"_qs,
-                             u"1.0beta10x"_qs,
-                             u"1.0-BETB"_qs,
-                             u"1.0rc1"_qs,
-                             u"1.0"_qs,
-                             u"1.0.1"_qs,
-                             u"1.1"_qs,
-                             u"2"_qs,
-                             u"20261122"_qs,
-                             u"18446744073709551615"_qs,
-                             u"18446744073709551616"_qs};
+    const QStringList rising =
+        u"0 0.0.1-alpha 0.0.1 0.9 0.10 1.0-1 1.0-2 1.0-10 1.0a 1.0-alpha.1 1.0-beta 1.0beta.0 "
+        "1.0-beta.2 1.0-beta.10 1.0beta10x 1.0-BETB 1.0rc1 1.0 1.0.1 1.1 2 20261122 "
+        "18446744073709551615 18446744073709551616"_qs.split(u' ');
     for (qsizetype left = 0; left < rising.size(); ++left)
         for (qsizetype right = 0; right < rising.size(); ++right)
             QVERIFY2((version(rising[left]) <=> version(rising[right])) == (left <=> right),
                      qPrintable(rising[left] + u" and "_qs + rising[right]));
 }
 
-void ReleaseVersionTest::takesSpellingsForEqual_data()
-{
-    QTest::addColumn<QString>("left");
-    QTest::addColumn<QString>("right");
-    QTest::newRow("missing numbers") << u"1.4"_qs << u"1.4.0.0"_qs;
-    QTest::newRow("leading zeros") << u"1.04"_qs << u"1.4"_qs;
-    QTest::newRow("letter in front") << u"v1.4"_qs << u"1.4"_qs;
-    QTest::newRow("case") << u"1.4-RC1"_qs << u"1.4-rc1"_qs;
-    QTest::newRow("separators") << u"1.4.0beta2"_qs << u"1.4-beta.2"_qs;
-    QTest::newRow("build") << u"1.4+7f3a"_qs << u"1.4"_qs;
-    QTest::newRow("build of a pre-release") << u"1.4-b+7f3a"_qs << u"1.4-b"_qs;
-    QTest::newRow("nothing but zeros") << u"0.0"_qs << u"0"_qs;
-}
-
 void ReleaseVersionTest::takesSpellingsForEqual()
 {
-    QFETCH(QString, left);
-    QFETCH(QString, right);
-    QCOMPARE(version(left), version(right));
-    QVERIFY((version(left) <=> version(right)) == 0);
+    const QList<std::pair<QString, QString>> pairs{{u"1.4"_qs, u"1.4.0.0"_qs},
+                                                   {u"1.04"_qs, u"1.4"_qs},
+                                                   {u"v1.4"_qs, u"1.4"_qs},
+                                                   {u"1.4-RC1"_qs, u"1.4-rc1"_qs},
+                                                   {u"1.4.0beta2"_qs, u"1.4-beta.2"_qs},
+                                                   {u"1.4+7f3a"_qs, u"1.4"_qs},
+                                                   {u"1.4-b+7f3a"_qs, u"1.4-b"_qs},
+                                                   {u"0.0"_qs, u"0"_qs}};
+    for (const auto& [left, right] : pairs)
+        QCOMPARE(version(left), version(right));
 }
 
-void ReleaseVersionTest::rejects_data()
+void ReleaseVersionTest::rejects()
 {
-    QTest::addColumn<QString>("text");
     const QStringList texts{u""_qs,     u"v"_qs,     u"beta"_qs,   u".1"_qs,
                             u"1."_qs,   u"1..2"_qs,  u"-1"_qs,     u"1 2"_qs,
                             u" 1"_qs,   u"1\n"_qs,   u"1.2-"_qs,   u"1.2-."_qs,
                             u"1.2+"_qs, u"1.2b."_qs, u"1,2"_qs,    u"1.2-ü"_qs,
                             u"١.٢"_qs,  u"1.2/3"_qs, u"1.2--3"_qs, QString(101, u'1')};
     for (const QString& text : texts)
-        QTest::newRow(text.left(10).toUtf8().toPercentEncoding().constData()) << text;
-}
-
-void ReleaseVersionTest::rejects()
-{
-    QFETCH(QString, text);
-    QVERIFY(!ReleaseVersion::parse(text));
+        QVERIFY2(!ReleaseVersion::parse(text), qPrintable(text));
 }
 
 void ReleaseVersionTest::ordersTotally()

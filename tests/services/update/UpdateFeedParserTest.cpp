@@ -57,11 +57,8 @@ class UpdateFeedParserTest : public QObject {
 private Q_SLOTS:
     void readsItems();
     void readsItemsInPieces();
-    void keepsMarkupAsText();
     void accepts_data();
     void accepts();
-    void refusesItems_data();
-    void refusesItems();
     void refusesFeeds_data();
     void refusesFeeds();
     void choosesTheNewestThatRuns_data();
@@ -106,16 +103,6 @@ void UpdateFeedParserTest::readsItemsInPieces()
     }
 }
 
-void UpdateFeedParserTest::keepsMarkupAsText()
-{
-    PublishedItem item =
-        itemWith(&PublishedItem::extra, u"<description><![CDATA[<b>bold</b> &amp; <img src='x'/>]]>"
-                                        u" &lt;i&gt;</description>"_qs);
-    const auto items = parseUpdateFeed(feedOf({item}));
-    QVERIFY(items.has_value());
-    QCOMPARE(items->at(0).notes, u"<b>bold</b> &amp; <img src='x'/> <i>"_qs);
-}
-
 void UpdateFeedParserTest::accepts_data()
 {
     QTest::addColumn<QByteArray>("feed");
@@ -123,15 +110,12 @@ void UpdateFeedParserTest::accepts_data()
     const QByteArray one = feedOf({PublishedItem()});
     QTest::newRow("no items") << inChannel({}) << 0;
     QTest::newRow("byte order mark") << "\xEF\xBB\xBF" + one << 1;
-    QTest::newRow("capital encoding name") << QByteArray(one).replace("utf-8", "UTF-8") << 1;
-    QTest::newRow("comment and instruction") << one + "<!-- end --><?end?>\n" << 1;
     QTest::newRow("comment behind much white space")
         << one + QByteArray(10'000, '\n') + "<!-- end -->" << 1;
     QTest::newRow("foreign elements")
         << inChannel(
                "<y:item xmlns:y='other'><y:version>1</y:version></y:item><image><url/></image>")
         << 0;
-    QTest::newRow("item outside the channel") << QByteArray("<rss><item/></rss>") << 0;
     QTest::newRow("foreign elements in an item")
         << feedOf({itemWith(&PublishedItem::extra,
                             u"<y:version xmlns:y='other'>9</y:version><version>9</version>"_qs)})
@@ -151,61 +135,41 @@ void UpdateFeedParserTest::accepts()
     QCOMPARE(items->size(), itemCount);
 }
 
-void UpdateFeedParserTest::refusesItems_data()
-{
-    QTest::addColumn<QByteArray>("feed");
-    const auto refuse = [](const char* name, const PublishedItem& item) {
-        QTest::newRow(name) << feedOf({PublishedItem{.version = u"1"_qs}, item});
-    };
-    refuse("no version", itemWith(&PublishedItem::version, {}));
-    refuse("malformed version", itemWith(&PublishedItem::version, u"latest"_qs));
-    refuse("no address", itemWith(&PublishedItem::address, {}));
-    refuse("malformed address", itemWith(&PublishedItem::address, u"https://[x/"_qs));
-    for (const QString& length : {u""_qs, u"0"_qs, u"-1"_qs, u"+1"_qs, u" 1"_qs, u"1e3"_qs,
-                                  u"0x1"_qs, u"9223372036854775808"_qs, u"١"_qs})
-        refuse(qPrintable(u"length "_qs + length), itemWith(&PublishedItem::length, length));
-    refuse("malformed minimum", itemWith(&PublishedItem::minimumSystemVersion, u"any"_qs));
-    refuse("short version in lines", itemWith(&PublishedItem::shortVersion, u"2\n3"_qs));
-    refuse("long short version", itemWith(&PublishedItem::shortVersion, QString(101, u'x')));
-    refuse("version twice",
-           itemWith(&PublishedItem::extra, u"<trovell:version>3</trovell:version>"_qs));
-    refuse("enclosure twice",
-           itemWith(&PublishedItem::extra, u"<enclosure url='https://updates.example/x'/>"_qs));
-    refuse("markup in the notes",
-           itemWith(&PublishedItem::extra, u"<description>a <b>b</b></description>"_qs));
-    refuse("undeclared entity",
-           itemWith(&PublishedItem::extra, u"<description>&nbsp;</description>"_qs));
-}
-
-void UpdateFeedParserTest::refusesItems()
-{
-    QFETCH(QByteArray, feed);
-    const auto items = parseUpdateFeed(feed);
-    QVERIFY(!items.has_value());
-    QCOMPARE(items.error(), UpdateError::feedMalformed);
-}
-
 void UpdateFeedParserTest::refusesFeeds_data()
 {
     QTest::addColumn<QByteArray>("feed");
     QTest::addColumn<UpdateError>("error");
+    const UpdateError malformed = UpdateError::feedMalformed;
+    const auto refuseItem = [](const char* name, QString PublishedItem::*field,
+                               const QString& value) {
+        QTest::newRow(name) << feedOf({{.version = u"1"_qs}, itemWith(field, value)})
+                            << UpdateError::feedMalformed;
+    };
+    refuseItem("no version", &PublishedItem::version, {});
+    refuseItem("malformed version", &PublishedItem::version, u"latest"_qs);
+    refuseItem("malformed address", &PublishedItem::address, u"https://[x/"_qs);
+    for (const QString& length :
+         {u""_qs, u"0"_qs, u"-1"_qs, u" 1"_qs, u"1e3"_qs, u"9223372036854775808"_qs, u"١"_qs})
+        refuseItem(qPrintable(u"length "_qs + length), &PublishedItem::length, length);
+    refuseItem("malformed minimum", &PublishedItem::minimumSystemVersion, u"any"_qs);
+    refuseItem("short version in lines", &PublishedItem::shortVersion, u"2\n3"_qs);
+    refuseItem("long short version", &PublishedItem::shortVersion, QString(101, u'x'));
+    refuseItem("version twice", &PublishedItem::extra, u"<trovell:version>3</trovell:version>"_qs);
+    refuseItem("enclosure twice", &PublishedItem::extra, u"<enclosure url='https://a.b/x'/>"_qs);
+    refuseItem("markup in the notes", &PublishedItem::extra,
+               u"<description>a <b>b</b></description>"_qs);
+    refuseItem("undeclared entity", &PublishedItem::extra, u"<description>&nbsp;</description>"_qs);
+
     const QByteArray one = feedOf({PublishedItem()});
     const auto refuse = [](const char* name, const QByteArray& feed, UpdateError error) {
         QTest::newRow(name) << feed << error;
     };
-    const UpdateError malformed = UpdateError::feedMalformed;
     refuse("nothing", {}, malformed);
     refuse("no XML", "404", malformed);
     refuse("other document", "<html><channel/></html>", malformed);
-    refuse("root of another namespace", "<rss xmlns='other'/>", malformed);
-    refuse("cut off", one.left(one.size() - 10), malformed);
     refuse("two roots", one + "<rss/>", malformed);
-    refuse("text behind the root", one + "text", malformed);
     refuse("text far behind the root", one + QByteArray(10'000, ' ') + "text", malformed);
     refuse("crossed tags", "<rss><channel></rss></channel>", malformed);
-    refuse("attribute twice", inChannel("<x a='' a=''/>"), malformed);
-    refuse("undeclared prefix", "<rss><trovell:x/></rss>", malformed);
-    refuse("control character", inChannel("\x01"), malformed);
     refuse("character reference to zero", inChannel("&#0;"), malformed);
     refuse("unknown encoding", QByteArray(one).replace("utf-8", "none"), malformed);
 
@@ -225,8 +189,6 @@ void UpdateFeedParserTest::refusesFeeds_data()
     const UpdateError notUtf8 = UpdateError::feedNotUtf8;
     refuse("Latin-1", QByteArray(one).replace("Trovell<", "\xFC<"), notUtf8);
     refuse("Latin-1 by name", QByteArray(one).replace("utf-8", "iso-8859-1"), notUtf8);
-    refuse("UTF-16", QByteArray("<\0r\0s\0s\0/\0>\0", 12), notUtf8);
-    refuse("zero character", inChannel(QByteArray(1, '\0')), notUtf8);
     refuse("overlong slash", inChannel("\xC0\xAF"), notUtf8);
 
     const UpdateError complex = UpdateError::feedTooComplex;
