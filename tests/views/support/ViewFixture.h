@@ -22,6 +22,9 @@
 namespace trovell::test {
 
 class ViewFixture {
+    /// Before the pointers to what is put into it.
+    PlatformAdapters m_platform;
+
 public:
     /// Needs the application object. Animations are off; the language is English, and the test
     /// languages "en-XA" and "ar-XB" can be chosen.
@@ -56,7 +59,6 @@ public:
 
 private:
     StoreFaultVfs m_disk;
-    PlatformAdapters m_platform;
     const AppConfiguration m_configuration;
     std::unique_ptr<PreferenceStore> m_defaults;
     std::unique_ptr<VisualStyle> m_visual;
