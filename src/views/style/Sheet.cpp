@@ -89,6 +89,14 @@ void Sheet::setFooter(QWidget* footer)
     m_footerRule->show();
 }
 
+void Sheet::setFooterVisible(bool isVisible)
+{
+    m_footer->setVisible(isVisible);
+    m_footerRule->setVisible(isVisible);
+    fit();
+    layOut();
+}
+
 void Sheet::setBoxSize(const QSize& size)
 {
     m_boxSize = size;
@@ -113,11 +121,13 @@ void Sheet::setInitialFocus(QWidget* widget)
 void Sheet::showCloseButton(const QString& accessibleName)
 {
     if (!m_closeButton) {
-        m_closeButton = new SymbolButton(m_visual, u"xmark"_qs, accessibleName,
-                                         SymbolButton::Kind::plain, this);
+        m_closeButton =
+            new SymbolButton(m_visual, u"xmark"_qs, {}, SymbolButton::Kind::plain, this);
         m_closeButton->setSizes(28, closeSymbolSize);
         connect(m_closeButton, &QAbstractButton::clicked, this, &Sheet::cancel);
     }
+    m_closeButton->setAccessibleName(accessibleName);
+    m_closeButton->setToolTip(accessibleName);
     m_closeButton->show();
     layOut();
 }
@@ -195,9 +205,15 @@ QSize Sheet::wantedBoxSize() const
     if (m_boxSize.height() > 0)
         return m_boxSize;
     const int width = m_boxSize.width();
-    const int rules = (m_header ? 1 : 0) + (m_footer ? 1 : 0);
-    return {width, heightAtWidth(m_header, width) + heightAtWidth(m_body, width) +
-                       heightAtWidth(m_footer, width) + rules};
+    return {width, heightAtWidth(m_header, width) + (m_header ? 1 : 0) +
+                       heightAtWidth(m_body, width) + footerRoom(width)};
+}
+
+/// With its rule.
+int Sheet::footerRoom(int width) const
+{
+    const bool isShown = m_footer && !m_footerRule->isHidden();
+    return isShown ? heightAtWidth(m_footer, width) + 1 : 0;
 }
 
 void Sheet::fit()
@@ -227,7 +243,6 @@ void Sheet::layOut()
 {
     const QRect box = boxRect();
     const int headerHeight = heightAtWidth(m_header, box.width());
-    const int footerHeight = heightAtWidth(m_footer, box.width());
     int top = box.y();
     int bottom = box.y() + box.height();
     if (m_header) {
@@ -236,9 +251,10 @@ void Sheet::layOut()
         top += headerHeight + 1;
     }
     if (m_footer) {
-        bottom -= footerHeight + 1;
+        const int height = footerRoom(box.width());
+        bottom -= height;
         m_footerRule->setGeometry(box.x(), bottom, box.width(), 1);
-        m_footer->setGeometry(box.x(), bottom + 1, box.width(), footerHeight);
+        m_footer->setGeometry(box.x(), bottom + 1, box.width(), std::max(0, height - 1));
     }
     m_scrollArea->setGeometry(box.x(), top, box.width(), std::max(0, bottom - top));
     if (m_closeButton) {

@@ -41,6 +41,8 @@ public:
     void setHeader(QWidget* header);
     void setBody(QWidget* body);
     void setFooter(QWidget* footer);
+    /// A footer that is not visible leaves its room to the body.
+    void setFooterVisible(bool isVisible);
 
     /// The painted box, in logical pixels.
     void setBoxSize(const QSize& size);
@@ -51,7 +53,7 @@ public:
     /// What has the focus at first; the default button where nothing else is set.
     void setInitialFocus(QWidget* widget);
     /// Adds the cross in the upper trailing corner that cancels, for sheets without a Cancel
-    /// button.
+    /// button; called again, it only changes the name.
     void showCloseButton(const QString& accessibleName);
     void hideCloseButton();
 
@@ -78,6 +80,7 @@ protected:
 
 private:
     QSize wantedBoxSize() const;
+    int footerRoom(int width) const;
     void fit();
     void place();
     void layOut();

@@ -2,11 +2,13 @@
 #pragma once
 
 #include "views/style/Sheet.h"
+#include "views/ViewEnvironment.h"
 #include "windows/CapturedApplication.h"
 
 namespace trovell {
 
-struct ViewEnvironment;
+class PushButton;
+class TextLabel;
 
 /// Sets the `isIncluded` flags of applications and windows as the user switches them. Cancelling
 /// keeps what was switched, and stores nothing.
@@ -22,6 +24,18 @@ public:
 Q_SIGNALS:
     /// The user has confirmed; the sheet closes after this.
     void useSelectedWindows();
+
+private:
+    QWidget* makeHeader();
+    QWidget* makeBody();
+    QWidget* makeFooter();
+    void showSelectedCount();
+    void useSelection();
+
+    const ViewEnvironment m_environment;
+    QList<CapturedApplication>& m_applications;
+    TextLabel* m_selectedCount = nullptr;
+    PushButton* m_useButton = nullptr;
 };
 
 } // namespace trovell
