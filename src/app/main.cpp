@@ -3,13 +3,15 @@
 
 #include "app/AppConfiguration.h"
 #include "app/AppFolders.h"
-#include "app/TerminationSignals.h"
 #include "app/scenes/TrovellApp.h"
+#include "app/TerminationSignals.h"
 #include "platform/freedesktop/DesktopActivation.h"
 
 #include <QApplication>
 #include <QMessageBox>
 #include <QTextStream>
+
+#include <future>
 
 using namespace trovell;
 
@@ -34,10 +36,16 @@ int main(int argc, char** argv)
     if (activation.forwardToRunningInstance())
         return EXIT_SUCCESS;
 
+    // The store is verified while the connections to the desktop are made.
+    auto preparation =
+        std::async(std::launch::async, [] { return WorkspaceStore::prepare(dataFolder()); });
     QApplication application(argc, argv);
     QGuiApplication::setDesktopFileName(identifier);
     const TerminationSignals terminationSignals;
-    auto store = WorkspaceStore::open(dataFolder());
+    auto prepared = preparation.get();
+    if (!prepared)
+        return failToStart(storeOpeningFailureText(prepared.error()));
+    auto store = WorkspaceStore::open(std::move(*prepared));
     if (!store)
         return failToStart(storeOpeningFailureText(store.error()));
 

@@ -1,4 +1,4 @@
-// A connection to the store's file. Main thread only.
+// A connection to the store's file. One thread at a time.
 #pragma once
 
 #include "model/SqliteStatement.h"

@@ -59,8 +59,8 @@ Expected<std::unique_ptr<SqliteDatabase>, StoreError> openDatabase(const QString
 
 } // namespace
 
-Expected<std::unique_ptr<WorkspaceStore>, StoreError>
-WorkspaceStore::open(const QString& folder, const StoreOptions& options)
+Expected<PreparedStore, StoreError> WorkspaceStore::prepare(const QString& folder,
+                                                            const StoreOptions& options)
 {
     const StoreFiles files(folder);
     if (const Result prepared = files.prepare(); !prepared)
@@ -69,15 +69,28 @@ WorkspaceStore::open(const QString& folder, const StoreOptions& options)
     if (!database)
         return Unexpected<StoreError>(database.error());
     files.markAsCreated();
-    std::unique_ptr<WorkspaceStore> store(new WorkspaceStore(std::move(*database), options));
+    return PreparedStore{std::move(*database), options.automaticSaveDelay};
+}
+
+Expected<std::unique_ptr<WorkspaceStore>, StoreError> WorkspaceStore::open(PreparedStore prepared)
+{
+    std::unique_ptr<WorkspaceStore> store(new WorkspaceStore(std::move(prepared)));
     if (const Result loaded = store->m_context.load(); !loaded)
         return Unexpected<StoreError>(loaded.error());
     return store;
 }
 
-WorkspaceStore::WorkspaceStore(std::unique_ptr<SqliteDatabase> database,
-                               const StoreOptions& options)
-    : m_database(std::move(database)), m_context(*m_database, options.automaticSaveDelay)
+Expected<std::unique_ptr<WorkspaceStore>, StoreError>
+WorkspaceStore::open(const QString& folder, const StoreOptions& options)
+{
+    auto prepared = prepare(folder, options);
+    if (!prepared)
+        return Unexpected<StoreError>(prepared.error());
+    return open(std::move(*prepared));
+}
+
+WorkspaceStore::WorkspaceStore(PreparedStore prepared)
+    : m_database(std::move(prepared.database)), m_context(*m_database, prepared.automaticSaveDelay)
 {
 }
 

@@ -1,5 +1,5 @@
 // The store of all workspaces: one SQLite file in a folder of its own, opened once and held
-// exclusively until the end. Main thread only.
+// exclusively until the end. Main thread only, but for the preparation.
 #pragma once
 
 #include "model/SqliteDatabase.h"
@@ -21,10 +21,24 @@ struct StoreOptions {
     MigrationPlan migrationPlan = TrovellMigrationPlan::plan();
 };
 
+/// A store's file, locked and verified from the first page to the last.
+struct PreparedStore {
+    std::unique_ptr<SqliteDatabase> database;
+    std::chrono::milliseconds automaticSaveDelay;
+};
+
 class WorkspaceStore {
 public:
-    /// Opens the store in `folder`, creating both if they do not exist. A store that cannot be
-    /// opened is left as it is.
+    /// The slow part of opening, which reads all there is. Any thread, also before there is an
+    /// application. Creates folder and file if they do not exist; a store that cannot be opened is
+    /// left as it is.
+    [[nodiscard]] static Expected<PreparedStore, StoreError>
+    prepare(const QString& folder, const StoreOptions& options = {});
+
+    [[nodiscard]] static Expected<std::unique_ptr<WorkspaceStore>, StoreError>
+    open(PreparedStore prepared);
+
+    /// Both in one.
     [[nodiscard]] static Expected<std::unique_ptr<WorkspaceStore>, StoreError>
     open(const QString& folder, const StoreOptions& options = {});
 
@@ -35,7 +49,7 @@ public:
     [[nodiscard]] StoreContext& mainContext() { return m_context; }
 
 private:
-    WorkspaceStore(std::unique_ptr<SqliteDatabase> database, const StoreOptions& options);
+    explicit WorkspaceStore(PreparedStore prepared);
 
     std::unique_ptr<SqliteDatabase> m_database;
     StoreContext m_context;

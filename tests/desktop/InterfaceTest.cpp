@@ -1,0 +1,295 @@
+// The program as people use it, on a real desktop with real applications: from the first start to a
+// desktop brought back, and what they do after that.
+
+#include "support/LayoutSession.h"
+#include "support/RunningTrovell.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTest>
+
+using namespace trovell;
+using namespace trovell::test;
+
+namespace {
+
+const QString button = QStringLiteral("push button");
+const QString field = QStringLiteral("text");
+const QString menuItem = QStringLiteral("menu item");
+const QString checkBox = QStringLiteral("check box");
+const QString listItem = QStringLiteral("list item");
+const QString label = QStringLiteral("label");
+
+const QJsonObject onboarded{{QStringLiteral("onboarding.completed"), true}};
+
+} // namespace
+
+class InterfaceTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void firstRunToRestoredWorkspace();
+    void updatesALayoutWhileAnApplicationIsClosed();
+    void addsEveryKindOfItem();
+    void startsFromTheTrayWithTheWindowClosed();
+    void endsWithItsLastWindowIfToldSo();
+    void changesLanguageAndAppearanceLive();
+    void isOneInstance();
+    void answersGlobalKeysWithTheWindowClosed();
+
+private:
+    void openTerminals();
+    void captureAs(const QString& name);
+    void chooseFile(const QString& path);
+    [[nodiscard]] QRect frameOf(const QString& title) const;
+
+    std::unique_ptr<VirtualDesktop> m_desktop;
+    std::unique_ptr<RunningTrovell> m_trovell;
+};
+
+void InterfaceTest::init()
+{
+    m_desktop = std::make_unique<VirtualDesktop>(WindowManager::openbox);
+    QVERIFY2(m_desktop->isReady(), qPrintable(m_desktop->error()));
+    m_trovell = std::make_unique<RunningTrovell>(*m_desktop);
+}
+
+void InterfaceTest::cleanup()
+{
+    if (QTest::currentTestFailed())
+        qWarning("%s", qPrintable(m_trovell->picture()));
+    m_trovell.reset();
+    m_desktop.reset();
+}
+
+void InterfaceTest::openTerminals()
+{
+    m_desktop->start("xterm", {"-T", "Log", "-geometry", "80x20+1200+60"});
+    m_desktop->start("mousepad", {"--disable-server"});
+    DesktopInspector& inspector = m_desktop->inspector();
+    QVERIFY(inspector.waitForWindowCount(2));
+    const auto notes = inspector.waitForWindowOfClass(u"Mousepad");
+    inspector.moveWindow(notes.id, QRect(1700, 300, 640, 420));
+    QVERIFY(waitUntil([&] { return inspector.window(notes.id)->client.width() == 640; }));
+    inspector.waitForRest();
+}
+
+QRect InterfaceTest::frameOf(const QString& title) const
+{
+    const auto window = m_desktop->inspector().windowTitled(title);
+    return window ? window->frame : QRect();
+}
+
+/// With the capture sheet that the add menu opens.
+void InterfaceTest::captureAs(const QString& name)
+{
+    QVERIFY(m_trovell->click(button, u"Add Workspace"_qs));
+    QVERIFY(m_trovell->click(menuItem, u"Capture Current Workspace"_qs));
+    QVERIFY(m_trovell->click(field, u"Workspace name"_qs));
+    m_trovell->type(name);
+    QVERIFY(m_trovell->click(button, u"Save Workspace"_qs));
+    QVERIFY(m_trovell->hides(button, u"Save Workspace"_qs));
+}
+
+void InterfaceTest::firstRunToRestoredWorkspace()
+{
+    openTerminals();
+    const auto saved = framesByTitle(*m_desktop);
+    QVERIFY(m_trovell->start());
+
+    QVERIFY(m_trovell->shows(label, u"Welcome to Trovell"_qs));
+    m_trovell->press("Return"); // windows can be controlled here, so the second step is left out
+    QVERIFY(m_trovell->click(button, u"Create Workspace"_qs));
+    QVERIFY(m_trovell->hides(button, u"Create Workspace"_qs));
+    QVERIFY(m_trovell->find(listItem, u"My Workspace"_qs));
+
+    captureAs(u"Evening"_qs);
+    QVERIFY(m_trovell->shows(label, u"Evening captured."_qs));
+
+    DesktopInspector& inspector = m_desktop->inspector();
+    inspector.moveWindow(inspector.windowTitled(u"Log")->id, QRect(30, 500, 300, 200));
+    inspector.close(inspector.waitForWindowOfClass(u"Mousepad").id);
+    QVERIFY(waitUntil([&] { return inspector.windows().size() == 2; })); // the log and our own
+    QVERIFY(m_trovell->click(button, u"Start Workspace"_qs));
+    QVERIFY(m_trovell->shows(label, u"Workspace ready"_qs));
+    for (auto window = saved.cbegin(); window != saved.cend(); ++window)
+        QTRY_COMPARE(frameOf(window.key()), window.value());
+}
+
+void InterfaceTest::updatesALayoutWhileAnApplicationIsClosed()
+{
+    openTerminals();
+    m_trovell->setPreferences(onboarded);
+    QVERIFY(m_trovell->start());
+    captureAs(u"Work"_qs);
+
+    DesktopInspector& inspector = m_desktop->inspector();
+    const QRect notes = inspector.waitForWindowOfClass(u"Mousepad").frame;
+    inspector.moveWindow(inspector.windowTitled(u"Log")->id, QRect(1000, 500, 500, 300));
+    inspector.close(inspector.waitForWindowOfClass(u"Mousepad").id);
+    const QRect log = inspector.waitForRest(inspector.windowTitled(u"Log")->id).frame;
+
+    QVERIFY(m_trovell->click(button, u"Save Layout"_qs));
+    QVERIFY(m_trovell->shows(label, u"Not Currently Detected"_qs));
+    m_trovell->press("Return");
+    QVERIFY(m_trovell->shows(label, u"Work layout updated."_qs));
+
+    inspector.moveWindow(inspector.windowTitled(u"Log")->id, QRect(30, 30, 300, 200));
+    QVERIFY(m_trovell->click(button, u"Start Workspace"_qs));
+    QVERIFY(m_trovell->shows(label, u"Workspace ready"_qs));
+    QTRY_COMPARE(frameOf(u"Log"_qs), log);
+    QTRY_COMPARE(inspector.waitForWindowOfClass(u"Mousepad").frame, notes);
+}
+
+/// In the dialog for files: its field for names has the focus.
+void InterfaceTest::chooseFile(const QString& path)
+{
+    QVERIFY(m_trovell->shows(label, u"File name:"_qs) || m_trovell->shows(label, u"Directory:"_qs));
+    m_trovell->type(path + u'\n');
+}
+
+void InterfaceTest::addsEveryKindOfItem()
+{
+    const QString folder = m_desktop->homePath() + u"/Receipts"_qs;
+    QDir().mkpath(folder);
+    const QString file = m_desktop->homePath() + u"/list.txt"_qs;
+    QVERIFY(QFile(file).open(QIODevice::WriteOnly));
+    m_trovell->setPreferences(onboarded);
+    QVERIFY(m_trovell->start());
+
+    QVERIFY(m_trovell->click(button, u"New Empty Workspace"_qs));
+    QVERIFY(m_trovell->click(field, u"Workspace name"_qs));
+    m_trovell->type(u"Errands"_qs);
+    const auto add = [this](const QString& kind) {
+        return m_trovell->click(button, u"Add Item"_qs) && m_trovell->click(menuItem, kind);
+    };
+    QVERIFY(add(u"Folder…"_qs));
+    chooseFile(folder);
+    QVERIFY(m_trovell->shows(button, u"Remove Receipts"_qs));
+    QVERIFY(add(u"File…"_qs));
+    chooseFile(file);
+    QVERIFY(m_trovell->shows(button, u"Remove list.txt"_qs));
+    QVERIFY(add(u"Web Link…"_qs));
+    QVERIFY(m_trovell->shows(label, u"Add Web Link"_qs));
+    m_trovell->type(u"example.com/shop\n"_qs);
+    QVERIFY(m_trovell->shows(button, u"Remove example.com"_qs));
+    QVERIFY(add(u"Application…"_qs));
+    QVERIFY(m_trovell->click(listItem, u"Mousepad"_qs));
+    m_trovell->press("Return");
+    QVERIFY(m_trovell->shows(button, u"Remove Mousepad"_qs));
+    QVERIFY(m_trovell->click(button, u"Save"_qs));
+    QVERIFY(m_trovell->shows(label, u"Errands created."_qs));
+
+    // A file that is gone is marked, and found again by the user.
+    QVERIFY(QFile::rename(file, folder + u"/list.txt"_qs));
+    QVERIFY(m_trovell->click(button, u"Edit"_qs));
+    QVERIFY(m_trovell->click(button, u"Locate Again"_qs));
+    chooseFile(folder + u"/list.txt"_qs);
+    QVERIFY(m_trovell->hides(button, u"Locate Again"_qs));
+    QVERIFY(m_trovell->click(button, u"Save"_qs));
+    QVERIFY(m_trovell->shows(label, u"Errands saved."_qs));
+}
+
+void InterfaceTest::startsFromTheTrayWithTheWindowClosed()
+{
+    openTerminals();
+    m_desktop->start("tint2", {});
+    DesktopInspector& inspector = m_desktop->inspector();
+    QVERIFY(waitUntil([&] { return inspector.selectionOwner("_NET_SYSTEM_TRAY_S0") != 0; }));
+    m_trovell->setPreferences(onboarded);
+    QVERIFY(m_trovell->start());
+    captureAs(u"Work"_qs);
+    const QRect log = frameOf(u"Log"_qs);
+    inspector.close(inspector.waitForWindow(u"Trovell").id);
+    QVERIFY(waitUntil([&] { return !inspector.windowTitled(u"Trovell"); }));
+    QVERIFY(m_trovell->isRunning());
+    inspector.moveWindow(inspector.windowTitled(u"Log")->id, QRect(30, 500, 300, 200));
+    inspector.waitForRest();
+
+    const QByteArray icon =
+        m_desktop->run("xdotool", {"search", "--onlyvisible", "--class", "trovell"}).trimmed();
+    QVERIFY(!icon.isEmpty());
+    m_desktop->run("xdotool",
+                   {"mousemove", "--window", icon.split('\n').first(), "8", "8", "click", "1"});
+    QVERIFY(m_trovell->click(menuItem, u"Work"_qs));
+    QTRY_COMPARE_WITH_TIMEOUT(frameOf(u"Log"_qs), log, 15'000);
+    m_desktop->run("xdotool",
+                   {"mousemove", "--window", icon.split('\n').first(), "8", "8", "click", "1"});
+    QVERIFY(m_trovell->click(menuItem, u"Open Trovell"_qs));
+    QVERIFY(m_trovell->shows(label, u"Workspace ready"_qs));
+}
+
+void InterfaceTest::endsWithItsLastWindowIfToldSo()
+{
+    DesktopInspector& inspector = m_desktop->inspector();
+    QJsonObject preferences = onboarded;
+    preferences.insert(u"preferences.keepRunning"_qs, false);
+    m_trovell->setPreferences(preferences);
+    QVERIFY(m_trovell->start());
+    QVERIFY(m_trovell->click(button, u"Settings"_qs));
+    inspector.close(inspector.waitForWindow(u"Trovell").id);
+    QVERIFY(waitUntil([&] { return !inspector.windowTitled(u"Trovell"); }));
+    QTest::qWait(300);
+    QVERIFY(m_trovell->isRunning()); // the settings are still open
+    inspector.close(inspector.waitForWindow(u"Settings").id);
+    QVERIFY(waitUntil([&] { return !m_trovell->isRunning(); }));
+}
+
+void InterfaceTest::changesLanguageAndAppearanceLive()
+{
+    m_trovell->setPreferences(onboarded);
+    QVERIFY(m_trovell->start());
+    QVERIFY(m_trovell->click(button, u"Settings"_qs));
+    QVERIFY(m_trovell->shows(u"combo box"_qs, u"Appearance"_qs));
+    const auto brightness = [this] {
+        const auto window = m_desktop->inspector().windowTitled(u"Trovell");
+        const QByteArray color =
+            m_desktop->run("import", {"-window", QByteArray::number(window->id), "-crop",
+                                      "1x1+100+500", "-depth", "8", "gray:-"});
+        return color.isEmpty() ? -1 : int(uchar(color.front()));
+    };
+    QVERIFY(brightness() > 200);
+    QVERIFY(m_trovell->click(u"combo box"_qs, u"Appearance"_qs));
+    QVERIFY(m_trovell->click(menuItem, u"Dark"_qs));
+    QTRY_VERIFY(brightness() < 60);
+}
+
+void InterfaceTest::isOneInstance()
+{
+    m_trovell->setPreferences(onboarded);
+    QVERIFY(m_trovell->start());
+    DesktopInspector& inspector = m_desktop->inspector();
+    inspector.close(inspector.waitForWindow(u"Trovell").id);
+    QVERIFY(waitUntil([&] { return !inspector.windowTitled(u"Trovell"); }));
+    QProcess& second = m_desktop->start(TROVELL_PROGRAM);
+    QVERIFY(second.waitForFinished(10'000));
+    QCOMPARE(second.exitCode(), 0);
+    QVERIFY(inspector.waitForWindow(u"Trovell").isActive);
+    QVERIFY(m_trovell->isRunning());
+}
+
+void InterfaceTest::answersGlobalKeysWithTheWindowClosed()
+{
+    openTerminals();
+    m_trovell->setPreferences(onboarded);
+    QVERIFY(m_trovell->start());
+    captureAs(u"Work"_qs);
+    QVERIFY(m_trovell->click(button, u"Edit"_qs));
+    QVERIFY(m_trovell->click(u"combo box"_qs, u"Shortcut"_qs));
+    QVERIFY(m_trovell->click(menuItem, u"Ctrl+Alt+3"_qs));
+    QVERIFY(m_trovell->click(button, u"Save"_qs));
+    QVERIFY(m_trovell->shows(label, u"Work saved."_qs));
+
+    DesktopInspector& inspector = m_desktop->inspector();
+    const QRect log = frameOf(u"Log"_qs);
+    inspector.close(inspector.waitForWindow(u"Trovell").id);
+    inspector.moveWindow(inspector.windowTitled(u"Log")->id, QRect(30, 500, 300, 200));
+    inspector.waitForRest();
+    m_trovell->press("ctrl+alt+3");
+    QTRY_COMPARE_WITH_TIMEOUT(frameOf(u"Log"_qs), log, 15'000);
+}
+
+QTEST_GUILESS_MAIN(InterfaceTest)
+#include "InterfaceTest.moc"
