@@ -24,6 +24,7 @@ public:
     QLayoutItem* takeAt(int index) override;
     [[nodiscard]] int count() const override { return int(m_items.size()); }
 
+    [[nodiscard]] Qt::Orientations expandingDirections() const override { return Qt::Horizontal; }
     [[nodiscard]] bool hasHeightForWidth() const override { return true; }
     [[nodiscard]] int heightForWidth(int width) const override;
     [[nodiscard]] QSize sizeHint() const override;
