@@ -144,9 +144,10 @@ void SelectableLabel::applyStyle()
     const TextStyle style = m_visual.text(m_role);
     setFont(style.font);
     setText(
-        u"<p style=\"margin:0; line-height:%1px; color:%2; white-space:pre-wrap\">%3</p>"_qs.arg(
-            QString::number(style.lineHeight), m_visual.color(m_color).name(),
-            m_text.toHtmlEscaped()));
+        u"<p dir=\"%1\" style=\"margin:0; line-height:%2px; color:%3; white-space:pre-wrap\">%4</p>"_qs
+            .arg(layoutDirection() == Qt::RightToLeft ? u"rtl"_qs : u"ltr"_qs,
+                 QString::number(style.lineHeight), m_visual.color(m_color).name(),
+                 m_text.toHtmlEscaped()));
 }
 
 } // namespace trovell
