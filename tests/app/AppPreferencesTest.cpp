@@ -15,10 +15,8 @@ class AppPreferencesTest : public QObject {
 
 private Q_SLOTS:
     void init() { m_folder = std::make_unique<QTemporaryDir>(); }
-    void startsWithTheDefaults();
     void keepsValuesAcrossRuns();
-    void takesNoValueOfAnotherType_data();
-    void takesNoValueOfAnotherType();
+    void takesTheDefaultsForWhatItCannotRead();
     void keepsADamagedFile();
     void survivesAFolderThatCannotBeWritten();
 
@@ -37,20 +35,6 @@ private:
 
     std::unique_ptr<QTemporaryDir> m_folder;
 };
-
-void AppPreferencesTest::startsWithTheDefaults()
-{
-    PreferenceStore store(path());
-    const AppPreferences preferences(store);
-    QCOMPARE(preferences.appearance(), AppAppearance::light);
-    QCOMPARE(preferences.language(), AppLanguage::system);
-    QVERIFY(preferences.showMenuBarItem());
-    QVERIFY(preferences.keepRunningAfterClose());
-    QCOMPARE(preferences.launchTimeout(), 10.0);
-    QVERIFY(preferences.automaticallyCheckForUpdates());
-    QVERIFY(!terminatesAfterLastWindowClosed(store));
-    QVERIFY(!QFile::exists(path()));
-}
 
 void AppPreferencesTest::keepsValuesAcrossRuns()
 {
@@ -80,33 +64,27 @@ void AppPreferencesTest::keepsValuesAcrossRuns()
     QVERIFY(!(QFile::permissions(path()) & others));
 }
 
-void AppPreferencesTest::takesNoValueOfAnotherType_data()
+void AppPreferencesTest::takesTheDefaultsForWhatItCannotRead()
 {
-    QTest::addColumn<QByteArray>("content");
-    QTest::newRow("texts") << QByteArray(R"({"preferences.appearance": "Dark",
-        "preferences.language": "pt-BR", "preferences.showMenuBar": "false",
-        "preferences.keepRunning": "false", "preferences.launchTimeout": "9",
-        "preferences.automaticUpdates": "no"})");
-    QTest::newRow("numbers") << QByteArray(R"({"preferences.appearance": 2,
-        "preferences.language": 1, "preferences.showMenuBar": 0,
-        "preferences.keepRunning": 0, "preferences.launchTimeout": true,
-        "preferences.automaticUpdates": 0})");
-    QTest::newRow("nothing readable") << QByteArray("{\"preferences.appe");
-}
-
-void AppPreferencesTest::takesNoValueOfAnotherType()
-{
-    QFETCH(QByteArray, content);
-    writeFile(content);
-    PreferenceStore store(path());
-    const AppPreferences preferences(store);
-    QCOMPARE(preferences.appearance(), AppAppearance::light);
-    QCOMPARE(preferences.language(), AppLanguage::system);
-    QVERIFY(preferences.showMenuBarItem());
-    QVERIFY(preferences.keepRunningAfterClose());
-    QCOMPARE(preferences.launchTimeout(), 10.0);
-    QVERIFY(preferences.automaticallyCheckForUpdates());
-    QVERIFY(!terminatesAfterLastWindowClosed(store));
+    const QByteArray unreadable[]{{},
+                                  "{\"preferences.appe",
+                                  R"({"preferences.appearance": "Dark",
+        "preferences.language": 1, "preferences.showMenuBar": "false",
+        "preferences.keepRunning": 0, "preferences.launchTimeout": "9",
+        "preferences.automaticUpdates": "no"})"};
+    for (const QByteArray& content : unreadable) {
+        if (!content.isEmpty())
+            writeFile(content);
+        PreferenceStore store(path());
+        const AppPreferences preferences(store);
+        QCOMPARE(preferences.appearance(), AppAppearance::light);
+        QCOMPARE(preferences.language(), AppLanguage::system);
+        QVERIFY(preferences.showMenuBarItem() && preferences.keepRunningAfterClose());
+        QCOMPARE(preferences.launchTimeout(), 10.0);
+        QVERIFY(preferences.automaticallyCheckForUpdates());
+        QVERIFY(!terminatesAfterLastWindowClosed(store));
+        QCOMPARE(QFile::exists(path()), !content.isEmpty());
+    }
 }
 
 void AppPreferencesTest::keepsADamagedFile()

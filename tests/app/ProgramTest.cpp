@@ -72,7 +72,6 @@ void ProgramTest::savesWhenAskedToEnd_data()
 {
     QTest::addColumn<int>("signal");
     QTest::newRow("terminate") << SIGTERM;
-    QTest::newRow("interrupt") << SIGINT;
     QTest::newRow("hang up") << SIGHUP;
 }
 

@@ -82,15 +82,12 @@ void ResourceOpeningServiceTest::findsTheResource_data()
     row("fresh", "fresh", gone, newURL, "fresh");
     row("stale", "stale", gone, newURL, "bookmark of file:///new/report.odt");
     row("stale, cannot be made anew", "stuck", oldURL, oldURL, "stuck");
-    row("stale, cannot be made anew, old path gone", "stuck", gone, {}, "stuck");
-    row("does not resolve", "nonsense", oldURL, oldURL, "nonsense");
     row("does not resolve, old path gone", "nonsense", gone, {}, "nonsense");
     row("empty bookmark", QByteArray(""), oldURL, oldURL, {});
     row("no bookmark", {}, oldURL, oldURL, {});
     row("no bookmark, path gone", {}, gone, {}, {});
     row("no file URL", {}, remote, remote, {});
     QTest::newRow("no URL at all") << QByteArray() << u"http://a b"_qs << QUrl() << QByteArray();
-    QTest::newRow("empty URL") << QByteArray() << QString() << QUrl() << QByteArray();
 }
 
 void ResourceOpeningServiceTest::findsTheResource()
@@ -140,12 +137,10 @@ void ResourceOpeningServiceTest::decidesHowToOpen_data()
         QTest::newRow(name) << type << identifier << kind << asApplication;
     };
     row("application", u"application"_qs, notRunning, LaunchResultKind::launched, true);
-    row("application, identifier unknown", u"application"_qs, {}, LaunchResultKind::launched, true);
     row("running application", u"application"_qs, running, LaunchResultKind::alreadyRunning, true);
     row("folder", u"folder"_qs, {}, LaunchResultKind::opened, false);
     row("file of a running application", u"file"_qs, running, LaunchResultKind::opened, false);
     row("unknown type", u"Application"_qs, running, LaunchResultKind::opened, false);
-    row("no type", {}, {}, LaunchResultKind::opened, false);
 }
 
 void ResourceOpeningServiceTest::decidesHowToOpen()

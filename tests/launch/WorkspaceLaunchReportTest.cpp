@@ -24,8 +24,6 @@ void WorkspaceLaunchReportTest::summarises_data()
 
     QTest::newRow("nothing") << Kinds{} << u"Completed 0 actions successfully."_qs << qint64(0)
                              << qint64(0);
-    QTest::newRow("one") << Kinds{launched} << u"Completed 1 actions successfully."_qs << qint64(0)
-                         << qint64(0);
     QTest::newRow("windows") << Kinds{launched, alreadyRunning, opened, restored, restored}
                              << u"Completed 5 actions and restored 2 windows."_qs << qint64(0)
                              << qint64(0);
