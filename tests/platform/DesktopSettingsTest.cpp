@@ -1,7 +1,7 @@
 // What the desktop's portal says about looks, from a portal on a bus of its own.
 
 #include "platform/freedesktop/DesktopSettings.h"
-#include "platform/freedesktop/GObjectPointer.h"
+#include "support/BusClient.h"
 #include "support/PrivateSession.h"
 
 #include <QSignalSpy>
@@ -26,31 +26,18 @@ class Portal {
 public:
     explicit Portal(const char* settings) : m_settings(settings)
     {
-        const GPointer<char> address(g_dbus_address_get_for_bus_sync(G_BUS_TYPE_SESSION, nullptr,
-                                                                     nullptr));
-        const auto flags = GDBusConnectionFlags(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT
-                                                | G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
-        m_connection.reset(g_dbus_connection_new_for_address_sync(address.get(), flags, nullptr,
-                                                                  nullptr, nullptr));
         static const GDBusInterfaceVTable methods = {&Portal::answer, nullptr, nullptr, {}};
         GDBusNodeInfo* node = g_dbus_node_info_new_for_xml(introspection, nullptr);
-        g_dbus_connection_register_object(m_connection.get(), portalPath, node->interfaces[0],
+        g_dbus_connection_register_object(m_bus.connection(), portalPath, node->interfaces[0],
                                           &methods, this, nullptr, nullptr);
         g_dbus_node_info_unref(node);
-        g_variant_unref(g_dbus_connection_call_sync(
-            m_connection.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus",
-            "org.freedesktop.DBus", "RequestName",
-            g_variant_new("(su)", "org.freedesktop.portal.Desktop", 4U), nullptr,
-            G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr));
     }
-
-    ~Portal() { g_dbus_connection_close_sync(m_connection.get(), nullptr, nullptr); }
 
     void change(const char* space, const char* key, GVariant* value)
     {
-        g_dbus_connection_emit_signal(m_connection.get(), nullptr, portalPath, portalInterface,
-                                      "SettingChanged",
-                                      g_variant_new("(ssv)", space, key, value), nullptr);
+        g_dbus_connection_emit_signal(m_bus.connection(), nullptr, portalPath, portalInterface,
+                                      "SettingChanged", g_variant_new("(ssv)", space, key, value),
+                                      nullptr);
     }
 
 private:
@@ -62,7 +49,7 @@ private:
     }
 
     const char* m_settings;
-    GObjectPointer<GDBusConnection> m_connection;
+    BusClient m_bus{"org.freedesktop.portal.Desktop"};
 };
 
 } // namespace

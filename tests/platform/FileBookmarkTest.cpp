@@ -68,15 +68,6 @@ private:
     fs::path m_root;
 };
 
-/// "fresh", "stale" or "none", and where.
-QString outcome(const std::optional<ResolvedBookmark>& resolved)
-{
-    if (!resolved)
-        return u"none"_qs;
-    return (resolved->isStale ? u"stale "_qs : u"fresh "_qs) +
-           resolved->url.toString(QUrl::FullyEncoded);
-}
-
 QString fresh(const QUrl& url)
 {
     return u"fresh "_qs + url.toString(QUrl::FullyEncoded);
@@ -88,6 +79,12 @@ QString stale(const QUrl& url)
 }
 
 const QString none = u"none"_qs;
+
+QString outcome(const std::optional<ResolvedBookmark>& resolved)
+{
+    return !resolved ? none : resolved->isStale ? stale(resolved->url) : fresh(resolved->url);
+}
+
 const std::string report = "home/Documents/a/report.odt";
 
 } // namespace
@@ -103,14 +100,12 @@ private Q_SLOTS:
     void givesThePathToItsNewFile();
     void doesNotMistakeKinds();
     void doesNotMistakeReusedInodes();
-    void resolvesDespiteAnotherDeviceNumber();
     void treatsHardLinksAsOneFile();
     void followsSymbolicLinks();
     void doesNotFollowLinksInSearch();
     void passesUnreadableFolders();
     void keepsToItsLimits();
     void keepsNamesThatAreNoText();
-    void refusesWhatIsNoFile_data();
     void refusesWhatIsNoFile();
     void survivesHostileBytes();
 };
@@ -120,7 +115,6 @@ void FileBookmarkTest::findsWhatWasMoved_data()
     QTest::addColumn<QString>("from");
     QTest::addColumn<QString>("to");
     QTest::addColumn<QString>("found"); // empty for none
-
     const auto row = [](const char* name, const char* from, const char* to, const char* found) {
         QTest::newRow(name) << QString::fromLatin1(from) << QString::fromLatin1(to)
                             << QString::fromLatin1(found);
@@ -131,15 +125,10 @@ void FileBookmarkTest::findsWhatWasMoved_data()
     moved("renamed", "home/Documents/a/final.odt");
     moved("folder inside", "home/Documents/a/archive/report.odt");
     moved("folder beside", "home/Documents/b/report.odt");
-    moved("renamed beside", "home/Documents/b/final.odt");
     moved("folder above", "home/Documents/report.odt");
-    moved("home", "home/report.odt");
-    moved("elsewhere in the home", "home/Projects/x/y/report.odt");
     moved("deepest level of the home", "home/1/2/3/4/5/report.odt");
-    moved("hidden name", "home/Documents/a/.report.odt");
     row("its folder renamed", "home/Documents/a", "home/Documents/c",
         "home/Documents/c/report.odt");
-    row("its folder moved", "home/Documents/a", "home/Projects/a", "home/Projects/a/report.odt");
     row("folders above renamed", "home/Documents", "home/Papers", "home/Papers/a/report.odt");
     row("too deep", report.c_str(), "home/1/2/3/4/5/6/report.odt", "");
     row("trash", report.c_str(), "home/.local/share/Trash/files/report.odt", "");
@@ -155,9 +144,7 @@ void FileBookmarkTest::findsWhatWasMoved()
     disk.write("home/Documents/other.odt");
     disk.write(report);
     const QByteArray bookmark = disk.bookmark(report);
-
     disk.move(from.toStdString(), to.toStdString());
-
     const QString expected = found.isEmpty() ? none : stale(disk.url(found.toStdString()));
     QCOMPARE(outcome(disk.resolve(bookmark)), expected);
 }
@@ -237,22 +224,14 @@ void FileBookmarkTest::doesNotMistakeReusedInodes()
     QVERIFY(identity);
     QCOMPARE(findMovedFile(lost, *identity, disk.scope), QByteArray::fromStdString(present));
 
+    // Device numbers change from boot to boot.
+    identity->device += 1;
+    QCOMPARE(findMovedFile(lost, *identity, disk.scope), QByteArray::fromStdString(present));
     // A deleted file that had the same inode number.
     identity->birth += 1;
     QCOMPARE(findMovedFile(lost, *identity, disk.scope), std::nullopt);
     identity->birth = 0;
     QCOMPARE(findMovedFile(lost, *identity, disk.scope), std::nullopt);
-}
-
-void FileBookmarkTest::resolvesDespiteAnotherDeviceNumber()
-{
-    Disk disk;
-    disk.write(report);
-    auto identity = fileIdentity((disk / report).c_str());
-    QVERIFY(identity);
-    identity->device += 1;
-    QCOMPARE(findMovedFile((disk / "home/Documents/a/lost").c_str(), *identity, disk.scope),
-             QByteArray((disk / report).c_str()));
 }
 
 void FileBookmarkTest::treatsHardLinksAsOneFile()
@@ -360,22 +339,11 @@ void FileBookmarkTest::keepsNamesThatAreNoText()
     QCOMPARE(outcome(disk.resolve(bookmark)), stale(disk.url(renamed)));
 }
 
-void FileBookmarkTest::refusesWhatIsNoFile_data()
-{
-    QTest::addColumn<QUrl>("url");
-    QTest::newRow("nothing there") << QUrl(u"file:///nothing/there"_qs);
-    QTest::newRow("web") << QUrl(u"https://wiki.local/tmp"_qs);
-    QTest::newRow("another machine") << QUrl(u"file://server/tmp"_qs);
-    QTest::newRow("device") << QUrl(u"file:///dev/null"_qs);
-    QTest::newRow("relative") << QUrl(u"file:tmp"_qs);
-    QTest::newRow("zero character") << QUrl::fromEncoded("file:///tmp/%00");
-    QTest::newRow("empty") << QUrl();
-}
-
 void FileBookmarkTest::refusesWhatIsNoFile()
 {
-    QFETCH(QUrl, url);
-    QVERIFY(!createFileBookmark(url));
+    for (const char* url : {"file:///nothing/there", "https://wiki.local/tmp", "file://server/tmp",
+                            "file:///dev/null", "file:tmp", "file:///tmp/%00", ""})
+        QVERIFY2(!createFileBookmark(QUrl::fromEncoded(url)), url);
 }
 
 void FileBookmarkTest::survivesHostileBytes()

@@ -1,6 +1,7 @@
 #include "platform/freedesktop/OwnedBusNames.h"
 
 #include "platform/freedesktop/DesktopFileIndex.h"
+#include "support/BusClient.h"
 #include "support/PrivateSession.h"
 
 #include <QTest>
@@ -10,36 +11,7 @@
 #include <unistd.h>
 
 using namespace trovell;
-using trovell::test::PrivateSession;
-
-namespace {
-
-/// A program of its own on the bus, though in this process.
-class BusClient {
-public:
-    explicit BusClient(const char* name)
-        : m_connection(g_dbus_connection_new_for_address_sync(
-              qgetenv("DBUS_SESSION_BUS_ADDRESS").constData(),
-              static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
-                                                G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION),
-              nullptr, nullptr, nullptr))
-    {
-        const GVariantPointer reply(g_dbus_connection_call_sync(
-            m_connection.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus",
-            "org.freedesktop.DBus", "RequestName", g_variant_new("(su)", name, 0U), nullptr,
-            G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr));
-        if (!reply)
-            qFatal("cannot own %s", name);
-    }
-    ~BusClient() { g_dbus_connection_close_sync(m_connection.get(), nullptr, nullptr); }
-    BusClient(const BusClient&) = delete;
-    BusClient& operator=(const BusClient&) = delete;
-
-private:
-    GObjectPointer<GDBusConnection> m_connection;
-};
-
-} // namespace
+using namespace trovell::test;
 
 class OwnedBusNamesTest : public QObject {
     Q_OBJECT
