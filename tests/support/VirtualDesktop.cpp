@@ -88,6 +88,13 @@ Command windowManagerCommand(WindowManager windowManager)
     return {"", {}};
 }
 
+/// In a new process: a test that is killed leaves nothing behind. Qt also starts processes with a
+/// modifier in a way that the thread sanitizer can follow.
+void endWithParent()
+{
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+}
+
 QByteArray outputName(int index)
 {
     return "DUMMY" + QByteArray::number(index);
@@ -228,8 +235,7 @@ QProcess& VirtualDesktop::start(const char* program, const QByteArrayList& argum
     // Into a file: a full pipe would stop the program.
     process->setProcessChannelMode(QProcess::MergedChannels);
     process->setStandardOutputFile(logPath(*process));
-    // A test that is killed leaves nothing behind.
-    process->setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
+    process->setChildProcessModifier(endWithParent);
     process->start(QString::fromUtf8(program), texts(arguments));
     process->waitForStarted();
     m_processes.push_back(std::move(process));
@@ -245,6 +251,7 @@ QByteArray VirtualDesktop::run(const char* program, const QByteArrayList& argume
 {
     QProcess process;
     process.setProcessEnvironment(m_environment);
+    process.setChildProcessModifier(endWithParent);
     process.start(QString::fromUtf8(program), texts(arguments));
     const bool isDone = process.waitForFinished() && process.exitCode() == 0;
     return isDone ? process.readAllStandardOutput() : QByteArray();
@@ -390,12 +397,6 @@ void VirtualDesktop::setPrimaryDisplay(int index)
 void VirtualDesktop::nameDisplay(int index, const QByteArray& manufacturer, const QByteArray& model)
 {
     m_inspector->setEdid(outputName(index), makeEdid(manufacturer, model));
-}
-
-bool VirtualDesktop::takeScreenshot(const QString& path)
-{
-    run("import", {"-window", "root", path.toUtf8()});
-    return QFileInfo::exists(path);
 }
 
 } // namespace trovell::test

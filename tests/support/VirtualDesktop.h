@@ -93,9 +93,6 @@ public:
     /// Ends the X server in the middle of everything.
     void killServer();
 
-    /// Writes what the user would see as a PNG file.
-    bool takeScreenshot(const QString& path);
-
 private:
     void prepareEnvironment();
     bool startServer();
