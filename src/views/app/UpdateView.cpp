@@ -29,8 +29,13 @@ using Phase = UpdateState::Phase;
 
 } // namespace
 
+UpdateView::UpdateView(const ViewEnvironment& environment, QWidget* parent)
+    : UpdateView(environment, *environment.dependencies.updateController().controller(), parent)
+{
+}
+
 UpdateView::UpdateView(const ViewEnvironment& environment, Updater& updater, QWidget* parent)
-    : QWidget(parent, Qt::Window), m_environment(environment), m_updater(updater),
+    : QWidget(parent), m_environment(environment), m_updater(updater),
       m_title(new TextLabel(environment.visual, {}, TextRole::title3)),
       m_text(new TextLabel(environment.visual, {}, TextRole::body, ColorToken::labelSecondary)),
       m_notesCard(new TrovellCardModifier(environment.visual)),
@@ -46,9 +51,8 @@ UpdateView::UpdateView(const ViewEnvironment& environment, Updater& updater, QWi
         m_notes->setAccessibleName(words.text(u"What is new"_key));
         showState(m_updater.state());
     });
-    connect(&updater, &Updater::checkRequested, this, &UpdateView::present);
     connect(&updater, &Updater::stateChanged, this, &UpdateView::showState);
-    connect(m_close, &QAbstractButton::clicked, this, &QWidget::close);
+    connect(m_close, &QAbstractButton::clicked, this, [this] { window()->close(); });
     connect(m_next, &QAbstractButton::clicked, this, &UpdateView::takeNextStep);
 }
 
@@ -103,19 +107,10 @@ QLayout* UpdateView::buildButtons()
     return row;
 }
 
-void UpdateView::present()
-{
-    show();
-    raise();
-    activateWindow();
-}
-
 void UpdateView::showState(const UpdateState& state)
 {
-    if (state.phase == Phase::idle) {
-        hide();
+    if (state.phase == Phase::idle || m_isEnding)
         return;
-    }
     showTexts(state);
     showProgress(state);
     const QString title = m_title->text();
@@ -165,27 +160,31 @@ void UpdateView::takeNextStep()
     else if (state.phase == Phase::failed)
         m_updater.check();
     else
-        close();
+        window()->close();
 }
 
 void UpdateView::keyPressEvent(QKeyEvent* event)
 {
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (event->key() == Qt::Key_Escape)
-        close();
+        window()->close();
     else if (isReturn && m_next->isVisible())
         m_next->click();
     else
         QWidget::keyPressEvent(event);
 }
 
-void UpdateView::closeEvent(QCloseEvent* event)
+void UpdateView::hideEvent(QHideEvent* event)
 {
-    // Unseen, or what was ended would be shown as a failure.
-    hide();
+    QWidget::hideEvent(event);
+    // Put away by the window manager, it goes on.
+    if (event->spontaneous())
+        return;
+    // That the user ended it is no failure to be told.
+    m_isEnding = true;
     m_updater.cancel();
     m_updater.dismiss();
-    QWidget::closeEvent(event);
+    m_isEnding = false;
 }
 
 bool UpdateView::event(QEvent* event)
@@ -198,6 +197,8 @@ bool UpdateView::event(QEvent* event)
 void UpdateView::fit()
 {
     setFixedSize(windowWidth, layout()->totalHeightForWidth(windowWidth));
+    if (!isWindow())
+        window()->setFixedSize(size());
 }
 
 } // namespace trovell

@@ -1,4 +1,4 @@
-// The window that shows a check for updates and leads through the update. Main thread.
+// What shows a check for updates and leads through the update. Main thread.
 #pragma once
 
 #include "services/update/Updater.h"
@@ -17,19 +17,21 @@ class PushButton;
 class TextLabel;
 class TrovellCardModifier;
 
-/// A window of its own, 480 wide and as high as its content. It shows itself and comes to the front
-/// at every check that is asked for. Closing it ends what runs and deletes an update that was not
-/// handed over.
+/// A window of its own or all that stands in one, whose size it sets: 480 wide and as high as its
+/// content. Show it at `Updater::checkRequested`. It closes its window when all is done; closing
+/// that ends what runs and deletes an update that was not handed over.
 class UpdateView : public QWidget {
     Q_OBJECT
 
 public:
-    /// `updater` outlives the window: the `controller` of a configured UpdateController.
+    /// Over the environment's updater: updates are configured.
+    explicit UpdateView(const ViewEnvironment& environment, QWidget* parent = nullptr);
+    /// `updater` outlives the view.
     UpdateView(const ViewEnvironment& environment, Updater& updater, QWidget* parent = nullptr);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
-    void closeEvent(QCloseEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     bool event(QEvent* event) override;
 
 private:
@@ -37,7 +39,6 @@ private:
     QLayout* buildHeading();
     QWidget* buildNotes();
     QLayout* buildButtons();
-    void present();
     void showState(const UpdateState& state);
     void showTexts(const UpdateState& state);
     void showProgress(const UpdateState& state);
@@ -49,6 +50,7 @@ private:
     Updater& m_updater;
     /// What was last announced.
     QString m_announced;
+    bool m_isEnding = false;
     TextLabel* m_title;
     TextLabel* m_text;
     TrovellCardModifier* m_notesCard;
