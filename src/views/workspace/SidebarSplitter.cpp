@@ -15,14 +15,17 @@ constexpr int grabAfter = 3;
 /// the mouse and are not painted.
 class WideHandle : public QSplitterHandle {
 public:
-    using QSplitterHandle::QSplitterHandle;
-
-protected:
-    void resizeEvent(QResizeEvent* event) override
+    explicit WideHandle(QSplitter* splitter) : QSplitterHandle(Qt::Horizontal, splitter)
     {
-        QSplitterHandle::resizeEvent(event);
         setAttribute(Qt::WA_MouseNoMask);
         setContentsMargins(grabBefore, 0, grabAfter, 0);
+    }
+
+protected:
+    // Not that of QSplitterHandle, which sets margins of its own.
+    void resizeEvent(QResizeEvent* event) override
+    {
+        QWidget::resizeEvent(event);
         setMask(contentsRect());
     }
 };
@@ -45,7 +48,7 @@ SidebarSplitter::SidebarSplitter(QWidget* sidebar, QWidget* detail, QWidget* par
 
 QSplitterHandle* SidebarSplitter::createHandle()
 {
-    return new WideHandle(orientation(), this);
+    return new WideHandle(this);
 }
 
 } // namespace trovell

@@ -63,7 +63,7 @@ WorkspaceEmptyView::WorkspaceEmptyView(const ViewEnvironment& environment, QWidg
     words.renderText(title, u"Build your first workspace"_key);
     auto* text = new TextLabel(visual, {}, TextRole::body, ColorToken::labelSecondary);
     text->setWordWrap(true);
-    text->setMaximumWidth(textWidthLimit);
+    text->setFixedWidth(textWidthLimit);
     text->setPreferredWrapWidth(textWidthLimit);
     words.renderText(text, u"Open and arrange the apps you use together, then capture the "
                            u"setup—or start with an empty workspace."_key);
