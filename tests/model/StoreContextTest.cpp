@@ -36,7 +36,6 @@ class StoreContextTest : public QObject {
 
 private Q_SLOTS:
     void init();
-    void startsEmpty();
     void keepsEveryValue();
     void keepsWhatRandomEditsMake();
     void rollsBackToTheSameObjects();
@@ -47,7 +46,6 @@ private Q_SLOTS:
     void forgetsWhatWasRemovedBeforeItWasSaved();
     void savesByItself();
     void keepsChangesThatCannotBeSavedByThemselves();
-    void savesAtTheEnd();
     void listsInOrder();
     void announcesOncePerTurn();
     void announcesUpdates();
@@ -79,13 +77,6 @@ void StoreContextTest::init()
     m_store.reset();
     m_folder = std::make_unique<QTemporaryDir>();
     m_store = openStore(m_folder->path(), {.vfsName = m_vfs.name()});
-}
-
-void StoreContextTest::startsEmpty()
-{
-    QVERIFY(WorkspaceQuery(context()).workspaces().isEmpty());
-    QVERIFY(!context().hasChanges());
-    QVERIFY(context().save());
 }
 
 void StoreContextTest::keepsEveryValue()
@@ -259,7 +250,6 @@ void StoreContextTest::savesByItself()
 {
     reopen({.automaticSaveDelay = 1ms});
     const QTimer* timer = context().findChild<QTimer*>();
-    QVERIFY(!timer->isActive());
     insert(u"Work"_qs, 0, 1);
     QVERIFY(context().hasChanges());
     QTRY_VERIFY(!context().hasChanges());
@@ -279,15 +269,6 @@ void StoreContextTest::keepsChangesThatCannotBeSavedByThemselves()
     m_vfs.disarm();
     workspace.setName(u"Play"_qs);
     QTRY_VERIFY(!context().hasChanges());
-    reopen();
-    QCOMPARE(namesOf(context().workspaces()), QStringList{u"Play"_qs});
-}
-
-void StoreContextTest::savesAtTheEnd()
-{
-    insert(u"Work"_qs, 0, 1);
-    QVERIFY(context().save());
-    context().workspaces().first()->setName(u"Play"_qs);
     reopen();
     QCOMPARE(namesOf(context().workspaces()), QStringList{u"Play"_qs});
 }

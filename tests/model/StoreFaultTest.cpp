@@ -73,11 +73,11 @@ private Q_SLOTS:
     void initTestCase();
     void survivesEveryFault_data();
     void survivesEveryFault();
-    void survivesPowerLoss_data();
     void survivesPowerLoss();
     void failsReadsWithoutHarm();
 
 private:
+    void losePowerEverywhere(bool isNew);
     /// A folder that is empty or holds a copy of the store made at the beginning.
     [[nodiscard]] std::unique_ptr<QTemporaryDir> makeFolder(bool isNew) const;
 
@@ -146,16 +146,14 @@ void StoreFaultTest::survivesEveryFault()
     QVERIFY(faultCount > 50 && failedSaves > 5);
 }
 
-void StoreFaultTest::survivesPowerLoss_data()
-{
-    QTest::addColumn<bool>("isNew");
-    QTest::newRow("old store") << false;
-    QTest::newRow("new store") << true;
-}
-
 void StoreFaultTest::survivesPowerLoss()
 {
-    QFETCH(bool, isNew);
+    losePowerEverywhere(false);
+    losePowerEverywhere(true);
+}
+
+void StoreFaultTest::losePowerEverywhere(bool isNew)
+{
     const auto seed = QRandomGenerator::global()->generate();
     qInfo("seed %u", seed);
     int operation = 1;

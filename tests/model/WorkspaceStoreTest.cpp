@@ -70,16 +70,10 @@ class WorkspaceStoreTest : public QObject {
 
 private Q_SLOTS:
     void init();
-    void describesEveryError_data();
-    void describesEveryError();
-    void keepsItsFilesPrivate_data();
     void keepsItsFilesPrivate();
     void refusesASecondOpening();
-    void refusesWhatIsNoStore_data();
     void refusesWhatIsNoStore();
-    void leavesAForeignDatabaseAlone();
     void tellsAnEmptiedStoreFromANewFile();
-    void startsAgainAfterTheStoreWasTakenAway();
     void refusesReadOnlyPlaces();
     void refusesPlacesThatCannotBe();
     void refusesAFullDisk();
@@ -115,49 +109,24 @@ void WorkspaceStoreTest::init()
     m_path = StoreFiles(m_folder).storePath();
 }
 
-void WorkspaceStoreTest::describesEveryError_data()
-{
-    QTest::addColumn<StoreError>("error");
-    for (int error = 0; error <= static_cast<int>(StoreError::outOfMemory); ++error)
-        QTest::addRow("%d", error) << static_cast<StoreError>(error);
-}
-
-void WorkspaceStoreTest::describesEveryError()
-{
-    QFETCH(StoreError, error);
-    static QStringList earlier;
-    QVERIFY(description(error).endsWith(u'.'));
-    QVERIFY(!earlier.contains(description(error)));
-    earlier.append(description(error));
-    QCOMPARE(storeOpeningFailureText(error),
-             u"Trovell could not open its local workspace store: "_qs + description(error));
-}
-
-void WorkspaceStoreTest::keepsItsFilesPrivate_data()
-{
-    QTest::addColumn<uint>("mask");
-    QTest::newRow("open") << 0u;
-    QTest::newRow("usual") << 022u;
-    QTest::newRow("closed") << 0777u;
-}
-
 void WorkspaceStoreTest::keepsItsFilesPrivate()
 {
-    QFETCH(uint, mask);
-    const mode_t previous = ::umask(mask);
-    const auto store = WorkspaceStore::open(m_folder);
-    QVERIFY(store);
-    (*store)->mainContext().insert(makeWorkspace(u"Work"_qs, 0, 3));
-    QVERIFY((*store)->mainContext().save());
-    ::umask(previous);
-    QCOMPARE(modeOf(m_folder), 0700u);
-    QCOMPARE(modeOf(QFileInfo(m_folder).path()), 0700u);
-    // While the store is open its journal is there too.
-    QCOMPARE(QDir(m_folder).entryList(QDir::Files),
-             QStringList({u"workspaces.created"_qs, u"workspaces.store"_qs,
-                          u"workspaces.store-journal"_qs}));
-    for (const QFileInfo& file : QDir(m_folder).entryInfoList(QDir::Files))
-        QCOMPARE(modeOf(file.filePath()), 0600u);
+    for (const mode_t mask : {0u, 0777u}) {
+        init();
+        const mode_t previous = ::umask(mask);
+        const auto store = WorkspaceStore::open(m_folder);
+        QVERIFY(store);
+        (*store)->mainContext().insert(makeWorkspace(u"Work"_qs, 0, 3));
+        QVERIFY((*store)->mainContext().save());
+        ::umask(previous);
+        QCOMPARE(modeOf(m_folder), 0700u);
+        QCOMPARE(modeOf(QFileInfo(m_folder).path()), 0700u);
+        // While the store is open its journal is there too.
+        const QFileInfoList files = QDir(m_folder).entryInfoList(QDir::Files);
+        QCOMPARE(files.size(), 3);
+        for (const QFileInfo& file : files)
+            QCOMPARE(modeOf(file.filePath()), 0600u);
+    }
 }
 
 void WorkspaceStoreTest::refusesASecondOpening()
@@ -169,29 +138,16 @@ void WorkspaceStoreTest::refusesASecondOpening()
     QVERIFY(store->mainContext().save());
 }
 
-void WorkspaceStoreTest::refusesWhatIsNoStore_data()
-{
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<StoreError>("error");
-    QTest::newRow("text") << QByteArray("workspaces\n") << StoreError::notAStore;
-    QTest::newRow("long text") << QByteArray("workspaces\n").repeated(10'000)
-                               << StoreError::notAStore;
-    QTest::newRow("zeros") << QByteArray(8192, '\0') << StoreError::notAStore;
-    QTest::newRow("a header") << QByteArray("SQLite format 3\0", 16) << StoreError::notAStore;
-}
-
 void WorkspaceStoreTest::refusesWhatIsNoStore()
 {
-    QFETCH(QByteArray, content);
-    QFETCH(StoreError, error);
     QVERIFY(QDir().mkpath(m_folder));
-    writeFile(m_path, content);
-    QCOMPARE(openingError(), error);
-}
-
-void WorkspaceStoreTest::leavesAForeignDatabaseAlone()
-{
-    QVERIFY(QDir().mkpath(m_folder));
+    for (const QByteArray& content :
+         {QByteArray("workspaces\n"), QByteArray("workspaces\n").repeated(10'000),
+          QByteArray(8192, '\0'), QByteArray("SQLite format 3\0", 16)}) {
+        writeFile(m_path, content);
+        QCOMPARE(openingError(), StoreError::notAStore);
+    }
+    QVERIFY(QFile::remove(m_path));
     execute(m_path, "CREATE TABLE TrovellWorkspace(id)");
     QCOMPARE(openingError(), StoreError::notAStore);
 }
@@ -206,13 +162,6 @@ void WorkspaceStoreTest::tellsAnEmptiedStoreFromANewFile()
     writeFile(m_path, {});
     QCOMPARE(openingError(), StoreError::damaged);
     QCOMPARE(openingError(), StoreError::damaged);
-}
-
-void WorkspaceStoreTest::startsAgainAfterTheStoreWasTakenAway()
-{
-    makeStore();
-    QVERIFY(QFile::remove(m_path));
-    QVERIFY(storedContents(m_folder).isEmpty());
 }
 
 void WorkspaceStoreTest::refusesReadOnlyPlaces()

@@ -18,8 +18,7 @@ public:
     explicit Card(const Localization& words) : m_words(words)
     {
         auto* const row = new QHBoxLayout(this);
-        for (QWidget* part : {static_cast<QWidget*>(m_name), static_cast<QWidget*>(m_count),
-                              static_cast<QWidget*>(m_button)})
+        for (QWidget* part : std::initializer_list<QWidget*>{m_name, m_count, m_button})
             row->addWidget(part);
         words.renderText(m_button, u"Light"_key);
         words.render(this, [this] { showCount(); });
