@@ -63,12 +63,6 @@ int FakeWindowSystem::readCount() const
     return m_readCount;
 }
 
-QList<WindowFrameRequest> FakeWindowSystem::frameRequests() const
-{
-    const QMutexLocker lock(&m_mutex);
-    return m_frameRequests;
-}
-
 QList<RunningApplication> FakeWindowSystem::runningApplications()
 {
     const QMutexLocker lock(&m_mutex);
@@ -127,7 +121,6 @@ QList<bool> FakeWindowSystem::setWindowFrames(const QList<WindowFrameRequest>& r
     const QMutexLocker lock(&m_mutex);
     QList<bool> accepted;
     for (const WindowFrameRequest& request : requests) {
-        m_frameRequests.append(request);
         const auto window = m_windows.find(request.handle);
         accepted.append(window != m_windows.end() && !window->refusesFrames);
         if (accepted.last())

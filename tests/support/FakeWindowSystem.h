@@ -41,7 +41,6 @@ public:
     std::function<void(const QList<RunningApplication>&)> onRead;
 
     [[nodiscard]] int readCount() const;
-    [[nodiscard]] QList<WindowFrameRequest> frameRequests() const;
 
     [[nodiscard]] bool isTrusted() const override { return trusted; }
     bool requestTrust() override { return trusted; }
@@ -62,7 +61,6 @@ private:
     mutable QMutex m_mutex;
     QList<RunningApplication> m_applications;
     QHash<WindowHandle, Window> m_windows;
-    QList<WindowFrameRequest> m_frameRequests;
     mutable int m_readCount = 0;
     WindowHandle m_lastHandle = 0;
 };

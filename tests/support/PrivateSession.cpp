@@ -37,8 +37,8 @@ PrivateSession::PrivateSession()
     set("XDG_CONFIG_DIRS", "xdg");
     set("XDG_CACHE_HOME", "cache");
     set("XDG_RUNTIME_DIR", "run");
-    QDir().mkpath(userApplications());
-    QDir().mkpath(systemApplications());
+    QDir().mkpath(path(u"data/applications"_qs));
+    QDir().mkpath(path(u"share/applications"_qs));
     // Kinds of files are told as on the machine; only its applications are not there.
     QFile::link(u"/usr/share/mime"_qs, path(u"share/mime"_qs));
     qunsetenv("XDG_CURRENT_DESKTOP");

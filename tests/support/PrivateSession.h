@@ -31,12 +31,9 @@ public:
     PrivateSession(const PrivateSession&) = delete;
     PrivateSession& operator=(const PrivateSession&) = delete;
 
-    /// Absolute path of something in the private HOME.
+    /// Absolute path of something in the private HOME. The user's own desktop files are in
+    /// "data/applications", those of the system in "share/applications".
     QString path(const QString& name) const { return m_folder.filePath(name); }
-
-    /// Where the user's own desktop files are, and those of the system.
-    QString userApplications() const { return path(u"data/applications"_qs); }
-    QString systemApplications() const { return path(u"share/applications"_qs); }
 
     /// Writes a file into the private HOME, with its folders; returns its absolute path.
     QString write(const QString& name, const QByteArray& content) const;

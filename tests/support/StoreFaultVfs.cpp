@@ -98,68 +98,40 @@ struct StoreFaultFile {
         return SQLITE_OK;
     }
 
-    static int fileSize(sqlite3_file* file, sqlite3_int64* size)
+    /// What works as ever.
+    template <auto operation, class... Arguments>
+    static int forward(sqlite3_file* file, Arguments... arguments)
     {
         sqlite3_file* real = from(file)->real();
-        return real->pMethods->xFileSize(real, size);
-    }
-
-    static int lock(sqlite3_file* file, int level)
-    {
-        sqlite3_file* real = from(file)->real();
-        return real->pMethods->xLock(real, level);
-    }
-
-    static int unlock(sqlite3_file* file, int level)
-    {
-        sqlite3_file* real = from(file)->real();
-        return real->pMethods->xUnlock(real, level);
-    }
-
-    static int checkReservedLock(sqlite3_file* file, int* isReserved)
-    {
-        sqlite3_file* real = from(file)->real();
-        return real->pMethods->xCheckReservedLock(real, isReserved);
-    }
-
-    static int fileControl(sqlite3_file* file, int operation, void* argument)
-    {
-        sqlite3_file* real = from(file)->real();
-        return real->pMethods->xFileControl(real, operation, argument);
+        return (real->pMethods->*operation)(real, arguments...);
     }
 
     static int blockSize(sqlite3_file*) { return sectorSize; }
-
-    static int deviceCharacteristics(sqlite3_file* file)
-    {
-        sqlite3_file* real = from(file)->real();
-        return real->pMethods->xDeviceCharacteristics(real);
-    }
 
     static const sqlite3_io_methods methods;
 };
 
 // Version 1 has neither shared memory nor memory mapping: nothing gets past the operations above.
 const sqlite3_io_methods StoreFaultFile::methods{
-    1,
-    &close,
-    &read,
-    &write,
-    &truncate,
-    &sync,
-    &fileSize,
-    &lock,
-    &unlock,
-    &checkReservedLock,
-    &fileControl,
-    &blockSize,
-    &deviceCharacteristics,
-    nullptr,
-    nullptr,
-    nullptr,
-    nullptr,
-    nullptr,
-    nullptr,
+    .iVersion = 1,
+    .xClose = &close,
+    .xRead = &read,
+    .xWrite = &write,
+    .xTruncate = &truncate,
+    .xSync = &sync,
+    .xFileSize = &forward<&sqlite3_io_methods::xFileSize, sqlite3_int64*>,
+    .xLock = &forward<&sqlite3_io_methods::xLock, int>,
+    .xUnlock = &forward<&sqlite3_io_methods::xUnlock, int>,
+    .xCheckReservedLock = &forward<&sqlite3_io_methods::xCheckReservedLock, int*>,
+    .xFileControl = &forward<&sqlite3_io_methods::xFileControl, int, void*>,
+    .xSectorSize = &blockSize,
+    .xDeviceCharacteristics = &forward<&sqlite3_io_methods::xDeviceCharacteristics>,
+    .xShmMap = nullptr,
+    .xShmLock = nullptr,
+    .xShmBarrier = nullptr,
+    .xShmUnmap = nullptr,
+    .xFetch = nullptr,
+    .xUnfetch = nullptr,
 };
 
 StoreFaultVfs::StoreFaultVfs()

@@ -37,19 +37,9 @@ void runOpenssl(const QStringList& arguments)
 
 QStringList certificateArguments(const QString& key, const QString& certificate)
 {
-    return {u"req"_qs,
-            u"-x509"_qs,
-            u"-newkey"_qs,
-            u"ec"_qs,
-            u"-pkeyopt"_qs,
-            u"ec_paramgen_curve:prime256v1"_qs,
-            u"-nodes"_qs,
-            u"-days"_qs,
-            u"7"_qs,
-            u"-keyout"_qs,
-            key,
-            u"-out"_qs,
-            certificate};
+    return u"req -x509 -newkey ec -pkeyopt ec_paramgen_curve:prime256v1 -nodes -days 7"_qs.split(
+               u' ') +
+           QStringList{u"-keyout"_qs, key, u"-out"_qs, certificate};
 }
 
 } // namespace
