@@ -323,4 +323,11 @@ void DesktopInspector::setEdid(const QByteArray& outputName, const QByteArray& e
     xcb_flush(m_connection);
 }
 
+quint32 DesktopInspector::selectionOwner(const char* selection) const
+{
+    const auto reply = owned(xcb_get_selection_owner_reply(
+        m_connection, xcb_get_selection_owner(m_connection, atom(selection)), nullptr));
+    return reply ? reply->owner : 0;
+}
+
 } // namespace trovell::test

@@ -90,6 +90,8 @@ public:
     void setEdid(const QByteArray& outputName, const QByteArray& edid);
 
     quint32 root() const;
+    /// The window that owns a selection such as "WM_S0"; 0 for none.
+    quint32 selectionOwner(const char* selection) const;
     /// The numbers of a property; empty when it is missing.
     QList<quint32> numbers(quint32 id, const char* name) const;
 
