@@ -24,9 +24,9 @@ EditorItemsSection::EditorItemsSection(const ViewEnvironment& environment,
                                        OpenPanel openPanel, QWidget* parent)
     : QWidget(parent), m_environment(environment), m_openPanel(std::move(openPanel)),
       m_addButton(new PushButton(environment.visual, {}, PushButton::Kind::bordered,
-                                 PushButton::Scale::small)),
+                                 PushButton::Scale::small, this)),
       m_card(new TrovellCardModifier(environment.visual)),
-      m_list(new EditorItemList(environment, items, m_addButton))
+      m_list(new EditorItemList(environment, items, m_addButton, this))
 {
     auto* caption =
         new TextLabel(environment.visual, {}, TextRole::caption, ColorToken::labelSecondary);
