@@ -15,10 +15,10 @@ class WindowPlacement;
 
 /// A saved window of an application that is not among the detected ones.
 struct RetainedPlacementDraft {
-    QUuid placementID;
-    QString bundleIdentifier;
-    QString applicationName;
-    std::optional<QString> windowTitle;
+    QUuid placementID = {};
+    QString bundleIdentifier = {};
+    QString applicationName = {};
+    std::optional<QString> windowTitle = {};
     bool isKept = true;
 
     bool operator==(const RetainedPlacementDraft&) const = default;
@@ -38,10 +38,10 @@ struct CaptureLoadState {
 };
 
 struct CaptureDraft {
-    QString name;
-    WorkspaceChoices choices;
-    QList<CapturedApplication> applications;
-    QList<RetainedPlacementDraft> retainedPlacements;
+    QString name = {};
+    WorkspaceChoices choices = {};
+    QList<CapturedApplication> applications = {};
+    QList<RetainedPlacementDraft> retainedPlacements = {};
 };
 
 /// The placements of a workspace in the order in which they were appended.

@@ -11,7 +11,7 @@ constexpr int gap = 10;
 // No sheet with such a column is higher.
 constexpr int screenful = 720;
 // Made within a few milliseconds.
-constexpr int sliceHeight = 1000;
+constexpr int sliceHeight = 600;
 
 } // namespace
 

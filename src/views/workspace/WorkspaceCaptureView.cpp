@@ -279,6 +279,8 @@ void WorkspaceCaptureView::showPage(QWidget* page)
     }
     m_page = page;
     m_pages->addWidget(page);
+    // The layout would do so later, and what takes the focus must be visible.
+    page->show();
 }
 
 /// Loaded and failed pages have a Cancel button of their own.
