@@ -6,6 +6,7 @@
 #include "views/workspace/WorkspaceDetailView.h"
 #include "views/workspace/WorkspaceEmptyView.h"
 
+#include <QGridLayout>
 #include <QScrollBar>
 #include <QStackedLayout>
 #include <QVBoxLayout>
@@ -55,16 +56,11 @@ QWidget* WorkspaceDetailColumn::buildToolbar()
     row->setContentsMargins(0, 0, buttonInset, 0);
     row->addStretch();
     row->addWidget(add);
-    // Always there, so that nothing moves when it is drawn.
-    QSizePolicy policy = m_hairline->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    m_hairline->setSizePolicy(policy);
     m_hairline->hide();
-    auto* column = new QVBoxLayout(toolbar);
-    column->setContentsMargins({});
-    column->setSpacing(0);
-    column->addLayout(row, 1);
-    column->addWidget(m_hairline);
+    auto* layers = new QGridLayout(toolbar);
+    layers->setContentsMargins({});
+    layers->addLayout(row, 0, 0);
+    layers->addWidget(m_hairline, 0, 0, Qt::AlignBottom);
     return toolbar;
 }
 

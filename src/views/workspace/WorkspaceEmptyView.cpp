@@ -88,7 +88,12 @@ WorkspaceEmptyView::WorkspaceEmptyView(const ViewEnvironment& environment, QWidg
     column->addStretch();
     column->addWidget(new EmptyIllustration(visual, this), 0, Qt::AlignHCenter);
     column->addWidget(title, 0, Qt::AlignHCenter);
-    column->addWidget(text, 0, Qt::AlignHCenter);
+    // A column would give the text the height it has in the whole width.
+    auto* textRow = new QHBoxLayout;
+    textRow->addStretch();
+    textRow->addWidget(text);
+    textRow->addStretch();
+    column->addLayout(textRow);
     column->addLayout(buttons);
     column->setAlignment(buttons, Qt::AlignHCenter);
     column->addStretch();

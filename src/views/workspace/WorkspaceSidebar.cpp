@@ -61,7 +61,8 @@ QWidget* WorkspaceSidebar::buildHeader()
 QWidget* WorkspaceSidebar::buildFooter()
 {
     auto* footer = new QWidget(this);
-    footer->setMinimumHeight(m_environment.visual.tokens().size(Tokens::Size::toolbar));
+    // With the divider as high as the header.
+    footer->setMinimumHeight(m_environment.visual.tokens().size(Tokens::Size::toolbar) - 1);
     auto* settings = new SymbolLink(m_environment.visual, u"gearshape"_qs, {});
     m_environment.words.renderText(settings, u"Settings"_key);
     connect(settings, &QAbstractButton::clicked, this, &WorkspaceSidebar::settingsRequested);
