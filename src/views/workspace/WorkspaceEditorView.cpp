@@ -128,9 +128,9 @@ QWidget* WorkspaceEditorView::makeBasics()
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setHorizontalSpacing(labelGap);
     grid->setVerticalSpacing(controlGap);
-    grid->setColumnStretch(1, 1);
-    grid->addWidget(m_name, 0, 0, 1, 2);
-    grid->setRowMinimumHeight(1, choicesGap - 2 * controlGap);
+    grid->setColumnStretch(2, 1);
+    grid->addWidget(m_name, 0, 0, 1, 3);
+    grid->setRowMinimumHeight(1, choicesGap - controlGap);
     grid->addWidget(makeRowLabel(m_environment, u"Icon"_key), 2, 0);
     grid->addWidget(m_choices->icons(), 2, 1);
     grid->addWidget(makeRowLabel(m_environment, u"Accent"_key), 3, 0);
