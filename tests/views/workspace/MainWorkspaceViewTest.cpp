@@ -582,6 +582,19 @@ private Q_SLOTS:
         QVERIFY(m_desk->list->viewport()->rect().contains(m_desk->middleOf(58)));
     }
 
+    void theTabKeyGoesFromTheSidebarToTheDetail()
+    {
+        m_desk->open(u"A"_qs);
+        QStringList names;
+        for (int i = 0; i < 3; ++i) {
+            QTest::keyClick(m_desk->window().focusWidget(), Qt::Key_Tab);
+            const QWidget* focused = m_desk->window().focusWidget();
+            const QString name = focused->accessibleName();
+            names += name.isEmpty() ? focused->property("text").toString() : name;
+        }
+        QCOMPARE(names, QStringList({u"Settings"_qs, u"Add Workspace"_qs, u"Save Layout"_qs}));
+    }
+
     void rowsSayEverythingToAssistiveTools()
     {
         TrovellWorkspace& work = m_desk->addWorkspace(u"Work"_qs);
