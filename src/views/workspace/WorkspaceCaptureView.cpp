@@ -286,10 +286,9 @@ void WorkspaceCaptureView::showPage(QWidget* page)
 /// Loaded and failed pages have a Cancel button of their own.
 void WorkspaceCaptureView::showCloseButtonWhereNeeded()
 {
+    showCloseButton(m_environment.words.text(u"Cancel"_key));
     const auto kind = m_loadState.kind;
-    if (kind == CaptureLoadState::Kind::idle || kind == CaptureLoadState::Kind::loading)
-        showCloseButton(m_environment.words.text(u"Cancel"_key));
-    else
+    if (kind == CaptureLoadState::Kind::loaded || kind == CaptureLoadState::Kind::failed)
         hideCloseButton();
 }
 
