@@ -6,6 +6,7 @@
 #include "app/scenes/TrovellApp.h"
 #include "app/TerminationSignals.h"
 #include "platform/freedesktop/DesktopActivation.h"
+#include "views/style/Accessibility.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -39,6 +40,7 @@ int main(int argc, char** argv)
     // The store is verified while the connections to the desktop are made.
     auto preparation =
         std::async(std::launch::async, [] { return WorkspaceStore::prepare(dataFolder()); });
+    installAccessibleParts();
     QApplication application(argc, argv);
     QGuiApplication::setDesktopFileName(identifier);
     const TerminationSignals terminationSignals;

@@ -14,6 +14,7 @@ using namespace trovell::test;
 namespace {
 
 const QString button = QStringLiteral("push button");
+const QString menuButton = QStringLiteral("button menu");
 const QString field = QStringLiteral("text");
 const QString menuItem = QStringLiteral("menu item");
 const QString checkBox = QStringLiteral("check box");
@@ -85,7 +86,7 @@ QRect InterfaceTest::frameOf(const QString& title) const
 /// With the capture sheet that the add menu opens.
 void InterfaceTest::captureAs(const QString& name)
 {
-    QVERIFY(m_trovell->click(button, u"Add Workspace"_qs));
+    QVERIFY(m_trovell->click(menuButton, u"Add Workspace"_qs));
     QVERIFY(m_trovell->click(menuItem, u"Capture Current Workspace"_qs));
     QVERIFY(m_trovell->click(field, u"Workspace name"_qs));
     m_trovell->type(name);
@@ -163,7 +164,7 @@ void InterfaceTest::addsEveryKindOfItem()
     QVERIFY(m_trovell->click(field, u"Workspace name"_qs));
     m_trovell->type(u"Errands"_qs);
     const auto add = [this](const QString& kind) {
-        return m_trovell->click(button, u"Add Item"_qs) && m_trovell->click(menuItem, kind);
+        return m_trovell->click(menuButton, u"Add Item"_qs) && m_trovell->click(menuItem, kind);
     };
     QVERIFY(add(u"Folder…"_qs));
     chooseFile(folder);

@@ -5,8 +5,10 @@
 //   main-job capture NAME APPLICATION… [--folder PATH] [--file PATH] [--link URL]
 //   main-job frames NAME
 //   main-job start NAME
+//   main-job windows APPLICATION… [--remember FILE | --compare FILE]
 //
-// --store FOLDER keeps the workspaces elsewhere than the program does.
+// The last one needs no workspace: it lists frames, writes them down, or compares them with those
+// written down. --store FOLDER keeps the workspaces elsewhere than the program does.
 
 #include "app/AppConfiguration.h"
 #include "app/AppDependencies.h"
@@ -19,6 +21,7 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QDeadlineTimer>
+#include <QFile>
 #include <QFileInfo>
 #include <QTextStream>
 #include <QThread>
@@ -212,9 +215,8 @@ std::optional<CapturedWindow> currentWindow(const QList<CapturedApplication>& ap
 
 /// A program may raise the minimum size of its window between two runs; then it cannot be as small
 /// as it was.
-bool isInPlace(const WindowPlacement& placement, const QRectF& now)
+bool isInPlace(const QRectF& saved, const QRectF& now)
 {
-    const QRectF saved = placement.savedAbsoluteFrame();
     const bool isTopLeft = now.left() == saved.left() && now.bottom() == saved.bottom();
     return isTopLeft && now.width() >= saved.width() && now.height() >= saved.height() &&
            now.width() - saved.width() < 16 && now.height() - saved.height() < 16;
@@ -227,7 +229,7 @@ QStringList misplacedWindows(const TrovellWorkspace& workspace,
     const QList<WindowPlacement*> placements = workspace.sortedPlacements();
     for (const WindowPlacement* placement : placements) {
         const auto window = currentWindow(now, *placement);
-        if (!window || !isInPlace(*placement, window->frame))
+        if (!window || !isInPlace(placement->savedAbsoluteFrame(), window->frame))
             misplaced.append(placement->windowTitleHint().value_or(placement->applicationName()));
     }
     return misplaced;
@@ -257,6 +259,85 @@ void start(Program& program, const QString& name)
     out() << u"Every window is back where it stood."_qs << Qt::endl;
 }
 
+// A line for each window: application, title and frame, separated by tabs.
+
+QStringList describe(const QList<CapturedApplication>& applications)
+{
+    QStringList lines;
+    for (const CapturedApplication& application : applications) {
+        for (const CapturedWindow& window : application.windows) {
+            const QRectF& frame = window.frame;
+            lines.append(
+                u"%1\t%2\t%3\t%4\t%5\t%6"_qs
+                    .arg(application.bundleIdentifier, window.windowTitle.value_or(QString()))
+                    .arg(frame.x())
+                    .arg(frame.y())
+                    .arg(frame.width())
+                    .arg(frame.height()));
+        }
+    }
+    return lines;
+}
+
+bool isInPlace(const QString& saved, const QStringList& now)
+{
+    const auto frame = [](const QString& line) {
+        const QStringList parts = line.split(u'\t');
+        return QRectF(parts.value(2).toDouble(), parts.value(3).toDouble(),
+                      parts.value(4).toDouble(), parts.value(5).toDouble());
+    };
+    return std::any_of(now.begin(), now.end(), [&](const QString& line) {
+        return line.section(u'\t', 0, 1) == saved.section(u'\t', 0, 1) &&
+               isInPlace(frame(saved), frame(line));
+    });
+}
+
+QStringList readLines(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        fail(u"%1 cannot be read."_qs.arg(path));
+    return QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
+}
+
+QStringList misplacedLines(const QStringList& saved, const QList<CapturedApplication>& now)
+{
+    const QStringList lines = describe(now);
+    QStringList misplaced;
+    for (const QString& line : saved) {
+        if (!isInPlace(line, lines))
+            misplaced.append(line.section(u'\t', 1, 1));
+    }
+    return misplaced;
+}
+
+void compareWindows(Program& program, const QSet<QString>& applications, const QString& path)
+{
+    const QStringList saved = readLines(path);
+    const QList<CapturedApplication> now =
+        program.captureWhen(applications, [&](const auto& windows) {
+            return misplacedLines(saved, windows).isEmpty();
+        });
+    printFrames(now);
+    const QStringList misplaced = misplacedLines(saved, now);
+    if (!misplaced.isEmpty())
+        fail(u"Not where they were: "_qs + misplaced.join(u", "_qs));
+    out() << u"Every window is back where it stood."_qs << Qt::endl;
+}
+
+void listWindows(Program& program, const QStringList& names, const QCommandLineParser& options)
+{
+    const QSet<QString> applications(names.begin(), names.end());
+    if (options.isSet(u"compare"_qs))
+        return compareWindows(program, applications, options.value(u"compare"_qs));
+    const QList<CapturedApplication> windows = program.capture(applications);
+    printFrames(windows);
+    QFile file(options.value(u"remember"_qs));
+    if (options.isSet(u"remember"_qs) && (!file.open(QIODevice::WriteOnly) ||
+                                          file.write(describe(windows).join(u'\n').toUtf8()) < 0))
+        fail(u"%1 cannot be written."_qs.arg(file.fileName()));
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -268,6 +349,8 @@ int main(int argc, char** argv)
     options.addOption({u"link"_qs, u"A web address to open."_qs, u"url"_qs});
     options.addOption(
         {u"store"_qs, u"Where the workspaces are kept."_qs, u"path"_qs, dataFolder()});
+    options.addOption({u"remember"_qs, u"Write the frames down."_qs, u"file"_qs});
+    options.addOption({u"compare"_qs, u"Compare with frames written down."_qs, u"file"_qs});
     options.process(application);
     const QStringList arguments = options.positionalArguments();
     const QString step = arguments.value(0);
@@ -280,7 +363,9 @@ int main(int argc, char** argv)
         printFrames(program.capture(applicationsOf(program.workspace(name))));
     else if (step == u"start")
         start(program, name);
+    else if (step == u"windows")
+        listWindows(program, arguments.mid(1), options);
     else
-        fail(u"Steps: capture, frames, start."_qs);
+        fail(u"Steps: capture, frames, start, windows."_qs);
     return 0;
 }

@@ -51,6 +51,12 @@ GDBusConnection* connectToAccessibilityBus(const QByteArray& sessionAddress)
     return connection;
 }
 
+/// Rows tell more than their name after a comma.
+bool isNamed(const AccessibleNode& node, const QString& name)
+{
+    return name.isEmpty() || node.name == name || node.name.startsWith(name + QStringLiteral(", "));
+}
+
 AccessibleNode registry()
 {
     AccessibleNode node;
@@ -172,7 +178,7 @@ std::optional<AccessibleNode> AccessibleTree::find(const QString& application, c
 {
     const QList<AccessibleNode> nodes = shown(application);
     for (const AccessibleNode& node : nodes) {
-        if ((role.isEmpty() || node.role == role) && (name.isEmpty() || node.name == name))
+        if ((role.isEmpty() || node.role == role) && isNamed(node, name))
             return node;
     }
     return std::nullopt;

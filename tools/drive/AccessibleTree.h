@@ -48,7 +48,8 @@ public:
     /// showing is left out, with all below it.
     [[nodiscard]] QList<AccessibleNode> shown(const QString& application) const;
 
-    /// The first that is shown under that name; an empty role or name stands for any.
+    /// The first that is shown under that name, be it followed by a comma and more; an empty role
+    /// or name stands for any.
     [[nodiscard]] std::optional<AccessibleNode>
     find(const QString& application, const QString& role, const QString& name) const;
     /// Asks until it is shown, or the time is over.

@@ -19,8 +19,7 @@ DesktopLook::DesktopLook(VisualStyle& visual, Localization& words, AppPreference
     m_visual.setComposited(m_isComposited());
     showDesktopSettings();
     showLanguage();
-    connect(&m_preferences, &AppPreferences::appearanceChanged, this,
-            &DesktopLook::showAppearance);
+    connect(&m_preferences, &AppPreferences::appearanceChanged, this, &DesktopLook::showAppearance);
     connect(&m_preferences, &AppPreferences::languageChanged, this, &DesktopLook::showLanguage);
     connect(&m_desktop, &DesktopSettings::changed, this, &DesktopLook::showDesktopSettings);
     connect(qApp, &QGuiApplication::applicationStateChanged, this, &DesktopLook::refresh);
@@ -29,8 +28,8 @@ DesktopLook::DesktopLook(VisualStyle& visual, Localization& words, AppPreference
 void DesktopLook::showAppearance()
 {
     const AppAppearance chosen = m_preferences.appearance();
-    const bool isDark = chosen == AppAppearance::dark
-                        || (chosen == AppAppearance::system && m_desktop.isDark());
+    const bool isDark =
+        chosen == AppAppearance::dark || (chosen == AppAppearance::system && m_desktop.isDark());
     m_visual.setAppearance(isDark ? Appearance::dark : Appearance::light);
 }
 

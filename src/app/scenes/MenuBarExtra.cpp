@@ -1,7 +1,7 @@
 #include "app/scenes/MenuBarExtra.h"
 
-#include "views/ViewEnvironment.h"
 #include "views/app/MenuBarWorkspaceView.h"
+#include "views/ViewEnvironment.h"
 
 #include <QCursor>
 #include <QMenu>
@@ -20,8 +20,7 @@ QIcon trayIcon(const VisualStyle& visual)
         QPixmap pixmap(size, size);
         pixmap.fill(Qt::transparent);
         QPainter painter(&pixmap);
-        visual.paintSymbol(painter, pixmap.rect(), u"TrovellTray-symbolic"_qs,
-                           visual.brandTint());
+        visual.paintSymbol(painter, pixmap.rect(), u"TrovellTray-symbolic"_qs, visual.brandTint());
         painter.end();
         drawn.addPixmap(pixmap);
     }

@@ -6,6 +6,7 @@
 
 namespace trovell {
 
+class AppPreferences;
 class MenuBarWorkspaceView;
 struct ViewEnvironment;
 

@@ -20,8 +20,8 @@ void SceneWindow::showEvent(QShowEvent* event)
 
 bool SceneWindow::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == windowHandle() && event->type() == QEvent::Expose
-        && windowHandle()->isExposed()) {
+    if (watched == windowHandle() && event->type() == QEvent::Expose &&
+        windowHandle()->isExposed()) {
         windowHandle()->removeEventFilter(this);
         Q_EMIT appeared();
     }

@@ -6,6 +6,7 @@
 #include "app/scenes/SceneWindow.h"
 #include "services/update/Updater.h"
 #include "views/app/MenuBarWorkspaceView.h"
+#include "views/app/OnboardingView.h"
 #include "views/app/RootView.h"
 #include "views/app/SettingsView.h"
 #include "views/app/UpdateView.h"
@@ -21,9 +22,11 @@ TrovellApp::TrovellApp(std::unique_ptr<WorkspaceStore> store)
       m_defaults(preferencesFile()), m_modelContainer(std::move(store)),
       m_dependencies(m_platform, m_defaults, m_clock, appConfiguration()),
       m_look(m_visual, m_words, m_dependencies.preferences(), m_platform.isComposited),
-      m_workspaces(m_modelContainer->mainContext()), m_icons(m_dependencies.resources()),
-      m_environment{m_visual,     m_words, m_dependencies, m_modelContainer->mainContext(),
-                    m_workspaces, m_icons}
+      m_workspaces(m_modelContainer->mainContext()),
+      m_icons(m_dependencies.resources()), m_environment{
+                                               m_visual,       m_words,
+                                               m_dependencies, m_modelContainer->mainContext(),
+                                               m_workspaces,   m_icons}
 {
     m_visual.install(*qApp);
     QApplication::setQuitOnLastWindowClosed(false);
@@ -121,7 +124,9 @@ void TrovellApp::bringForward(SceneWindow& window, const QString& startupToken)
         qputenv("XDG_ACTIVATION_TOKEN", startupToken.toUtf8()); // read by Qt on Wayland
     const bool isNew = !window.windowHandle();
     const auto activate = [this, &window] {
-        m_platform.windowSystem->activate({.windows = {window.winId()}});
+        RunningApplication own;
+        own.windows = {window.winId()};
+        m_platform.windowSystem->activate(own);
     };
     // A new window gets the focus from the window manager, if the user has not gone on meanwhile.
     // One that comes back would only blink: the user last touched it long ago.

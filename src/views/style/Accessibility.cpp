@@ -3,7 +3,10 @@
 #include "views/style/Picker.h"
 #include "views/style/StyledButton.h"
 
+#include <QAccessibleObject>
 #include <QAccessibleWidget>
+#include <QApplication>
+#include <QMenu>
 
 namespace trovell {
 
@@ -147,6 +150,35 @@ public:
     }
 };
 
+/// Menus are windows that Qt leaves out of the application's tree, so that assistive tools find
+/// their entries only by the focus. Here the open one is the application's last child.
+class AccessibleTrovell : public QAccessibleApplication {
+public:
+    int childCount() const override
+    {
+        return QAccessibleApplication::childCount() + (openMenu() ? 1 : 0);
+    }
+
+    QAccessibleInterface* child(int index) const override
+    {
+        return index == QAccessibleApplication::childCount() ? openMenu()
+                                                             : QAccessibleApplication::child(index);
+    }
+
+    int indexOfChild(const QAccessibleInterface* child) const override
+    {
+        return child == openMenu() ? QAccessibleApplication::childCount()
+                                   : QAccessibleApplication::indexOfChild(child);
+    }
+
+private:
+    static QAccessibleInterface* openMenu()
+    {
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        return menu ? QAccessible::queryAccessibleInterface(menu) : nullptr;
+    }
+};
+
 QAccessibleInterface* makePicture(QWidget* widget)
 {
     if (widget->accessibleName().isEmpty())
@@ -156,6 +188,8 @@ QAccessibleInterface* makePicture(QWidget* widget)
 
 QAccessibleInterface* makePart(const QString& className, QObject* object)
 {
+    if (className == u"QApplication")
+        return new AccessibleTrovell;
     auto* widget = qobject_cast<QWidget*>(object);
     if (!widget || !className.startsWith(u"trovell::"))
         return nullptr;
