@@ -43,7 +43,7 @@ private Q_SLOTS:
 private:
     void openTerminals();
     void captureAs(const QString& name);
-    void chooseFile(const QString& path);
+    void chooseFile(const QString& title, const QString& path);
     [[nodiscard]] QRect frameOf(const QString& title) const;
 
     std::unique_ptr<VirtualDesktop> m_desktop;
@@ -144,11 +144,17 @@ void InterfaceTest::updatesALayoutWhileAnApplicationIsClosed()
     QTRY_COMPARE(inspector.waitForWindowOfClass(u"Mousepad").frame, notes);
 }
 
-/// In the dialog for files: its field for names has the focus.
-void InterfaceTest::chooseFile(const QString& path)
+/// In the dialog for files: its field for names has the focus. A first Return may only take what
+/// the field completes.
+void InterfaceTest::chooseFile(const QString& title, const QString& path)
 {
-    QVERIFY(m_trovell->shows(label, u"File name:"_qs) || m_trovell->shows(label, u"Directory:"_qs));
-    m_trovell->type(path + u'\n');
+    QVERIFY(m_trovell->shows(u"dialog"_qs, title));
+    m_trovell->type(path);
+    for (int attempt = 0; attempt < 3 && m_trovell->showsNow(u"dialog"_qs, title); ++attempt) {
+        m_trovell->press("Return");
+        QTest::qWait(400);
+    }
+    QVERIFY(m_trovell->hides(u"dialog"_qs, title));
 }
 
 void InterfaceTest::addsEveryKindOfItem()
@@ -167,10 +173,10 @@ void InterfaceTest::addsEveryKindOfItem()
         return m_trovell->click(menuButton, u"Add Item"_qs) && m_trovell->click(menuItem, kind);
     };
     QVERIFY(add(u"Folder…"_qs));
-    chooseFile(folder);
+    chooseFile(u"Choose Folders"_qs, folder);
     QVERIFY(m_trovell->shows(button, u"Remove Receipts"_qs));
     QVERIFY(add(u"File…"_qs));
-    chooseFile(file);
+    chooseFile(u"Choose Files"_qs, file);
     QVERIFY(m_trovell->shows(button, u"Remove list.txt"_qs));
     QVERIFY(add(u"Web Link…"_qs));
     QVERIFY(m_trovell->shows(label, u"Add Web Link"_qs));
@@ -187,7 +193,7 @@ void InterfaceTest::addsEveryKindOfItem()
     QVERIFY(QFile::rename(file, folder + u"/list.txt"_qs));
     QVERIFY(m_trovell->click(button, u"Edit"_qs));
     QVERIFY(m_trovell->click(button, u"Locate Again"_qs));
-    chooseFile(folder + u"/list.txt"_qs);
+    chooseFile(u"Choose Files"_qs, folder + u"/list.txt"_qs);
     QVERIFY(m_trovell->hides(button, u"Locate Again"_qs));
     QVERIFY(m_trovell->click(button, u"Save"_qs));
     QVERIFY(m_trovell->shows(label, u"Errands saved."_qs));

@@ -64,6 +64,11 @@ std::optional<AccessibleNode> RunningTrovell::find(const QString& role, const QS
     return m_tree->waitFor(application, role, name, 10s);
 }
 
+bool RunningTrovell::showsNow(const QString& role, const QString& name) const
+{
+    return m_tree->find(application, role, name).has_value();
+}
+
 bool RunningTrovell::shows(const QString& role, const QString& name)
 {
     return find(role, name).has_value();
@@ -71,7 +76,7 @@ bool RunningTrovell::shows(const QString& role, const QString& name)
 
 bool RunningTrovell::hides(const QString& role, const QString& name)
 {
-    return waitUntil([&] { return !m_tree->find(application, role, name); });
+    return waitUntil([&] { return !showsNow(role, name); });
 }
 
 QStringList RunningTrovell::names(const QString& role)

@@ -29,6 +29,7 @@ public:
     /// The first shown object of that role and name, waited for. An empty role or name stands for
     /// any. Roles as AT-SPI writes them.
     [[nodiscard]] std::optional<AccessibleNode> find(const QString& role, const QString& name);
+    [[nodiscard]] bool showsNow(const QString& role, const QString& name) const;
     /// Whether it is shown now, or soon.
     [[nodiscard]] bool shows(const QString& role, const QString& name);
     /// Whether it is shown no more, now or soon.

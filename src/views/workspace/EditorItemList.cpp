@@ -50,6 +50,18 @@ void EditorItemList::append(const QList<EditableWorkspaceItem>& items)
     buildSomeRows();
     updateGeometry();
     Q_EMIT countChanged();
+    // Once the page around has grown.
+    QTimer::singleShot(0, this, &EditorItemList::revealEnd);
+}
+
+void EditorItemList::revealEnd()
+{
+    QWidget* around = parentWidget();
+    while (around && !qobject_cast<QScrollArea*>(around))
+        around = around->parentWidget();
+    constexpr int space = 24;
+    if (around && !m_rows.isEmpty())
+        static_cast<QScrollArea*>(around)->ensureWidgetVisible(m_rows.last(), 0, space);
 }
 
 void EditorItemList::replace(const EditableWorkspaceItem& item)

@@ -29,6 +29,7 @@ public:
     /// Null when there is none.
     [[nodiscard]] const EditableWorkspaceItem* item(const QUuid& id) const;
 
+    /// Scrolls to the new rows.
     void append(const QList<EditableWorkspaceItem>& items);
     /// Puts the item in the place of the one with its id; nothing when that is gone.
     void replace(const EditableWorkspaceItem& item);
@@ -58,6 +59,7 @@ private:
     [[nodiscard]] int rowHeight() const;
     [[nodiscard]] QRect rowRect(qsizetype index) const;
     void placeRows();
+    void revealEnd();
     [[nodiscard]] qsizetype indexOf(const QUuid& id) const;
     void move(qsizetype source, qsizetype target);
     void moveFocusedRow(int step);
