@@ -9,6 +9,16 @@ namespace trovell {
 
 using Result = Expected<void, StoreError>;
 
+namespace {
+
+void destroyLater(const QList<TrovellWorkspace*>& workspaces)
+{
+    for (TrovellWorkspace* workspace : workspaces)
+        workspace->deleteLater();
+}
+
+} // namespace
+
 StoreContext::StoreContext(SqliteDatabase& database, std::chrono::milliseconds automaticSaveDelay)
     : m_rows(database), m_commits(database)
 {
@@ -110,7 +120,7 @@ void StoreContext::rollback()
         reverted += workspace->m_placements.revert();
         reverted.append(workspace);
     }
-    dropUnstored(touched);
+    const QList<TrovellWorkspace*> dropped = takeUnstored(touched);
     // Only now: observers may write records again.
     for (Record* record : std::as_const(reverted)) {
         if (auto* workspace = qobject_cast<TrovellWorkspace*>(record))
@@ -118,6 +128,8 @@ void StoreContext::rollback()
         Q_EMIT record->changed();
     }
     Q_EMIT changed();
+    // Last: what observers posted to themselves comes before the records are destroyed.
+    destroyLater(dropped);
 }
 
 void StoreContext::attach(TrovellWorkspace& workspace)
@@ -171,23 +183,25 @@ void StoreContext::acceptChanges()
         workspace->m_items.accept();
         workspace->m_placements.accept();
     }
-    dropUnstored(touched);
+    destroyLater(takeUnstored(touched));
 }
 
-void StoreContext::dropUnstored(const QList<TrovellWorkspace*>& touched)
+QList<TrovellWorkspace*> StoreContext::takeUnstored(const QList<TrovellWorkspace*>& touched)
 {
+    QList<TrovellWorkspace*> taken;
     // Most saves drop nothing and must not cost more the more workspaces there are.
     if (std::ranges::all_of(touched, &TrovellWorkspace::isStored))
-        return;
-    std::erase_if(m_workspaces, [](std::unique_ptr<TrovellWorkspace>& workspace) {
+        return taken;
+    std::erase_if(m_workspaces, [&taken](std::unique_ptr<TrovellWorkspace>& workspace) {
         if (workspace->isStored() || !workspace->isRemoved())
             return false;
         workspace->m_noteUnsaved = nullptr;
         workspace->m_items.setUnread({}, nullptr);
         workspace->m_placements.setUnread({}, nullptr);
-        workspace.release()->deleteLater();
+        taken.append(workspace.release());
         return true;
     });
+    return taken;
 }
 
 } // namespace trovell

@@ -73,7 +73,8 @@ private:
     void noteUnsaved(TrovellWorkspace& workspace);
     void saveAutomatically();
     void acceptChanges();
-    void dropUnstored(const QList<TrovellWorkspace*>& touched);
+    /// Those that are in the store no longer, or never were, for the caller to destroy.
+    QList<TrovellWorkspace*> takeUnstored(const QList<TrovellWorkspace*>& touched);
 
     RecordRows m_rows;
     CommitLog m_commits;

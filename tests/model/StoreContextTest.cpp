@@ -5,6 +5,7 @@
 #include "support/StoreContents.h"
 #include "support/StoreFaultVfs.h"
 
+#include <QEventLoop>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -22,11 +23,13 @@ QStringList namesOf(const QList<TrovellWorkspace*>& workspaces)
     return names;
 }
 
-/// Also lets removed records be destroyed.
+/// Handles all that is posted by now in its order, the end of removed records included, which
+/// only a running loop does.
 void turnEventLoop()
 {
-    QCoreApplication::processEvents();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QEventLoop loop;
+    QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
+    loop.exec();
 }
 
 } // namespace
@@ -49,6 +52,7 @@ private Q_SLOTS:
     void listsInOrder();
     void announcesOncePerTurn();
     void announcesUpdates();
+    void announcesBeforeItDestroys_data();
     void announcesBeforeItDestroys();
     void countsWithoutReading();
     void appendsToWhatItHasNotRead();
@@ -329,16 +333,28 @@ void StoreContextTest::announcesUpdates()
     QCOMPARE(updates.count(), 2);
 }
 
+void StoreContextTest::announcesBeforeItDestroys_data()
+{
+    QTest::addColumn<bool>("isStored");
+    QTest::newRow("removed and saved") << true;
+    QTest::newRow("inserted in an earlier turn and rolled back") << false;
+}
+
 void StoreContextTest::announcesBeforeItDestroys()
 {
-    const QPointer<TrovellWorkspace> workspace = &insert(u"Work"_qs, 0, 1);
-    QVERIFY(context().save());
+    QFETCH(bool, isStored);
     WorkspaceQuery query(context());
+    const QPointer<TrovellWorkspace> workspace = &insert(u"Work"_qs, 0, 1);
+    QVERIFY(!isStored || context().save());
     turnEventLoop();
     bool wasAlive = false;
     connect(&query, &WorkspaceQuery::listChanged, this, [&] { wasAlive = !workspace.isNull(); });
-    context().remove(*workspace);
-    QVERIFY(context().save());
+    if (isStored) {
+        context().remove(*workspace);
+        QVERIFY(context().save());
+    } else {
+        context().rollback();
+    }
     turnEventLoop();
     QVERIFY(wasAlive);
     QVERIFY(!workspace);
