@@ -22,7 +22,7 @@ using TextArgument = std::variant<QString, NumberArgument>;
 template <Placeholder... kinds>
 [[nodiscard]] QString productText(TextKey<kinds...> key, const ArgumentOf<kinds>&... arguments)
 {
-    const auto written = []<typename Argument>(const Argument& argument) {
+    [[maybe_unused]] const auto written = []<typename Argument>(const Argument& argument) {
         if constexpr (std::is_same_v<Argument, QString>)
             return argument;
         else
