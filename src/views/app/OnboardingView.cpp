@@ -7,11 +7,12 @@
 #include "views/app/PrivacyView.h"
 #include "views/app/StepIndicator.h"
 #include "views/style/Accessibility.h"
-#include "views/style/Alert.h"
+#include "views/style/PushButton.h"
 #include "views/style/SymbolView.h"
 #include "views/style/TextLabel.h"
 #include "views/style/TrovellBrandMark.h"
 #include "views/workspace/StoreWriting.h"
+#include "views/workspace/WorkspaceAlert.h"
 
 #include <QHBoxLayout>
 #include <QStackedWidget>
@@ -217,17 +218,7 @@ void OnboardingView::finish()
     if (saved)
         accept();
     else
-        showSavingFailure(saved.error());
-}
-
-void OnboardingView::showSavingFailure(const QString& reason)
-{
-    const Localization& words = m_environment.words;
-    auto* alert =
-        new Alert(visual(), this, words.text(phrases::couldNotBeSaved),
-                  reason.isEmpty() ? words.text(phrases::unknownError) : words.shownDetail(reason));
-    alert->addButton(words.text(u"OK"_key), Alert::Role::cancel);
-    alert->open();
+        showWorkspaceAlert(m_environment, this, saved.error());
 }
 
 } // namespace trovell

@@ -40,7 +40,6 @@ private:
     void showStep();
     void showPrivacy();
     void finish();
-    void showSavingFailure(const QString& reason);
 
     [[nodiscard]] bool isTrusted() const;
     /// The next step of the page, for Return and the first focus.

@@ -4,6 +4,7 @@
 #include "views/style/Alert.h"
 #include "views/workspace/RenameWorkspaceView.h"
 #include "views/workspace/SidebarSplitter.h"
+#include "views/workspace/WorkspaceAlert.h"
 #include "views/workspace/WorkspaceCaptureView.h"
 #include "views/workspace/WorkspaceCommands.h"
 #include "views/workspace/WorkspaceDetailColumn.h"
@@ -288,7 +289,7 @@ void MainWorkspaceView::present(const WorkspaceAlertRequest& request)
     if (m_alert)
         m_alert->reject();
     m_activeAlert = request;
-    m_alert = makeAlert(request);
+    m_alert = openAlert(request);
     connect(m_alert, &QDialog::finished, this, [this, id = request.id] {
         if (m_activeAlert && m_activeAlert->id == id)
             m_activeAlert.reset();
@@ -297,10 +298,9 @@ void MainWorkspaceView::present(const WorkspaceAlertRequest& request)
         if (role == Alert::Role::destructive)
             answerAlert(request);
     });
-    m_alert->open();
 }
 
-Alert* MainWorkspaceView::makeAlert(const WorkspaceAlertRequest& request)
+Alert* MainWorkspaceView::openAlert(const WorkspaceAlertRequest& request)
 {
     const Localization& words = m_environment.words;
     const auto ask = [&](TextKey<> title, TextKey<> message, TextKey<> action) {
@@ -308,6 +308,7 @@ Alert* MainWorkspaceView::makeAlert(const WorkspaceAlertRequest& request)
             new Alert(m_environment.visual, window(), words.text(title), words.text(message));
         alert->addButton(words.text(u"Cancel"_key), Alert::Role::cancel);
         alert->addButton(words.text(action), Alert::Role::destructive);
+        alert->open();
         return alert;
     };
     switch (request.kind) {
@@ -324,12 +325,7 @@ Alert* MainWorkspaceView::makeAlert(const WorkspaceAlertRequest& request)
     case AlertKind::error:
         break;
     }
-    const QString reason = request.reason.isEmpty() ? words.text(phrases::unknownError)
-                                                    : words.shownDetail(request.reason);
-    auto* alert = new Alert(m_environment.visual, frontWindow(),
-                            words.text(phrases::couldNotBeSaved), reason);
-    alert->addButton(words.text(u"OK"_key), Alert::Role::confirm);
-    return alert;
+    return showWorkspaceAlert(m_environment, frontWindow(), request.reason);
 }
 
 void MainWorkspaceView::answerAlert(const WorkspaceAlertRequest& request)

@@ -73,7 +73,7 @@ private:
 
     [[nodiscard]] Sheet* makeSheet(const WorkspaceSheetRequest& request);
     void finishSheet(TrovellWorkspace* workspace, const QString& notice);
-    [[nodiscard]] Alert* makeAlert(const WorkspaceAlertRequest& request);
+    [[nodiscard]] Alert* openAlert(const WorkspaceAlertRequest& request);
     void answerAlert(const WorkspaceAlertRequest& request);
     [[nodiscard]] QWidget* frontWindow() const;
 

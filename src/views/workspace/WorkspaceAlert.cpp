@@ -5,7 +5,7 @@
 
 namespace trovell {
 
-void showWorkspaceAlert(const ViewEnvironment& environment, QWidget* over, const QString& reason)
+Alert* showWorkspaceAlert(const ViewEnvironment& environment, QWidget* over, const QString& reason)
 {
     const Localization& words = environment.words;
     const QString message =
@@ -14,6 +14,7 @@ void showWorkspaceAlert(const ViewEnvironment& environment, QWidget* over, const
         new Alert(environment.visual, over, words.text(phrases::couldNotBeSaved), message);
     alert->addButton(words.text(u"OK"_key), Alert::Role::confirm);
     alert->open();
+    return alert;
 }
 
 } // namespace trovell

@@ -1,4 +1,4 @@
-// The one alert in which the sheets say what went wrong. Main thread.
+// The one alert that says that something could not be saved. Main thread.
 #pragma once
 
 #include <QString>
@@ -7,10 +7,11 @@ class QWidget;
 
 namespace trovell {
 
+class Alert;
 struct ViewEnvironment;
 
 /// Shows "Workspace Could Not Be Saved" over the window of `over`, with a reason in the product's
-/// words. Returns at once.
-void showWorkspaceAlert(const ViewEnvironment& environment, QWidget* over, const QString& reason);
+/// words; the window owns it. Returns at once.
+Alert* showWorkspaceAlert(const ViewEnvironment& environment, QWidget* over, const QString& reason);
 
 } // namespace trovell
