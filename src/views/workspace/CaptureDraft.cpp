@@ -108,14 +108,15 @@ qsizetype launchItemCount(const QList<CapturedApplication>& applications)
     });
 }
 
-qsizetype includedWindowCount(const QList<CapturedApplication>& applications)
+QList<CapturedWindow> includedWindows(const QList<CapturedApplication>& applications)
 {
-    qsizetype count = 0;
+    QList<CapturedWindow> included;
     for (const CapturedApplication& application : applications) {
         if (application.isIncluded)
-            count += std::ranges::count_if(application.windows, &CapturedWindow::isIncluded);
+            std::ranges::copy_if(application.windows, std::back_inserter(included),
+                                 &CapturedWindow::isIncluded);
     }
-    return count;
+    return included;
 }
 
 bool isSaveDisabled(CapturePurpose purpose, const CaptureDraft& draft)
@@ -125,7 +126,7 @@ bool isSaveDisabled(CapturePurpose purpose, const CaptureDraft& draft)
     if (draft.name.trimmed().isEmpty())
         return true;
     return launchItemCount(draft.applications) == 0 &&
-           includedWindowCount(draft.applications) == 0 &&
+           includedWindows(draft.applications).isEmpty() &&
            keptPlacementIDs(draft.retainedPlacements).isEmpty();
 }
 

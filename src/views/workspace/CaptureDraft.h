@@ -72,7 +72,7 @@ detectedBundleIdentifiers(const QList<CapturedApplication>& applications);
 /// Included applications that are to become launch items.
 [[nodiscard]] qsizetype launchItemCount(const QList<CapturedApplication>& applications);
 /// Included windows of included applications.
-[[nodiscard]] qsizetype includedWindowCount(const QList<CapturedApplication>& applications);
+[[nodiscard]] QList<CapturedWindow> includedWindows(const QList<CapturedApplication>& applications);
 
 [[nodiscard]] bool isSaveDisabled(CapturePurpose purpose, const CaptureDraft& draft);
 

@@ -46,14 +46,8 @@ bool isDetectedApplication(const WorkspaceItem& item, const QSet<QString>& detec
 
 void appendWindows(TrovellWorkspace& workspace, const QList<CapturedApplication>& applications)
 {
-    for (const CapturedApplication& application : applications) {
-        if (!application.isIncluded)
-            continue;
-        for (const CapturedWindow& window : application.windows) {
-            if (window.isIncluded)
-                workspace.appendPlacement(makePlacement(window));
-        }
-    }
+    for (const CapturedWindow& window : includedWindows(applications))
+        workspace.appendPlacement(makePlacement(window));
 }
 
 std::unique_ptr<TrovellWorkspace> makeWorkspace(const CaptureDraft& draft,

@@ -100,7 +100,7 @@ QWidget* EditorCaptureReviewView::makeFooter()
 
 void EditorCaptureReviewView::showSelectedCount()
 {
-    const qsizetype count = includedWindowCount(m_applications);
+    const qsizetype count = includedWindows(m_applications).size();
     m_selectedCount->setText(m_environment.words.text(phrases::windowsSelected, count));
     m_useButton->setEnabled(count > 0);
 }

@@ -5,6 +5,7 @@
 #include "views/style/PushButton.h"
 #include "views/style/SymbolView.h"
 #include "views/style/TextLabel.h"
+#include "views/workspace/CaptureDraft.h"
 #include "views/workspace/EditorCaptureReviewView.h"
 
 #include <QVBoxLayout>

@@ -297,10 +297,11 @@ void WorkspaceCaptureView::showSummary()
     const Localization& words = m_environment.words;
     const QList<CapturedApplication>& applications = m_draft.applications;
     const qsizetype kept = keptPlacementIDs(m_draft.retainedPlacements).size();
-    m_summary->setText(m_loadState.appsOnly ? words.text(phrases::applicationsWillBeSaved,
-                                                         launchItemCount(applications))
-                                            : words.text(phrases::windowsSelectedAndPositionsKept,
-                                                         includedWindowCount(applications), kept));
+    m_summary->setText(
+        m_loadState.appsOnly
+            ? words.text(phrases::applicationsWillBeSaved, launchItemCount(applications))
+            : words.text(phrases::windowsSelectedAndPositionsKept,
+                         includedWindows(applications).size(), kept));
     m_saveButton->setEnabled(!isSaveDisabled(m_purpose, m_draft));
 }
 

@@ -2,6 +2,7 @@
 
 #include "model/StoreContext.h"
 #include "views/words/TextKey.h"
+#include "views/workspace/CaptureDraft.h"
 #include "views/workspace/StoreWriting.h"
 
 namespace trovell {
@@ -79,17 +80,6 @@ EditedWorkspace::EditedWorkspace(TrovellWorkspace* workspaceOrNull)
 bool EditedWorkspace::isGone() const
 {
     return !isNew && (!workspace || workspace->isRemoved());
-}
-
-QList<CapturedWindow> includedWindows(const QList<CapturedApplication>& applications)
-{
-    QList<CapturedWindow> included;
-    for (const CapturedApplication& application : applications) {
-        if (application.isIncluded)
-            std::copy_if(application.windows.begin(), application.windows.end(),
-                         std::back_inserter(included), std::mem_fn(&CapturedWindow::isIncluded));
-    }
-    return included;
 }
 
 Expected<TrovellWorkspace*, QString> saveEdits(const EditedWorkspace& target,

@@ -28,9 +28,6 @@ struct WorkspaceEdits {
     [[nodiscard]] QString trimmedName() const { return name.trimmed(); }
 };
 
-/// Included windows of included applications.
-[[nodiscard]] QList<CapturedWindow> includedWindows(const QList<CapturedApplication>& applications);
-
 /// The workspace that a save writes to.
 struct EditedWorkspace {
     explicit EditedWorkspace(TrovellWorkspace* workspaceOrNull);
