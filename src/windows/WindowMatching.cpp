@@ -1,7 +1,8 @@
 #include "windows/WindowMatching.h"
 
+#include "windows/TitleComparison.h"
+
 #include <QLocale>
-#include <QTextBoundaryFinder>
 
 #include <algorithm>
 #include <vector>
@@ -9,17 +10,6 @@
 namespace trovell {
 
 namespace {
-
-/// A normalized title with its words, prepared once for many comparisons.
-struct PreparedTitle {
-    QString text;
-    QStringList words; ///< sorted, without duplicates
-};
-
-bool isWordCharacter(char32_t character)
-{
-    return QChar::isLetterOrNumber(character) || QChar::isMark(character);
-}
 
 bool isDiacritic(QChar character)
 {
@@ -29,65 +19,6 @@ bool isDiacritic(QChar character)
     return (code >= 0x0300 && code <= 0x036F) || (code >= 0x1AB0 && code <= 0x1AFF) ||
            (code >= 0x1DC0 && code <= 0x1DFF) || (code >= 0x20D0 && code <= 0x20FF) ||
            (code >= 0xFE20 && code <= 0xFE2F);
-}
-
-bool hasSeveralCharacters(const QString& word)
-{
-    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, word);
-    return finder.toNextBoundary() < word.size();
-}
-
-QStringList wordsOf(const QString& text)
-{
-    QStringList words;
-    QString word;
-    const auto finishWord = [&words, &word] {
-        if (!word.isEmpty() && hasSeveralCharacters(word))
-            words.append(word);
-        word.clear();
-    };
-    const QList<uint> characters = text.toUcs4();
-    for (const char32_t character : characters) {
-        if (isWordCharacter(character))
-            word.append(QChar::fromUcs4(character));
-        else
-            finishWord();
-    }
-    finishWord();
-    words.sort();
-    words.removeDuplicates();
-    return words;
-}
-
-PreparedTitle prepareTitle(const std::optional<QString>& title)
-{
-    QString text = normalizedTitle(title);
-    QStringList words = wordsOf(text);
-    return {std::move(text), std::move(words)};
-}
-
-qsizetype commonWordCount(const QStringList& a, const QStringList& b)
-{
-    qsizetype count = 0;
-    for (auto i = a.begin(), j = b.begin(); i != a.end() && j != b.end();) {
-        const int order = QString::compare(*i, *j);
-        count += order == 0;
-        i += order <= 0;
-        j += order >= 0;
-    }
-    return count;
-}
-
-double similarity(const PreparedTitle& a, const PreparedTitle& b)
-{
-    if (a.text.isEmpty() || b.text.isEmpty())
-        return 0;
-    if (a.text.contains(b.text) || b.text.contains(a.text))
-        return 0.9;
-    if (a.words.isEmpty() || b.words.isEmpty())
-        return 0;
-    return double(commonWordCount(a.words, b.words)) /
-           double(std::max(a.words.size(), b.words.size()));
 }
 
 /// A saved role or subrole must be met exactly; an absent one asks for nothing.
@@ -101,19 +32,6 @@ struct MatchingSize {
     qsizetype candidates = 0;
 };
 
-std::optional<double> titledScore(const PreparedTitle& wanted, const PreparedTitle& actual,
-                                  double indexBonus, MatchingSize size)
-{
-    if (wanted.text == actual.text)
-        return 1020 + indexBonus;
-    const double titleScore = similarity(wanted, actual);
-    if (titleScore >= 0.45)
-        return 500 * titleScore + 20 + indexBonus;
-    if (actual.text.isEmpty() && size.requests == 1 && size.candidates == 1)
-        return 100;
-    return std::nullopt;
-}
-
 std::optional<double> untitledScore(bool isAtSavedIndex, MatchingSize size)
 {
     if (size.requests < 2)
@@ -121,17 +39,61 @@ std::optional<double> untitledScore(bool isAtSavedIndex, MatchingSize size)
     return isAtSavedIndex ? std::optional(60.0) : std::nullopt;
 }
 
-std::optional<double> preparedScore(const WindowMatchRequest& request, const PreparedTitle& wanted,
-                                    const WindowMatchCandidate& candidate,
-                                    const PreparedTitle& actual, MatchingSize size)
+template <class Entry>
+QStringList normalizedTitles(const QList<Entry>& entries, std::optional<QString> Entry::*title)
 {
-    if (!isMet(request.role, candidate.role) || !isMet(request.subrole, candidate.subrole))
-        return std::nullopt;
-    const bool isAtSavedIndex = candidate.index == request.indexHint;
-    if (wanted.text.isEmpty())
-        return untitledScore(isAtSavedIndex, size);
-    return titledScore(wanted, actual, isAtSavedIndex ? 40 : 0, size);
+    QStringList titles;
+    for (const Entry& entry : entries)
+        titles.append(normalizedTitle(entry.*title));
+    return titles;
 }
+
+/// Scores the pairs of the given requests and candidates.
+class PairScores {
+public:
+    PairScores(const QList<WindowMatchRequest>& requests,
+               const QList<WindowMatchCandidate>& candidates, MatchingSize size)
+        : m_requests(requests), m_candidates(candidates), m_size(size),
+          m_wantedTitles(normalizedTitles(requests, &WindowMatchRequest::titleHint)),
+          m_actualTitles(normalizedTitles(candidates, &WindowMatchCandidate::title)),
+          m_comparison(m_wantedTitles, m_actualTitles)
+    {
+    }
+
+    std::optional<double> score(qsizetype request, qsizetype candidate) const
+    {
+        const WindowMatchRequest& wanted = m_requests.at(request);
+        const WindowMatchCandidate& actual = m_candidates.at(candidate);
+        if (!isMet(wanted.role, actual.role) || !isMet(wanted.subrole, actual.subrole))
+            return std::nullopt;
+        const bool isAtSavedIndex = actual.index == wanted.indexHint;
+        if (m_wantedTitles.at(request).isEmpty())
+            return untitledScore(isAtSavedIndex, m_size);
+        return titledScore(request, candidate, isAtSavedIndex ? 40 : 0);
+    }
+
+private:
+    std::optional<double> titledScore(qsizetype request, qsizetype candidate,
+                                      double indexBonus) const
+    {
+        const QString& actual = m_actualTitles.at(candidate);
+        if (m_wantedTitles.at(request) == actual)
+            return 1020 + indexBonus;
+        const double similarity = m_comparison.similarity(request, candidate);
+        if (similarity >= 0.45)
+            return 500 * similarity + 20 + indexBonus;
+        if (actual.isEmpty() && m_size.requests == 1 && m_size.candidates == 1)
+            return 100;
+        return std::nullopt;
+    }
+
+    const QList<WindowMatchRequest>& m_requests;
+    const QList<WindowMatchCandidate>& m_candidates;
+    MatchingSize m_size;
+    QStringList m_wantedTitles;
+    QStringList m_actualTitles;
+    TitleComparison m_comparison;
+};
 
 /// Titled placements first, as stored; then by saved index; then as given.
 QList<WindowMatchRequest> inServingOrder(QList<WindowMatchRequest> requests)
@@ -158,38 +120,32 @@ QString normalizedTitle(const std::optional<QString>& title)
 
 double titleSimilarity(const QString& a, const QString& b)
 {
-    return similarity({a, wordsOf(a)}, {b, wordsOf(b)});
+    return TitleComparison({a}, {b}).similarity(0, 0);
 }
 
 std::optional<double> matchScore(const WindowMatchRequest& request,
                                  const WindowMatchCandidate& candidate, qsizetype requestCount,
                                  qsizetype candidateCount)
 {
-    return preparedScore(request, prepareTitle(request.titleHint), candidate,
-                         prepareTitle(candidate.title), {requestCount, candidateCount});
+    const QList requests{request};
+    const QList candidates{candidate};
+    return PairScores(requests, candidates, {requestCount, candidateCount}).score(0, 0);
 }
 
 QHash<QUuid, qsizetype> assignWindows(const QList<WindowMatchRequest>& requests,
                                       const QList<WindowMatchCandidate>& candidates)
 {
-    const MatchingSize size{requests.size(), candidates.size()};
-    std::vector<PreparedTitle> titles;
-    titles.reserve(size_t(candidates.size()));
-    for (const WindowMatchCandidate& candidate : candidates)
-        titles.push_back(prepareTitle(candidate.title));
-
-    QHash<QUuid, qsizetype> assignments;
-    std::vector<bool> isTaken(titles.size(), false);
     const QList<WindowMatchRequest> ordered = inServingOrder(requests);
-    for (const WindowMatchRequest& request : ordered) {
-        const PreparedTitle wanted = prepareTitle(request.titleHint);
-        std::optional<size_t> best;
+    const PairScores scores(ordered, candidates, {requests.size(), candidates.size()});
+    QHash<QUuid, qsizetype> assignments;
+    std::vector<bool> isTaken(size_t(candidates.size()), false);
+    for (qsizetype request = 0; request < ordered.size(); ++request) {
+        std::optional<qsizetype> best;
         std::optional<double> bestScore;
-        for (size_t position = 0; position < titles.size(); ++position) {
-            if (isTaken[position])
+        for (qsizetype position = 0; position < candidates.size(); ++position) {
+            if (isTaken[size_t(position)])
                 continue;
-            const auto score = preparedScore(request, wanted, candidates.at(qsizetype(position)),
-                                             titles[position], size);
+            const auto score = scores.score(request, position);
             // An absent optional compares below every score.
             if (score > bestScore) {
                 best = position;
@@ -197,8 +153,8 @@ QHash<QUuid, qsizetype> assignWindows(const QList<WindowMatchRequest>& requests,
             }
         }
         if (best) {
-            isTaken[*best] = true;
-            assignments.insert(request.id, qsizetype(*best));
+            isTaken[size_t(*best)] = true;
+            assignments.insert(ordered.at(request).id, *best);
         }
     }
     return assignments;

@@ -1,6 +1,7 @@
 #include "windows/WindowMatching.h"
 
 #include <QRandomGenerator>
+#include <QTextBoundaryFinder>
 #include <QtTest>
 
 using namespace trovell;
@@ -19,6 +20,73 @@ WindowMatchCandidate candidate(const OptionalText& title, qint64 index = 0)
     return {index, title, QStringLiteral("AXWindow"), QStringLiteral("AXStandardWindow")};
 }
 
+// The rule for titles, written down as it reads.
+
+QStringList plainWords(const QString& text)
+{
+    QStringList words;
+    QString word;
+    const QList<uint> characters = text.toUcs4() << u' ';
+    for (const char32_t character : characters) {
+        if (QChar::isLetterOrNumber(character) || QChar::isMark(character)) {
+            word += QChar::fromUcs4(character);
+            continue;
+        }
+        QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, word);
+        if (!word.isEmpty() && finder.toNextBoundary() < word.size())
+            words.append(word);
+        word.clear();
+    }
+    words.removeDuplicates();
+    return words;
+}
+
+double plainSimilarity(const QString& a, const QString& b)
+{
+    const QStringList wordsOfA = plainWords(a);
+    const QStringList wordsOfB = plainWords(b);
+    if (a.isEmpty() || b.isEmpty())
+        return 0;
+    if (a.contains(b) || b.contains(a))
+        return 0.9;
+    const auto common = std::count_if(wordsOfA.begin(), wordsOfA.end(),
+                                      [&](const QString& word) { return wordsOfB.contains(word); });
+    return common == 0 ? 0 : double(common) / double(std::max(wordsOfA.size(), wordsOfB.size()));
+}
+
+QString randomTitle(QRandomGenerator& random)
+{
+    // Words that are parts of each other, letters of one and of two code units, marks, and what
+    // joins or parts letters in other ways.
+    static const QStringList parts{u"re"_qs,
+                                   u"port"_qs,
+                                   u"report"_qs,
+                                   u"q3"_qs,
+                                   u"3"_qs,
+                                   u" "_qs,
+                                   u" "_qs,
+                                   u" – "_qs,
+                                   u"_"_qs,
+                                   u"日本"_qs,
+                                   u"語"_qs,
+                                   u"कि"_qs,
+                                   u"a\u0301"_qs,
+                                   u"\u0301"_qs,
+                                   u"\u200d"_qs,
+                                   u"각"_qs,
+                                   u"\u1100\u1161"_qs,
+                                   u"\u05d0\u05b8"_qs,
+                                   u"กำ"_qs,
+                                   u"𝒜"_qs,
+                                   u"𐐀𐐁"_qs,
+                                   QString(QChar(0xD835)),
+                                   QString(QChar(0xDC9C))};
+    QString title;
+    for (int count = random.bounded(9); count > 0; --count)
+        title += parts.at(random.bounded(int(parts.size())));
+    return title;
+}
+
 } // namespace
 
 class WindowMatchingTest : public QObject {
@@ -28,6 +96,7 @@ private Q_SLOTS:
     void normalizesTitles();
     void scores_data();
     void scores();
+    void similarityKeepsToThePlainRule();
     void rolesMustBeMet();
     void servesTitledAndLowerPlacementsFirst();
     void untitledPlacementsKeepTheirPositions();
@@ -86,6 +155,22 @@ void WindowMatchingTest::scores()
     const auto score =
         matchScore(request(wanted), candidate(actual, actualIndex), requests, candidates);
     QTEST(score.value_or(-1), "score");
+}
+
+void WindowMatchingTest::similarityKeepsToThePlainRule()
+{
+    const quint32 seed = QRandomGenerator::global()->generate();
+    qInfo("seed %u", seed);
+    QRandomGenerator random(seed);
+    for (int round = 0; round < 20'000; ++round) {
+        const QString a = randomTitle(random);
+        // Every other time one that has most of it in common.
+        const QString b = round % 2 == 0
+                              ? randomTitle(random)
+                              : randomTitle(random) + a.sliced(random.bounded(int(a.size() + 1)));
+        QCOMPARE(titleSimilarity(a, b), plainSimilarity(a, b));
+        QCOMPARE(titleSimilarity(b, a), plainSimilarity(a, b));
+    }
 }
 
 void WindowMatchingTest::rolesMustBeMet()
