@@ -73,13 +73,16 @@ void openFilePanel(const Localization& words, const OpenPanelRequest& request, Q
     auto* dialog = new QFileDialog(over->window(), panelTitle(words, request));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setWindowModality(Qt::WindowModal);
+    dialog->setDirectory(QDir::homePath());
     dialog->setFileMode(request.allowsMultiple ? QFileDialog::ExistingFiles
                                                : QFileDialog::ExistingFile);
     if (request.type == WorkspaceItemType::folder)
         setUpFolders(*dialog, request.allowsMultiple);
     if (request.type == WorkspaceItemType::application)
         setUpApplications(*dialog, words);
-    QObject::connect(dialog, &QFileDialog::urlsSelected, over, chosen);
+    // Qt's own dialog does not emit urlsSelected.
+    QObject::connect(dialog, &QDialog::accepted, over,
+                     [dialog, chosen] { chosen(dialog->selectedUrls()); });
     dialog->open();
 }
 
