@@ -286,8 +286,13 @@ bool isInPlace(const QString& saved, const QStringList& now)
         return QRectF(parts.value(2).toDouble(), parts.value(3).toDouble(),
                       parts.value(4).toDouble(), parts.value(5).toDouble());
     };
+    // A document may have another title now, as long as no other window has the old one.
+    const bool isTitled = std::any_of(now.begin(), now.end(), [&](const QString& line) {
+        return line.section(u'\t', 0, 1) == saved.section(u'\t', 0, 1);
+    });
+    const int parts = isTitled ? 1 : 0;
     return std::any_of(now.begin(), now.end(), [&](const QString& line) {
-        return line.section(u'\t', 0, 1) == saved.section(u'\t', 0, 1) &&
+        return line.section(u'\t', 0, parts) == saved.section(u'\t', 0, parts) &&
                isInPlace(frame(saved), frame(line));
     });
 }
