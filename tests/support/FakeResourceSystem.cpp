@@ -25,6 +25,12 @@ void FakeResourceSystem::addApplication(const QString& bundleIdentifier, const Q
     m_applications.insert(bundleIdentifier, url);
 }
 
+void FakeResourceSystem::addApplication(const ApplicationDescription& description, const QUrl& url)
+{
+    addApplication(description.bundleIdentifier, url);
+    m_descriptions.insert(url, description);
+}
+
 void FakeResourceSystem::refuseToBookmark(const QUrl& url)
 {
     m_unmarkable.insert(url);
@@ -59,6 +65,8 @@ std::optional<QUrl> FakeResourceSystem::applicationURL(const QString& bundleIden
 
 std::optional<ApplicationDescription> FakeResourceSystem::describeApplication(const QUrl& url) const
 {
+    if (const auto description = found(m_descriptions, url))
+        return description;
     const QString suffix = QStringLiteral(".desktop");
     if (!url.fileName().endsWith(suffix))
         return {};

@@ -15,6 +15,8 @@ public:
     /// The bytes resolve to `url`. Bookmarks made by this system need no such call.
     void addBookmark(const QByteArray& bookmark, const QUrl& url, bool isStale = false);
     void addApplication(const QString& bundleIdentifier, const QUrl& url);
+    /// One that its desktop file describes so.
+    void addApplication(const ApplicationDescription& description, const QUrl& url);
     void refuseToBookmark(const QUrl& url);
     void refuseToOpen(const QUrl& url);
 
@@ -28,7 +30,7 @@ public:
     resolveBookmark(const QByteArray& bookmark) const override;
     [[nodiscard]] std::optional<QUrl>
     applicationURL(const QString& bundleIdentifier) const override;
-    /// Describes any URL of a file whose name ends in ".desktop".
+    /// As it was added; else describes any URL of a file whose name ends in ".desktop".
     [[nodiscard]] std::optional<ApplicationDescription>
     describeApplication(const QUrl& url) const override;
     /// Those that were added, as `describeApplication` describes them.
@@ -41,6 +43,7 @@ private:
 
     QHash<QByteArray, ResolvedBookmark> m_bookmarks;
     QHash<QString, QUrl> m_applications;
+    QHash<QUrl, ApplicationDescription> m_descriptions;
     QSet<QUrl> m_unmarkable;
     QSet<QUrl> m_refused;
     QList<QUrl> m_openedApplications;

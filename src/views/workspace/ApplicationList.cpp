@@ -37,7 +37,8 @@ public:
                            {.isSelected = option.state.testFlag(QStyle::State_Selected),
                             .isHovered = option.state.testFlag(QStyle::State_MouseOver),
                             .hasFocus = option.state.testFlag(QStyle::State_HasFocus),
-                            .isWindowActive = option.state.testFlag(QStyle::State_Active)});
+                            // The option's own flag is about the focus of the list.
+                            .isWindowActive = option.widget->isActiveWindow()});
         const int padding = visual.scaled(rowPadding);
         const int side = visual.scaled(iconSize);
         const QRect& row = option.rect;

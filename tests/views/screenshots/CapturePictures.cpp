@@ -1,0 +1,115 @@
+// The sheets that read the open windows.
+#include "views/screenshots/Picture.h"
+#include "views/screenshots/Stage.h"
+#include "views/workspace/MainWorkspaceView.h"
+
+namespace trovell::screenshots {
+
+namespace {
+
+using Kind = WorkspaceSheetRequest::Kind;
+
+/// Opens the sheet and does not wait until it has read the windows.
+void request(Stage& stage, Kind kind)
+{
+    stage.desktop().storeWorkspaces();
+    stage.openMainWindow();
+    auto* main = stage.window().findChild<MainWorkspaceView*>();
+    main->present({.kind = kind, .workspace = &stage.workspace(int(Workspace::writing))});
+}
+
+void openSheet(Stage& stage, Kind kind)
+{
+    request(stage, kind);
+    Stage::settle();
+}
+
+QImage asking(Stage& stage)
+{
+    stage.windows->trusted = false;
+    openSheet(stage, Kind::captureCurrent);
+    return stage.picture();
+}
+
+QImage loading(Stage& stage)
+{
+    request(stage, Kind::captureCurrent);
+    return stage.pictureNow(stage.window());
+}
+
+QImage creating(Stage& stage)
+{
+    stage.desktop().openWritingWindows();
+    openSheet(stage, Kind::captureCurrent);
+    stage.press(u"Untitled Window"_qs);
+    stage.press(u"book"_qs);
+    stage.press(u"indigo"_qs);
+    stage.type(u"Workspace name"_qs, u"Writing Retreat"_qs);
+    return stage.picture();
+}
+
+QImage updating(Stage& stage)
+{
+    stage.desktop().openWindow(Application::textEditor, u"Chapter 4 – Draft.md"_qs, 0,
+                               {0.02, 0.04, 0.5, 0.92});
+    stage.desktop().openWindow(Application::textEditor, u"Notes.md"_qs, 1, {0.03, 0.54, 0.46, 0.4});
+    stage.desktop().openWindow(Application::firefox, u"Reference – Firefox"_qs, 0,
+                               {0.535, 0.04, 0.445, 0.92});
+    openSheet(stage, Kind::updateLayout);
+    stage.press(u"Keep saved position for Document Viewer"_qs);
+    return stage.picture();
+}
+
+QImage appsOnly(Stage& stage)
+{
+    stage.windows->trusted = false;
+    for (const Application application :
+         {Application::music, Application::documentViewer, Application::terminal})
+        stage.desktop().run(application);
+    openSheet(stage, Kind::captureCurrent);
+    stage.press(u"Continue with Apps Only"_qs);
+    stage.press(u"music.note"_qs);
+    stage.press(u"purple"_qs);
+    stage.pressLast(u"Add as launch item"_qs);
+    stage.type(u"Workspace name"_qs, u"Studio Morning"_qs);
+    return stage.picture();
+}
+
+QImage failed(Stage& stage)
+{
+    openSheet(stage, Kind::captureCurrent);
+    return stage.picture();
+}
+
+QImage updatingWithNoneOpen(Stage& stage)
+{
+    openSheet(stage, Kind::updateLayout);
+    stage.press(u"Keep saved position for Document Viewer"_qs);
+    return stage.picture();
+}
+
+QImage savingAsNew(Stage& stage)
+{
+    stage.desktop().openWindow(Application::textEditor, u"Chapter 4 – Draft.md"_qs, 0,
+                               {0.02, 0.04, 0.5, 0.92});
+    stage.desktop().openWindow(Application::textEditor, u"Notes.md"_qs, 1, {0.03, 0.54, 0.46, 0.4});
+    openSheet(stage, Kind::saveAsNew);
+    stage.type(u"Workspace name"_qs, u"Writing Variant"_qs);
+    return stage.picture();
+}
+
+} // namespace
+
+Pictures capturePictures()
+{
+    return {{u"30-capture-permission"_qs, &asking},
+            {u"31-capture-loading"_qs, &loading},
+            {u"32-capture-loaded-create"_qs, &creating},
+            {u"33-capture-loaded-update"_qs, &updating},
+            {u"34-capture-apps-only"_qs, &appsOnly},
+            {u"35-capture-failed"_qs, &failed},
+            {u"36-capture-update-none-open"_qs, &updatingWithNoneOpen},
+            {u"37-capture-save-as-new"_qs, &savingAsNew}};
+}
+
+} // namespace trovell::screenshots

@@ -1,0 +1,139 @@
+// The main window and its banners.
+#include "model/StoreContext.h"
+#include "views/screenshots/Picture.h"
+#include "views/screenshots/Stage.h"
+#include "views/style/SymbolView.h"
+#include "views/workspace/WorkspaceSidebarList.h"
+
+namespace trovell::screenshots {
+
+namespace {
+
+void open(Stage& stage, Workspace workspace)
+{
+    stage.desktop().storeWorkspaces(workspace == Workspace::homeNetwork);
+    stage.openMainWindow(int(workspace));
+}
+
+QImage atRest(Stage& stage)
+{
+    open(stage, Workspace::writing);
+    return stage.picture();
+}
+
+QImage withNotice(Stage& stage)
+{
+    stage.desktop().openWritingWindows();
+    open(stage, Workspace::writing);
+    stage.press(u"Save Layout"_qs);
+    stage.press(u"Save Layout"_qs);
+    return stage.picture();
+}
+
+QImage started(Stage& stage)
+{
+    stage.desktop().openWritingWindows();
+    stage.desktop().openWindow(Application::documentViewer, u"Chapter 4 Outline"_qs, 0,
+                               {0.1, 0.1, 0.5, 0.5});
+    open(stage, Workspace::clientReview);
+    stage.press(u"Start Workspace"_qs);
+    stage.finishLaunch();
+    return stage.picture();
+}
+
+QImage startedWithGaps(Stage& stage)
+{
+    stage.desktop().openWindow(Application::textEditor, u"Chapter 4 – Draft.md"_qs, 0,
+                               {0.1, 0.1, 0.5, 0.5});
+    stage.desktop().openWindow(Application::textEditor, u"Notes.md"_qs, 0, {0.1, 0.1, 0.5, 0.5});
+    stage.desktop().openWindow(Application::files, u"Manuscript"_qs, 0, {0.1, 0.1, 0.5, 0.5});
+    stage.desktop().openWindow(Application::documentViewer, u"Chapter 4 Outline"_qs, 0,
+                               {0.1, 0.1, 0.5, 0.5});
+    open(stage, Workspace::writing);
+    stage.press(u"Start Workspace"_qs);
+    stage.finishLaunch();
+    stage.press(u"Show Details"_qs);
+    return stage.picture();
+}
+
+QImage withoutPermission(Stage& stage)
+{
+    stage.windows->trusted = false;
+    open(stage, Workspace::musicPractice);
+    return stage.picture();
+}
+
+QImage starting(Stage& stage)
+{
+    open(stage, Workspace::writing);
+    stage.press(u"Start Workspace"_qs);
+    return stage.picture();
+}
+
+QImage withoutItems(Stage& stage)
+{
+    open(stage, Workspace::homeNetwork);
+    return stage.picture();
+}
+
+QImage empty(Stage& stage)
+{
+    stage.openMainWindow();
+    return stage.picture();
+}
+
+QImage reordering(Stage& stage)
+{
+    open(stage, Workspace::writing);
+    WorkspaceSidebarList& list = stage.sidebar();
+    const auto send = [&list](QEvent::Type type, const QPoint& place) {
+        QMouseEvent event(type, place, list.viewport()->mapToGlobal(place), Qt::LeftButton,
+                          Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(list.viewport(), &event);
+    };
+    const auto middleOf = [&list](Workspace row) {
+        return list.rowRect(list.model()->index(int(row), 0)).center();
+    };
+    send(QEvent::MouseButtonPress, middleOf(Workspace::fieldSketches));
+    send(QEvent::MouseMove, middleOf(Workspace::fieldSketches) + QPoint(40, 0));
+    send(QEvent::MouseMove, middleOf(Workspace::musicPractice) + QPoint(104, 14));
+    return stage.picture();
+}
+
+QImage atMinimum(Stage& stage)
+{
+    stage.window().resize(900, 620);
+    return atRest(stage);
+}
+
+QImage withTooltip(Stage& stage)
+{
+    open(stage, Workspace::writing);
+    for (auto* symbol : stage.window().findChildren<SymbolView*>()) {
+        if (symbol->toolTip().isEmpty() || !symbol->isVisible())
+            continue;
+        const QPoint place = symbol->rect().center();
+        QHelpEvent event(QEvent::ToolTip, place, symbol->mapToGlobal(place));
+        QApplication::sendEvent(symbol, &event);
+    }
+    return stage.picture();
+}
+
+} // namespace
+
+Pictures mainWindowPictures()
+{
+    return {{u"01-main"_qs, &atRest},
+            {u"02-main-notice"_qs, &withNotice},
+            {u"03-main-report-success"_qs, &started},
+            {u"04-main-report-warning-expanded"_qs, &startedWithGaps},
+            {u"05-main-accessibility"_qs, &withoutPermission},
+            {u"06-main-starting"_qs, &starting},
+            {u"07-main-no-items"_qs, &withoutItems},
+            {u"08-main-empty"_qs, &empty},
+            {u"12-main-reorder-drag"_qs, &reordering},
+            {u"13-main-minimum-900x620"_qs, &atMinimum},
+            {u"14-main-tooltips"_qs, &withTooltip}};
+}
+
+} // namespace trovell::screenshots

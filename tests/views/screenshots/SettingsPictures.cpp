@@ -1,0 +1,72 @@
+// The pages of the settings window.
+#include "views/app/SettingsView.h"
+#include "views/screenshots/Picture.h"
+#include "views/screenshots/Stage.h"
+#include "views/style/Picker.h"
+
+namespace trovell::screenshots {
+
+namespace {
+
+using Page = SettingsView::Page;
+
+std::unique_ptr<SettingsView> open(Stage& stage, Page page)
+{
+    auto view = std::make_unique<SettingsView>(stage.environment());
+    view->show();
+    view->activateWindow();
+    view->showPage(page);
+    Stage::settle();
+    return view;
+}
+
+QImage general(Stage& stage)
+{
+    stage.dependencies().launchAtLogin().setEnabled(true);
+    stage.dependencies().preferences().setAppearance(
+        stage.environment().visual.appearance() == Appearance::dark ? AppAppearance::dark
+                                                                    : AppAppearance::light);
+    return stage.picture(*open(stage, Page::general));
+}
+
+QImage otherStates(Stage& stage)
+{
+    stage.loginItem->failure = u"The login item could not be changed."_qs;
+    AppPreferences& preferences = stage.dependencies().preferences();
+    preferences.setAppearance(AppAppearance::system);
+    preferences.setShowMenuBarItem(false);
+    preferences.setKeepRunningAfterClose(false);
+    const auto view = open(stage, Page::general);
+    stage.press(*view, u"Launch Trovell at login"_qs);
+    return stage.picture(*view);
+}
+
+QImage languages(Stage& stage)
+{
+    const auto view = open(stage, Page::general);
+    stage.press(*view, u"Language"_qs);
+    return stage.picture(*view);
+}
+
+QImage updates(Stage& stage)
+{
+    return stage.picture(*open(stage, Page::updates));
+}
+
+QImage about(Stage& stage)
+{
+    return stage.picture(*open(stage, Page::about));
+}
+
+} // namespace
+
+Pictures settingsPictures()
+{
+    return {{u"60-settings-general"_qs, &general},
+            {u"61-settings-general-states"_qs, &otherStates},
+            {u"62-settings-language-list"_qs, &languages},
+            {u"63-settings-updates"_qs, &updates},
+            {u"64-settings-about"_qs, &about}};
+}
+
+} // namespace trovell::screenshots

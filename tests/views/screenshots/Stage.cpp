@@ -1,0 +1,179 @@
+#include "views/screenshots/Stage.h"
+
+#include "app/PreferenceStore.h"
+#include "views/app/OnboardingView.h"
+#include "views/app/RootView.h"
+#include "views/style/PopupMenu.h"
+#include "views/style/Sheet.h"
+#include "views/workspace/WorkspaceSidebarList.h"
+
+namespace trovell::screenshots {
+
+namespace {
+
+/// How many windows lie below this one.
+int depthOf(const QWidget* window)
+{
+    int depth = window->windowType() == Qt::Popup || window->windowType() == Qt::ToolTip ? 100 : 0;
+    for (const QWidget* below = window; below->parentWidget(); ++depth)
+        below = below->parentWidget()->window();
+    return depth;
+}
+
+/// All visible windows, those behind first.
+QWidgetList visibleWindows()
+{
+    QWidgetList windows = QApplication::topLevelWidgets();
+    windows.removeIf([](const QWidget* window) { return !window->isVisible(); });
+    std::ranges::sort(windows, {}, &depthOf);
+    return windows;
+}
+
+/// Those that are visible, from top to bottom.
+QList<QAbstractButton*> buttonsIn(QWidget& root, const QString& text)
+{
+    auto buttons = root.findChildren<QAbstractButton*>();
+    buttons.removeIf([&](const QAbstractButton* button) {
+        return !button->isVisible() || (button->text() != text && button->accessibleName() != text);
+    });
+    if (buttons.isEmpty())
+        qFatal("no button %s", qPrintable(text));
+    std::ranges::stable_sort(buttons, {}, [](const QAbstractButton* button) {
+        return button->mapToGlobal(QPoint()).y();
+    });
+    return buttons;
+}
+
+} // namespace
+
+Stage::Stage(const Look& look) : m_look(look), m_desktop(*this)
+{
+    environment().visual.setAppearance(look.appearance);
+    dependencies().defaults().setValue(u"onboarding.completed"_qs, true);
+    window().setMinimumSize(900, 620);
+    window().resize(look.windowSize);
+}
+
+Stage::~Stage()
+{
+    finishLaunch();
+    settle();
+}
+
+void Stage::finishLaunch()
+{
+    while (dependencies().launcher().isLaunching()) {
+        clock.advance(std::chrono::seconds(1));
+        settle();
+    }
+}
+
+void Stage::openMainWindow(int row)
+{
+    window().setCentralWidget(new RootView(environment()));
+    window().show();
+    window().activateWindow();
+    settle();
+    // As if the mouse had been used last.
+    if (QWidget* focused = window().focusWidget())
+        focused->clearFocus();
+    if (row < sidebar().model()->rowCount())
+        sidebar().setCurrentIndex(sidebar().model()->index(row, 0));
+    settle();
+}
+
+WorkspaceSidebarList& Stage::sidebar()
+{
+    return *window().findChild<WorkspaceSidebarList*>();
+}
+
+void Stage::setTrusted(bool isTrusted)
+{
+    windows->trusted = isTrusted;
+    dependencies().accessibility().refresh();
+}
+
+void Stage::press(QWidget& root, const QString& text)
+{
+    QTest::mouseClick(buttonsIn(root, text).first(), Qt::LeftButton);
+    settle();
+}
+
+void Stage::pressLast(const QString& text)
+{
+    QTest::mouseClick(buttonsIn(front(), text).last(), Qt::LeftButton);
+    settle();
+}
+
+void Stage::type(const QString& field, const QString& text)
+{
+    for (auto* edit : front().findChildren<QLineEdit*>()) {
+        if (edit->accessibleName() != field)
+            continue;
+        edit->selectAll();
+        QTest::keyClicks(edit, text);
+        settle();
+        return;
+    }
+    qFatal("no field %s", qPrintable(field));
+}
+
+void Stage::openMenu(const QString& button, int row)
+{
+    press(button);
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    if (!menu)
+        qFatal("no menu opened");
+    menu->setActiveAction(menu->actions().at(row));
+}
+
+QWidget& Stage::front()
+{
+    QWidget* front = &window();
+    for (QWidget* candidate : visibleWindows()) {
+        if (qobject_cast<Sheet*>(candidate))
+            front = candidate;
+    }
+    return *front;
+}
+
+void Stage::settle()
+{
+    for (int pass = 0; pass < 5; ++pass) {
+        QThreadPool::globalInstance()->waitForDone();
+        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+}
+
+QImage Stage::picture(QWidget& window)
+{
+    if (m_look.language != environment().words.localeTag())
+        environment().words.setLanguage(m_look.language);
+    settle();
+    return pictureNow(window);
+}
+
+QImage Stage::pictureNow(QWidget& window)
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    QPixmap picture = window.grab();
+    QPainter painter(&picture);
+    for (QWidget* over : visibleWindows()) {
+        if (over != &window && depthOf(over) >= depthOf(&window))
+            painter.drawPixmap(over->mapToGlobal(QPoint()) - window.mapToGlobal(QPoint()),
+                               over->grab());
+    }
+    painter.end();
+    return picture.toImage();
+}
+
+QImage Stage::pictureOfSheet(Sheet& sheet)
+{
+    const QRect box = sheet.boxRect();
+    const QImage whole = picture(sheet);
+    const double ratio = whole.devicePixelRatio();
+    return whole.copy(QRectF(QPointF(box.topLeft()) * ratio, QSizeF(box.size()) * ratio).toRect());
+}
+
+} // namespace trovell::screenshots
