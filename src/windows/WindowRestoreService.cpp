@@ -114,43 +114,122 @@ bool isFinite(const QRectF& frame)
            std::isfinite(frame.height());
 }
 
-/// One attempt over the placements of one application, on a worker.
-WindowRestoreAttempt restorePass(WindowSystem* windowSystem, const RunningApplication& application,
-                                 const Placements& placements,
-                                 const QList<DisplaySnapshot>& displays)
+/// What one attempt over the placements of one application comes to, without moving anything.
+WindowRestorePlan makePlan(const Placements& placements, const QList<WindowAttributes>& windows,
+                           const QList<DisplaySnapshot>& displays)
 {
-    if (displays.isEmpty())
-        return withoutDisplay(placements);
-    const LiveWindows live = ordinaryWindows(windowSystem->readWindows({application}).value(0));
+    const LiveWindows live = ordinaryWindows(windows);
     const auto assignments = assignWindows(matchRequests(placements), live.candidates);
-
-    WindowRestoreAttempt attempt;
-    Placements moved;
-    QList<WindowFrameRequest> requests;
+    WindowRestorePlan plan;
     for (const WindowPlacementSnapshot& placement : placements) {
         const auto assignment = assignments.constFind(placement.id);
         if (assignment == assignments.constEnd()) {
-            attempt.retryableDetails.insert(
+            plan.attempt.retryableDetails.insert(
                 placement.id, QStringLiteral("A safe matching window was not found yet."));
             continue;
         }
         const std::optional<QRectF> target = restoreTarget(placement, displays);
         if (!target) {
-            attempt.completed.insert(placement.id, noDisplayResult(placement));
+            plan.attempt.completed.insert(placement.id, noDisplayResult(placement));
         } else if (!isFinite(*target)) {
-            attempt.completed.insert(placement.id, movedResult(placement, false));
+            plan.attempt.completed.insert(placement.id, movedResult(placement, false));
         } else {
-            moved.append(placement);
-            requests.append({live.handles.at(*assignment), *target});
+            plan.moved.append(placement);
+            plan.requests.append({live.handles.at(*assignment), *target});
         }
     }
-    if (requests.isEmpty())
-        return attempt;
-    const QList<bool> isAccepted = windowSystem->setWindowFrames(requests);
-    for (qsizetype index = 0; index < moved.size(); ++index)
-        attempt.completed.insert(moved.at(index).id,
-                                 movedResult(moved.at(index), isAccepted.value(index)));
+    return plan;
+}
+
+/// What is read on the main thread for a round.
+struct Surroundings {
+    bool isTrusted = false;
+    /// By identifier; only those of the round.
+    QHash<QString, RunningApplication> running;
+    QList<DisplaySnapshot> displays;
+
+    [[nodiscard]] bool hasWindowsToRead() const
+    {
+        return !running.isEmpty() && !displays.isEmpty();
+    }
+};
+
+QHash<QString, QList<WindowAttributes>> readWindows(const WindowSystem& windowSystem,
+                                                    const Surroundings& surroundings)
+{
+    if (!surroundings.hasWindowsToRead())
+        return {};
+    const QStringList identifiers = surroundings.running.keys();
+    const auto windows = windowSystem.readWindows(surroundings.running.values());
+    QHash<QString, QList<WindowAttributes>> result;
+    for (qsizetype index = 0; index < identifiers.size(); ++index)
+        result.insert(identifiers.at(index), windows.value(index));
+    return result;
+}
+
+/// On a worker when there are windows to read.
+QList<WindowRestorePlan> makePlans(const WindowSystem* windowSystem,
+                                   const QList<Placements>& groups,
+                                   const Surroundings& surroundings)
+{
+    const auto windows = readWindows(*windowSystem, surroundings);
+    QList<WindowRestorePlan> plans;
+    for (const Placements& group : groups) {
+        const QString& identifier = group.first().bundleIdentifier;
+        if (!surroundings.isTrusted)
+            plans.append({withoutPermission(group), {}, {}});
+        else if (!surroundings.running.contains(identifier))
+            plans.append({withoutApplication(group), {}, {}});
+        else if (surroundings.displays.isEmpty())
+            plans.append({withoutDisplay(group), {}, {}});
+        else
+            plans.append(makePlan(group, windows.value(identifier), surroundings.displays));
+    }
+    return plans;
+}
+
+/// On a worker. Returns once the windows came to rest.
+WindowRestoreAttempt moveWindows(WindowSystem* windowSystem, const WindowRestorePlan& plan)
+{
+    WindowRestoreAttempt attempt = plan.attempt;
+    const QList<bool> isAccepted = windowSystem->setWindowFrames(plan.requests);
+    for (qsizetype index = 0; index < plan.moved.size(); ++index)
+        attempt.completed.insert(plan.moved.at(index).id,
+                                 movedResult(plan.moved.at(index), isAccepted.value(index)));
     return attempt;
+}
+
+QHash<QString, RunningApplication> findApplications(WindowSystem& windowSystem,
+                                                    const QList<Placements>& groups)
+{
+    QHash<QString, RunningApplication> withWindows;
+    const QList<RunningApplication> all = windowSystem.applicationsWithWindows();
+    for (const RunningApplication& application : all) {
+        if (application.bundleIdentifier)
+            withWindows.insert(*application.bundleIdentifier, application);
+    }
+    QHash<QString, RunningApplication> found;
+    for (const Placements& group : groups) {
+        const QString& identifier = group.first().bundleIdentifier;
+        if (withWindows.contains(identifier)) {
+            found.insert(identifier, withWindows.value(identifier));
+            continue;
+        }
+        const QList<RunningApplication> running = windowSystem.runningApplications(identifier);
+        if (!running.isEmpty())
+            found.insert(identifier, running.first());
+    }
+    return found;
+}
+
+Surroundings readSurroundings(WindowSystem& windowSystem, const QList<Placements>& groups)
+{
+    if (!windowSystem.isTrusted())
+        return {};
+    Surroundings surroundings{true, findApplications(windowSystem, groups), {}};
+    if (!surroundings.running.isEmpty())
+        surroundings.displays = windowSystem.currentDisplays();
+    return surroundings;
 }
 
 } // namespace
@@ -201,16 +280,42 @@ WindowRestoreService::restorePlacements(QList<WindowPlacementSnapshot> placement
 {
     if (placements.isEmpty())
         co_return WindowRestoreAttempt();
-    if (!m_windowSystem.isTrusted())
-        co_return withoutPermission(placements);
-    const QList<RunningApplication> applications =
-        m_windowSystem.runningApplications(placements.first().bundleIdentifier);
-    if (applications.isEmpty())
-        co_return withoutApplication(placements);
-    const QList<DisplaySnapshot> displays = m_windowSystem.currentDisplays();
-    auto pass = QtConcurrent::run(&m_pool, &restorePass, &m_windowSystem, applications.first(),
-                                  placements, displays);
-    co_return co_await pass;
+    const std::shared_ptr<Round> round = nextRound();
+    const qsizetype position = round->groups.size();
+    round->groups.append(placements);
+    auto planned = round->plans.future();
+    const QList<WindowRestorePlan> plans = co_await planned;
+    const WindowRestorePlan plan = plans.at(position);
+    if (plan.requests.isEmpty())
+        co_return plan.attempt;
+    auto moving = QtConcurrent::run(&m_pool, &moveWindows, &m_windowSystem, plan);
+    co_return co_await moving;
+}
+
+std::shared_ptr<WindowRestoreService::Round> WindowRestoreService::nextRound()
+{
+    if (!m_nextRound) {
+        m_nextRound = std::make_shared<Round>();
+        m_nextRound->plans.start();
+        QMetaObject::invokeMethod(
+            &m_context, [this] { run(std::exchange(m_nextRound, nullptr)); }, Qt::QueuedConnection);
+    }
+    return m_nextRound;
+}
+
+QCoro::Task<> WindowRestoreService::run(std::shared_ptr<Round> round)
+{
+    const Surroundings surroundings = readSurroundings(m_windowSystem, round->groups);
+    QList<WindowRestorePlan> plans;
+    if (surroundings.hasWindowsToRead()) {
+        auto planning =
+            QtConcurrent::run(&m_pool, &makePlans, &m_windowSystem, round->groups, surroundings);
+        plans = co_await planning;
+    } else {
+        plans = makePlans(&m_windowSystem, round->groups, surroundings);
+    }
+    round->plans.addResult(plans);
+    round->plans.finish();
 }
 
 } // namespace trovell

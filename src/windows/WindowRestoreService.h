@@ -11,10 +11,13 @@
 #include <QCoro/QCoroTask>
 #include <QHash>
 #include <QList>
+#include <QObject>
+#include <QPromise>
 #include <QRectF>
 #include <QThreadPool>
 #include <QUuid>
 
+#include <memory>
 #include <optional>
 
 namespace trovell {
@@ -47,6 +50,15 @@ struct WindowRestoreAttempt {
     QHash<QUuid, QString> retryableDetails;
 };
 
+/// One application's part of a reading of the desktop: what became of placements already, and what
+/// is to be moved.
+struct WindowRestorePlan {
+    WindowRestoreAttempt attempt;
+    QList<WindowPlacementSnapshot> moved;
+    /// In the order of `moved`.
+    QList<WindowFrameRequest> requests;
+};
+
 /// Where a placement's window goes: accessibility coordinates, wholly inside the visible frame of
 /// the display that fits best, at least 240 × 160 where that display allows. None without a
 /// display.
@@ -58,12 +70,25 @@ public:
     explicit WindowRestoreService(WindowSystem& windowSystem);
 
     /// `placements` all belong to one application and have different ids. Several calls for
-    /// different applications may run at the same time.
+    /// different applications may run at the same time: those of one turn of the event loop read
+    /// the desktop together, after the last of them; then each moves its windows by itself.
     [[nodiscard]] QCoro::Task<WindowRestoreAttempt>
     restorePlacements(QList<WindowPlacementSnapshot> placements);
 
 private:
+    struct Round {
+        /// The placements of each call.
+        QList<QList<WindowPlacementSnapshot>> groups;
+        /// In the order of the groups.
+        QPromise<QList<WindowRestorePlan>> plans;
+    };
+    /// The one that calls of this turn take part in.
+    [[nodiscard]] std::shared_ptr<Round> nextRound();
+    QCoro::Task<> run(std::shared_ptr<Round> round);
+
     WindowSystem& m_windowSystem;
+    std::shared_ptr<Round> m_nextRound;
+    QObject m_context;
     /// Of its own, and roomy: a pass mostly waits for windows to settle, and one application that
     /// does not answer must not keep the others waiting for a thread.
     QThreadPool m_pool;

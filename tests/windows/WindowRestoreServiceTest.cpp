@@ -38,6 +38,7 @@ private Q_SLOTS:
     void placesAWindow();
     void finalFailuresNameTheApplication();
     void waitsForWhatIsNotThereYet();
+    void callsOfOneTurnReadTheDesktopTogether();
     void findsTheBestRemainingDisplay();
     void keepsFramesFiniteAndInside_data();
     void keepsFramesFiniteAndInside();
@@ -99,6 +100,33 @@ void WindowRestoreServiceTest::waitsForWhatIsNotThereYet()
     QCOMPARE(attempt.completed.keys(), QList<QUuid>{first.id});
     QCOMPARE(attempt.retryableDetails.value(second.id),
              u"A safe matching window was not found yet."_qs);
+}
+
+void WindowRestoreServiceTest::callsOfOneTurnReadTheDesktopTogether()
+{
+    FakeWindowSystem desktop;
+    WindowRestoreService service(desktop);
+    auto notes = placement(desktop, u"Notes"_qs);
+    auto mail = placement(desktop, u"Inbox"_qs);
+    mail.bundleIdentifier = u"mail"_qs;
+    auto absent = placement(desktop, u"Song"_qs);
+    absent.bundleIdentifier = u"player"_qs;
+    desktop.addWindow(u"editor"_qs, {.title = u"Notes"_qs});
+    auto ofEditor = service.restorePlacements({notes});
+    auto ofMail = service.restorePlacements({mail});
+    auto ofPlayer = service.restorePlacements({absent});
+    // Appears after it was asked for, and before the reading.
+    const auto inbox = desktop.addWindow(u"mail"_qs, {.title = u"Inbox"_qs});
+    QCOMPARE(QCoro::waitFor(ofMail).completed.value(mail.id).kind, LaunchResultKind::restored);
+    QCOMPARE(QCoro::waitFor(ofEditor).completed.value(notes.id).kind, LaunchResultKind::restored);
+    QCOMPARE(QCoro::waitFor(ofPlayer).retryableDetails.keys(), QList<QUuid>{absent.id});
+    QCOMPARE(desktop.readCount(), 1);
+
+    // A later call never gets an earlier reading.
+    desktop.removeWindow(inbox);
+    QVERIFY(QCoro::waitFor(service.restorePlacements({mail})).completed.isEmpty());
+    desktop.addWindow(u"mail"_qs, {.title = u"Inbox"_qs});
+    QCOMPARE(QCoro::waitFor(service.restorePlacements({mail})).completed.size(), 1);
 }
 
 void WindowRestoreServiceTest::findsTheBestRemainingDisplay()
