@@ -7,10 +7,7 @@
 #include <QFile>
 #include <QThread>
 
-#include <xcb/xcb.h>
-
 #include <csignal>
-#include <memory>
 #include <unistd.h>
 
 namespace trovell::bench {
@@ -24,34 +21,13 @@ constexpr int patienceMilliseconds = 20'000;
 constexpr quint32 sidebarColor = 0xEEEEEB;
 constexpr QPoint pointInSidebar(120, 500);
 
-struct Disconnect {
-    void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
-};
-
-quint32 pixel(xcb_connection_t* connection, quint32 window, const QPoint& point)
-{
-    auto* image =
-        xcb_get_image_reply(connection,
-                            xcb_get_image(connection, XCB_IMAGE_FORMAT_Z_PIXMAP, window,
-                                          qint16(point.x()), qint16(point.y()), 1, 1, ~0U),
-                            nullptr);
-    if (!image)
-        return 0;
-    const uint8_t* bytes = xcb_get_image_data(image);
-    const quint32 color = quint32(bytes[2]) << 16 | quint32(bytes[1]) << 8 | bytes[0];
-    free(image);
-    return color;
-}
-
 bool waitForPaint(test::VirtualDesktop& desktop)
 {
-    const std::unique_ptr<xcb_connection_t, Disconnect> connection(
-        xcb_connect(desktop.displayName().constData(), nullptr));
     QElapsedTimer clock;
     clock.start();
     while (clock.elapsed() < patienceMilliseconds) {
         const auto window = desktop.inspector().windowTitled(u"Trovell");
-        if (window && pixel(connection.get(), window->id, pointInSidebar) == sidebarColor)
+        if (window && desktop.inspector().pixel(window->id, pointInSidebar) == sidebarColor)
             return true;
         QThread::msleep(1);
     }

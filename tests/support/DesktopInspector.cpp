@@ -53,6 +53,17 @@ DesktopInspector::~DesktopInspector()
     xcb_disconnect(m_connection);
 }
 
+quint32 DesktopInspector::pixel(quint32 id, const QPoint& point) const
+{
+    const auto request = xcb_get_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, id,
+                                       qint16(point.x()), qint16(point.y()), 1, 1, ~0U);
+    const auto image = owned(xcb_get_image_reply(m_connection, request, nullptr));
+    if (!image)
+        return 0;
+    const uint8_t* bytes = xcb_get_image_data(image.get());
+    return quint32(bytes[2]) << 16 | quint32(bytes[1]) << 8 | bytes[0];
+}
+
 quint32 DesktopInspector::root() const
 {
     const xcb_setup_t* setup = xcb_get_setup(m_connection);

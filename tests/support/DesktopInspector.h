@@ -89,6 +89,9 @@ public:
     /// Gives the output of that name an EDID; see `makeEdid`.
     void setEdid(const QByteArray& outputName, const QByteArray& edid);
 
+    /// The colour of a point of the window, as 0xRRGGBB; 0 when it cannot be read.
+    quint32 pixel(quint32 id, const QPoint& point) const;
+
     quint32 root() const;
     /// The window that owns a selection such as "WM_S0"; 0 for none.
     quint32 selectionOwner(const char* selection) const;
