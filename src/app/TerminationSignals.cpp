@@ -37,8 +37,10 @@ int openWakeUpPipe()
 
 TerminationSignals::TerminationSignals() : m_notifier(openWakeUpPipe(), QSocketNotifier::Read)
 {
+    // Not quit(), which closes the windows first: an open sheet would count as dismissed by its
+    // user, or refuse.
     QObject::connect(&m_notifier, &QSocketNotifier::activated, QCoreApplication::instance(),
-                     &QCoreApplication::quit);
+                     [] { QCoreApplication::exit(); });
 }
 
 TerminationSignals::~TerminationSignals()

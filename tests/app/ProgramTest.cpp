@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -35,6 +36,17 @@ int changeAndWait(int argc, char** argv)
     return QCoreApplication::exec();
 }
 
+/// What the program says, without what Qt says of windows on a screen in memory.
+QStringList saidBy(QProcess& program)
+{
+    static const QRegularExpression ofTheScreen(
+        u"This plugin does not support|systemTrayWindowChanged"_qs);
+    QStringList lines =
+        QString::fromUtf8(program.readAllStandardError()).split(u'\n', Qt::SkipEmptyParts);
+    lines.removeIf([](const QString& line) { return line.contains(ofTheScreen); });
+    return lines;
+}
+
 QString nameOfFirst(const QString& folder)
 {
     const auto store = WorkspaceStore::open(folder);
@@ -59,6 +71,8 @@ private:
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.remove(u"DISPLAY"_qs);
         environment.remove(u"WAYLAND_DISPLAY"_qs);
+        environment.insert(u"QT_QPA_PLATFORM"_qs, u"offscreen"_qs);
+        environment.insert(u"XDG_RUNTIME_DIR"_qs, home.path());
         environment.insert(u"HOME"_qs, home.path());
         environment.insert(u"XDG_DATA_HOME"_qs, home.filePath(u"data"_qs));
         environment.insert(u"XDG_CONFIG_HOME"_qs, home.filePath(u"config"_qs));
@@ -111,13 +125,18 @@ void ProgramTest::saysWhyItCannotStart()
         }
     }
     QProcess program;
+    program.setReadChannel(QProcess::StandardError);
     startProgram(program, home);
-    QVERIFY(program.waitForFinished());
-    QCOMPARE(program.exitStatus(), QProcess::NormalExit);
-    QVERIFY(program.exitCode() != 0);
-    const QString message = QString::fromUtf8(program.readAllStandardError());
+    QVERIFY(program.waitForReadyRead());
+    const QString message = saidBy(program).join(u'\n');
     QVERIFY2(message.startsWith(u"Trovell could not open its local workspace store: "_qs),
              qPrintable(message));
+    // The same stands in a window until somebody has read it.
+    QVERIFY(!program.waitForFinished(300));
+    program.terminate();
+    QVERIFY(program.waitForFinished());
+    QCOMPARE(program.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(program.exitCode(), EXIT_FAILURE);
 }
 
 void ProgramTest::endsInAnOrderlyWay()
@@ -132,8 +151,8 @@ void ProgramTest::endsInAnOrderlyWay()
     QVERIFY(program.waitForFinished());
     QCOMPARE(program.exitStatus(), QProcess::NormalExit);
     QCOMPARE(program.exitCode(), 0);
-    // Nothing was said, and nothing but the store was written.
-    QVERIFY(program.readAllStandardError().isEmpty());
+    // Nothing was said, and nothing but the store was written: the guide does not count as seen.
+    QCOMPARE(saidBy(program), QStringList());
     QCOMPARE(QDir(home.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
              QStringList{u"data"_qs});
 }
