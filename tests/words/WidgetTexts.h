@@ -65,7 +65,8 @@ inline QStringList textsNotLookedUp(const QWidget& root, const QStringList& data
     return found;
 }
 
-/// The texts of the visible labels and buttons in `root` that are smaller than they ask to be.
+/// The texts of the visible labels and buttons in `root` that are smaller than they ask to be;
+/// those that wrap ask for a height that depends on their width.
 inline QStringList clippedTexts(const QWidget& root)
 {
     QStringList found;
@@ -74,11 +75,13 @@ inline QStringList clippedTexts(const QWidget& root)
         const auto* const button = qobject_cast<const QAbstractButton*>(widget);
         if (!widget->isVisible() || (label == nullptr && button == nullptr))
             continue;
-        const bool wraps = label != nullptr && label->wordWrap();
-        const bool fits = wraps ? widget->height() >= widget->heightForWidth(widget->width())
-                                : widget->width() >= widget->sizeHint().width();
+        const bool fits = widget->hasHeightForWidth()
+                              ? widget->height() >= widget->heightForWidth(widget->width())
+                              : widget->width() >= widget->sizeHint().width();
         if (!fits)
-            found += label != nullptr ? label->text() : button->text();
+            found += label != nullptr           ? label->text()
+                     : button->text().isEmpty() ? button->accessibleName()
+                                                : button->text();
     }
     return found;
 }
