@@ -4,6 +4,7 @@
 #include "support/LayoutSession.h"
 #include "support/RunningTrovell.h"
 
+#include <QColor>
 #include <QDir>
 #include <QFile>
 #include <QTest>
@@ -247,6 +248,11 @@ void InterfaceTest::endsWithItsLastWindowIfToldSo()
 
 void InterfaceTest::changesLanguageAndAppearanceLive()
 {
+    // A table that someone dropped into their data folder.
+    const QString tables = m_desktop->homePath() + u"/.local/share/trovell/translations"_qs;
+    QDir().mkpath(tables);
+    QVERIFY(QFile::copy(QStringLiteral(TROVELL_TEST_LANGUAGES) + u"/trovell_en_XA.qm"_qs,
+                        tables + u"/trovell_de.qm"_qs));
     m_trovell->setPreferences(onboarded);
     QVERIFY(m_trovell->start());
     QVERIFY(m_trovell->click(button, u"Settings"_qs));
@@ -259,6 +265,10 @@ void InterfaceTest::changesLanguageAndAppearanceLive()
     QVERIFY(m_trovell->click(u"combo box"_qs, u"Appearance"_qs));
     QVERIFY(m_trovell->click(menuItem, u"Dark"_qs));
     QTRY_VERIFY(brightness() < 60);
+    QVERIFY(m_trovell->click(u"combo box"_qs, u"Language"_qs));
+    QVERIFY(m_trovell->click(menuItem, u"Deutsch"_qs));
+    QVERIFY(m_trovell->hides(button, u"New Empty Workspace"_qs)); // in the window behind
+    QVERIFY(m_trovell->isRunning());
 }
 
 void InterfaceTest::isOneInstance()
