@@ -204,6 +204,10 @@ QAccessibleInterface* makePart(const QString& className, QObject* object)
         return new QAccessibleWidget(widget, QAccessible::AlertMessage);
     if (name == u"ChoiceRow" || name == u"TrovellCardModifier" || name == u"Group")
         return new QAccessibleWidget(widget, QAccessible::Grouping);
+    if (name == u"ListGroup")
+        return new QAccessibleWidget(widget, QAccessible::List);
+    if (name == u"ListRow")
+        return new QAccessibleWidget(widget, QAccessible::ListItem);
     if (name == u"StyledButton")
         return new AccessibleButton(static_cast<StyledButton*>(widget));
     if (name == u"Picker")

@@ -12,4 +12,20 @@ public:
     using QWidget::QWidget;
 };
 
+/// Rows one below the other, each a ListRow.
+class ListGroup : public Group {
+    Q_OBJECT
+
+public:
+    using Group::Group;
+};
+
+/// A row of several parts under the name of what it stands for.
+class ListRow : public Group {
+    Q_OBJECT
+
+public:
+    using Group::Group;
+};
+
 } // namespace trovell

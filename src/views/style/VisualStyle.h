@@ -35,9 +35,12 @@ class QPainter;
 /// What there is:
 ///   buttons    PushButton, ActionButton, LinkButton, SymbolLink, SymbolButton; menus: PopupMenu
 ///   fields     TextField, Picker, CheckBox, Switch, Slider, IconChoiceRow, SwatchRow
-///   pictures   SymbolView, TrovellBrandMark, ProgressRing, ProgressBar, Divider
+///   pictures   SymbolView, TrovellBrandMark, ProgressRing, ProgressBar, Divider; own ones derive
+///              from Picture
 ///   texts      TextLabel, SelectableLabel; in own painting paintLine and Paragraph (TextStyle.h)
-///   boxes      TrovellCardModifier, BannerFrame, ScrollArea; list rows: RowPainting.h
+///   boxes      TrovellCardModifier, BannerFrame, ScrollArea; several parts under one accessible
+///              name: Group.h
+///   lists      ListGroup and ListRow (Group.h); painted rows: RowPainting.h
 ///   windows    Sheet, Alert
 ///   painting   Painting.h: boxes, rings, hairlines, shadows on whole device pixels
 ///

@@ -1,9 +1,12 @@
 #include "views/workspace/EditorItemList.h"
 
+#include "views/style/RowPainting.h"
 #include "views/workspace/EditorItemRow.h"
 #include "views/workspace/Reorder.h"
+#include "views/workspace/ReorderOverlay.h"
 
 #include <QEvent>
+#include <QGraphicsOpacityEffect>
 #include <QScrollArea>
 #include <QShortcut>
 #include <QTimerEvent>
@@ -22,9 +25,9 @@ constexpr qsizetype rowsPerTurn = 8;
 EditorItemList::EditorItemList(const ViewEnvironment& environment,
                                const QList<EditableWorkspaceItem>& items, QWidget* tabAnchor,
                                QWidget* parent)
-    : QWidget(parent), m_environment(environment), m_items(items), m_tabAnchor(tabAnchor)
+    : ListGroup(parent), m_environment(environment), m_items(items), m_tabAnchor(tabAnchor),
+      m_dragging(environment.visual, *this, *this)
 {
-    new RowDragging(environment.visual, *this, *this);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     const std::pair<Qt::Key, int> keys[] = {{Qt::Key_Up, -1}, {Qt::Key_Down, 1}};
     for (const auto& [key, step] : keys) {
@@ -56,12 +59,10 @@ void EditorItemList::append(const QList<EditableWorkspaceItem>& items)
 
 void EditorItemList::revealEnd()
 {
-    QWidget* around = parentWidget();
-    while (around && !qobject_cast<QScrollArea*>(around))
-        around = around->parentWidget();
     constexpr int space = 24;
-    if (around && !m_rows.isEmpty())
-        static_cast<QScrollArea*>(around)->ensureWidgetVisible(m_rows.last(), 0, space);
+    auto* const area = qobject_cast<QScrollArea*>(scrollAreaOf(*this));
+    if (area && !m_rows.isEmpty())
+        area->ensureWidgetVisible(m_rows.last(), 0, space);
 }
 
 void EditorItemList::replace(const EditableWorkspaceItem& item)
@@ -95,23 +96,37 @@ void EditorItemList::remove(const QUuid& id)
     Q_EMIT countChanged();
 }
 
-QWidget* EditorItemList::rowAt(const QPoint& position) const
+QUuid EditorItemList::rowAt(const QPoint& position) const
 {
-    return rect().contains(position) ? m_rows.value(position.y() / rowHeight()) : nullptr;
+    const auto* const row =
+        rect().contains(position) ? m_rows.value(position.y() / rowHeight()) : nullptr;
+    return row ? row->id() : QUuid();
 }
 
-QString EditorItemList::payloadOf(const QWidget& row) const
+QRect EditorItemList::rectOf(const QUuid& id) const
 {
-    return dragPayload(static_cast<const EditorItemRow&>(row).id());
+    return rowOf(id) ? rowRect(indexOf(id)) : QRect();
 }
 
-bool EditorItemList::dropOn(const QWidget& row, const QString& payload)
+QPixmap EditorItemList::pictureOf(const QUuid& id) const
 {
-    const QUuid id(payload);
-    if (id.isNull())
-        return false;
-    move(indexOf(id), indexOf(static_cast<const EditorItemRow&>(row).id()));
-    return true;
+    return pictureOfRow(*rowOf(id));
+}
+
+void EditorItemList::setLifted(const QUuid& id, bool isLifted)
+{
+    EditorItemRow* const row = rowOf(id);
+    if (!row)
+        return;
+    auto* const faint = isLifted ? new QGraphicsOpacityEffect(row) : nullptr;
+    if (faint)
+        faint->setOpacity(draggedRowOpacity);
+    row->setGraphicsEffect(faint);
+}
+
+void EditorItemList::dropOn(const QUuid& target, const QUuid& dragged)
+{
+    move(indexOf(dragged), indexOf(target));
 }
 
 QSize EditorItemList::sizeHint() const
@@ -176,6 +191,11 @@ qsizetype EditorItemList::indexOf(const QUuid& id) const
     return found == m_items.end() ? -1 : found - m_items.begin();
 }
 
+EditorItemRow* EditorItemList::rowOf(const QUuid& id) const
+{
+    return m_rows.value(indexOf(id));
+}
+
 void EditorItemList::move(qsizetype source, qsizetype target)
 {
     // A row that is still to be made cannot change places with one that is there.
@@ -186,6 +206,9 @@ void EditorItemList::move(qsizetype source, qsizetype target)
     QWidget* previous = first > 0 ? m_rows[first - 1]->lastControl() : m_tabAnchor.data();
     for (qsizetype index = first; index <= std::max(source, target); ++index)
         previous = m_rows[index]->chainAfter(previous);
+    // Assistive tools read the rows in the order in which they lie above each other.
+    for (EditorItemRow* const row : std::as_const(m_rows))
+        row->raise();
     placeRows();
 }
 
@@ -202,7 +225,7 @@ void EditorItemList::moveFocusedRow(int step)
         move(index, index - 1);
     else
         move(index + 1, index);
-    if (QScrollArea* area = scrollAreaOf(*this))
+    if (auto* const area = qobject_cast<QScrollArea*>(scrollAreaOf(*this)))
         area->ensureWidgetVisible(row, 0, rowHeight());
 }
 

@@ -2,20 +2,20 @@
 // or by dropping an item's identifier on a row. Main thread.
 #pragma once
 
+#include "views/style/Group.h"
 #include "views/ViewEnvironment.h"
 #include "views/workspace/EditableWorkspaceItem.h"
 #include "views/workspace/RowDragging.h"
 
 #include <QBasicTimer>
 #include <QPointer>
-#include <QWidget>
 
 namespace trovell {
 
 class EditorItemRow;
 
 /// Rows for many items are made a few at a time between other events; `items` is complete at once.
-class EditorItemList : public QWidget, private ReorderableRows {
+class EditorItemList : public ListGroup, private ReorderableRows {
     Q_OBJECT
 
 public:
@@ -48,11 +48,13 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    [[nodiscard]] QWidget* rowAt(const QPoint& position) const override;
-    [[nodiscard]] QString payloadOf(const QWidget& row) const override;
-    /// The item named in the payload moves immediately before that row. False for a text that is no
-    /// identifier; true otherwise, also when nothing moves.
-    bool dropOn(const QWidget& row, const QString& payload) override;
+    [[nodiscard]] QUuid rowAt(const QPoint& position) const override;
+    [[nodiscard]] QRect rectOf(const QUuid& id) const override;
+    [[nodiscard]] QPixmap pictureOf(const QUuid& id) const override;
+    void setLifted(const QUuid& id, bool isLifted) override;
+    /// The item dragged moves immediately before the target; nothing moves when it is none of
+    /// these.
+    void dropOn(const QUuid& target, const QUuid& dragged) override;
 
     void buildSomeRows();
     EditorItemRow* makeRow(const EditableWorkspaceItem& item);
@@ -61,6 +63,8 @@ private:
     void placeRows();
     void revealEnd();
     [[nodiscard]] qsizetype indexOf(const QUuid& id) const;
+    /// Null when there is none, or not yet.
+    [[nodiscard]] EditorItemRow* rowOf(const QUuid& id) const;
     void move(qsizetype source, qsizetype target);
     void moveFocusedRow(int step);
 
@@ -70,6 +74,7 @@ private:
     QList<EditorItemRow*> m_rows;
     QPointer<QWidget> m_tabAnchor;
     QBasicTimer m_building;
+    RowDragging m_dragging;
 };
 
 } // namespace trovell

@@ -28,7 +28,7 @@ constexpr int dividerStart = 56;
 
 EditorItemRow::EditorItemRow(const ViewEnvironment& environment, const EditableWorkspaceItem& item,
                              QWidget* parent)
-    : QWidget(parent), m_environment(environment), m_id(item.id),
+    : ListRow(parent), m_environment(environment), m_id(item.id),
       m_grip(
           new SymbolView(environment.visual, u"_ui/grip"_qs, gripSize, ColorToken::labelTertiary)),
       m_isEnabled(new CheckBox(environment.visual, {})),
@@ -124,6 +124,7 @@ void EditorItemRow::buildLayout()
 void EditorItemRow::showWords()
 {
     const Localization& words = m_environment.words;
+    setAccessibleName(m_displayName);
     m_isEnabled->setAccessibleName(m_displayName);
     m_isEnabled->setAccessibleDescription(
         words.text(u"Press Alt+Up or Alt+Down to move this item."_key));

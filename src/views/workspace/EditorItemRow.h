@@ -2,10 +2,9 @@
 // the bin. Main thread.
 #pragma once
 
+#include "views/style/Group.h"
 #include "views/ViewEnvironment.h"
 #include "views/workspace/EditableWorkspaceItem.h"
-
-#include <QWidget>
 
 namespace trovell {
 
@@ -15,7 +14,7 @@ class SymbolButton;
 class SymbolView;
 class TextLabel;
 
-class EditorItemRow : public QWidget {
+class EditorItemRow : public ListRow {
     Q_OBJECT
 
 public:

@@ -56,7 +56,10 @@ QWidget* EditorItemsSection::makeHeader()
     auto* row = new QHBoxLayout(header);
     row->setContentsMargins(0, 0, 0, 0);
     auto* heading = new TextLabel(m_environment.visual, {}, TextRole::headline);
-    m_environment.words.renderText(heading, u"Items"_key);
+    m_environment.words.render(m_list, [this, heading, &words = m_environment.words] {
+        heading->setText(words.text(u"Items"_key));
+        m_list->setAccessibleName(heading->text());
+    });
     m_environment.words.renderText(m_addButton, u"Add Item"_key);
     m_addButton->setMenu(makeAddMenu(), Qt::AlignRight);
     row->addWidget(heading, 1);

@@ -1,16 +1,16 @@
 #include "views/workspace/RowDragging.h"
 
-#include "views/style/RowPainting.h"
 #include "views/workspace/ReorderOverlay.h"
 
 #include <QApplication>
 #include <QDropEvent>
-#include <QGraphicsOpacityEffect>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTimerEvent>
+
+#include <utility>
 
 namespace trovell {
 
@@ -23,26 +23,33 @@ constexpr int scrollMilliseconds = 16;
 /// What the overlay covers: the page that scrolls, so that the lifted row may leave its card.
 QWidget& surfaceOf(QWidget& list)
 {
-    const QScrollArea* const area = scrollAreaOf(list);
+    const auto* const area = qobject_cast<QScrollArea*>(scrollAreaOf(list));
     return area && area->widget() ? *area->widget() : *list.window();
 }
 
 } // namespace
 
-QScrollArea* scrollAreaOf(const QWidget& widget)
+QAbstractScrollArea* scrollAreaOf(const QWidget& widget)
 {
     for (QWidget* parent = widget.parentWidget(); parent; parent = parent->parentWidget()) {
-        if (auto* area = qobject_cast<QScrollArea*>(parent))
+        if (auto* area = qobject_cast<QAbstractScrollArea*>(parent))
             return area;
     }
     return nullptr;
 }
 
 RowDragging::RowDragging(const VisualStyle& visual, QWidget& list, ReorderableRows& rows)
-    : QObject(&list), m_visual(visual), m_list(list), m_rows(rows)
+    : m_visual(visual), m_list(list), m_rows(rows)
 {
     list.setAcceptDrops(true);
     list.installEventFilter(this);
+}
+
+RowDragging::~RowDragging()
+{
+    delete m_overlay;
+    if (m_isDragging)
+        m_list.releaseKeyboard();
 }
 
 bool RowDragging::eventFilter(QObject* watched, QEvent* event)
@@ -72,42 +79,46 @@ bool RowDragging::eventFilter(QObject* watched, QEvent* event)
 
 bool RowDragging::press(const QMouseEvent& event)
 {
-    if (event.button() != Qt::LeftButton || !m_rows.rowAt(event.position().toPoint()))
+    const QPoint position = event.position().toPoint();
+    const QUuid row = m_rows.rowAt(position);
+    if (event.button() != Qt::LeftButton || row.isNull())
         return false;
-    m_pressed = event.position().toPoint();
+    m_pressed = {row, position, position - m_rows.rectOf(row).topLeft(),
+                 event.globalPosition().toPoint()};
     return true;
 }
 
 bool RowDragging::moveTo(const QMouseEvent& event)
 {
-    const QPoint position = event.position().toPoint();
-    const bool isFar =
-        m_pressed && (position - *m_pressed).manhattanLength() >= QApplication::startDragDistance();
-    if (!m_drag && isFar)
-        begin();
-    if (!m_drag)
+    if (!m_pressed)
         return false;
-    m_drag->position = position;
-    update();
+    m_pressed->screenPosition = event.globalPosition().toPoint();
+    const int distance = (event.position().toPoint() - m_pressed->position).manhattanLength();
+    if (!m_isDragging && distance >= QApplication::startDragDistance())
+        begin();
+    if (m_isDragging)
+        update();
     return true;
 }
 
 bool RowDragging::release(const QMouseEvent& event)
 {
-    m_pressed.reset();
-    if (!m_drag || event.button() != Qt::LeftButton)
+    if (!m_pressed || event.button() != Qt::LeftButton)
         return false;
-    const QString payload = m_drag->payload;
-    const QWidget* const target = m_rows.rowAt(event.position().toPoint());
+    const QUuid row = m_pressed->row;
+    const QUuid target = m_rows.rowAt(event.position().toPoint());
+    const bool isDrop = m_isDragging;
     end();
-    if (target)
-        m_rows.dropOn(*target, payload);
+    if (isDrop && !target.isNull())
+        m_rows.dropOn(target, row);
+    else if (!isDrop && target == row)
+        m_rows.click(row);
     return true;
 }
 
 bool RowDragging::pressKey(const QKeyEvent& event)
 {
-    if (!m_drag)
+    if (!m_isDragging)
         return false;
     if (event.key() == Qt::Key_Escape)
         end();
@@ -117,9 +128,9 @@ bool RowDragging::pressKey(const QKeyEvent& event)
 
 bool RowDragging::dragText(QDropEvent& event)
 {
-    const QWidget* const row = m_rows.rowAt(event.position().toPoint());
+    const QUuid row = m_rows.rowAt(event.position().toPoint());
     markDrop(row);
-    event.setAccepted(row && event.mimeData()->hasText());
+    event.setAccepted(!row.isNull() && event.mimeData()->hasText());
     if (event.isAccepted())
         event.acceptProposedAction();
     return true;
@@ -127,54 +138,56 @@ bool RowDragging::dragText(QDropEvent& event)
 
 bool RowDragging::dropText(QDropEvent& event)
 {
-    const QWidget* const row = m_rows.rowAt(event.position().toPoint());
+    const QUuid row = m_rows.rowAt(event.position().toPoint());
+    const QUuid dragged = QUuid::fromString(event.mimeData()->text());
     end();
-    event.setAccepted(row && m_rows.dropOn(*row, event.mimeData()->text()));
+    event.setAccepted(!row.isNull() && !dragged.isNull());
+    if (event.isAccepted())
+        m_rows.dropOn(row, dragged);
     return true;
 }
 
 void RowDragging::begin()
 {
-    QWidget* const row = m_rows.rowAt(*m_pressed);
-    if (!row)
-        return;
-    m_drag = Drag{row, m_rows.payloadOf(*row), *m_pressed - row->pos(), *m_pressed};
-    overlay().setLiftedRow(pictureOfRow(*row));
-    auto* const faint = new QGraphicsOpacityEffect(row);
-    faint->setOpacity(draggedRowOpacity);
-    row->setGraphicsEffect(faint);
-    // Escape must not reach the sheet, which it would close.
+    m_isDragging = true;
+    overlay().setLiftedRow(m_rows.pictureOf(m_pressed->row));
+    m_rows.setLifted(m_pressed->row, true);
+    // Escape must not reach the window, which might close.
     m_list.grabKeyboard();
     m_scrolling.start(scrollMilliseconds, this);
 }
 
 void RowDragging::end()
 {
-    m_pressed.reset();
     delete m_overlay;
-    if (!m_drag)
+    const std::optional<Pressed> pressed = std::exchange(m_pressed, std::nullopt);
+    if (!std::exchange(m_isDragging, false))
         return;
     m_scrolling.stop();
     m_list.releaseKeyboard();
-    if (m_drag->row)
-        m_drag->row->setGraphicsEffect(nullptr);
-    m_drag.reset();
+    m_rows.setLifted(pressed->row, false);
 }
 
 void RowDragging::update()
 {
-    QWidget* const surface = overlay().parentWidget();
-    overlay().moveLiftedRow(m_list.mapTo(surface, m_drag->position - m_drag->grip));
-    markDrop(m_rows.rowAt(m_drag->position));
+    if (m_rows.rectOf(m_pressed->row).isEmpty())
+        return end();
+    const QPoint position = m_list.mapFromGlobal(m_pressed->screenPosition);
+    overlay().moveLiftedRow(m_list.mapTo(overlay().parentWidget(), position - m_pressed->grip));
+    markDrop(m_rows.rowAt(position));
 }
 
-void RowDragging::markDrop(const QWidget* row)
+void RowDragging::markDrop(const QUuid& row)
 {
-    const bool isElsewhere = row && !(m_drag && m_drag->row == row);
+    const bool isElsewhere = !row.isNull() && !(m_isDragging && m_pressed->row == row);
     if (!isElsewhere && !m_overlay)
         return;
-    const QPoint corner = row ? row->mapTo(overlay().parentWidget(), QPoint()) : QPoint();
-    overlay().setDropRow(isElsewhere ? std::optional(QRect(corner, row->size())) : std::nullopt);
+    std::optional<QRect> marked;
+    if (isElsewhere) {
+        marked = m_rows.rectOf(row);
+        marked->moveTopLeft(m_list.mapTo(overlay().parentWidget(), marked->topLeft()));
+    }
+    overlay().setDropRow(marked);
 }
 
 ReorderOverlay& RowDragging::overlay()
@@ -186,18 +199,16 @@ ReorderOverlay& RowDragging::overlay()
 
 void RowDragging::timerEvent(QTimerEvent*)
 {
-    QScrollArea* const area = scrollAreaOf(m_list);
-    if (!area || !m_drag)
+    const QAbstractScrollArea* const area = scrollAreaOf(m_list);
+    if (!area || !m_isDragging)
         return;
-    const int y = m_list.mapTo(area->widget(), m_drag->position).y() + area->widget()->y();
+    const int y = area->viewport()->mapFromGlobal(m_pressed->screenPosition).y();
     const int direction = y < scrollEdge ? -1 : y > area->viewport()->height() - scrollEdge ? 1 : 0;
-    const int before = area->verticalScrollBar()->value();
-    area->verticalScrollBar()->setValue(before + direction * scrollStep);
-    const int scrolled = area->verticalScrollBar()->value() - before;
-    if (scrolled == 0)
-        return;
-    m_drag->position.ry() += scrolled;
-    update();
+    QScrollBar* const bar = area->verticalScrollBar();
+    const int before = bar->value();
+    bar->setValue(before + direction * scrollStep);
+    if (bar->value() != before)
+        update();
 }
 
 } // namespace trovell

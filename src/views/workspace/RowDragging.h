@@ -1,19 +1,22 @@
 // Reordering the rows of a list with the mouse: the row lifts, its place stays faint, a line marks
-// where it will go, Escape gives up and the page scrolls at its edges. Texts dropped from elsewhere
+// where it will go, Escape gives up and the list scrolls at its edges. Texts dropped from elsewhere
 // take the same way. Main thread.
 #pragma once
 
 #include <QBasicTimer>
 #include <QObject>
+#include <QPixmap>
 #include <QPoint>
 #include <QPointer>
+#include <QRect>
+#include <QUuid>
 
 #include <optional>
 
+class QAbstractScrollArea;
 class QDropEvent;
 class QKeyEvent;
 class QMouseEvent;
-class QScrollArea;
 class QWidget;
 
 namespace trovell {
@@ -21,20 +24,27 @@ namespace trovell {
 class ReorderOverlay;
 class VisualStyle;
 
-/// The list whose rows are dragged.
+/// The list whose rows are dragged, each known by an identifier. Positions and rectangles are those
+/// of the widget that is watched.
 class ReorderableRows {
 public:
     virtual ~ReorderableRows() = default;
-    /// The row at that point of the list; null beside the rows.
-    [[nodiscard]] virtual QWidget* rowAt(const QPoint& position) const = 0;
-    /// What stands for a row while it is dragged.
-    [[nodiscard]] virtual QString payloadOf(const QWidget& row) const = 0;
-    /// A payload was dropped on a row. False for a text that is none.
-    virtual bool dropOn(const QWidget& row, const QString& payload) = 0;
+    /// Null beside the rows.
+    [[nodiscard]] virtual QUuid rowAt(const QPoint& position) const = 0;
+    /// Empty when there is no such row, or no longer.
+    [[nodiscard]] virtual QRect rectOf(const QUuid& row) const = 0;
+    /// The row at rest, on nothing.
+    [[nodiscard]] virtual QPixmap pictureOf(const QUuid& row) const = 0;
+    /// The row is shown faint (`draggedRowOpacity`) while it is lifted. It may be gone.
+    virtual void setLifted(const QUuid& row, bool isLifted) = 0;
+    /// A row, not necessarily one of the list's, was dropped on one of its rows.
+    virtual void dropOn(const QUuid& target, const QUuid& dragged) = 0;
+    /// The row was pressed and let go without being dragged.
+    virtual void click(const QUuid&) {}
 };
 
 /// The area that scrolls the widget; null when none does.
-[[nodiscard]] QScrollArea* scrollAreaOf(const QWidget& widget);
+[[nodiscard]] QAbstractScrollArea* scrollAreaOf(const QWidget& widget);
 
 /// Watches the events of the list, which its rows let through. No event loop of its own, as QDrag
 /// would run.
@@ -42,23 +52,25 @@ class RowDragging : public QObject {
     Q_OBJECT
 
 public:
-    /// `list` is the widget of `rows` and the parent of this object.
+    /// `rows` owns this object; `list` is the widget that shows them.
     RowDragging(const VisualStyle& visual, QWidget& list, ReorderableRows& rows);
+    ~RowDragging() override;
 
-    [[nodiscard]] bool isDragging() const { return m_drag.has_value(); }
+    [[nodiscard]] bool isDragging() const { return m_isDragging; }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
 
 private:
-    struct Drag {
-        QPointer<QWidget> row;
-        QString payload;
+    /// A row under the mouse, lifted or not yet.
+    struct Pressed {
+        QUuid row;
+        QPoint position;
         /// From the row's corner to where it was taken.
         QPoint grip;
-        /// In the list's coordinates.
-        QPoint position;
+        /// Where the mouse is now, on the screen: rows and list move below it.
+        QPoint screenPosition;
     };
 
     bool press(const QMouseEvent& event);
@@ -71,14 +83,14 @@ private:
     void begin();
     void end();
     void update();
-    void markDrop(const QWidget* row);
+    void markDrop(const QUuid& row);
     ReorderOverlay& overlay();
 
     const VisualStyle& m_visual;
     QWidget& m_list;
     ReorderableRows& m_rows;
-    std::optional<QPoint> m_pressed;
-    std::optional<Drag> m_drag;
+    std::optional<Pressed> m_pressed;
+    bool m_isDragging = false;
     QBasicTimer m_scrolling;
     QPointer<ReorderOverlay> m_overlay;
 };

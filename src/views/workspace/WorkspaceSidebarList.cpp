@@ -4,9 +4,7 @@
 #include "views/style/Painting.h"
 #include "views/workspace/WorkspaceSidebarRow.h"
 
-#include <QDropEvent>
 #include <QKeyEvent>
-#include <QMimeData>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
@@ -41,7 +39,7 @@ public:
             target.setLayoutDirection(option.direction);
             row.paint(target, environment.visual, box, stateOf(option, index));
         };
-        if (m_list.m_drag.isDragging() && index == m_list.m_drag.pressedRow())
+        if (workspace->id() == m_list.m_liftedRow)
             paintGroup(*painter, box, draggedRowOpacity, paintRow);
         else
             paintRow(*painter);
@@ -60,7 +58,8 @@ private:
                 .isHovered =
                     option.state.testFlag(QStyle::State_MouseOver) || index == m_list.m_menuRow,
                 .hasFocus = option.state.testFlag(QStyle::State_HasFocus),
-                .isWindowActive = option.state.testFlag(QStyle::State_Active)};
+                // The option's own flag is about the focus of the list.
+                .isWindowActive = m_list.isActiveWindow()};
     }
 
     WorkspaceSidebarList& m_list;
@@ -68,7 +67,8 @@ private:
 
 WorkspaceSidebarList::WorkspaceSidebarList(const ViewEnvironment& environment, QWidget* parent)
     : QListView(parent), m_environment(environment),
-      m_model(new WorkspaceSidebarModel(environment, this)), m_drag(environment.visual, *this)
+      m_model(new WorkspaceSidebarModel(environment, this)),
+      m_dragging(environment.visual, *viewport(), *this)
 {
     setModel(m_model);
     setItemDelegate(new WorkspaceSidebarDelegate(*this));
@@ -80,7 +80,6 @@ WorkspaceSidebarList::WorkspaceSidebarList(const ViewEnvironment& environment, Q
     setFocusPolicy(Qt::StrongFocus);
     viewport()->setAutoFillBackground(false);
     viewport()->setAttribute(Qt::WA_Hover);
-    viewport()->setAcceptDrops(true);
     environment.words.render(this, [this] { showWords(); });
 }
 
@@ -113,14 +112,41 @@ QRect WorkspaceSidebarList::rowRect(const QModelIndex& index) const
     return visualRect(index).adjusted(inset, 0, -inset, -rowGap);
 }
 
-QPixmap WorkspaceSidebarList::pictureOf(const QModelIndex& index) const
+QUuid WorkspaceSidebarList::rowAt(const QPoint& position) const
 {
-    const TrovellWorkspace* workspace = m_model->workspaceAt(index);
+    return m_model->idAt(indexAt(position));
+}
+
+QRect WorkspaceSidebarList::rectOf(const QUuid& id) const
+{
+    const QModelIndex index = m_model->indexOf(id);
+    return index.isValid() ? rowRect(index) : QRect();
+}
+
+QPixmap WorkspaceSidebarList::pictureOf(const QUuid& id) const
+{
+    const TrovellWorkspace* workspace = m_model->workspaceAt(m_model->indexOf(id));
     if (!workspace)
         return {};
     const WorkspaceSidebarRow row(*workspace, m_environment.words);
-    return row.picture(m_environment.visual, rowRect(index).size(), devicePixelRatio(),
+    return row.picture(m_environment.visual, rectOf(id).size(), devicePixelRatio(),
                        layoutDirection());
+}
+
+void WorkspaceSidebarList::setLifted(const QUuid& id, bool isLifted)
+{
+    m_liftedRow = isLifted ? id : QUuid();
+    viewport()->update();
+}
+
+void WorkspaceSidebarList::dropOn(const QUuid& target, const QUuid& dragged)
+{
+    Q_EMIT dropped(dragged, target);
+}
+
+void WorkspaceSidebarList::click(const QUuid& id)
+{
+    setCurrentIndex(m_model->indexOf(id));
 }
 
 void WorkspaceSidebarList::closeRowMenu()
@@ -149,11 +175,6 @@ QItemSelectionModel::SelectionFlags WorkspaceSidebarList::selectionCommand(const
 
 void WorkspaceSidebarList::keyPressEvent(QKeyEvent* event)
 {
-    if (m_drag.isDragging()) {
-        if (event->key() == Qt::Key_Escape)
-            m_drag.cancel();
-        return;
-    }
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (isReturn && currentIndex().isValid()) {
         if (!event->isAutoRepeat())
@@ -175,36 +196,6 @@ bool WorkspaceSidebarList::moveByKey(const QKeyEvent& event)
     return true;
 }
 
-void WorkspaceSidebarList::mousePressEvent(QMouseEvent* event)
-{
-    const QPoint position = event->position().toPoint();
-    const QModelIndex row = indexAt(position);
-    if (event->button() == Qt::LeftButton && row.isValid())
-        m_drag.press(row, position);
-}
-
-void WorkspaceSidebarList::mouseMoveEvent(QMouseEvent* event)
-{
-    if (event->buttons().testFlag(Qt::LeftButton))
-        m_drag.moveTo(event->position().toPoint());
-}
-
-void WorkspaceSidebarList::mouseReleaseEvent(QMouseEvent* event)
-{
-    if (event->button() != Qt::LeftButton)
-        return;
-    const QPersistentModelIndex row = m_drag.pressedRow();
-    const QModelIndex target = indexAt(event->position().toPoint());
-    const bool isDrop = m_drag.isDragging();
-    m_drag.cancel();
-    if (!row.isValid() || !target.isValid())
-        return;
-    if (isDrop)
-        Q_EMIT dropped(m_model->idAt(row), m_model->idAt(target));
-    else if (row == target)
-        setCurrentIndex(row);
-}
-
 void WorkspaceSidebarList::mouseDoubleClickEvent(QMouseEvent* event)
 {
     const QModelIndex row = indexAt(event->position().toPoint());
@@ -216,7 +207,7 @@ void WorkspaceSidebarList::contextMenuEvent(QContextMenuEvent* event)
 {
     const bool isByKeyboard = event->reason() == QContextMenuEvent::Keyboard;
     const QModelIndex row = isByKeyboard ? currentIndex() : indexAt(event->pos());
-    if (!row.isValid() || m_drag.isDragging())
+    if (!row.isValid() || m_dragging.isDragging())
         return;
     QPoint screenPoint = event->globalPos();
     if (isByKeyboard) {
@@ -231,52 +222,13 @@ void WorkspaceSidebarList::contextMenuEvent(QContextMenuEvent* event)
     Q_EMIT menuRequested(m_model->idAt(row), screenPoint, isByKeyboard);
 }
 
-void WorkspaceSidebarList::dragEnterEvent(QDragEnterEvent* event)
-{
-    dragMoveEvent(event);
-}
-
-void WorkspaceSidebarList::dragMoveEvent(QDragMoveEvent* event)
-{
-    const QModelIndex row = indexAt(event->position().toPoint());
-    m_drag.markDrop(row);
-    if (row.isValid() && event->mimeData()->hasText())
-        event->acceptProposedAction();
-    else
-        event->ignore();
-}
-
-void WorkspaceSidebarList::dragLeaveEvent(QDragLeaveEvent*)
-{
-    m_drag.cancel();
-}
-
-void WorkspaceSidebarList::dropEvent(QDropEvent* event)
-{
-    m_drag.cancel();
-    event->setAccepted(drop(event->mimeData()->text(), indexAt(event->position().toPoint())));
-}
-
-bool WorkspaceSidebarList::drop(const QString& payload, const QModelIndex& target)
-{
-    const QUuid dragged = QUuid::fromString(payload);
-    if (dragged.isNull() || !target.isValid())
-        return false;
-    Q_EMIT dropped(dragged, m_model->idAt(target));
-    return true;
-}
-
-void WorkspaceSidebarList::hideEvent(QHideEvent* event)
-{
-    m_drag.cancel();
-    QListView::hideEvent(event);
-}
-
 void WorkspaceSidebarList::changeEvent(QEvent* event)
 {
     QListView::changeEvent(event);
     if (event->type() == QEvent::FontChange)
         scheduleDelayedItemsLayout();
+    if (event->type() == QEvent::ActivationChange)
+        viewport()->update();
 }
 
 } // namespace trovell

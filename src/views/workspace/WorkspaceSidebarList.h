@@ -2,7 +2,7 @@
 // scroll as smoothly as ten. Main thread.
 #pragma once
 
-#include "views/workspace/SidebarRowDrag.h"
+#include "views/workspace/RowDragging.h"
 #include "views/workspace/WorkspaceSidebarModel.h"
 
 #include <QListView>
@@ -12,7 +12,7 @@ namespace trovell {
 /// Up and Down select; Alt+Up and Alt+Down move the selected workspace; Return and a double click
 /// start. A click selects when the button is released, so that dragging a row leaves the selection
 /// alone.
-class WorkspaceSidebarList : public QListView {
+class WorkspaceSidebarList : public QListView, private ReorderableRows {
     Q_OBJECT
 
 public:
@@ -23,8 +23,6 @@ public:
 
     /// The visible row in the viewport's coordinates, without the gaps around it.
     [[nodiscard]] QRect rowRect(const QModelIndex& index) const;
-    /// The row at rest, on nothing.
-    [[nodiscard]] QPixmap pictureOf(const QModelIndex& index) const;
 
 Q_SIGNALS:
     void selected(const QUuid& id);
@@ -43,30 +41,33 @@ protected:
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
                                                          const QEvent* event) const override;
     void keyPressEvent(QKeyEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
+    // What of the mouse RowDragging leaves selects nothing.
+    void mousePressEvent(QMouseEvent*) override {}
+    void mouseMoveEvent(QMouseEvent*) override {}
+    void mouseReleaseEvent(QMouseEvent*) override {}
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
-    void dragEnterEvent(QDragEnterEvent* event) override;
-    void dragMoveEvent(QDragMoveEvent* event) override;
-    void dragLeaveEvent(QDragLeaveEvent* event) override;
-    void dropEvent(QDropEvent* event) override;
-    void hideEvent(QHideEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
     friend class WorkspaceSidebarDelegate;
 
+    [[nodiscard]] QUuid rowAt(const QPoint& position) const override;
+    [[nodiscard]] QRect rectOf(const QUuid& id) const override;
+    [[nodiscard]] QPixmap pictureOf(const QUuid& id) const override;
+    void setLifted(const QUuid& id, bool isLifted) override;
+    void dropOn(const QUuid& target, const QUuid& dragged) override;
+    void click(const QUuid& id) override;
+
     void showWords();
     bool moveByKey(const QKeyEvent& event);
-    bool drop(const QString& payload, const QModelIndex& target);
 
     const ViewEnvironment m_environment;
     WorkspaceSidebarModel* m_model;
-    SidebarRowDrag m_drag;
+    QUuid m_liftedRow;
     QPersistentModelIndex m_menuRow;
     QUuid m_shownSelection;
+    RowDragging m_dragging;
 };
 
 } // namespace trovell

@@ -311,7 +311,7 @@ private Q_SLOTS:
         m_desk->open(u"ABC"_qs);
         const auto before = m_desk->contents();
         m_desk->lift(0, 2);
-        QTest::keyClick(m_desk->list, Qt::Key_Escape);
+        QTest::keyClick(QWidget::keyboardGrabber(), Qt::Key_Escape);
         m_desk->send(QEvent::MouseButtonRelease, m_desk->middleOf(2), Qt::NoButton);
         QVERIFY(!m_desk->dropText(u"no identifier"_qs, 0));
         // The workspace goes while it is held.

@@ -5,6 +5,7 @@
 #include "views/style/CheckBox.h"
 #include "views/style/Picture.h"
 #include "views/style/Switch.h"
+#include "views/support/Controls.h"
 #include "views/support/ViewFixture.h"
 #include "views/workspace/EditorCaptureReviewView.h"
 #include "words/WidgetTexts.h"
@@ -12,39 +13,15 @@
 #include <QAccessible>
 
 using namespace trovell;
-using trovell::test::ViewFixture;
+using namespace trovell::test;
 
 namespace {
-
-/// The visible control that shows or is named `text`.
-template <class Control> Control* find(QWidget& root, const QString& text)
-{
-    for (auto* control : root.findChildren<Control*>()) {
-        if (control->isVisible() && (control->text() == text || control->accessibleName() == text))
-            return control;
-    }
-    return nullptr;
-}
-
-void click(QWidget& root, const QString& text)
-{
-    auto* button = find<QAbstractButton>(root, text);
-    QVERIFY2(button && button->isEnabled(), qPrintable(text));
-    QTest::mouseClick(button, Qt::LeftButton);
-}
 
 void press(QWidget* widget, Qt::Key key)
 {
     QVERIFY(widget);
     widget->setFocus(Qt::TabFocusReason);
     QTest::keyClick(widget, key);
-}
-
-Alert* alertOver(QWidget& window)
-{
-    const auto alerts = window.findChildren<Alert*>();
-    const auto shown = std::ranges::find_if(alerts, &QWidget::isVisible);
-    return shown == alerts.end() ? nullptr : *shown;
 }
 
 void setTrusted(ViewFixture& fixture, bool isTrusted)
@@ -210,7 +187,7 @@ void WorkspaceCaptureViewTest::staysOpenWhenSavingFails()
     QVERIFY(sheet.reaches(Kind::loaded));
     fixture.refuseSaving();
     click(*sheet.view, u"Save Layout"_qs);
-    Alert* alert = alertOver(*sheet.view);
+    Alert* alert = sheetOver<Alert>(*sheet.view);
     QVERIFY(alert);
     QCOMPARE(alert->accessibleDescription(), description(StoreError::diskFull));
     QCOMPARE(contentsOf(fixture.context()), before);
@@ -232,7 +209,7 @@ void WorkspaceCaptureViewTest::outlivesItsWorkspace()
     QVERIFY(fixture.context().save());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     click(*sheet.view, u"Save Layout"_qs);
-    QVERIFY(alertOver(*sheet.view));
+    QVERIFY(sheetOver<Alert>(*sheet.view));
     QVERIFY(fixture.context().workspaces().isEmpty());
 }
 

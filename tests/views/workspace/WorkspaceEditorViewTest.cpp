@@ -5,6 +5,7 @@
 #include "views/style/Picker.h"
 #include "views/style/PopupMenu.h"
 #include "views/style/PushButton.h"
+#include "views/support/Controls.h"
 #include "views/support/ViewFixture.h"
 #include "views/workspace/AddWebLinkView.h"
 #include "views/workspace/EditorItemList.h"
@@ -13,37 +14,13 @@
 #include "views/workspace/Reorder.h"
 #include "words/WidgetTexts.h"
 
+#include <QAccessible>
 #include <QMimeData>
 
 using namespace trovell;
-using trovell::test::ViewFixture;
+using namespace trovell::test;
 
 namespace {
-
-/// The visible control that shows or is named `text`.
-template <class Control> Control* find(QWidget& root, const QString& text)
-{
-    for (auto* control : root.findChildren<Control*>()) {
-        if (control->isVisible() && (control->text() == text || control->accessibleName() == text))
-            return control;
-    }
-    return nullptr;
-}
-
-/// The visible sheet of that kind that was opened over `window`.
-template <class Kind> Kind* sheetOver(QWidget& window)
-{
-    const auto sheets = window.window()->findChildren<Kind*>(Qt::FindDirectChildrenOnly);
-    const auto shown = std::find_if(sheets.begin(), sheets.end(), std::mem_fn(&QWidget::isVisible));
-    return shown == sheets.end() ? nullptr : *shown;
-}
-
-void click(QWidget& root, const QString& text)
-{
-    auto* button = find<QAbstractButton>(root, text);
-    QVERIFY2(button && button->isEnabled(), qPrintable(text));
-    QTest::mouseClick(button, Qt::LeftButton);
-}
 
 /// What the alert over `window` says; it is closed. Empty without one.
 QString answeredAlert(QWidget& window)
@@ -157,6 +134,7 @@ private Q_SLOTS:
     void locatesAgain();
     void reorders_data();
     void reorders();
+    void readsItsRowsInTheirOrder();
     void givesUpADrag();
     void takesIdentifiersDropped();
     void keepsTheFocusWhenARowGoes();
@@ -511,6 +489,25 @@ void WorkspaceEditorViewTest::reorders()
             tabbed += next->accessibleName();
     }
     QCOMPARE(tabbed, order);
+}
+
+void WorkspaceEditorViewTest::readsItsRowsInTheirOrder()
+{
+    ViewFixture fixture;
+    TrovellWorkspace& workspace = workspaceWithItems(fixture, {u"a"_qs, u"b"_qs, u"c"_qs});
+    const OpenEditor editor(fixture, &workspace);
+    QAccessibleInterface* list = QAccessible::queryAccessibleInterface(&editor.list());
+    QCOMPARE(list->role(), QAccessible::List);
+    QCOMPARE(list->text(QAccessible::Name), u"Items"_qs);
+    send(editor.list(), QEvent::MouseButtonPress, editor.middleOf(0));
+    send(editor.list(), QEvent::MouseMove, editor.middleOf(2));
+    send(editor.list(), QEvent::MouseButtonRelease, editor.middleOf(2));
+    QString read;
+    for (int index = 0; index < list->childCount(); ++index) {
+        QCOMPARE(list->child(index)->role(), QAccessible::ListItem);
+        read += list->child(index)->text(QAccessible::Name);
+    }
+    QCOMPARE(read, u"bac"_qs);
 }
 
 void WorkspaceEditorViewTest::givesUpADrag()
