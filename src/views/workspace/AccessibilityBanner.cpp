@@ -3,6 +3,7 @@
 #include "views/style/PushButton.h"
 #include "views/style/SymbolView.h"
 #include "views/style/TextLabel.h"
+#include "views/workspace/WrappingRow.h"
 
 #include <QHBoxLayout>
 
@@ -41,10 +42,10 @@ AccessibilityBanner::AccessibilityBanner(const ViewEnvironment& environment, QWi
     });
 }
 
-QHBoxLayout* AccessibilityBanner::buildButtons()
+QLayout* AccessibilityBanner::buildButtons()
 {
-    auto* row = new QHBoxLayout;
-    row->setSpacing(8);
+    constexpr int gap = 8;
+    auto* row = new WrappingRow(gap);
     AccessibilityPermissionManager& accessibility = m_environment.dependencies.accessibility();
     const auto add = [&](TextKey<> key, void (AccessibilityPermissionManager::*action)()) {
         auto* button = new PushButton(m_environment.visual, {}, PushButton::Kind::bordered,
@@ -56,7 +57,6 @@ QHBoxLayout* AccessibilityBanner::buildButtons()
     add(u"Request Access"_key, &AccessibilityPermissionManager::requestAccess);
     add(u"Open Settings"_key, &AccessibilityPermissionManager::openSystemSettings);
     add(u"Try Again"_key, &AccessibilityPermissionManager::refresh);
-    row->addStretch();
     return row;
 }
 

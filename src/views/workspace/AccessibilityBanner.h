@@ -5,7 +5,7 @@
 #include "views/style/BannerFrame.h"
 #include "views/ViewEnvironment.h"
 
-class QHBoxLayout;
+class QLayout;
 
 namespace trovell {
 
@@ -18,7 +18,7 @@ public:
     void setShown(bool isShown);
 
 private:
-    QHBoxLayout* buildButtons();
+    QLayout* buildButtons();
 
     ViewEnvironment m_environment;
 };

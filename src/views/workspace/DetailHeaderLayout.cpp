@@ -1,8 +1,5 @@
 #include "views/workspace/DetailHeaderLayout.h"
 
-#include <QStyle>
-#include <QWidget>
-
 #include <algorithm>
 
 namespace trovell {
@@ -22,32 +19,6 @@ void centerVertically(QRect& box, int height)
 }
 
 } // namespace
-
-DetailHeaderLayout::DetailHeaderLayout(QWidget* parent) : QLayout(parent)
-{
-    setContentsMargins(0, 0, 0, 0);
-}
-
-DetailHeaderLayout::~DetailHeaderLayout() = default;
-
-void DetailHeaderLayout::addItem(QLayoutItem* item)
-{
-    m_items.emplace_back(item);
-}
-
-QLayoutItem* DetailHeaderLayout::itemAt(int index) const
-{
-    return index >= 0 && index < count() ? m_items[size_t(index)].get() : nullptr;
-}
-
-QLayoutItem* DetailHeaderLayout::takeAt(int index)
-{
-    if (!itemAt(index))
-        return nullptr;
-    QLayoutItem* const item = m_items[size_t(index)].release();
-    m_items.erase(m_items.begin() + index);
-    return item;
-}
 
 int DetailHeaderLayout::heightForWidth(int width) const
 {
@@ -72,11 +43,8 @@ void DetailHeaderLayout::setGeometry(const QRect& area)
 {
     QLayout::setGeometry(area);
     const Places arranged = places(area.width());
-    const Qt::LayoutDirection direction = parentWidget()->layoutDirection();
-    for (size_t part = 0; part < m_items.size(); ++part) {
-        const QRect place = arranged.parts[part].translated(area.topLeft());
-        m_items[part]->setGeometry(QStyle::visualRect(direction, area, place));
-    }
+    for (size_t part = 0; part < items().size(); ++part)
+        place(items()[part], area, arranged.parts[part]);
 }
 
 int DetailHeaderLayout::widthOf(std::initializer_list<Part> parts, int gap) const
@@ -102,7 +70,7 @@ DetailHeaderLayout::Places DetailHeaderLayout::titlePlaces(int width) const
     const QSize tileSize = sizeOf(tile);
     const int left = tileSize.width() + textGap;
     const int textWidth = std::max(0, width - left);
-    const int textHeight = m_items[texts]->heightForWidth(textWidth);
+    const int textHeight = items()[texts]->heightForWidth(textWidth);
     arranged.height = std::max(tileSize.height(), textHeight);
     arranged.parts[tile] = QRect(QPoint(), tileSize);
     arranged.parts[texts] = QRect(left, 0, textWidth, textHeight);

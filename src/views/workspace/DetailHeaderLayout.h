@@ -1,31 +1,21 @@
 // How the head of the detail view uses its width. Main thread.
 #pragma once
 
-#include <QLayout>
+#include "views/workspace/ItemLayout.h"
 
 #include <array>
-#include <memory>
-#include <vector>
 
 namespace trovell {
 
 /// Takes, in this order: the tile, the texts, two buttons and a menu. In one row while the texts
 /// have room there. Else the buttons share a second row with the menu or, where even that is too
 /// narrow for them, have a row each.
-class DetailHeaderLayout : public QLayout {
+class DetailHeaderLayout : public ItemLayout {
     Q_OBJECT
 
 public:
-    explicit DetailHeaderLayout(QWidget* parent);
-    ~DetailHeaderLayout() override;
+    using ItemLayout::ItemLayout;
 
-    void addItem(QLayoutItem* item) override;
-    [[nodiscard]] QLayoutItem* itemAt(int index) const override;
-    QLayoutItem* takeAt(int index) override;
-    [[nodiscard]] int count() const override { return int(m_items.size()); }
-
-    [[nodiscard]] Qt::Orientations expandingDirections() const override { return Qt::Horizontal; }
-    [[nodiscard]] bool hasHeightForWidth() const override { return true; }
     [[nodiscard]] int heightForWidth(int width) const override;
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSize() const override;
@@ -38,15 +28,13 @@ private:
         int height = 0;
     };
 
-    [[nodiscard]] QSize sizeOf(Part part) const { return m_items[size_t(part)]->sizeHint(); }
+    [[nodiscard]] QSize sizeOf(Part part) const { return items()[size_t(part)]->sizeHint(); }
     [[nodiscard]] int widthOf(std::initializer_list<Part> parts, int gap) const;
     [[nodiscard]] Places places(int width) const;
     [[nodiscard]] Places titlePlaces(int width) const;
     [[nodiscard]] Places inOneRow(int width) const;
     [[nodiscard]] Places inTwoRows(int width) const;
     [[nodiscard]] Places inThreeRows(int width) const;
-
-    std::vector<std::unique_ptr<QLayoutItem>> m_items;
 };
 
 } // namespace trovell

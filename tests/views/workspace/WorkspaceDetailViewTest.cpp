@@ -250,6 +250,24 @@ private Q_SLOTS:
         QVERIFY(find<ActionButton>(*m_view, u"Save Layout"_qs)->toolTip() != untrustedHelp);
     }
 
+    void thePermissionBannerWrapsItsButtons()
+    {
+        m_fixture->windows->trusted = false;
+        m_fixture->dependencies().accessibility().refresh();
+        m_fixture->addPlacement(*m_work, u"mail"_qs);
+        m_fixture->environment().visual.setFontFactor(1.5);
+        m_fixture->environment().words.setLanguage(u"en-XA"_qs);
+        m_fixture->window().resize(900 - 245, 620);
+
+        const auto* banner = child<AccessibilityBanner>();
+        const QList<PushButton*> buttons = banner->findChildren<PushButton*>();
+        QTRY_VERIFY(buttons.last()->y() > buttons.first()->y());
+        QTRY_COMPARE(clippedTexts(*banner).join(u'\n'), QString());
+        for (const PushButton* button : buttons)
+            QVERIFY(banner->contentsRect().contains(button->geometry()));
+        QCOMPARE(child<ScrollArea>()->widget()->width(), m_view->width());
+    }
+
     void missingResourcesAreMarked()
     {
         const QString path = m_fixture->folder.filePath(u"notes 1.txt"_qs);
