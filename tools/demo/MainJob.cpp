@@ -16,6 +16,8 @@
 #include "app/PreferenceStore.h"
 #include "launch/URLValidation.h"
 #include "model/WorkspaceStore.h"
+#include "platform/x11/X11WindowHandle.h"
+#include "platform/x11/X11WindowReader.h"
 #include "support/SystemClock.h"
 
 #include <QCommandLineParser>
@@ -213,23 +215,50 @@ std::optional<CapturedWindow> currentWindow(const QList<CapturedApplication>& ap
     return std::nullopt;
 }
 
-/// A program may raise the minimum size of its window between two runs; then it cannot be as small
-/// as it was.
-bool isInPlace(const QRectF& saved, const QRectF& now)
+/// The smallest frame that the window's own size hints allow; null when they cannot be read.
+QSizeF smallestFrame(const X11Connection& connection, xcb_window_t window)
 {
-    const bool isTopLeft = now.left() == saved.left() && now.bottom() == saved.bottom();
-    return isTopLeft && now.width() >= saved.width() && now.height() >= saved.height() &&
-           now.width() - saved.width() < 16 && now.height() - saved.height() < 16;
+    const X11FrameRequest frame(connection, window);
+    const auto hints = connection.requestProperty(window, XCB_ATOM_WM_NORMAL_HINTS);
+    connection.finishBatch();
+    const std::optional<DecoratedWindow> decorated = frame.receive(connection);
+    const SizeHints sizeHints = makeSizeHints(propertyNumbers(connection.reply(hints)));
+    if (!decorated)
+        return {};
+    const PixelRectangle smallest = allowedFrame({}, *decorated, sizeHints);
+    return QSizeF(smallest.width, smallest.height);
 }
 
-QStringList misplacedWindows(const TrovellWorkspace& workspace,
+QSizeF smallestFrame(Program& program, const CapturedWindow& captured)
+{
+    WindowSystem& windowSystem = *program.platform.windowSystem;
+    const auto applications = windowSystem.runningApplications(captured.bundleIdentifier);
+    const auto windows = windowSystem.readWindows(applications).value(0);
+    const WindowHandle handle = windows.value(captured.windowIndex).handle;
+    return smallestFrame(X11Connection(QByteArray()), windowOfHandle(handle));
+}
+
+/// A program may raise the minimum size of its window between two runs; then it is as small as it
+/// lets itself be.
+bool isInPlace(const QRectF& saved, const QRectF& now, const QSizeF& smallest)
+{
+    const auto isAllowed = [](double length, double wanted, double least) {
+        return length == wanted || (length > wanted && length == least);
+    };
+    return now.left() == saved.left() && now.bottom() == saved.bottom() &&
+           isAllowed(now.width(), saved.width(), smallest.width()) &&
+           isAllowed(now.height(), saved.height(), smallest.height());
+}
+
+QStringList misplacedWindows(Program& program, const TrovellWorkspace& workspace,
                              const QList<CapturedApplication>& now)
 {
     QStringList misplaced;
     const QList<WindowPlacement*> placements = workspace.sortedPlacements();
     for (const WindowPlacement* placement : placements) {
         const auto window = currentWindow(now, *placement);
-        if (!window || !isInPlace(placement->savedAbsoluteFrame(), window->frame))
+        if (!window || !isInPlace(placement->savedAbsoluteFrame(), window->frame,
+                                  smallestFrame(program, *window)))
             misplaced.append(placement->windowTitleHint().value_or(placement->applicationName()));
     }
     return misplaced;
@@ -249,31 +278,34 @@ void start(Program& program, const QString& name)
     // Programs that have just started may still be laying themselves out.
     const QList<CapturedApplication> now =
         program.captureWhen(applicationsOf(workspace), [&](const auto& windows) {
-            return misplacedWindows(workspace, windows).isEmpty();
+            return misplacedWindows(program, workspace, windows).isEmpty();
         });
     out() << u"Frames after:"_qs << Qt::endl;
     printFrames(now);
-    const QStringList misplaced = misplacedWindows(workspace, now);
+    const QStringList misplaced = misplacedWindows(program, workspace, now);
     if (!misplaced.isEmpty())
         fail(u"Not where they were saved: "_qs + misplaced.join(u", "_qs));
     out() << u"Every window is back where it stood."_qs << Qt::endl;
 }
 
-// A line for each window: application, title and frame, separated by tabs.
+// A line for each window: application, title, frame and smallest size, separated by tabs.
 
-QStringList describe(const QList<CapturedApplication>& applications)
+QStringList describe(Program& program, const QList<CapturedApplication>& applications)
 {
     QStringList lines;
     for (const CapturedApplication& application : applications) {
         for (const CapturedWindow& window : application.windows) {
             const QRectF& frame = window.frame;
+            const QSizeF smallest = smallestFrame(program, window);
             lines.append(
-                u"%1\t%2\t%3\t%4\t%5\t%6"_qs
+                u"%1\t%2\t%3\t%4\t%5\t%6\t%7\t%8"_qs
                     .arg(application.bundleIdentifier, window.windowTitle.value_or(QString()))
                     .arg(frame.x())
                     .arg(frame.y())
                     .arg(frame.width())
-                    .arg(frame.height()));
+                    .arg(frame.height())
+                    .arg(smallest.width())
+                    .arg(smallest.height()));
         }
     }
     return lines;
@@ -281,6 +313,10 @@ QStringList describe(const QList<CapturedApplication>& applications)
 
 bool isInPlace(const QString& saved, const QStringList& now)
 {
+    const auto smallest = [](const QString& line) {
+        const QStringList parts = line.split(u'\t');
+        return QSizeF(parts.value(6).toDouble(), parts.value(7).toDouble());
+    };
     const auto frame = [](const QString& line) {
         const QStringList parts = line.split(u'\t');
         return QRectF(parts.value(2).toDouble(), parts.value(3).toDouble(),
@@ -293,7 +329,7 @@ bool isInPlace(const QString& saved, const QStringList& now)
     const int parts = isTitled ? 1 : 0;
     return std::any_of(now.begin(), now.end(), [&](const QString& line) {
         return line.section(u'\t', 0, parts) == saved.section(u'\t', 0, parts) &&
-               isInPlace(frame(saved), frame(line));
+               isInPlace(frame(saved), frame(line), smallest(line));
     });
 }
 
@@ -305,9 +341,10 @@ QStringList readLines(const QString& path)
     return QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
 }
 
-QStringList misplacedLines(const QStringList& saved, const QList<CapturedApplication>& now)
+QStringList misplacedLines(Program& program, const QStringList& saved,
+                           const QList<CapturedApplication>& now)
 {
-    const QStringList lines = describe(now);
+    const QStringList lines = describe(program, now);
     QStringList misplaced;
     for (const QString& line : saved) {
         if (!isInPlace(line, lines))
@@ -321,10 +358,10 @@ void compareWindows(Program& program, const QSet<QString>& applications, const Q
     const QStringList saved = readLines(path);
     const QList<CapturedApplication> now =
         program.captureWhen(applications, [&](const auto& windows) {
-            return misplacedLines(saved, windows).isEmpty();
+            return misplacedLines(program, saved, windows).isEmpty();
         });
     printFrames(now);
-    const QStringList misplaced = misplacedLines(saved, now);
+    const QStringList misplaced = misplacedLines(program, saved, now);
     if (!misplaced.isEmpty())
         fail(u"Not where they were: "_qs + misplaced.join(u", "_qs));
     out() << u"Every window is back where it stood."_qs << Qt::endl;
@@ -338,8 +375,9 @@ void listWindows(Program& program, const QStringList& names, const QCommandLineP
     const QList<CapturedApplication> windows = program.capture(applications);
     printFrames(windows);
     QFile file(options.value(u"remember"_qs));
-    if (options.isSet(u"remember"_qs) && (!file.open(QIODevice::WriteOnly) ||
-                                          file.write(describe(windows).join(u'\n').toUtf8()) < 0))
+    if (options.isSet(u"remember"_qs) &&
+        (!file.open(QIODevice::WriteOnly) ||
+         file.write(describe(program, windows).join(u'\n').toUtf8()) < 0))
         fail(u"%1 cannot be written."_qs.arg(file.fileName()));
 }
 
