@@ -38,8 +38,9 @@ QList<QAbstractButton*> buttonsIn(QWidget& root, const QString& text)
     });
     if (buttons.isEmpty())
         qFatal("no button %s", qPrintable(text));
-    std::ranges::stable_sort(buttons, {}, [](const QAbstractButton* button) {
-        return button->mapToGlobal(QPoint()).y();
+    std::ranges::sort(buttons, {}, [](const QAbstractButton* button) {
+        const QPoint place = button->mapToGlobal(QPoint());
+        return std::pair(place.y(), place.x());
     });
     return buttons;
 }
@@ -120,7 +121,9 @@ void Stage::type(const QString& field, const QString& text)
 
 void Stage::openMenu(const QString& button, int row)
 {
-    press(button);
+    // Without the release, which goes to the menu.
+    QTest::mousePress(buttonsIn(front(), button).first(), Qt::LeftButton);
+    settle();
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     if (!menu)
         qFatal("no menu opened");
@@ -157,15 +160,28 @@ QImage Stage::picture(QWidget& window)
 QImage Stage::pictureNow(QWidget& window)
 {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
-    QPixmap picture = window.grab();
-    QPainter painter(&picture);
-    for (QWidget* over : visibleWindows()) {
-        if (over != &window && depthOf(over) >= depthOf(&window))
-            painter.drawPixmap(over->mapToGlobal(QPoint()) - window.mapToGlobal(QPoint()),
-                               over->grab());
+    QWidgetList stack = visibleWindows();
+    stack.removeIf([&window](const QWidget* other) {
+        return other != &window && depthOf(other) <= depthOf(&window);
+    });
+    const auto placeOf = [&window](const QWidget* shown, const QRect& part) {
+        return part.translated(shown->mapToGlobal(QPoint()) - window.mapToGlobal(QPoint()));
+    };
+    // Sheets may be larger than the window.
+    QRect area = window.rect();
+    for (const QWidget* shown : std::as_const(stack)) {
+        if (const auto* sheet = qobject_cast<const Sheet*>(shown); sheet && shown != &window)
+            area |= placeOf(sheet, sheet->boxRect());
     }
+    const double ratio = window.devicePixelRatioF();
+    QImage picture((QSizeF(area.size()) * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
+    picture.setDevicePixelRatio(ratio);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    for (QWidget* shown : std::as_const(stack))
+        painter.drawPixmap(placeOf(shown, shown->rect()).topLeft() - area.topLeft(), shown->grab());
     painter.end();
-    return picture.toImage();
+    return picture;
 }
 
 QImage Stage::pictureOfSheet(Sheet& sheet)
