@@ -110,7 +110,7 @@ QWidget* AboutSettingsView::buildBadges()
         m_environment.words.renderText(badge->label(), promise);
         row->addWidget(badge);
     }
-    row->addStretch();
+    row->addStretch(1);
     return badges;
 }
 

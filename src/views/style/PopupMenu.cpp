@@ -14,6 +14,7 @@ namespace {
 
 constexpr int shadowSpace = 24;
 constexpr int anchorGap = 4;
+constexpr int leastWidth = 200;
 constexpr char destructiveProperty[] = "trovellDestructive";
 
 QPoint keptInside(const QRect& area, const QPoint& topLeft, const QSize& size)
@@ -41,6 +42,7 @@ PopupMenu::PopupMenu(const VisualStyle& visual, QWidget* parent) : QMenu(parent)
     prepareMenuWindow(*this, visual);
     if (visual.isComposited())
         setContentsMargins(shadowSpace, shadowSpace, shadowSpace, shadowSpace);
+    setMinimumWidth(leastWidth + 2 * shadowMargin());
 }
 
 QAction* PopupMenu::addDestructiveAction(const QString& text)

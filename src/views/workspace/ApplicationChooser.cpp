@@ -81,8 +81,8 @@ QWidget* ApplicationChooser::makeBody()
     column->setContentsMargins(listInset, gap / 2, listInset, gap / 2);
     column->setSpacing(0);
     m_nothing->setWordWrap(true);
-    m_nothing->setAlignment(Qt::AlignHCenter);
-    column->addWidget(m_nothing);
+    m_nothing->setAlignment(Qt::AlignCenter);
+    column->addWidget(m_nothing, 1);
     column->addWidget(m_list, 1);
     return body;
 }
@@ -150,7 +150,9 @@ void ApplicationChooser::search(const QString& text)
 void ApplicationChooser::showState()
 {
     m_choose->setEnabled(!m_list->selectedURLs().isEmpty());
-    m_nothing->setVisible(m_isLoaded && m_matches->rowCount() == 0);
+    const bool isNothingFound = m_isLoaded && m_matches->rowCount() == 0;
+    m_nothing->setVisible(isNothingFound);
+    m_list->setVisible(!isNothingFound);
 }
 
 void ApplicationChooser::choose(const QList<QUrl>& urls)

@@ -15,7 +15,7 @@ namespace trovell {
 namespace {
 
 constexpr int headingGap = 10;
-constexpr int fieldGap = 22;
+constexpr int fieldGap = 28;
 constexpr int rowGap = 12;
 constexpr int captionGap = 26;
 constexpr int pickerGap = 12;

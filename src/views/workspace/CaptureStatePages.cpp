@@ -13,6 +13,8 @@ namespace trovell {
 namespace {
 
 constexpr int pageMargin = 24;
+// The eye takes what stands a little above the middle for centred.
+constexpr int bottomMargin = 48;
 constexpr int pictureSize = 48;
 constexpr int textWidthLimit = 460;
 constexpr int titleGap = 12;
@@ -32,7 +34,7 @@ CaptureStatePage::CaptureStatePage(const ViewEnvironment& environment)
 {
     m_column->setSpacing(0);
     auto* page = new QVBoxLayout(this);
-    page->setContentsMargins(pageMargin, pageMargin, pageMargin, pageMargin);
+    page->setContentsMargins(pageMargin, pageMargin, pageMargin, bottomMargin);
     page->addStretch();
     page->addLayout(m_column);
     page->addStretch();

@@ -13,7 +13,7 @@ namespace trovell {
 namespace {
 
 constexpr int padding = 16;
-constexpr int headingMargin = 11;
+constexpr int headingMargin = 12;
 constexpr int gap = 12;
 // Puts the check boxes of windows below the name of their application.
 constexpr int windowIndent = 46;

@@ -7,7 +7,7 @@ namespace trovell {
 
 namespace {
 
-constexpr int gap = 10;
+constexpr int gap = 12;
 // No sheet with such a column is higher.
 constexpr int screenful = 720;
 // Made within a few milliseconds.
