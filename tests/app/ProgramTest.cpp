@@ -2,6 +2,7 @@
 
 #include "app/TerminationSignals.h"
 #include "model/WorkspaceStore.h"
+#include "support/VirtualDesktop.h"
 
 #include <QDir>
 #include <QFile>
@@ -77,7 +78,7 @@ private:
         environment.insert(u"XDG_DATA_HOME"_qs, home.filePath(u"data"_qs));
         environment.insert(u"XDG_CONFIG_HOME"_qs, home.filePath(u"config"_qs));
         program.setProcessEnvironment(environment);
-        program.start(QStringLiteral(TROVELL_PROGRAM), QStringList());
+        program.start(QString::fromLocal8Bit(test::productPath()), QStringList());
         QVERIFY(program.waitForStarted());
     }
 };

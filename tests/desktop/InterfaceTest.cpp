@@ -278,7 +278,7 @@ void InterfaceTest::isOneInstance()
     DesktopInspector& inspector = m_desktop->inspector();
     inspector.close(inspector.waitForWindow(u"Trovell").id);
     QVERIFY(waitUntil([&] { return !inspector.windowTitled(u"Trovell"); }));
-    QProcess& second = m_desktop->start(TROVELL_PROGRAM);
+    QProcess& second = m_desktop->start(productPath());
     QVERIFY(second.waitForFinished(10'000));
     QCOMPARE(second.exitCode(), 0);
     QVERIFY(inspector.waitForWindow(u"Trovell").isActive);

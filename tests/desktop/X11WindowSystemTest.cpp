@@ -167,7 +167,7 @@ void X11WindowSystemTest::groupsWindowsByApplication()
     QVERIFY(applications[0].isRegular);
     QCOMPARE(applications[1].localizedName, u"Plain"_qs);
     QCOMPARE(applications[1].bundleURL,
-             QUrl::fromLocalFile(QString::fromLatin1(TROVELL_SCRIPTED_CLIENT)).toString());
+             QUrl::fromLocalFile(QString::fromLatin1(scriptedClientPath())).toString());
     QVERIFY(!applications[2].isRegular);
     QVERIFY(applications[2].windows.isEmpty());
     // Every window is looked up once in its life.

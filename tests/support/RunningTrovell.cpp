@@ -41,7 +41,7 @@ void RunningTrovell::setPreferences(const QJsonObject& preferences) const
 
 bool RunningTrovell::start()
 {
-    m_process = &m_desktop.start(TROVELL_PROGRAM);
+    m_process = &m_desktop.start(productPath());
     m_tree = std::make_unique<AccessibleTree>(
         m_desktop.environment().value(u"DBUS_SESSION_BUS_ADDRESS"_qs).toLatin1());
     return m_tree->isConnected() && shows(u"frame"_qs, u"Trovell"_qs);

@@ -142,6 +142,16 @@ QList<WindowManager> findWindowManagers()
 
 } // namespace
 
+const char* productPath()
+{
+    return TROVELL_PROGRAM;
+}
+
+const char* scriptedClientPath()
+{
+    return TROVELL_SCRIPTED_CLIENT;
+}
+
 const char* windowManagerName(WindowManager windowManager)
 {
     return windowManager == WindowManager::none ? "none"
@@ -244,7 +254,7 @@ QProcess& VirtualDesktop::start(const char* program, const QByteArrayList& argum
 
 QProcess& VirtualDesktop::startClient(const QByteArrayList& options)
 {
-    return start(TROVELL_SCRIPTED_CLIENT, options);
+    return start(scriptedClientPath(), options);
 }
 
 QByteArray VirtualDesktop::run(const char* program, const QByteArrayList& arguments) const

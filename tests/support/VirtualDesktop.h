@@ -27,6 +27,10 @@
 
 namespace trovell::test {
 
+/// The programs of this build: the product, and the one whose windows are scripted.
+const char* productPath();
+const char* scriptedClientPath();
+
 enum class WindowManager { none, openbox, xfwm4, metacity, mutter, kwin };
 
 /// The program's name, for messages and data tags.
