@@ -83,7 +83,7 @@ void TrovellApp::insertMenuBarExtra()
     connect(&menu, &MenuBarWorkspaceView::openMainWindowRequested, this,
             [this] { openMainWindow(); });
     connect(&menu, &MenuBarWorkspaceView::settingsRequested, this, &TrovellApp::openSettings);
-    connect(&menu, &MenuBarWorkspaceView::quitRequested, qApp, &QCoreApplication::quit);
+    connect(&menu, &MenuBarWorkspaceView::quitRequested, this, &TrovellApp::quit);
 }
 
 /// The commands that a menu bar would hold.
@@ -94,7 +94,7 @@ void TrovellApp::addCommands(SceneWindow& window)
     auto* settings = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma), &window);
     connect(settings, &QShortcut::activated, this, &TrovellApp::openSettings);
     auto* quit = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q), &window);
-    connect(quit, &QShortcut::activated, qApp, &QCoreApplication::quit);
+    connect(quit, &QShortcut::activated, this, &TrovellApp::quit);
     connect(&window, &SceneWindow::closed, this, &TrovellApp::quitAfterLastWindow,
             Qt::QueuedConnection);
 }
@@ -147,7 +147,14 @@ void TrovellApp::quitAfterLastWindow()
         return qobject_cast<const SceneWindow*>(window) && window->isVisible();
     });
     if (!isAnyOpen && terminatesAfterLastWindowClosed(m_defaults))
-        QCoreApplication::quit();
+        quit();
+}
+
+/// Unlike QCoreApplication::quit, without closing windows first: a sheet that is open would refuse
+/// that, and the guide would count as seen.
+void TrovellApp::quit()
+{
+    QCoreApplication::exit();
 }
 
 } // namespace trovell

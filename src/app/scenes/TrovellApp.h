@@ -42,6 +42,7 @@ private:
     void addCommands(SceneWindow& window);
     void bringForward(SceneWindow& window, const QString& startupToken = {});
     void quitAfterLastWindow();
+    void quit();
 
     PlatformAdapters m_platform;
     PreferenceStore m_defaults;
