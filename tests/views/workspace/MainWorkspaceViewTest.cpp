@@ -200,6 +200,16 @@ private Q_SLOTS:
         QVERIFY(Desk::front<WorkspaceEditorView>());
     }
 
+    void marksTheSelectionAsActiveWhoeverHasTheFocus()
+    {
+        m_desk->open(u"A"_qs);
+        m_desk->list->clearFocus();
+        const QImage rows = m_desk->list->viewport()->grab().toImage();
+        const QRect row = m_desk->list->rowRect(m_desk->list->currentIndex());
+        QCOMPARE(rows.pixelColor(row.right() - 4, row.center().y()),
+                 m_desk->environment().visual.color(ColorToken::selection));
+    }
+
     void deletesOnlyAfterAsking()
     {
         m_desk->open(u"ABC"_qs);
