@@ -7,12 +7,13 @@
 #include "MatchingBenchmark.h"
 #include "Report.h"
 #include "RestoreBenchmark.h"
+#include "SheetBenchmark.h"
 #include "StoreBenchmark.h"
 #include "StoreProbe.h"
 #include "WaitingBenchmark.h"
 
+#include <QApplication>
 #include <QCommandLineParser>
-#include <QCoreApplication>
 #include <QDate>
 #include <QFile>
 #include <QTextStream>
@@ -29,6 +30,7 @@ struct Benchmark {
 constexpr Benchmark benchmarks[] = {
     {"matching", &measureMatching}, {"capture", &measureCapture}, {"restore", &measureRestore},
     {"waiting", &measureWaiting},   {"store", &measureStore},     {"interface", &measureInterface},
+    {"sheet", &measureSheet},
 };
 
 QString describeRun()
@@ -76,7 +78,9 @@ void run(const QStringList& names, Report& report)
 
 int main(int argc, char** argv)
 {
-    const QCoreApplication application(argc, argv);
+    // Views are painted into memory, whatever display there is.
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
     if (const QStringList arguments = QCoreApplication::arguments();
         arguments.value(1) == QStringLiteral("--probe-store"))
         return runStoreProbe(arguments.value(2));

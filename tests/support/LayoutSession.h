@@ -29,6 +29,7 @@ public:
     QStringList start(TrovellWorkspace& workspace, double timeoutSeconds = 5);
 
     AppDependencies& dependencies() { return m_dependencies; }
+    StoreContext& context() { return m_store->mainContext(); }
     WindowSystem& windowSystem() { return *m_platform.windowSystem; }
 
 private:

@@ -10,6 +10,7 @@
 #include "views/workspace/WorkspaceDetailColumn.h"
 #include "views/workspace/WorkspaceDetailView.h"
 #include "views/workspace/WorkspaceEditorView.h"
+#include "views/workspace/WorkspaceSidebarList.h"
 #include "views/workspace/WorkspaceStart.h"
 
 #include <QVBoxLayout>
@@ -103,6 +104,7 @@ void MainWorkspaceView::showEvent(QShowEvent* event)
         return;
     reconcileSelection();
     registerHotKeys();
+    m_sidebar->list()->setFocus(Qt::OtherFocusReason);
 }
 
 TrovellWorkspace* MainWorkspaceView::find(const QUuid& id) const
