@@ -34,6 +34,7 @@ private Q_SLOTS:
     void cleanup();
     void firstRunToRestoredWorkspace();
     void updatesALayoutWhileAnApplicationIsClosed();
+    void savesAVariant();
     void addsEveryKindOfItem();
     void startsFromTheTrayWithTheWindowClosed();
     void endsWithItsLastWindowIfToldSo();
@@ -143,6 +144,30 @@ void InterfaceTest::updatesALayoutWhileAnApplicationIsClosed()
     QVERIFY(m_trovell->shows(label, u"Workspace ready"_qs));
     QTRY_COMPARE(frameOf(u"Log"_qs), log);
     QTRY_COMPARE(inspector.waitForWindowOfClass(u"Mousepad").frame, notes);
+}
+
+void InterfaceTest::savesAVariant()
+{
+    openTerminals();
+    m_trovell->setPreferences(onboarded);
+    QVERIFY(m_trovell->start());
+    captureAs(u"Work"_qs);
+    DesktopInspector& inspector = m_desktop->inspector();
+    inspector.moveWindow(inspector.windowTitled(u"Log")->id, QRect(1000, 500, 500, 300));
+    const QRect moved = inspector.waitForRest(inspector.windowTitled(u"Log")->id).frame;
+    QVERIFY(m_trovell->rightClick(listItem, u"Work"_qs));
+    QVERIFY(m_trovell->click(menuItem, u"Save as New Workspace"_qs));
+    QVERIFY(m_trovell->click(button, u"Save Workspace"_qs));
+    QVERIFY(m_trovell->shows(label, u"Work Variant saved as a new workspace."_qs));
+
+    // Each of the two brings back its own layout.
+    const auto frameAfterStarting = [&](const QString& workspace) {
+        (void)m_trovell->doubleClick(listItem, workspace);
+        (void)m_trovell->shows(label, u"Workspace ready"_qs);
+        return inspector.waitForRest(inspector.windowTitled(u"Log")->id).frame;
+    };
+    QVERIFY(frameAfterStarting(u"Work"_qs) != moved);
+    QCOMPARE(frameAfterStarting(u"Work Variant"_qs), moved);
 }
 
 /// In the dialog for files: its field for names has the focus. A first Return may only take what
