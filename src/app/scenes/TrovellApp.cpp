@@ -12,10 +12,31 @@
 #include "views/app/UpdateView.h"
 
 #include <QApplication>
+#include <QIcon>
+#include <QPainter>
 #include <QShortcut>
 #include <QTimer>
 
 namespace trovell {
+
+namespace {
+
+/// For desktops that find no icon of the program's id, as when it is not installed.
+QIcon logo(const VisualStyle& visual)
+{
+    QIcon icon;
+    for (const int size : {16, 32, 48, 128}) {
+        QPixmap pixmap(size, size);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        visual.paintLogo(painter, pixmap.rect());
+        painter.end();
+        icon.addPixmap(pixmap);
+    }
+    return icon;
+}
+
+} // namespace
 
 TrovellApp::TrovellApp(std::unique_ptr<WorkspaceStore> store)
     : m_platform(makePlatformAdapters(appConfiguration().bundleIdentifier)),
@@ -32,7 +53,10 @@ TrovellApp::TrovellApp(std::unique_ptr<WorkspaceStore> store)
     QApplication::setQuitOnLastWindowClosed(false);
     m_mainWindow = makeMainWindow();
     // The window comes first; the tray may have to wait for the bus.
-    QTimer::singleShot(0, this, &TrovellApp::insertMenuBarExtra);
+    QTimer::singleShot(0, this, [this] {
+        QGuiApplication::setWindowIcon(logo(m_visual));
+        insertMenuBarExtra();
+    });
     if (Updater* updater = m_dependencies.updateController().controller())
         connect(updater, &Updater::checkRequested, this, &TrovellApp::openUpdates);
 }
