@@ -91,7 +91,7 @@ ProgramRun::ProgramRun(test::VirtualDesktop& desktop) : m_desktop(desktop)
 {
     QElapsedTimer clock;
     clock.start();
-    m_process = &desktop.start(productPath());
+    m_process = &desktop.start(test::productPath());
     if (waitForPaint(desktop))
         m_secondsToPaint = double(clock.nsecsElapsed()) / 1e9;
 }
