@@ -51,6 +51,6 @@ dbus-run-session -- xvfb-run -a -s "-screen 0 1280x800x24" \
     fail "the installed program did not start and end in order ($?)"
 
 as_root --remove trovell || fail "the package cannot be removed"
-left=$(find "$root/usr" -type f 2>/dev/null | head)
+left=$(find "$root" -path "$root/usr/*" -type f | head)
 [ -z "$left" ] || fail "left behind: $left"
 echo "The package installs, starts and is removed cleanly."

@@ -151,6 +151,7 @@ void CaptureSavingTest::keepsTheLayoutOfClosedApplications()
     saving.capture(CapturePurpose::update, &workspace, {});
     QCOMPARE(saving.draft.retainedPlacements.size(), 2);
 
+    QTest::qSleep(2); // times are stored to the millisecond
     const auto saved = saving.save(CapturePurpose::update, &workspace);
     QVERIFY(saved);
     QCOMPARE(saved->notice, u"Work layout updated."_qs);
