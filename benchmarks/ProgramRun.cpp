@@ -53,17 +53,18 @@ struct Activity {
     qint64 wakeUps = 0;
 };
 
-Activity activity(qint64 process)
+/// By thread, as threads come and go.
+QHash<QString, Activity> activities(qint64 process)
 {
-    Activity sum;
+    QHash<QString, Activity> found;
     const QString tasks = u"/proc/%1/task"_qs.arg(process);
     const QStringList threads = QDir(tasks).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
     for (const QString& thread : threads) {
         const QString task = u"task/"_qs + thread;
-        sum.nanoseconds += number(process, task + u"/schedstat"_qs, {});
-        sum.wakeUps += number(process, task + u"/status"_qs, "voluntary_ctxt_switches:");
+        found.insert(thread, {number(process, task + u"/schedstat"_qs, {}),
+                              number(process, task + u"/status"_qs, "voluntary_ctxt_switches:")});
     }
-    return sum;
+    return found;
 }
 
 } // namespace
@@ -104,11 +105,16 @@ ProgramRun::~ProgramRun()
 
 IdleCost ProgramRun::idle(double seconds) const
 {
-    const Activity before = activity(m_process->processId());
+    const auto before = activities(m_process->processId());
     QThread::msleep(ulong(seconds * 1000));
-    const Activity after = activity(m_process->processId());
-    return {double(after.nanoseconds - before.nanoseconds) / 1e9 / seconds,
-            double(after.wakeUps - before.wakeUps) / seconds};
+    const auto after = activities(m_process->processId());
+    IdleCost cost;
+    for (auto thread = after.cbegin(); thread != after.cend(); ++thread) {
+        const Activity earlier = before.value(thread.key());
+        cost.shareOfCore += double(thread->nanoseconds - earlier.nanoseconds) / 1e9 / seconds;
+        cost.wakeUpsPerSecond += double(thread->wakeUps - earlier.wakeUps) / seconds;
+    }
+    return cost;
 }
 
 double ProgramRun::megabytes() const
