@@ -67,7 +67,6 @@ public:
     [[nodiscard]] TrovellWorkspace* workspace() const { return owner(); }
 
     [[nodiscard]] WorkspaceItemType type() const { return workspaceItemType(typeRawValue()); }
-    void setType(WorkspaceItemType type) { setTypeRawValue(rawValue(type)); }
 
     /// A new record with an id of its own, created now, in no workspace.
     [[nodiscard]] std::unique_ptr<WorkspaceItem>

@@ -24,7 +24,6 @@ public:
     /// Asks it to end, as a session does; false when it does not end in order.
     [[nodiscard]] bool end();
     [[nodiscard]] bool isRunning() const;
-    [[nodiscard]] qint64 processIdentifier() const { return m_process->processId(); }
 
     /// The first shown object of that role and name, waited for. An empty role or name stands for
     /// any. Roles as AT-SPI writes them.

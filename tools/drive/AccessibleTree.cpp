@@ -208,25 +208,4 @@ QRect AccessibleTree::extents(const AccessibleNode& node) const
     return {x, y, width, height};
 }
 
-QString AccessibleTree::text(const AccessibleNode& node) const
-{
-    const Value answer = call(node, "org.a11y.atspi.Text", "GetText", g_variant_new("(ii)", 0, -1));
-    if (!answer)
-        return {};
-    const char* text = nullptr;
-    g_variant_get(answer.get(), "(&s)", &text);
-    return QString::fromUtf8(text);
-}
-
-bool AccessibleTree::press(const AccessibleNode& node) const
-{
-    return call(node, "org.a11y.atspi.Action", "DoAction", g_variant_new("(i)", 0)) != nullptr;
-}
-
-bool AccessibleTree::setText(const AccessibleNode& node, const QString& text) const
-{
-    return call(node, "org.a11y.atspi.EditableText", "SetTextContents",
-                g_variant_new("(s)", text.toUtf8().constData())) != nullptr;
-}
-
 } // namespace trovell

@@ -59,11 +59,6 @@ public:
 
     /// Screen pixels, origin at the top left of the screen.
     [[nodiscard]] QRect extents(const AccessibleNode& node) const;
-    /// What a text field or label holds.
-    [[nodiscard]] QString text(const AccessibleNode& node) const;
-    /// The first of the actions that the object offers; false when it offers none.
-    bool press(const AccessibleNode& node) const;
-    bool setText(const AccessibleNode& node, const QString& text) const;
 
 private:
     using Value = std::unique_ptr<_GVariant, void (*)(_GVariant*)>;

@@ -51,9 +51,9 @@ public:
     explicit ClientProcessRequest(const X11Connection& connection, xcb_window_t window = 0)
         : m_connection(connection)
     {
-        const xcb_res_client_id_spec_t spec = {window, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
+        const xcb_res_client_id_spec_t wanted = {window, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
         if (connection.server().hasClientIds)
-            m_cookie = xcb_res_query_client_ids(connection.get(), 1, &spec);
+            m_cookie = xcb_res_query_client_ids(connection.get(), 1, &wanted);
     }
 
     QHash<quint32, qint32> receive() const

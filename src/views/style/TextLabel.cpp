@@ -36,13 +36,6 @@ void TextLabel::setColor(ColorToken color)
     update();
 }
 
-void TextLabel::setRole(TextRole role)
-{
-    m_role = role;
-    updateGeometry();
-    update();
-}
-
 void TextLabel::setWeight(QFont::Weight weight)
 {
     m_weight = weight;

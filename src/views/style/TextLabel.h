@@ -19,7 +19,6 @@ public:
     /// Hides QLabel's, which would leave the label as high as one line.
     void setWordWrap(bool wraps);
     void setColor(ColorToken color);
-    void setRole(TextRole role);
     /// Instead of the role's own weight.
     void setWeight(QFont::Weight weight);
     /// A wrapping label asks for at most this width, in logical pixels; 360 by default.
