@@ -1,7 +1,7 @@
 // The menu behind the icon in the panel, as Qt draws it where the desktop does not.
 #include "views/app/MenuBarWorkspaceView.h"
-#include "views/screenshots/Picture.h"
-#include "views/screenshots/Stage.h"
+#include "pictures/Picture.h"
+#include "pictures/Stage.h"
 
 namespace trovell::screenshots {
 

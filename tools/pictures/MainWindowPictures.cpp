@@ -1,7 +1,7 @@
 // The main window and its banners.
 #include "model/StoreContext.h"
-#include "views/screenshots/Picture.h"
-#include "views/screenshots/Stage.h"
+#include "pictures/Picture.h"
+#include "pictures/Stage.h"
 #include "views/style/SymbolView.h"
 #include "views/workspace/WorkspaceSidebarList.h"
 

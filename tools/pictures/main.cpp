@@ -1,8 +1,8 @@
 // Renders every surface in its states, from sample data, into a folder of PNG files:
 //     screenshots [folder] [--scale 2]
 // Each picture has a name of its own, then the look, then the scale unless that is 1.
-#include "views/screenshots/Picture.h"
-#include "views/screenshots/Stage.h"
+#include "pictures/Picture.h"
+#include "pictures/Stage.h"
 #include "views/style/Accessibility.h"
 
 #include <QApplication>

@@ -2,8 +2,8 @@
 #include "support/TestAuthority.h"
 #include "support/UpdateWorld.h"
 #include "views/app/UpdateView.h"
-#include "views/screenshots/Picture.h"
-#include "views/screenshots/Stage.h"
+#include "pictures/Picture.h"
+#include "pictures/Stage.h"
 
 namespace trovell::screenshots {
 

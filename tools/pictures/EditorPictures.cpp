@@ -1,6 +1,6 @@
 // The sheet in which a workspace is made or changed, and those over it.
-#include "views/screenshots/Picture.h"
-#include "views/screenshots/Stage.h"
+#include "pictures/Picture.h"
+#include "pictures/Stage.h"
 #include "views/style/Picker.h"
 #include "views/style/ScrollArea.h"
 #include "views/workspace/EditorItemList.h"

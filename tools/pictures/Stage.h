@@ -2,7 +2,7 @@
 // over its window. Main thread.
 #pragma once
 
-#include "views/screenshots/SampleDesktop.h"
+#include "pictures/SampleDesktop.h"
 #include "views/support/ViewFixture.h"
 
 namespace trovell {

@@ -1,7 +1,7 @@
 // The pages of the settings window.
 #include "views/app/SettingsView.h"
-#include "views/screenshots/Picture.h"
-#include "views/screenshots/Stage.h"
+#include "pictures/Picture.h"
+#include "pictures/Stage.h"
 #include "views/style/Picker.h"
 
 namespace trovell::screenshots {

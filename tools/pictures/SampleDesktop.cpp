@@ -1,4 +1,4 @@
-#include "views/screenshots/SampleDesktop.h"
+#include "pictures/SampleDesktop.h"
 
 #include "model/WorkspaceChoices.h"
 #include "views/support/ViewFixture.h"

@@ -1,4 +1,4 @@
-#include "views/screenshots/Stage.h"
+#include "pictures/Stage.h"
 
 #include "app/PreferenceStore.h"
 #include "views/app/OnboardingView.h"

@@ -2,8 +2,8 @@
 #include "app/PreferenceStore.h"
 #include "views/app/OnboardingView.h"
 #include "views/app/RootView.h"
-#include "views/screenshots/Picture.h"
-#include "views/screenshots/Stage.h"
+#include "pictures/Picture.h"
+#include "pictures/Stage.h"
 
 namespace trovell::screenshots {
 

@@ -1,6 +1,6 @@
 // The menus of the main window.
-#include "views/screenshots/Picture.h"
-#include "views/screenshots/Stage.h"
+#include "pictures/Picture.h"
+#include "pictures/Stage.h"
 #include "views/workspace/WorkspaceSidebarList.h"
 
 namespace trovell::screenshots {

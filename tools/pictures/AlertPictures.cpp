@@ -1,6 +1,6 @@
 // Renaming, and the alerts of the main window.
-#include "views/screenshots/Picture.h"
-#include "views/screenshots/Stage.h"
+#include "pictures/Picture.h"
+#include "pictures/Stage.h"
 #include "views/workspace/MainWorkspaceView.h"
 
 namespace trovell::screenshots {
