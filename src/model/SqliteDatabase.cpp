@@ -40,6 +40,22 @@ bool SqliteDatabase::isReadOnly() const
     return sqlite3_db_readonly(m_handle, "main") != 0;
 }
 
+void SqliteDatabase::readAhead()
+{
+    constexpr int blockSize = 1 << 18;
+    sqlite3_file* file = nullptr;
+    sqlite3_int64 size = 0;
+    // SQLite's own descriptor: closing another one of the file would drop its locks.
+    if (sqlite3_file_control(m_handle, "main", SQLITE_FCNTL_FILE_POINTER, &file) != SQLITE_OK ||
+        !file->pMethods || file->pMethods->xFileSize(file, &size) != SQLITE_OK)
+        return;
+    QByteArray block(blockSize, Qt::Uninitialized);
+    for (sqlite3_int64 offset = 0; offset + blockSize <= size; offset += blockSize) {
+        if (file->pMethods->xRead(file, block.data(), blockSize, offset) != SQLITE_OK)
+            return;
+    }
+}
+
 Expected<void, StoreError> SqliteDatabase::execute(const QByteArray& sql)
 {
     const int code = sqlite3_exec(m_handle, sql.constData(), nullptr, nullptr, nullptr);

@@ -26,6 +26,10 @@ public:
 
     [[nodiscard]] bool isReadOnly() const;
 
+    /// Reads the file once from its beginning to its end, so that the system's cache holds it when
+    /// the pages are asked for one by one. Without effect on what is read later, nor on errors.
+    void readAhead();
+
     /// Runs statements separated by semicolons and passes over their rows.
     [[nodiscard]] Expected<void, StoreError> execute(const QByteArray& sql);
 

@@ -47,6 +47,7 @@ Expected<std::unique_ptr<SqliteDatabase>, StoreError> openDatabase(const QString
     auto database = SqliteDatabase::open(path, options.vfsName);
     if (!database)
         return database;
+    (*database)->readAhead();
     const Result ready =
         lock(**database)
             .and_then([&] { return configure(**database, options.isDurable); })
