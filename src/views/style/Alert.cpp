@@ -30,27 +30,36 @@ PushButton::Kind buttonKind(Alert::Role role)
 
 Alert::Alert(const VisualStyle& visual, QWidget* window, const QString& title,
              const QString& message)
-    : Sheet(visual, window, title), m_buttonRow(new QHBoxLayout)
+    : Sheet(visual, window, title), m_heading(new TextLabel(visual, {}, TextRole::title3)),
+      m_message(new TextLabel(visual, {}, TextRole::body, ColorToken::labelSecondary)),
+      m_buttonRow(new QHBoxLayout)
 {
-    setAccessibleDescription(message);
     auto* body = new QWidget;
     auto* column = new QVBoxLayout(body);
     const int padding = visual.tokens().size(Tokens::Size::sheetPadding);
     column->setContentsMargins(padding, padding, padding, padding);
     column->setSpacing(0);
-    auto* heading = new TextLabel(visual, title, TextRole::title3);
-    heading->setWeight(QFont::DemiBold);
-    heading->setWordWrap(true);
-    auto* text = new TextLabel(visual, message, TextRole::body, ColorToken::labelSecondary);
-    text->setWordWrap(true);
+    m_heading->setWeight(QFont::DemiBold);
+    m_heading->setWordWrap(true);
+    m_message->setWordWrap(true);
     m_buttonRow->setSpacing(buttonGap);
     m_buttonRow->addStretch();
-    column->addWidget(heading);
+    column->addWidget(m_heading);
     column->addSpacing(titleGap);
-    column->addWidget(text);
+    column->addWidget(m_message);
     column->addSpacing(buttonRowGap);
     column->addLayout(m_buttonRow);
     setBody(body);
+    setTexts(title, message);
+}
+
+void Alert::setTexts(const QString& title, const QString& message)
+{
+    setWindowTitle(title);
+    setAccessibleName(title);
+    setAccessibleDescription(message);
+    m_heading->setText(title);
+    m_message->setText(message);
 }
 
 PushButton* Alert::addButton(const QString& text, Role role)

@@ -7,6 +7,8 @@ class QBoxLayout;
 
 namespace trovell {
 
+class TextLabel;
+
 /// A question or message with one to three buttons.
 ///
 ///     auto* alert = new Alert(visual, this, tr("Delete Workspace?"), tr("… cannot be undone."));
@@ -27,6 +29,9 @@ public:
 
     Alert(const VisualStyle& visual, QWidget* window, const QString& title, const QString& message);
 
+    /// Also while it is open: the language may change under it.
+    void setTexts(const QString& title, const QString& message);
+
     PushButton* addButton(const QString& text, Role role);
 
     void open() override;
@@ -42,6 +47,8 @@ private:
     void choose(Role role);
     PushButton* safeDefault() const;
 
+    TextLabel* m_heading;
+    TextLabel* m_message;
     QBoxLayout* m_buttonRow;
     QList<std::pair<Role, PushButton*>> m_buttons;
 };

@@ -306,10 +306,12 @@ Alert* MainWorkspaceView::openAlert(const WorkspaceAlertRequest& request)
 {
     const Localization& words = m_environment.words;
     const auto ask = [&](TextKey<> title, TextKey<> message, TextKey<> action) {
-        auto* alert =
-            new Alert(m_environment.visual, window(), words.text(title), words.text(message));
-        alert->addButton(words.text(u"Cancel"_key), Alert::Role::cancel);
-        alert->addButton(words.text(action), Alert::Role::destructive);
+        auto* alert = new Alert(m_environment.visual, window(), {}, {});
+        words.render(alert, [&words, alert, title, message] {
+            alert->setTexts(words.text(title), words.text(message));
+        });
+        words.renderText(alert->addButton({}, Alert::Role::cancel), u"Cancel"_key);
+        words.renderText(alert->addButton({}, Alert::Role::destructive), action);
         alert->open();
         return alert;
     };

@@ -1,9 +1,10 @@
 #include "views/workspace/RenameWorkspaceView.h"
 
 #include "model/TrovellWorkspace.h"
-#include "views/style/Alert.h"
+#include "views/style/PushButton.h"
 #include "views/style/TextField.h"
 #include "views/style/TextLabel.h"
+#include "views/workspace/WorkspaceAlert.h"
 #include "views/workspace/WorkspaceCommands.h"
 
 #include <QVBoxLayout>
@@ -82,22 +83,12 @@ void RenameWorkspaceView::save()
     }
     const auto renamed = renameWorkspace(m_environment.context, *m_workspace, m_name->text());
     if (!renamed) {
-        showError(renamed.error());
+        showFailureAlert(m_environment, this, u"Workspace Could Not Be Renamed"_key,
+                         renamed.error());
         return;
     }
     Q_EMIT saved(m_workspace);
     accept();
-}
-
-void RenameWorkspaceView::showError(const QString& reason)
-{
-    const Localization& words = m_environment.words;
-    const QString message =
-        reason.isEmpty() ? words.text(phrases::unknownError) : words.shownDetail(reason);
-    auto* alert = new Alert(m_environment.visual, this,
-                            words.text(u"Workspace Could Not Be Renamed"_key), message);
-    alert->addButton(words.text(u"OK"_key), Alert::Role::confirm);
-    alert->open();
 }
 
 } // namespace trovell

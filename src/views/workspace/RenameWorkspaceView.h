@@ -29,7 +29,6 @@ private:
     QWidget* buildForm();
     void allowRenaming();
     void save();
-    void showError(const QString& reason);
 
     const ViewEnvironment m_environment;
     QPointer<TrovellWorkspace> m_workspace;

@@ -5,16 +5,23 @@
 
 namespace trovell {
 
-Alert* showWorkspaceAlert(const ViewEnvironment& environment, QWidget* over, const QString& reason)
+Alert* showFailureAlert(const ViewEnvironment& environment, QWidget* over, TextKey<> title,
+                        const QString& reason)
 {
     const Localization& words = environment.words;
-    const QString message =
-        reason.isEmpty() ? words.text(phrases::unknownError) : words.shownDetail(reason);
-    auto* alert =
-        new Alert(environment.visual, over, words.text(phrases::couldNotBeSaved), message);
-    alert->addButton(words.text(u"OK"_key), Alert::Role::confirm);
+    auto* alert = new Alert(environment.visual, over, {}, {});
+    words.render(alert, [&words, alert, title, reason] {
+        alert->setTexts(words.text(title), reason.isEmpty() ? words.text(phrases::unknownError)
+                                                            : words.shownDetail(reason));
+    });
+    words.renderText(alert->addButton({}, Alert::Role::confirm), u"OK"_key);
     alert->open();
     return alert;
+}
+
+Alert* showWorkspaceAlert(const ViewEnvironment& environment, QWidget* over, const QString& reason)
+{
+    return showFailureAlert(environment, over, phrases::couldNotBeSaved, reason);
 }
 
 } // namespace trovell

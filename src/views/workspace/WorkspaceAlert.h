@@ -1,5 +1,7 @@
-// The one alert that says that something could not be saved. Main thread.
+// Alerts that say that something failed. Main thread.
 #pragma once
+
+#include "views/words/TextKey.h"
 
 #include <QString>
 
@@ -10,8 +12,12 @@ namespace trovell {
 class Alert;
 struct ViewEnvironment;
 
-/// Shows "Workspace Could Not Be Saved" over the window of `over`, with a reason in the product's
-/// words; the window owns it. Returns at once.
+/// Shows a title and a reason in the product's words over the window of `over`, which owns the
+/// alert. Returns at once.
+Alert* showFailureAlert(const ViewEnvironment& environment, QWidget* over, TextKey<> title,
+                        const QString& reason);
+
+/// Shows "Workspace Could Not Be Saved" in the same way.
 Alert* showWorkspaceAlert(const ViewEnvironment& environment, QWidget* over, const QString& reason);
 
 } // namespace trovell
