@@ -155,14 +155,17 @@ void reportTimes(Report& report, const QString& what, const Race& race)
                             QStringLiteral("the same requests sent blindly, until no window moves "
                                            "any more: "),
                             untilRest(race.blind), false));
-    const double ratio = medianRatio(race.seconds[2], race.seconds[0]);
-    report.add(
-        {.what = what,
-         .trovell = formatSpread(race.seconds[0]),
-         .peer = QStringLiteral("200 × wmctrl -i -r … -e …: ") + formatSpread(race.seconds[2]),
-         .ratio = formatRatio(ratio) + QStringLiteral(" faster"),
-         .budget = QStringLiteral("≥ 3× faster"),
-         .isMet = ratio >= 3});
+    // Its last move is still under way when the last call returns.
+    const Samples wmctrl = untilRest(race.wmctrl);
+    const double ratio = medianRatio(wmctrl, race.seconds[0]);
+    report.add({.what = what,
+                .trovell = formatSpread(race.seconds[0]),
+                .peer = QStringLiteral("200 × wmctrl -i -r … -e …, until no window moves any "
+                                       "more: %1 (to the last one's exit: %2)")
+                            .arg(formatSpread(wmctrl), formatSpread(race.seconds[2])),
+                .ratio = formatRatio(ratio) + QStringLiteral(" faster"),
+                .budget = QStringLiteral("≥ 3× faster"),
+                .isMet = ratio >= 3});
 }
 
 void reportFrames(Report& report, const Race& race)
