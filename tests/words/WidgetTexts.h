@@ -16,6 +16,7 @@
 #include <QLineEdit>
 #include <QRegularExpression>
 #include <QStringList>
+#include <QTextDocumentFragment>
 #include <QWidget>
 
 namespace trovell {
@@ -29,7 +30,9 @@ inline QStringList shownTexts(const QWidget& widget)
     for (const QAction* action : widget.actions())
         texts += {action->text(), action->toolTip()};
     if (const auto* const label = qobject_cast<const QLabel*>(&widget))
-        texts += label->text();
+        texts += Qt::mightBeRichText(label->text())
+                     ? QTextDocumentFragment::fromHtml(label->text()).toPlainText()
+                     : label->text();
     if (const auto* const button = qobject_cast<const QAbstractButton*>(&widget))
         texts += button->text();
     if (const auto* const field = qobject_cast<const QLineEdit*>(&widget))

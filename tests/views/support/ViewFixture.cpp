@@ -51,8 +51,7 @@ TrovellWorkspace& ViewFixture::addWorkspace(const QString& name)
     auto workspace = std::make_unique<TrovellWorkspace>(
         WorkspaceValues{.name = name, .sortOrder = context().workspaces().size()});
     TrovellWorkspace& inserted = context().insert(std::move(workspace));
-    if (!context().save())
-        qFatal("the fixture's store does not save");
+    save();
     return inserted;
 }
 
@@ -69,11 +68,8 @@ WorkspaceItem& ViewFixture::addItem(TrovellWorkspace& workspace, WorkspaceItemTy
         values.applicationPath = folder.filePath(displayName + u".desktop"_qs);
         values.urlString = QUrl::fromLocalFile(*values.applicationPath).toString();
     }
-    auto item = std::make_unique<WorkspaceItem>(values);
-    WorkspaceItem& added = *item;
-    workspace.appendItem(std::move(item));
-    if (!context().save())
-        qFatal("the fixture's store does not save");
+    WorkspaceItem& added = workspace.appendItem(std::make_unique<WorkspaceItem>(values));
+    save();
     return added;
 }
 
@@ -90,12 +86,21 @@ WindowPlacement& ViewFixture::addPlacement(TrovellWorkspace& workspace,
                                  .normalizedWidth = 0.5,
                                  .normalizedHeight = 0.5};
     values.displayFingerprintData = encodeFingerprint(windows->displays.first().fingerprint);
-    auto placement = std::make_unique<WindowPlacement>(values);
-    WindowPlacement& added = *placement;
-    workspace.appendPlacement(std::move(placement));
+    auto& added = workspace.appendPlacement(std::make_unique<WindowPlacement>(values));
+    save();
+    return added;
+}
+
+void ViewFixture::save()
+{
     if (!context().save())
         qFatal("the fixture's store does not save");
-    return added;
+}
+
+void ViewFixture::setTrusted(bool isTrusted)
+{
+    windows->trusted = isTrusted;
+    m_dependencies->accessibility().refresh();
 }
 
 void ViewFixture::refuseSaving()

@@ -50,6 +50,12 @@ public:
     /// Saved with it; on the display of the scripted desktop, in its middle.
     WindowPlacement& addPlacement(TrovellWorkspace& workspace, const QString& bundleIdentifier);
 
+    /// Stops the test program when the store does not save.
+    void save();
+
+    /// Whether windows may be controlled, told at once.
+    void setTrusted(bool isTrusted);
+
     /// From now on every save fails, until `allowSaving`.
     void refuseSaving();
     void allowSaving();
