@@ -57,22 +57,18 @@ private Q_SLOTS:
         Card first(m_words);
         Card second(m_words);
         second.m_items = 1;
-        QCOMPARE(first.m_button->text(), u"Light"_qs);
         QCOMPARE(first.m_count->text(), u"3 items"_qs);
-
         m_words.setLanguage(u"pl"_qs);
         QCOMPARE(first.m_count->text(), u"3 elementy"_qs);
         QCOMPARE(second.m_count->text(), u"1 element"_qs);
         QCOMPARE(first.m_button->text(), u"Light"_qs); // Polish lacks it.
-
         m_words.setLanguage(u"de"_qs);
-        QCOMPARE(first.m_button->text(), u"Hell"_qs);
         QCOMPARE(second.m_button->text(), u"Hell"_qs);
         QCOMPARE(first.m_name->text(), u"Work"_qs);
         QCOMPARE(first.m_renderings, 3);
     }
 
-    void aWindowThatIsGoneIsLeftAlone()
+    void windowsAndWordsMayGoInAnyOrder()
     {
         int renderings = 0;
         auto context = std::make_unique<QObject>();
@@ -80,10 +76,7 @@ private Q_SLOTS:
         context.reset();
         m_words.setLanguage(u"de"_qs);
         QCOMPARE(renderings, 1);
-    }
 
-    void widgetsMayOutliveTheWords()
-    {
         auto words = std::make_unique<Localization>(allFolders());
         Card card(*words);
         words.reset();

@@ -13,34 +13,34 @@
 
 using namespace trovell;
 
+namespace {
+
+bool isWhole(const QString& text)
+{
+    return text.startsWith(u'⟦') && text.endsWith(u'⟧') && text.count(u'⟦') == 1;
+}
+
+} // namespace
+
 class LogicTextsTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     void initTestCase() { m_words.setLanguage(u"en-XA"_qs); }
 
-    void details_data()
-    {
-        QTest::addColumn<QString>("detail");
-        for (int i = 0; i <= int(StoreError::outOfMemory); ++i)
-            QTest::addRow("store %d", i) << description(StoreError(i));
-        for (const auto error :
-             {WindowServiceError::accessibilityPermissionMissing, WindowServiceError::noWindows})
-            QTest::addRow("windows %d", int(error)) << description(error);
-        for (const auto error : {URLValidationError::empty, URLValidationError::invalid,
-                                 URLValidationError::unsupportedScheme})
-            QTest::addRow("link %d", int(error)) << description(error);
-        QTest::newRow("shortcut") << shortcutConflictText();
-    }
     void details()
     {
-        QFETCH(QString, detail);
-        const QString shown = m_words.shownDetail(detail);
-        QVERIFY2(isWhole(shown), qPrintable(shown));
-    }
+        QStringList details{shortcutConflictText(),
+                            description(WindowServiceError::accessibilityPermissionMissing),
+                            description(WindowServiceError::noWindows)};
+        for (int i = 0; i <= int(StoreError::outOfMemory); ++i)
+            details += description(StoreError(i));
+        for (const auto error : {URLValidationError::empty, URLValidationError::invalid,
+                                 URLValidationError::unsupportedScheme})
+            details += description(error);
+        for (const QString& detail : details)
+            QVERIFY2(isWhole(m_words.shownDetail(detail)), qPrintable(detail));
 
-    void detailsWithAPayload()
-    {
         const QString payload = u"file:///%lld/a %@\n"_qs;
         for (const auto kind :
              {ResourceOpeningError::Kind::missing, ResourceOpeningError::Kind::cannotOpen}) {
@@ -53,6 +53,7 @@ private Q_SLOTS:
 
     void summaries()
     {
+        const Localization english({QStringLiteral(":/trovell/translations")});
         using enum LaunchResultKind;
         for (const QList<LaunchResultKind>& kinds :
              {QList{opened}, QList{opened, restored}, QList{opened, failed},
@@ -63,7 +64,6 @@ private Q_SLOTS:
             const LaunchSummary summary = report.summary();
             const QString shown = m_words.text(summary.key, summary.values);
             QVERIFY2(isWhole(shown) && !shown.contains(u'%'), qPrintable(shown));
-            Localization english({QStringLiteral(":/trovell/translations")});
             QCOMPARE(english.text(summary.key, summary.values), summary.formatted(summary.key));
         }
     }
@@ -73,18 +73,11 @@ private Q_SLOTS:
         for (const AppAppearance appearance : allAppearances())
             QVERIFY(isWhole(m_words.text(displayName(appearance))));
         QVERIFY(isWhole(m_words.text(displayName(AppLanguage::system))));
-        for (const auto& shortcut : shortcuts()) {
-            if (shortcut)
-                QVERIFY(isWhole(m_words.shownShortcut(shortcut->displayValue)));
-        }
+        for (const auto& shortcut : shortcuts())
+            QVERIFY(!shortcut || isWhole(m_words.shownShortcut(shortcut->displayValue)));
     }
 
 private:
-    static bool isWhole(const QString& text)
-    {
-        return text.startsWith(u'⟦') && text.endsWith(u'⟧') && text.count(u'⟦') == 1;
-    }
-
     Localization m_words{{QStringLiteral(TROVELL_TEST_LANGUAGES)}};
 };
 

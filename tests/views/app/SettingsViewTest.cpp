@@ -26,18 +26,140 @@ private Q_SLOTS:
         m_fixture.reset();
     }
 
-    void switchesFollowAndAreFollowed();
-    void endsWithTheLastWindowWhereThereIsNoIcon();
-    void showsWhatTheDesktopMadeOfTheLoginItem_data();
-    void showsWhatTheDesktopMadeOfTheLoginItem();
-    void picksTheLanguage();
-    void storesTheTimeout();
-    void showsAnyStoredTimeout();
-    void explainsWhyThereAreNoUpdates();
-    void checksForUpdatesWhereTheyAreConfigured();
-    void turnsPagesByKeyboard();
-    void opensThePages();
-    void changesLanguageWhileItIsOpen();
+    void switchesFollowAndAreFollowed()
+    {
+        Switch& keep = toggle(m_keepRunning);
+        QVERIFY(keep.isChecked());
+        // On the label at the leading edge, far from the switch itself, and beside it in the row.
+        QTest::mouseClick(&keep, Qt::LeftButton, {}, QPoint(4, keep.height() / 2));
+        QVERIFY(!preferences().keepRunningAfterClose());
+        QTest::mouseClick(keep.parentWidget(), Qt::LeftButton, {}, QPoint(3, 3));
+        QVERIFY(preferences().keepRunningAfterClose());
+        preferences().setKeepRunningAfterClose(false);
+        QVERIFY(!keep.isChecked());
+    }
+
+    void endsWithTheLastWindowWhereThereIsNoIcon()
+    {
+        Switch& icon = toggle(u"Show menu bar icon"_qs);
+        Switch& keep = toggle(m_keepRunning);
+        icon.click();
+        QVERIFY(!preferences().showMenuBarItem() && !keep.isChecked());
+        QVERIFY(terminatesAfterLastWindowClosed(m_fixture->dependencies().defaults()));
+        icon.click();
+        QVERIFY(icon.isChecked() && !keep.isChecked());
+
+        // The user's later choice stands until the icon goes again.
+        icon.click();
+        keep.click();
+        preferences().setShowMenuBarItem(false);
+        QVERIFY(preferences().keepRunningAfterClose());
+    }
+
+    void showsWhatTheDesktopMadeOfTheLoginItem()
+    {
+        FakeLoginItemSystem& item = *m_fixture->loginItem;
+        Switch& control = toggle(u"Launch Trovell at login"_qs);
+        item.failure = u"Autostart is locked."_qs;
+        QTest::mouseClick(&control, Qt::LeftButton);
+        QVERIFY(!control.isChecked() && shows(u"Autostart is locked."_qs));
+        item.failure.reset();
+        item.registered = LoginItemStatus::requiresApproval; // The user keeps it off.
+        QTest::mouseClick(&control, Qt::LeftButton);
+        QVERIFY(!control.isChecked() && !shows(u"Autostart is locked."_qs));
+        item.registered = LoginItemStatus::enabled;
+        QTest::mouseClick(&control, Qt::LeftButton);
+        QVERIFY(control.isChecked());
+        QCOMPARE(item.registerCount, 3);
+        QCOMPARE(item.unregisterCount, 0);
+    }
+
+    void picksTheLanguage()
+    {
+        auto* picker = find<Picker>(*m_view, u"Language"_qs);
+        QTest::keyClick(picker, Qt::Key_Space);
+        picker->findChild<PopupMenu*>()->actions().at(3)->trigger();
+        QCOMPARE(preferences().language(), AppLanguage::german);
+        preferences().setLanguage(AppLanguage::japanese);
+        QCOMPARE(picker->currentText(), u"日本語"_qs);
+    }
+
+    void storesTheTimeout()
+    {
+        auto* slider = find<Slider>(*m_view, u"Workspace launch timeout"_qs);
+        QVERIFY(shows(u"Current timeout: 10 seconds"_qs));
+        QTest::mouseClick(slider, Qt::LeftButton, {},
+                          QPoint(int(slider->positionOf(8)), slider->height() / 2));
+        QCOMPARE(preferences().launchTimeout(), 8.0);
+        QVERIFY(shows(u"Current timeout: 8 seconds"_qs));
+    }
+
+    void showsAnyStoredTimeout()
+    {
+        auto* slider = find<Slider>(*m_view, u"Workspace launch timeout"_qs);
+        QSignalSpy writes(&preferences(), &AppPreferences::launchTimeoutChanged);
+        // No number stands for what is no integer.
+        for (const auto& [seconds, position, shown] : {std::tuple{12345.9, 12, u"12345"_qs},
+                                                       {-2.7, 8, u"-2"_qs},
+                                                       {1e19, 12, u""_qs},
+                                                       {qInf(), 12, u""_qs},
+                                                       {qQNaN(), 8, u""_qs}}) {
+            preferences().setLaunchTimeout(seconds);
+            QCOMPARE(slider->value(), position);
+            QCOMPARE(shows(u"Current timeout: %1 seconds"_qs.arg(shown)), !shown.isEmpty());
+        }
+        QCOMPARE(writes.size(), 5);
+    }
+
+    void checksForUpdatesWhereTheyAreConfigured()
+    {
+        m_view->showPage(Page::updates);
+        QVERIFY(!toggle(u"Automatically check for updates"_qs).isEnabled());
+        AppConfiguration configuration = appConfiguration();
+        configuration.sparkleAppcastURL = QUrl(u"https://updates.example/feed.xml"_qs);
+        configuration.sparklePublicKey = u"no key at all"_qs;
+        show(configuration);
+        m_view->showPage(Page::updates);
+        const Updater* updater = m_fixture->dependencies().updateController().controller();
+        QSignalSpy checks(updater, &Updater::checkRequested);
+        click(*m_view, u"Check Now"_qs);
+        QCOMPARE(checks.size(), 1);
+        QTest::mouseClick(&toggle(u"Automatically check for updates"_qs), Qt::LeftButton);
+        QVERIFY(!preferences().automaticallyCheckForUpdates());
+    }
+
+    void turnsPagesByKeyboard()
+    {
+        auto* tabs = m_view->findChild<SettingsTabBar*>();
+        tabs->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(tabs, Qt::Key_Right);
+        QCOMPARE(m_view->page(), Page::updates);
+        QTest::keyClick(tabs, Qt::Key_Left);
+        QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(2).center());
+        QCOMPARE(m_view->findChild<QStackedWidget*>()->currentIndex(), 2);
+    }
+
+    void opensThePages()
+    {
+        m_view->showPage(Page::about);
+        for (SymbolLink* link : m_view->findChildren<SymbolLink*>())
+            QTest::mouseClick(link, Qt::LeftButton);
+        const AppConfiguration& pages = m_fixture->dependencies().configuration();
+        QCOMPARE(m_fixture->resources->openedResources(),
+                 (QList<QUrl>{pages.privacyURL, pages.termsURL, pages.supportURL}));
+    }
+
+    void changesLanguageWhileItIsOpen()
+    {
+        // The last two are those of the tab bar itself, which it never shows here.
+        QStringList data{u"Trovell"_qs, u"Scroll Left"_qs, u"Scroll Right"_qs};
+        for (const AppLanguage named : allLanguages().sliced(1))
+            data += displayName(named);
+        for (const Page page : {Page::general, Page::updates, Page::about}) {
+            m_view->showPage(page);
+            QCOMPARE(languageProblems(*m_view, m_fixture->environment().words, data), QString());
+        }
+    }
 
 private:
     void show(const AppConfiguration& configuration)
@@ -58,169 +180,6 @@ private:
     std::unique_ptr<SettingsView> m_view;
     const QString m_keepRunning = u"Keep Trovell running after closing the main window"_qs;
 };
-
-void SettingsViewTest::switchesFollowAndAreFollowed()
-{
-    Switch& keep = toggle(m_keepRunning);
-    QVERIFY(keep.isChecked());
-    // On the label at the leading edge, far from the switch itself, and beside it in the row.
-    QTest::mouseClick(&keep, Qt::LeftButton, {}, QPoint(4, keep.height() / 2));
-    QVERIFY(!preferences().keepRunningAfterClose());
-    QTest::mouseClick(keep.parentWidget(), Qt::LeftButton, {}, QPoint(3, 3));
-    QVERIFY(preferences().keepRunningAfterClose());
-    preferences().setKeepRunningAfterClose(false);
-    QVERIFY(!keep.isChecked());
-}
-
-void SettingsViewTest::endsWithTheLastWindowWhereThereIsNoIcon()
-{
-    Switch& icon = toggle(u"Show menu bar icon"_qs);
-    Switch& keep = toggle(m_keepRunning);
-    icon.click();
-    QVERIFY(!preferences().showMenuBarItem() && !keep.isChecked());
-    QVERIFY(terminatesAfterLastWindowClosed(m_fixture->dependencies().defaults()));
-    icon.click();
-    QVERIFY(icon.isChecked() && !keep.isChecked());
-
-    // The user's later choice stands until the icon goes again.
-    icon.click();
-    keep.click();
-    preferences().setShowMenuBarItem(false);
-    QVERIFY(preferences().keepRunningAfterClose());
-}
-
-void SettingsViewTest::showsWhatTheDesktopMadeOfTheLoginItem_data()
-{
-    QTest::addColumn<LoginItemStatus>("outcome");
-    QTest::addColumn<QString>("failure");
-    QTest::addColumn<bool>("isOn");
-    QTest::newRow("enabled") << LoginItemStatus::enabled << QString() << true;
-    QTest::newRow("kept off by the user")
-        << LoginItemStatus::requiresApproval << QString() << false;
-    QTest::newRow("failed") << LoginItemStatus::enabled << u"Autostart is locked."_qs << false;
-}
-
-void SettingsViewTest::showsWhatTheDesktopMadeOfTheLoginItem()
-{
-    QFETCH(QString, failure);
-    QFETCH(LoginItemStatus, outcome);
-    FakeLoginItemSystem& item = *m_fixture->loginItem;
-    item.registered = outcome;
-    if (!failure.isEmpty())
-        item.failure = failure;
-    Switch& control = toggle(u"Launch Trovell at login"_qs);
-    QTest::mouseClick(&control, Qt::LeftButton);
-    QTEST(control.isChecked(), "isOn");
-    QCOMPARE(item.registerCount, 1);
-    QCOMPARE(item.unregisterCount, 0);
-    QCOMPARE(shows(u"Autostart is locked."_qs), !failure.isEmpty());
-
-    // A success afterwards clears the line.
-    item.failure.reset();
-    item.registered = LoginItemStatus::enabled;
-    control.setChecked(false);
-    control.setChecked(true);
-    QVERIFY(control.isChecked());
-    QVERIFY(!shows(u"Autostart is locked."_qs));
-}
-
-void SettingsViewTest::picksTheLanguage()
-{
-    auto* picker = find<Picker>(*m_view, u"Language"_qs);
-    QTest::keyClick(picker, Qt::Key_Space);
-    picker->findChild<PopupMenu*>()->actions().at(3)->trigger();
-    QCOMPARE(preferences().language(), AppLanguage::german);
-    preferences().setLanguage(AppLanguage::japanese);
-    QCOMPARE(picker->currentText(), u"日本語"_qs);
-}
-
-void SettingsViewTest::storesTheTimeout()
-{
-    auto* slider = find<Slider>(*m_view, u"Workspace launch timeout"_qs);
-    QVERIFY(shows(u"Current timeout: 10 seconds"_qs));
-    QTest::mouseClick(slider, Qt::LeftButton, {},
-                      QPoint(int(slider->positionOf(8)), slider->height() / 2));
-    QCOMPARE(preferences().launchTimeout(), 8.0);
-    QVERIFY(shows(u"Current timeout: 8 seconds"_qs));
-}
-
-void SettingsViewTest::showsAnyStoredTimeout()
-{
-    auto* slider = find<Slider>(*m_view, u"Workspace launch timeout"_qs);
-    QSignalSpy writes(&preferences(), &AppPreferences::launchTimeoutChanged);
-    for (const auto& [seconds, position, text] :
-         {std::tuple{12345.0, 12, u"Current timeout: 12345 seconds"_qs},
-          {9.9, 10, u"Current timeout: 9 seconds"_qs},
-          {-2.7, 8, u"Current timeout: -2 seconds"_qs}}) {
-        preferences().setLaunchTimeout(seconds);
-        QCOMPARE(slider->value(), position);
-        QVERIFY(shows(text));
-    }
-    // No text for what is no integer.
-    for (const auto& [seconds, position] : {std::pair{1e19, 12}, {qInf(), 12}, {qQNaN(), 8}}) {
-        preferences().setLaunchTimeout(seconds);
-        QCOMPARE(slider->value(), position);
-        for (const QLabel* label : m_view->findChildren<QLabel*>())
-            QVERIFY(!label->isVisible() || !label->text().startsWith(u"Current timeout"_qs));
-    }
-    QCOMPARE(writes.size(), 6);
-}
-
-void SettingsViewTest::explainsWhyThereAreNoUpdates()
-{
-    m_view->showPage(Page::updates);
-    QVERIFY(shows(
-        u"Update checks are disabled until a Sparkle appcast URL and EdDSA public key are configured."_qs));
-    QVERIFY(!toggle(u"Automatically check for updates"_qs).isEnabled());
-}
-
-void SettingsViewTest::checksForUpdatesWhereTheyAreConfigured()
-{
-    AppConfiguration configuration = appConfiguration();
-    configuration.sparkleAppcastURL = QUrl(u"https://updates.example/feed.xml"_qs);
-    configuration.sparklePublicKey = u"no key at all"_qs;
-    show(configuration);
-    m_view->showPage(Page::updates);
-    const Updater* updater = m_fixture->dependencies().updateController().controller();
-    QSignalSpy checks(updater, &Updater::checkRequested);
-    click(*m_view, u"Check Now"_qs);
-    QCOMPARE(checks.size(), 1);
-    QTest::mouseClick(&toggle(u"Automatically check for updates"_qs), Qt::LeftButton);
-    QVERIFY(!preferences().automaticallyCheckForUpdates());
-}
-
-void SettingsViewTest::turnsPagesByKeyboard()
-{
-    auto* tabs = m_view->findChild<SettingsTabBar*>();
-    tabs->setFocus(Qt::TabFocusReason);
-    QTest::keyClick(tabs, Qt::Key_Right);
-    QCOMPARE(m_view->page(), Page::updates);
-    QTest::keyClick(tabs, Qt::Key_Left);
-    QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(2).center());
-    QCOMPARE(m_view->findChild<QStackedWidget*>()->currentIndex(), 2);
-}
-
-void SettingsViewTest::opensThePages()
-{
-    m_view->showPage(Page::about);
-    for (SymbolLink* link : m_view->findChildren<SymbolLink*>())
-        QTest::mouseClick(link, Qt::LeftButton);
-    const AppConfiguration& pages = m_fixture->dependencies().configuration();
-    QCOMPARE(m_fixture->resources->openedResources(),
-             (QList<QUrl>{pages.privacyURL, pages.termsURL, pages.supportURL}));
-}
-
-void SettingsViewTest::changesLanguageWhileItIsOpen()
-{
-    // The last two are those of the tab bar itself, which it never shows here.
-    QStringList data{u"Trovell"_qs, u"Scroll Left"_qs, u"Scroll Right"_qs};
-    for (const AppLanguage named : allLanguages().sliced(1))
-        data += displayName(named);
-    for (const Page page : {Page::general, Page::updates, Page::about}) {
-        m_view->showPage(page);
-        QCOMPARE(languageProblems(*m_view, m_fixture->environment().words, data), QString());
-    }
-}
 
 QTEST_MAIN(SettingsViewTest)
 #include "SettingsViewTest.moc"

@@ -85,206 +85,187 @@ class CaptureSavingTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void offersSavingOnlyWithSomethingToSave();
-    void limitsAnUpdateToTheApplicationsOfTheWorkspace();
-    void keepsTheLayoutOfClosedApplications();
-    void replacesTheLayoutOfDetectedApplicationsEvenWhenUnchecked();
-    void createsItemsAndPlacements();
-    void findsApplicationsByIdentifier();
-    void startsAVariantFromItsSource();
-    void writesNothingWhenItFails();
-    void saysThatTheWorkspaceIsGone();
-    void drawsWindowsWhereTheyStand();
-};
-
-void CaptureSavingTest::offersSavingOnlyWithSomethingToSave()
-{
-    struct Choice {
-        CapturePurpose purpose = CapturePurpose::create;
-        QString name = u"a"_qs;
-        bool isApplicationIncluded = true;
-        bool isLaunchItem = true;
-        bool isWindowIncluded = true;
-        bool isPositionKept = false;
-    };
-    const auto isDisabled = [](const Choice& choice) {
-        CaptureDraft draft{.name = choice.name,
-                           .applications = {application(u"editor"_qs, {u"a"_qs})}};
-        draft.applications[0].isIncluded = choice.isApplicationIncluded;
-        draft.applications[0].addAsLaunchItem = choice.isLaunchItem;
-        draft.applications[0].windows[0].isIncluded = choice.isWindowIncluded;
-        draft.retainedPlacements = {{.isKept = choice.isPositionKept}};
-        return isSaveDisabled(choice.purpose, draft);
-    };
-    const auto update = CapturePurpose::update;
-    const auto variant = CapturePurpose::saveAsNew;
-    QVERIFY(isDisabled({.name = u" \n"_qs}));
-    QVERIFY(!isDisabled({.isWindowIncluded = false}));
-    QVERIFY(!isDisabled({.isLaunchItem = false}));
-    QVERIFY(isDisabled({.isLaunchItem = false, .isWindowIncluded = false}));
-    QVERIFY(isDisabled({.isApplicationIncluded = false}));
-    QVERIFY(!isDisabled({variant, u"a"_qs, false, false, false, true}));
-    QVERIFY(isDisabled({variant, u"a"_qs, false, false, false, false}));
-    QVERIFY(!isDisabled({update, {}, false, false, false, false}));
-}
-
-void CaptureSavingTest::limitsAnUpdateToTheApplicationsOfTheWorkspace()
-{
-    Saving saving;
-    TrovellWorkspace& workspace = saving.workspace;
-    QCOMPARE(captureFilter(CapturePurpose::update, &workspace), QSet<QString>());
-    saving.fixture.addItem(workspace, WorkspaceItemType::application, u"editor"_qs);
-    saving.fixture.addItem(workspace, WorkspaceItemType::folder, u"folder"_qs);
-    QCOMPARE(captureFilter(CapturePurpose::update, &workspace), QSet<QString>{u"editor"_qs});
-    QCOMPARE(captureFilter(CapturePurpose::saveAsNew, &workspace), std::nullopt);
-}
-
-void CaptureSavingTest::keepsTheLayoutOfClosedApplications()
-{
-    Saving saving({u"editor"_qs, u"browser"_qs});
-    const StoreContents before = saving.contents();
-    saving.capture(CapturePurpose::update, {});
-    QTest::qSleep(2); // times are stored to the millisecond
-    const auto saved = saving.save(CapturePurpose::update);
-    QVERIFY(saved);
-    QCOMPARE(saved->notice, u"Work layout updated."_qs);
-    StoreContents after = saving.contents();
-    QVERIFY(after[0].values.updatedAt > before[0].values.updatedAt);
-    after[0].values.updatedAt = before[0].values.updatedAt;
-    QCOMPARE(after, before);
-}
-
-void CaptureSavingTest::replacesTheLayoutOfDetectedApplicationsEvenWhenUnchecked()
-{
-    Saving saving({u"editor"_qs, u"browser"_qs, u"mail"_qs, u"dropped"_qs, u"closed"_qs});
-    QList<CapturedApplication> applications{application(u"editor"_qs, {u"new"_qs, u"other"_qs}),
-                                            application(u"browser"_qs, {u"page"_qs}),
-                                            application(u"mail"_qs, {u"inbox"_qs})};
-    applications[0].windows[1].isIncluded = false;
-    applications[1].windows[0].isIncluded = false;
-    applications[2].isIncluded = false;
-    saving.capture(CapturePurpose::update, applications);
-    QCOMPARE(saving.draft.retainedPlacements.size(), 2);
-    saving.draft.retainedPlacements[0].isKept = false;
-    QVERIFY(saving.save(CapturePurpose::update));
-    QCOMPARE(titles(saving.workspace), (QStringList{u"closed window"_qs, u"new"_qs}));
-}
-
-void CaptureSavingTest::createsItemsAndPlacements()
-{
-    Saving saving;
-    QList<CapturedApplication> applications{application(u"mail"_qs, {u"inbox"_qs}),
-                                            application(u"editor"_qs, {u"a"_qs, u"b"_qs}),
-                                            application(u"browser"_qs)};
-    applications[0].addAsLaunchItem = false;
-    saving.capture(CapturePurpose::create, applications);
-    saving.draft.name = u" Music\n"_qs;
-    saving.draft.choices = {u"music.note"_qs, u"green"_qs, 2};
-
-    const auto saved = saving.save(CapturePurpose::create);
-    QVERIFY(saved);
-    QCOMPARE(saved->notice, u"Music captured."_qs);
-    const TrovellWorkspace& workspace = *saved->workspace;
-    QVERIFY(workspace.isStored());
-    QCOMPARE(workspace.name(), u"Music"_qs);
-    QCOMPARE(workspace.symbolName(), u"music.note"_qs);
-    QCOMPARE(workspace.accentIdentifier(), u"green"_qs);
-    QCOMPARE(workspace.shortcut(), shortcuts().at(2));
-    QCOMPARE(workspace.sortOrder(), 1);
-    QCOMPARE(itemNames(workspace), (QStringList{u"0 editor"_qs, u"1 browser"_qs}));
-    QCOMPARE(titles(workspace), (QStringList{u"inbox"_qs, u"a"_qs, u"b"_qs}));
-    const WorkspaceItem& item = *workspace.sortedItems().first();
-    QCOMPARE(item.type(), WorkspaceItemType::application);
-    QCOMPARE(item.urlString(), u"file:///applications/editor.desktop"_qs);
-    QCOMPARE(item.applicationPath(), u"/applications/editor.desktop"_qs);
-    QVERIFY(item.bookmarkData());
-}
-
-void CaptureSavingTest::findsApplicationsByIdentifier()
-{
-    FakeResourceSystem resources;
-    const QUrl moved(u"file:///moved/my%20editor.desktop"_qs);
-    resources.addApplication(u"editor"_qs, moved);
-    resources.refuseToBookmark(moved);
-    CapturedApplication editor = application(u"editor"_qs);
-    editor.applicationURLString.reset();
-    const auto items = makeLaunchItems({editor}, 7, resources);
-    QVERIFY(items);
-    const WorkspaceItem& item = *items->front();
-    QCOMPARE(item.urlString(), moved.toString(QUrl::FullyEncoded));
-    QCOMPARE(item.applicationPath(), u"/moved/my editor.desktop"_qs);
-    QCOMPARE(item.bookmarkData(), std::nullopt);
-}
-
-void CaptureSavingTest::startsAVariantFromItsSource()
-{
-    Saving saving({u"editor"_qs, u"closed"_qs, u"dropped"_qs});
-    TrovellWorkspace& source = saving.workspace;
-    source.setShortcut(shortcuts().at(1));
-    saving.fixture.addItem(source, WorkspaceItemType::application, u"editor"_qs);
-    saving.fixture.addItem(source, WorkspaceItemType::folder, u"folder"_qs);
-    saving.fixture.addItem(source, WorkspaceItemType::application, u"closed"_qs);
-    const StoreContents before = saving.contents();
-    saving.capture(CapturePurpose::saveAsNew,
-                   {application(u"editor"_qs, {u"new"_qs}), application(u"mail"_qs)});
-    saving.draft.retainedPlacements[1].isKept = false;
-
-    const auto saved = saving.save(CapturePurpose::saveAsNew);
-    QVERIFY(saved);
-    QCOMPARE(saved->notice, u"Work Variant saved as a new workspace."_qs);
-    const TrovellWorkspace& variant = *saved->workspace;
-    QCOMPARE(variant.shortcut(), std::nullopt);
-    QCOMPARE(itemNames(variant),
-             (QStringList{u"0 folder"_qs, u"1 closed"_qs, u"2 editor"_qs, u"3 mail"_qs}));
-    QCOMPARE(titles(variant), (QStringList{u"new"_qs, u"closed window"_qs}));
-    QVERIFY(placementsInOrder(variant)[1]->id() != placementsInOrder(source)[1]->id());
-    QCOMPARE(saving.contents().first(), before.first());
-}
-
-void CaptureSavingTest::writesNothingWhenItFails()
-{
-    for (const auto purpose :
-         {CapturePurpose::create, CapturePurpose::update, CapturePurpose::saveAsNew}) {
-        Saving saving({u"editor"_qs});
-        saving.capture(purpose, {application(u"editor"_qs, {u"a"_qs})});
-        saving.fixture.refuseSaving();
-        QCOMPARE(saving.refusal(purpose), description(StoreError::diskFull));
-        saving.fixture.allowSaving();
-        QVERIFY(saving.save(purpose));
+    void offersSavingOnlyWithSomethingToSave()
+    {
+        struct Choice {
+            CapturePurpose purpose = CapturePurpose::create;
+            QString name = u"a"_qs;
+            bool isApplicationIncluded = true;
+            bool isLaunchItem = true;
+            bool isWindowIncluded = true;
+            bool isPositionKept = false;
+        };
+        const auto isDisabled = [](const Choice& choice) {
+            CaptureDraft draft{.name = choice.name,
+                               .applications = {application(u"editor"_qs, {u"a"_qs})}};
+            draft.applications[0].isIncluded = choice.isApplicationIncluded;
+            draft.applications[0].addAsLaunchItem = choice.isLaunchItem;
+            draft.applications[0].windows[0].isIncluded = choice.isWindowIncluded;
+            draft.retainedPlacements = {{.isKept = choice.isPositionKept}};
+            return isSaveDisabled(choice.purpose, draft);
+        };
+        const auto update = CapturePurpose::update;
+        const auto variant = CapturePurpose::saveAsNew;
+        QVERIFY(isDisabled({.name = u" \n"_qs}));
+        QVERIFY(!isDisabled({.isWindowIncluded = false}));
+        QVERIFY(!isDisabled({.isLaunchItem = false}));
+        QVERIFY(isDisabled({.isLaunchItem = false, .isWindowIncluded = false}));
+        QVERIFY(isDisabled({.isApplicationIncluded = false}));
+        QVERIFY(!isDisabled({variant, u"a"_qs, false, false, false, true}));
+        QVERIFY(isDisabled({variant, u"a"_qs, false, false, false, false}));
+        QVERIFY(!isDisabled({update, {}, false, false, false, false}));
     }
 
-    Saving saving;
-    saving.workspace.setShortcut(shortcuts().at(1));
-    saving.fixture.save();
-    CapturedApplication gone = application(u"editor"_qs, {u"a"_qs});
-    gone.applicationURLString = u"no address"_qs;
-    saving.capture(CapturePurpose::saveAsNew, {application(u"mail"_qs), gone});
-    QCOMPARE(saving.refusal(CapturePurpose::saveAsNew),
-             u"editor is no longer available. Reopen it and capture again."_qs);
-    saving.draft.choices.shortcutIndex = 1;
-    QCOMPARE(saving.refusal(CapturePurpose::saveAsNew),
-             u"That shortcut is already assigned to another workspace."_qs);
-}
+    void keepsTheLayoutOfClosedApplications()
+    {
+        Saving saving({u"editor"_qs, u"browser"_qs});
+        const StoreContents before = saving.contents();
+        saving.capture(CapturePurpose::update, {});
+        QTest::qSleep(2); // times are stored to the millisecond
+        const auto saved = saving.save(CapturePurpose::update);
+        QVERIFY(saved);
+        QCOMPARE(saved->notice, u"Work layout updated."_qs);
+        StoreContents after = saving.contents();
+        QVERIFY(after[0].values.updatedAt > before[0].values.updatedAt);
+        after[0].values.updatedAt = before[0].values.updatedAt;
+        QCOMPARE(after, before);
+    }
 
-void CaptureSavingTest::saysThatTheWorkspaceIsGone()
-{
-    Saving saving;
-    saving.capture(CapturePurpose::saveAsNew, {application(u"editor"_qs, {u"a"_qs})});
-    saving.fixture.context().remove(saving.workspace);
-    for (const auto purpose : {CapturePurpose::saveAsNew, CapturePurpose::update})
-        QVERIFY(saving.save(purpose).error().contains(u"deleted"));
-    QVERIFY(saving.fixture.context().workspaces().isEmpty());
-}
+    void replacesTheLayoutOfDetectedApplicationsEvenWhenUnchecked()
+    {
+        Saving saving({u"editor"_qs, u"browser"_qs, u"mail"_qs, u"dropped"_qs, u"closed"_qs});
+        QList<CapturedApplication> applications{application(u"editor"_qs, {u"new"_qs, u"other"_qs}),
+                                                application(u"browser"_qs, {u"page"_qs}),
+                                                application(u"mail"_qs, {u"inbox"_qs})};
+        applications[0].windows[1].isIncluded = false;
+        applications[1].windows[0].isIncluded = false;
+        applications[2].isIncluded = false;
+        saving.capture(CapturePurpose::update, applications);
+        QCOMPARE(saving.draft.retainedPlacements.size(), 2);
+        saving.draft.retainedPlacements[0].isKept = false;
+        QVERIFY(saving.save(CapturePurpose::update));
+        QCOMPARE(titles(saving.workspace), (QStringList{u"closed window"_qs, u"new"_qs}));
+    }
 
-void CaptureSavingTest::drawsWindowsWhereTheyStand()
-{
-    const auto drawn = [](const NormalizedFrame& frame) {
-        return miniatureWindowRect(frame, QSizeF(72, 44));
-    };
-    QCOMPARE(drawn({0, 0, 0.5, 0.5}), QRectF(0, 22, 36, 22));
-    QCOMPARE(drawn({0.75, 0.75, 0.25, 0.25}), QRectF(54, 0, 18, 11));
-    QCOMPARE(drawn({0.5, 0.5, 0.01, 0.01}), QRectF(36, 0.49 * 44, 8, 6));
-}
+    void createsItemsAndPlacements()
+    {
+        Saving saving;
+        QList<CapturedApplication> applications{application(u"mail"_qs, {u"inbox"_qs}),
+                                                application(u"editor"_qs, {u"a"_qs, u"b"_qs}),
+                                                application(u"browser"_qs)};
+        applications[0].addAsLaunchItem = false;
+        saving.capture(CapturePurpose::create, applications);
+        saving.draft.name = u" Music\n"_qs;
+        saving.draft.choices = {u"music.note"_qs, u"green"_qs, 2};
+
+        const auto saved = saving.save(CapturePurpose::create);
+        QVERIFY(saved);
+        QCOMPARE(saved->notice, u"Music captured."_qs);
+        const TrovellWorkspace& workspace = *saved->workspace;
+        QVERIFY(workspace.isStored());
+        QCOMPARE(workspace.name(), u"Music"_qs);
+        QCOMPARE(workspace.symbolName(), u"music.note"_qs);
+        QCOMPARE(workspace.accentIdentifier(), u"green"_qs);
+        QCOMPARE(workspace.shortcut(), shortcuts().at(2));
+        QCOMPARE(workspace.sortOrder(), 1);
+        QCOMPARE(itemNames(workspace), (QStringList{u"0 editor"_qs, u"1 browser"_qs}));
+        QCOMPARE(titles(workspace), (QStringList{u"inbox"_qs, u"a"_qs, u"b"_qs}));
+        const WorkspaceItem& item = *workspace.sortedItems().first();
+        QCOMPARE(item.type(), WorkspaceItemType::application);
+        QCOMPARE(item.urlString(), u"file:///applications/editor.desktop"_qs);
+        QCOMPARE(item.applicationPath(), u"/applications/editor.desktop"_qs);
+        QVERIFY(item.bookmarkData());
+    }
+
+    void findsApplicationsByIdentifier()
+    {
+        FakeResourceSystem resources;
+        const QUrl moved(u"file:///moved/my%20editor.desktop"_qs);
+        resources.addApplication(u"editor"_qs, moved);
+        resources.refuseToBookmark(moved);
+        CapturedApplication editor = application(u"editor"_qs);
+        editor.applicationURLString.reset();
+        const auto items = makeLaunchItems({editor}, 7, resources);
+        QVERIFY(items);
+        const WorkspaceItem& item = *items->front();
+        QCOMPARE(item.urlString(), moved.toString(QUrl::FullyEncoded));
+        QCOMPARE(item.applicationPath(), u"/moved/my editor.desktop"_qs);
+        QCOMPARE(item.bookmarkData(), std::nullopt);
+    }
+
+    void startsAVariantFromItsSource()
+    {
+        Saving saving({u"editor"_qs, u"closed"_qs, u"dropped"_qs});
+        TrovellWorkspace& source = saving.workspace;
+        source.setShortcut(shortcuts().at(1));
+        saving.fixture.addItem(source, WorkspaceItemType::application, u"editor"_qs);
+        saving.fixture.addItem(source, WorkspaceItemType::folder, u"folder"_qs);
+        saving.fixture.addItem(source, WorkspaceItemType::application, u"closed"_qs);
+        QCOMPARE(captureFilter(CapturePurpose::update, &source),
+                 (QSet<QString>{u"editor"_qs, u"closed"_qs}));
+        QCOMPARE(captureFilter(CapturePurpose::saveAsNew, &source), std::nullopt);
+        const StoreContents before = saving.contents();
+        saving.capture(CapturePurpose::saveAsNew,
+                       {application(u"editor"_qs, {u"new"_qs}), application(u"mail"_qs)});
+        saving.draft.retainedPlacements[1].isKept = false;
+
+        const auto saved = saving.save(CapturePurpose::saveAsNew);
+        QVERIFY(saved);
+        QCOMPARE(saved->notice, u"Work Variant saved as a new workspace."_qs);
+        const TrovellWorkspace& variant = *saved->workspace;
+        QCOMPARE(variant.shortcut(), std::nullopt);
+        QCOMPARE(itemNames(variant),
+                 (QStringList{u"0 folder"_qs, u"1 closed"_qs, u"2 editor"_qs, u"3 mail"_qs}));
+        QCOMPARE(titles(variant), (QStringList{u"new"_qs, u"closed window"_qs}));
+        QVERIFY(placementsInOrder(variant)[1]->id() != placementsInOrder(source)[1]->id());
+        QCOMPARE(saving.contents().first(), before.first());
+    }
+
+    void writesNothingWhenItFails()
+    {
+        for (const auto purpose :
+             {CapturePurpose::create, CapturePurpose::update, CapturePurpose::saveAsNew}) {
+            Saving saving({u"editor"_qs});
+            saving.capture(purpose, {application(u"editor"_qs, {u"a"_qs})});
+            saving.fixture.refuseSaving();
+            QCOMPARE(saving.refusal(purpose), description(StoreError::diskFull));
+            saving.fixture.allowSaving();
+            QVERIFY(saving.save(purpose));
+        }
+
+        Saving saving;
+        saving.workspace.setShortcut(shortcuts().at(1));
+        saving.fixture.save();
+        CapturedApplication gone = application(u"editor"_qs, {u"a"_qs});
+        gone.applicationURLString = u"no address"_qs;
+        saving.capture(CapturePurpose::saveAsNew, {application(u"mail"_qs), gone});
+        QCOMPARE(saving.refusal(CapturePurpose::saveAsNew),
+                 u"editor is no longer available. Reopen it and capture again."_qs);
+        saving.draft.choices.shortcutIndex = 1;
+        QCOMPARE(saving.refusal(CapturePurpose::saveAsNew),
+                 u"That shortcut is already assigned to another workspace."_qs);
+    }
+
+    void saysThatTheWorkspaceIsGone()
+    {
+        Saving saving;
+        saving.capture(CapturePurpose::saveAsNew, {application(u"editor"_qs, {u"a"_qs})});
+        saving.fixture.context().remove(saving.workspace);
+        for (const auto purpose : {CapturePurpose::saveAsNew, CapturePurpose::update})
+            QVERIFY(saving.save(purpose).error().contains(u"deleted"));
+        QVERIFY(saving.fixture.context().workspaces().isEmpty());
+    }
+
+    void drawsWindowsWhereTheyStand()
+    {
+        const auto drawn = [](const NormalizedFrame& frame) {
+            return miniatureWindowRect(frame, QSizeF(72, 44));
+        };
+        QCOMPARE(drawn({0, 0, 0.5, 0.5}), QRectF(0, 22, 36, 22));
+        QCOMPARE(drawn({0.75, 0.75, 0.25, 0.25}), QRectF(54, 0, 18, 11));
+        QCOMPARE(drawn({0.5, 0.5, 0.01, 0.01}), QRectF(36, 0.49 * 44, 8, 6));
+    }
+};
 
 QTEST_MAIN(CaptureSavingTest)
 #include "CaptureSavingTest.moc"

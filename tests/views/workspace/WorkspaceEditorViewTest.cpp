@@ -8,7 +8,6 @@
 #include "views/workspace/AddWebLinkView.h"
 #include "views/workspace/EditorItemList.h"
 #include "views/workspace/EditorItemRow.h"
-#include "views/workspace/Reorder.h"
 
 #include <QAccessible>
 
@@ -63,10 +62,10 @@ struct OpenEditor {
         (*action)->trigger();
     }
 
-    QPoint middleOf(qsizetype row) const
+    QPoint middleOf(int row) const
     {
         const int height = list().height() / int(list().items().size());
-        return {list().width() / 2, int(row) * height + height / 2};
+        return {list().width() / 2, row * height + height / 2};
     }
 
     QPointer<WorkspaceEditorView> view;
@@ -98,402 +97,336 @@ class WorkspaceEditorViewTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void makesAWorkspaceWithAName();
-    void keepsItemsTheSameAndNumbersThem();
-    void cancelsWithoutATrace();
-    void refusesATakenShortcut();
-    void keepsEverythingWhenSavingFails();
-    void outlivesItsWorkspace();
-    void clearsAndReplacesTheLayout();
-    void asksForPermissionBeforeCapturing();
-    void canBeClosedWhileCapturing();
-    void addsWebLinks();
-    void addsWhatWasChosenEvenWhenSavedAtOnce();
-    void locatesAgain();
-    void reorders_data();
-    void reorders();
-    void givesUpADrag();
-    void takesIdentifiersDropped();
-    void keepsTheFocusWhenARowGoes();
-    void leavesRoomForOtherLanguages();
-};
+    void makesAWorkspaceWithAName()
+    {
+        ViewFixture fixture;
+        fixture.addWorkspace(u"First"_qs);
+        const OpenEditor editor(fixture);
+        QTRY_VERIFY(editor.name().hasFocus());
+        QTest::keyClicks(&editor.name(), u"  "_qs);
+        QVERIFY(!find(*editor.view, u"Save"_qs)->isEnabled());
+        QTest::keyClick(&editor.name(), Qt::Key_Return);
+        QCOMPARE(fixture.context().workspaces().size(), 1);
 
-void WorkspaceEditorViewTest::makesAWorkspaceWithAName()
-{
-    ViewFixture fixture;
-    fixture.addWorkspace(u"First"_qs);
-    const OpenEditor editor(fixture);
-    QTRY_VERIFY(editor.name().hasFocus());
-    QTest::keyClicks(&editor.name(), u"  "_qs);
-    QVERIFY(!find(*editor.view, u"Save"_qs)->isEnabled());
-    QTest::keyClick(&editor.name(), Qt::Key_Return);
-    QCOMPARE(fixture.context().workspaces().size(), 1);
-
-    QTest::keyClicks(&editor.name(), u"Evening "_qs);
-    click(*editor.view, u"hammer"_qs);
-    click(*editor.view, u"green"_qs);
-    editor.view->findChild<Picker*>()->setCurrentIndex(2);
-    QTest::keyClick(&editor.name(), Qt::Key_Return);
-    QVERIFY(editor.saved);
-    QCOMPARE(fixture.context().workspaces().last(), editor.saved.data());
-    QCOMPARE(editor.saved->name(), u"Evening"_qs);
-    QCOMPARE(editor.saved->symbolName(), u"hammer"_qs);
-    QCOMPARE(editor.saved->accentIdentifier(), u"green"_qs);
-    QCOMPARE(editor.saved->shortcut(), shortcuts()[2]);
-    QCOMPARE(editor.saved->sortOrder(), 1);
-    QVERIFY(!fixture.context().hasChanges());
-    QTRY_VERIFY(!editor.view);
-}
-
-void WorkspaceEditorViewTest::keepsItemsTheSameAndNumbersThem()
-{
-    ViewFixture fixture;
-    TrovellWorkspace& workspace = workspaceWithItems(fixture, u"abc"_qs);
-    fixture.addPlacement(workspace, u"editor"_qs);
-    workspace.sortedItems()[0]->setSortOrder(-4);
-    workspace.sortedItems()[2]->setSortOrder(70);
-    const QDateTime past = QDateTime::currentDateTimeUtc().addDays(-1);
-    workspace.setUpdatedAt(past);
-    fixture.save();
-    const QList<QUuid> ids = idsOf(workspace);
-
-    const OpenEditor editor(fixture, &workspace);
-    QTest::mouseClick(find<QCheckBox>(*editor.view, u"b"_qs), Qt::LeftButton);
-    QCOMPARE(editor.save(), QStringList());
-    QCOMPARE(editor.saved.data(), &workspace);
-    QCOMPARE(idsOf(workspace), ids);
-    QVERIFY(workspace.updatedAt() > past);
-    QCOMPARE(workspace.placementCount(), 1);
-    for (qsizetype position = 0; position < ids.size(); ++position) {
-        QCOMPARE(workspace.sortedItems()[position]->sortOrder(), position);
-        QCOMPARE(workspace.sortedItems()[position]->isEnabled(), position != 1);
+        QTest::keyClicks(&editor.name(), u"Evening "_qs);
+        click(*editor.view, u"hammer"_qs);
+        click(*editor.view, u"green"_qs);
+        editor.view->findChild<Picker*>()->setCurrentIndex(2);
+        QTest::keyClick(&editor.name(), Qt::Key_Return);
+        QVERIFY(editor.saved);
+        QCOMPARE(fixture.context().workspaces().last(), editor.saved.data());
+        QCOMPARE(editor.saved->name(), u"Evening"_qs);
+        QCOMPARE(editor.saved->symbolName(), u"hammer"_qs);
+        QCOMPARE(editor.saved->accentIdentifier(), u"green"_qs);
+        QCOMPARE(editor.saved->shortcut(), shortcuts()[2]);
+        QCOMPARE(editor.saved->sortOrder(), 1);
+        QVERIFY(!fixture.context().hasChanges());
+        QTRY_VERIFY(!editor.view);
     }
-}
 
-void WorkspaceEditorViewTest::cancelsWithoutATrace()
-{
-    ViewFixture fixture;
-    TrovellWorkspace& workspace = workspaceWithItems(fixture, u"a"_qs);
-    fixture.addPlacement(workspace, u"editor"_qs);
-    const StoreContents before = contentsOf(fixture.context());
-    const OpenEditor editor(fixture, &workspace);
-    editor.name().setText(u"Other"_qs);
-    click(*editor.view, u"Remove a"_qs);
-    click(*editor.view, u"Clear"_qs);
-    QTest::keyClick(&editor.name(), Qt::Key_Escape);
-    QTRY_VERIFY(!editor.view);
-    QVERIFY(!editor.saved && !fixture.context().hasChanges());
-    QCOMPARE(contentsOf(fixture.context()), before);
-}
+    void keepsItemsTheSameAndNumbersThem()
+    {
+        ViewFixture fixture;
+        TrovellWorkspace& workspace = workspaceWithItems(fixture, u"abc"_qs);
+        fixture.addPlacement(workspace, u"editor"_qs);
+        workspace.sortedItems()[0]->setSortOrder(-4);
+        workspace.sortedItems()[2]->setSortOrder(70);
+        const QDateTime past = QDateTime::currentDateTimeUtc().addDays(-1);
+        workspace.setUpdatedAt(past);
+        fixture.save();
+        const QList<QUuid> ids = idsOf(workspace);
 
-void WorkspaceEditorViewTest::refusesATakenShortcut()
-{
-    ViewFixture fixture;
-    TrovellWorkspace& holder = fixture.addWorkspace(u"Holder"_qs);
-    holder.setShortcut(shortcuts()[1]);
-    TrovellWorkspace& workspace = workspaceWithItems(fixture, u"a"_qs);
-    const StoreContents before = contentsOf(fixture.context());
-    const OpenEditor editor(fixture, &workspace);
-    editor.name().setText(u"Other"_qs);
-    click(*editor.view, u"Remove a"_qs);
-    editor.view->findChild<Picker*>()->setCurrentIndex(1);
-    const QString conflict = u"That shortcut is already assigned to another workspace."_qs;
-    QCOMPARE(editor.save(), QStringList({notSaved, conflict}));
-    QCOMPARE(contentsOf(fixture.context()), before);
-    QCOMPARE(editor.name().text(), u"Other"_qs);
-
-    // Its own shortcut is no conflict.
-    holder.setShortcut({});
-    workspace.setShortcut(shortcuts()[1]);
-    QCOMPARE(editor.save(), QStringList());
-    QCOMPARE(workspace.shortcut(), shortcuts()[1]);
-}
-
-void WorkspaceEditorViewTest::keepsEverythingWhenSavingFails()
-{
-    ViewFixture fixture;
-    TrovellWorkspace& workspace = workspaceWithItems(fixture, u"ab"_qs);
-    fixture.addPlacement(workspace, u"editor"_qs);
-    const QList<QUuid> ids = idsOf(workspace);
-    const StoreContents before = contentsOf(fixture.context());
-    const OpenEditor editor(fixture, &workspace);
-    editor.name().setText(u"Other"_qs);
-    click(*editor.view, u"Remove a"_qs);
-    click(*editor.view, u"Clear"_qs);
-
-    fixture.refuseSaving();
-    QCOMPARE(editor.save(), QStringList({notSaved, description(StoreError::diskFull)}));
-    QVERIFY(!editor.saved && !fixture.context().hasChanges());
-    QCOMPARE(contentsOf(fixture.context()), before);
-
-    fixture.allowSaving();
-    QCOMPARE(editor.save(), QStringList());
-    QCOMPARE(workspace.name(), u"Other"_qs);
-    QCOMPARE(idsOf(workspace), ids.mid(1));
-    QCOMPARE(workspace.placementCount(), 0);
-}
-
-void WorkspaceEditorViewTest::outlivesItsWorkspace()
-{
-    ViewFixture fixture;
-    QPointer workspace = &workspaceWithItems(fixture, u"a"_qs);
-    const OpenEditor editor(fixture, workspace);
-    fixture.context().remove(*workspace);
-    QVERIFY(editor.save().value(1).contains(u"deleted"));
-    fixture.save();
-    QTRY_VERIFY(!workspace);
-    QVERIFY(editor.save().value(1).contains(u"deleted"));
-    QVERIFY(fixture.context().workspaces().isEmpty());
-    QCOMPARE(editor.names(), u"a"_qs);
-}
-
-void WorkspaceEditorViewTest::clearsAndReplacesTheLayout()
-{
-    ViewFixture fixture;
-    TrovellWorkspace& workspace = workspaceWithItems(fixture, {});
-    fixture.addPlacement(workspace, u"old"_qs);
-    fixture.windows->addWindow(u"new"_qs, {.title = u"First"_qs});
-    fixture.windows->addWindow(u"new"_qs, {.title = u"Second"_qs});
-    const OpenEditor editor(fixture, &workspace);
-    QVERIFY(editor.shows(u"1 saved windows."_qs));
-    click(*editor.view, u"Clear"_qs);
-    QVERIFY(editor.shows(u"The saved layout will be removed."_qs));
-    QVERIFY(!find(*editor.view, u"Clear"_qs));
-
-    click(*editor.view, u"Capture Current Layout"_qs);
-    QTRY_VERIFY(sheetOver<Sheet>(*editor.view));
-    click(*sheetOver<Sheet>(*editor.view), u"Use Selected Windows"_qs);
-    QVERIFY(!sheetOver<Sheet>(*editor.view));
-    QVERIFY(editor.shows(u"2 newly captured windows."_qs));
-    QCOMPARE(workspace.sortedPlacements().first()->bundleIdentifier(), u"old"_qs);
-
-    QCOMPARE(editor.save(), QStringList());
-    QCOMPARE(workspace.placementCount(), 2);
-    QCOMPARE(workspace.sortedPlacements().first()->windowTitleHint(), u"First"_qs);
-    QVERIFY(workspace.sortedPlacements().last()->isEnabled());
-}
-
-void WorkspaceEditorViewTest::asksForPermissionBeforeCapturing()
-{
-    ViewFixture fixture;
-    fixture.setTrusted(false);
-    const OpenEditor editor(fixture);
-    QVERIFY(find(*editor.view, u"Open Settings"_qs));
-    click(*editor.view, u"Capture Current Layout"_qs);
-    QVERIFY(answeredAlert(*editor.view).value(1).contains(u"remove the old entry"));
-
-    // Granted meanwhile, and noticed by the button; nothing is open.
-    fixture.windows->trusted = true;
-    click(*editor.view, u"Capture Current Layout"_qs);
-    QVERIFY(!find(*editor.view, u"Open Settings"_qs));
-    QTRY_VERIFY(sheetOver<Alert>(*editor.view));
-    QCOMPARE(answeredAlert(*editor.view).value(1),
-             u"No ordinary application windows were available to capture."_qs);
-}
-
-void WorkspaceEditorViewTest::canBeClosedWhileCapturing()
-{
-    ViewFixture fixture;
-    fixture.windows->addWindow(u"new"_qs, {});
-    fixture.windows->onRead = [](const auto&) { QThread::msleep(50); };
-    const OpenEditor editor(fixture);
-    click(*editor.view, u"Capture Current Layout"_qs);
-    click(*editor.view, u"Cancel"_qs);
-    QTRY_VERIFY(!editor.view);
-    QThreadPool::globalInstance()->waitForDone();
-    QCoreApplication::processEvents();
-    QVERIFY(!sheetOver<Sheet>(fixture.window()));
-}
-
-void WorkspaceEditorViewTest::addsWebLinks()
-{
-    ViewFixture fixture;
-    const OpenEditor editor(fixture);
-    const auto open = [&editor] {
-        editor.add(u"Web Link…"_qs);
-        return sheetOver<AddWebLinkView>(*editor.view);
-    };
-    auto* sheet = open();
-    auto* field = sheet->findChild<QLineEdit*>();
-    for (const QString& refused : {u""_qs, u"ftp://example.org"_qs}) {
-        field->setText(refused);
-        QTest::keyClick(field, Qt::Key_Return);
-        QVERIFY(!answeredAlert(*sheet).isEmpty());
-        QVERIFY(sheet->isVisible());
-    }
-    field->setText(u"example.org"_qs);
-    click(*sheet, u"Cancel"_qs);
-
-    // What was typed is still there, and used up once it was added.
-    QTest::keyClick(open()->findChild<QLineEdit*>(), Qt::Key_Return);
-    QVERIFY(!sheetOver<AddWebLinkView>(*editor.view));
-    QCOMPARE(editor.list().items().size(), 1);
-    QCOMPARE(editor.list().items().first().urlString, u"https://example.org"_qs);
-    QVERIFY(open()->findChild<QLineEdit*>()->text().isEmpty());
-}
-
-void WorkspaceEditorViewTest::addsWhatWasChosenEvenWhenSavedAtOnce()
-{
-    ViewFixture fixture;
-    OpenEditor editor(fixture);
-    editor.name().setText(u"Work"_qs);
-    const QUrl application(u"file:///usr/share/applications/org.example.Text.desktop"_qs);
-    editor.chosen = {application, application};
-    editor.add(u"Application…"_qs);
-    QVERIFY(editor.asked.allowsMultiple);
-    click(*editor.view, u"Save"_qs);
-    QTRY_VERIFY(editor.saved);
-    QCOMPARE(editor.saved->itemCount(), 2);
-    const WorkspaceItem* item = editor.saved->sortedItems().first();
-    QCOMPARE(item->displayName(), u"org.example.Text"_qs);
-    QCOMPARE(item->bundleIdentifier(), u"org.example.Text"_qs);
-    QCOMPARE(item->applicationPath(), application.path());
-    QVERIFY(item->bookmarkData());
-    QVERIFY(item->id() != editor.saved->sortedItems().last()->id());
-}
-
-void WorkspaceEditorViewTest::locatesAgain()
-{
-    ViewFixture fixture;
-    TrovellWorkspace& workspace = workspaceWithItems(fixture, u"abc"_qs);
-    workspace.sortedItems()[0]->setUrlString(QUrl::fromLocalFile(fixture.folder.path()).toString());
-    workspace.sortedItems()[1]->setIsEnabled(false);
-    const QList<QUuid> ids = idsOf(workspace);
-    OpenEditor editor(fixture, &workspace);
-    const auto missing = [&] {
-        QString names;
-        for (const EditorItemRow* row : editor.rows()) {
-            if (find(*row, u"Locate Again"_qs))
-                names += row->findChild<QCheckBox*>()->accessibleName();
+        const OpenEditor editor(fixture, &workspace);
+        QTest::mouseClick(find<QCheckBox>(*editor.view, u"b"_qs), Qt::LeftButton);
+        QCOMPARE(editor.save(), QStringList());
+        QCOMPARE(editor.saved.data(), &workspace);
+        QCOMPARE(idsOf(workspace), ids);
+        QVERIFY(workspace.updatedAt() > past);
+        QCOMPARE(workspace.placementCount(), 1);
+        for (qsizetype position = 0; position < ids.size(); ++position) {
+            QCOMPARE(workspace.sortedItems()[position]->sortOrder(), position);
+            QCOMPARE(workspace.sortedItems()[position]->isEnabled(), position != 1);
         }
-        return names;
-    };
-    QTRY_COMPARE(missing(), u"bc"_qs);
-
-    QFile found(fixture.folder.filePath(u"found again.txt"_qs));
-    QVERIFY(found.open(QIODevice::WriteOnly));
-    editor.chosen = {QUrl::fromLocalFile(found.fileName())};
-    click(*editor.rows()[1], u"Locate Again"_qs);
-    QCOMPARE(editor.asked.type, WorkspaceItemType::file);
-    QVERIFY(!editor.asked.allowsMultiple);
-    QTRY_COMPARE(missing(), u"c"_qs);
-    QCOMPARE(editor.save(), QStringList());
-    QCOMPARE(idsOf(workspace), ids);
-    const WorkspaceItem* item = workspace.sortedItems()[1];
-    QCOMPARE(item->displayName(), u"found again.txt"_qs);
-    QVERIFY(item->urlString().endsWith(u"found%20again.txt"));
-    QVERIFY(!item->isEnabled());
-}
-
-void WorkspaceEditorViewTest::reorders_data()
-{
-    QTest::addColumn<qsizetype>("row");
-    // By dragging onto that row, or with the keyboard where it is a neighbour.
-    QTest::addColumn<qsizetype>("target");
-    QTest::addColumn<bool>("byKeys");
-    QTest::addColumn<QString>("order");
-    QTest::newRow("drag down") << qsizetype(0) << qsizetype(2) << false << u"bacd"_qs;
-    QTest::newRow("drag up") << qsizetype(3) << qsizetype(0) << false << u"dabc"_qs;
-    QTest::newRow("key up") << qsizetype(2) << qsizetype(1) << true << u"acbd"_qs;
-    QTest::newRow("key down") << qsizetype(2) << qsizetype(3) << true << u"abdc"_qs;
-    QTest::newRow("key down at the end") << qsizetype(3) << qsizetype(4) << true << u"abcd"_qs;
-}
-
-void WorkspaceEditorViewTest::reorders()
-{
-    QFETCH(qsizetype, row);
-    QFETCH(qsizetype, target);
-    QFETCH(bool, byKeys);
-    QFETCH(QString, order);
-    ViewFixture fixture;
-    const OpenEditor editor(fixture, &workspaceWithItems(fixture, u"abcd"_qs));
-    const QPointer<QWidget> moved = editor.list().findChildren<QCheckBox*>()[row];
-    QVERIFY(QTest::qWaitForWindowActive(editor.view));
-    moved->setFocus();
-    if (byKeys)
-        QTest::keyClick(moved.data(), target < row ? Qt::Key_Up : Qt::Key_Down, Qt::AltModifier);
-    else
-        drag(editor.list(), editor.middleOf(row), editor.middleOf(target));
-    QCOMPARE(editor.names(), order);
-    QCOMPARE(editor.view->focusWidget(), moved.data());
-
-    // On the screen, for assistive tools and for the Tab key the rows stand in that order.
-    QMap<int, QString> byTop;
-    for (const EditorItemRow* shown : editor.rows())
-        byTop.insert(shown->y(), shown->findChild<QCheckBox*>()->accessibleName());
-    QCOMPARE(QStringList(byTop.values()).join(QString()), order);
-    QAccessibleInterface* list = QAccessible::queryAccessibleInterface(&editor.list());
-    QCOMPARE(list->role(), QAccessible::List);
-    QString read;
-    for (int index = 0; index < list->childCount(); ++index)
-        read += list->child(index)->text(QAccessible::Name);
-    QCOMPARE(read, order);
-    QString tabbed;
-    for (QWidget* next = find(*editor.view, u"Add Item"_qs)->nextInFocusChain();
-         next && tabbed.size() < 4; next = next->nextInFocusChain()) {
-        if (qobject_cast<QCheckBox*>(next))
-            tabbed += next->accessibleName();
     }
-    QCOMPARE(tabbed, order);
-}
 
-void WorkspaceEditorViewTest::givesUpADrag()
-{
-    ViewFixture fixture;
-    const OpenEditor editor(fixture, &workspaceWithItems(fixture, u"abc"_qs));
-    lift(editor.list(), editor.middleOf(2), editor.middleOf(0));
-    QTest::keyClick(&editor.list(), Qt::Key_Escape);
-    sendMouse(editor.list(), QEvent::MouseButtonRelease, editor.middleOf(0));
-    QCOMPARE(editor.names(), u"abc"_qs);
-    QVERIFY(editor.view->isVisible());
-    QVERIFY(!QWidget::keyboardGrabber());
-}
+    void savesAllOrNothing()
+    {
+        ViewFixture fixture;
+        fixture.addWorkspace(u"Holder"_qs).setShortcut(shortcuts()[1]);
+        TrovellWorkspace& workspace = workspaceWithItems(fixture, u"ab"_qs);
+        fixture.addPlacement(workspace, u"editor"_qs);
+        const QList<QUuid> ids = idsOf(workspace);
+        const StoreContents before = contentsOf(fixture.context());
+        const auto edit = [](const OpenEditor& editor) {
+            editor.name().setText(u"Other"_qs);
+            click(*editor.view, u"Remove a"_qs);
+            click(*editor.view, u"Clear"_qs);
+        };
+        const OpenEditor cancelled(fixture, &workspace);
+        edit(cancelled);
+        QTest::keyClick(&cancelled.name(), Qt::Key_Escape);
+        QTRY_VERIFY(!cancelled.view);
+        QVERIFY(!fixture.context().hasChanges());
+        QCOMPARE(contentsOf(fixture.context()), before);
 
-void WorkspaceEditorViewTest::takesIdentifiersDropped()
-{
-    ViewFixture fixture;
-    const OpenEditor editor(fixture, &workspaceWithItems(fixture, u"abc"_qs));
-    const auto drop = [&](const QString& text) {
-        return dropText(editor.list(), text, editor.middleOf(0));
-    };
-    QVERIFY(!drop(u"no identifier"_qs));
-    QVERIFY(drop(dragPayload(QUuid::createUuid())));
-    QCOMPARE(editor.names(), u"abc"_qs);
-    QVERIFY(drop(dragPayload(editor.list().items()[2].id)));
-    QCOMPARE(editor.names(), u"cab"_qs);
-}
+        const OpenEditor editor(fixture, &workspace);
+        edit(editor);
+        auto* shortcut = editor.view->findChild<Picker*>();
+        shortcut->setCurrentIndex(1);
+        const QString conflict = u"That shortcut is already assigned to another workspace."_qs;
+        QCOMPARE(editor.save(), QStringList({notSaved, conflict}));
+        shortcut->setCurrentIndex(2);
+        fixture.refuseSaving();
+        QCOMPARE(editor.save(), QStringList({notSaved, description(StoreError::diskFull)}));
+        QVERIFY(!editor.saved && !fixture.context().hasChanges());
+        QCOMPARE(contentsOf(fixture.context()), before);
 
-void WorkspaceEditorViewTest::keepsTheFocusWhenARowGoes()
-{
-    ViewFixture fixture;
-    const OpenEditor editor(fixture, &workspaceWithItems(fixture, u"ab"_qs));
-    for (const auto& [removed, next] :
-         {std::pair{u"Remove a"_qs, u"Remove b"_qs}, {u"Remove b"_qs, u"Add Item"_qs}}) {
-        auto* button = find(*editor.view, removed);
-        button->setFocus();
-        QTest::keyClick(button, Qt::Key_Space);
-        QCOMPARE(editor.view->focusWidget(), find(*editor.view, next));
+        fixture.allowSaving();
+        QCOMPARE(editor.save(), QStringList());
+        QCOMPARE(workspace.name(), u"Other"_qs);
+        QCOMPARE(workspace.shortcut(), shortcuts()[2]);
+        QCOMPARE(idsOf(workspace), ids.mid(1));
+        QCOMPARE(workspace.placementCount(), 0);
     }
-    QVERIFY(editor.names().isEmpty());
-}
 
-void WorkspaceEditorViewTest::leavesRoomForOtherLanguages()
-{
-    ViewFixture fixture;
-    fixture.setTrusted(false);
-    TrovellWorkspace& workspace = workspaceWithItems(fixture, u"ab"_qs);
-    fixture.addPlacement(workspace, u"editor"_qs);
-    const OpenEditor editor(fixture, &workspace);
-    const ViewEnvironment& environment = fixture.environment();
-    auto& link = *new AddWebLinkView(environment, u"example.org"_qs, editor.view);
-    link.open();
-    QStringList data{u"a"_qs, u"b"_qs, u"Work"_qs, u"example.org"_qs, u"example.com"_qs};
-    for (const EditableWorkspaceItem& item : editor.list().items())
-        data.append(item.urlString);
-    data += symbols() + accents();
-    QCOMPARE(languageProblems(*editor.view, environment.words, data), QString());
-    QCOMPARE(languageProblems(link, environment.words, data), QString());
-}
+    void outlivesItsWorkspace()
+    {
+        ViewFixture fixture;
+        QPointer workspace = &workspaceWithItems(fixture, u"a"_qs);
+        const OpenEditor editor(fixture, workspace);
+        fixture.context().remove(*workspace);
+        QVERIFY(editor.save().value(1).contains(u"deleted"));
+        fixture.save();
+        QTRY_VERIFY(!workspace);
+        QVERIFY(editor.save().value(1).contains(u"deleted"));
+        QVERIFY(fixture.context().workspaces().isEmpty());
+        QCOMPARE(editor.names(), u"a"_qs);
+    }
+
+    void clearsAndReplacesTheLayout()
+    {
+        ViewFixture fixture;
+        TrovellWorkspace& workspace = workspaceWithItems(fixture, {});
+        fixture.addPlacement(workspace, u"old"_qs);
+        fixture.windows->addWindow(u"new"_qs, {.title = u"First"_qs});
+        fixture.windows->addWindow(u"new"_qs, {.title = u"Second"_qs});
+        const OpenEditor editor(fixture, &workspace);
+        QVERIFY(editor.shows(u"1 saved windows."_qs));
+        click(*editor.view, u"Clear"_qs);
+        QVERIFY(editor.shows(u"The saved layout will be removed."_qs));
+        QVERIFY(!find(*editor.view, u"Clear"_qs));
+
+        click(*editor.view, u"Capture Current Layout"_qs);
+        QTRY_VERIFY(sheetOver<Sheet>(*editor.view));
+        click(*sheetOver<Sheet>(*editor.view), u"Use Selected Windows"_qs);
+        QVERIFY(!sheetOver<Sheet>(*editor.view));
+        QVERIFY(editor.shows(u"2 newly captured windows."_qs));
+        QCOMPARE(workspace.sortedPlacements().first()->bundleIdentifier(), u"old"_qs);
+
+        QCOMPARE(editor.save(), QStringList());
+        QCOMPARE(workspace.placementCount(), 2);
+        QCOMPARE(workspace.sortedPlacements().first()->windowTitleHint(), u"First"_qs);
+        QVERIFY(workspace.sortedPlacements().last()->isEnabled());
+    }
+
+    void asksForPermissionBeforeCapturing()
+    {
+        ViewFixture fixture;
+        fixture.setTrusted(false);
+        const OpenEditor editor(fixture);
+        QVERIFY(find(*editor.view, u"Open Settings"_qs));
+        click(*editor.view, u"Capture Current Layout"_qs);
+        QVERIFY(answeredAlert(*editor.view).value(1).contains(u"remove the old entry"));
+
+        // Granted meanwhile, and noticed by the button; nothing is open.
+        fixture.windows->trusted = true;
+        click(*editor.view, u"Capture Current Layout"_qs);
+        QVERIFY(!find(*editor.view, u"Open Settings"_qs));
+        QTRY_VERIFY(sheetOver<Alert>(*editor.view));
+        QCOMPARE(answeredAlert(*editor.view).value(1),
+                 u"No ordinary application windows were available to capture."_qs);
+    }
+
+    void canBeClosedWhileCapturing()
+    {
+        ViewFixture fixture;
+        fixture.windows->addWindow(u"new"_qs, {});
+        fixture.windows->onRead = [](const auto&) { QThread::msleep(50); };
+        const OpenEditor editor(fixture);
+        click(*editor.view, u"Capture Current Layout"_qs);
+        click(*editor.view, u"Cancel"_qs);
+        QTRY_VERIFY(!editor.view);
+        QThreadPool::globalInstance()->waitForDone();
+        QCoreApplication::processEvents();
+        QVERIFY(!sheetOver<Sheet>(fixture.window()));
+    }
+
+    void addsWebLinks()
+    {
+        ViewFixture fixture;
+        const OpenEditor editor(fixture);
+        const auto open = [&editor] {
+            editor.add(u"Web Link…"_qs);
+            return sheetOver<AddWebLinkView>(*editor.view);
+        };
+        auto* sheet = open();
+        auto* field = sheet->findChild<QLineEdit*>();
+        for (const QString& refused : {u""_qs, u"ftp://example.org"_qs}) {
+            field->setText(refused);
+            QTest::keyClick(field, Qt::Key_Return);
+            QVERIFY(!answeredAlert(*sheet).isEmpty());
+            QVERIFY(sheet->isVisible());
+        }
+        field->setText(u"example.org"_qs);
+        click(*sheet, u"Cancel"_qs);
+
+        // What was typed is still there, and used up once it was added.
+        QTest::keyClick(open()->findChild<QLineEdit*>(), Qt::Key_Return);
+        QVERIFY(!sheetOver<AddWebLinkView>(*editor.view));
+        QCOMPARE(editor.list().items().size(), 1);
+        QCOMPARE(editor.list().items().first().urlString, u"https://example.org"_qs);
+        QVERIFY(open()->findChild<QLineEdit*>()->text().isEmpty());
+    }
+
+    void addsWhatWasChosenEvenWhenSavedAtOnce()
+    {
+        ViewFixture fixture;
+        OpenEditor editor(fixture);
+        editor.name().setText(u"Work"_qs);
+        const QUrl application(u"file:///usr/share/applications/org.example.Text.desktop"_qs);
+        editor.chosen = {application, application};
+        editor.add(u"Application…"_qs);
+        QVERIFY(editor.asked.allowsMultiple);
+        click(*editor.view, u"Save"_qs);
+        QTRY_VERIFY(editor.saved);
+        QCOMPARE(editor.saved->itemCount(), 2);
+        const WorkspaceItem* item = editor.saved->sortedItems().first();
+        QCOMPARE(item->displayName(), u"org.example.Text"_qs);
+        QCOMPARE(item->bundleIdentifier(), u"org.example.Text"_qs);
+        QCOMPARE(item->applicationPath(), application.path());
+        QVERIFY(item->bookmarkData());
+        QVERIFY(item->id() != editor.saved->sortedItems().last()->id());
+    }
+
+    void locatesAgain()
+    {
+        ViewFixture fixture;
+        TrovellWorkspace& workspace = workspaceWithItems(fixture, u"abc"_qs);
+        workspace.sortedItems()[0]->setUrlString(
+            QUrl::fromLocalFile(fixture.folder.path()).toString());
+        workspace.sortedItems()[1]->setIsEnabled(false);
+        const QList<QUuid> ids = idsOf(workspace);
+        OpenEditor editor(fixture, &workspace);
+        const auto missing = [&] {
+            QString names;
+            for (const EditorItemRow* row : editor.rows()) {
+                if (find(*row, u"Locate Again"_qs))
+                    names += row->findChild<QCheckBox*>()->accessibleName();
+            }
+            return names;
+        };
+        QTRY_COMPARE(missing(), u"bc"_qs);
+
+        QFile found(fixture.folder.filePath(u"found again.txt"_qs));
+        QVERIFY(found.open(QIODevice::WriteOnly));
+        editor.chosen = {QUrl::fromLocalFile(found.fileName())};
+        click(*editor.rows()[1], u"Locate Again"_qs);
+        QCOMPARE(editor.asked.type, WorkspaceItemType::file);
+        QVERIFY(!editor.asked.allowsMultiple);
+        QTRY_COMPARE(missing(), u"c"_qs);
+        QCOMPARE(editor.save(), QStringList());
+        QCOMPARE(idsOf(workspace), ids);
+        const WorkspaceItem* item = workspace.sortedItems()[1];
+        QCOMPARE(item->displayName(), u"found again.txt"_qs);
+        QVERIFY(item->urlString().endsWith(u"found%20again.txt"));
+        QVERIFY(!item->isEnabled());
+    }
+
+    void reorders_data()
+    {
+        // By dragging onto the target, or with the keyboard where it is a neighbour.
+        QTest::addColumn<int>("row");
+        QTest::addColumn<int>("target");
+        QTest::addColumn<bool>("byKeys");
+        QTest::addColumn<QString>("order");
+        QTest::newRow("drag down") << 0 << 2 << false << u"bacd"_qs;
+        QTest::newRow("drag up") << 3 << 0 << false << u"dabc"_qs;
+        QTest::newRow("key up") << 2 << 1 << true << u"acbd"_qs;
+        QTest::newRow("key down") << 2 << 3 << true << u"abdc"_qs;
+        QTest::newRow("key down at the end") << 3 << 4 << true << u"abcd"_qs;
+    }
+
+    void reorders()
+    {
+        QFETCH(int, row);
+        QFETCH(int, target);
+        QFETCH(bool, byKeys);
+        QFETCH(QString, order);
+        ViewFixture fixture;
+        const OpenEditor editor(fixture, &workspaceWithItems(fixture, u"abcd"_qs));
+        const QPointer<QWidget> moved = editor.list().findChildren<QCheckBox*>()[row];
+        QVERIFY(QTest::qWaitForWindowActive(editor.view));
+        moved->setFocus();
+        if (byKeys)
+            QTest::keyClick(moved.data(), target < row ? Qt::Key_Up : Qt::Key_Down,
+                            Qt::AltModifier);
+        else
+            drag(editor.list(), editor.middleOf(row), editor.middleOf(target));
+        QCOMPARE(editor.names(), order);
+        QCOMPARE(editor.view->focusWidget(), moved.data());
+
+        // On the screen, for assistive tools and for the Tab key the rows stand in that order.
+        QMap<int, QString> byTop;
+        for (const EditorItemRow* shown : editor.rows())
+            byTop.insert(shown->y(), shown->findChild<QCheckBox*>()->accessibleName());
+        QCOMPARE(QStringList(byTop.values()).join(QString()), order);
+        QAccessibleInterface* list = QAccessible::queryAccessibleInterface(&editor.list());
+        QCOMPARE(list->role(), QAccessible::List);
+        QString read;
+        for (int index = 0; index < list->childCount(); ++index)
+            read += list->child(index)->text(QAccessible::Name);
+        QCOMPARE(read, order);
+        QString tabbed;
+        for (QWidget* next = find(*editor.view, u"Add Item"_qs)->nextInFocusChain();
+             next && tabbed.size() < 4; next = next->nextInFocusChain()) {
+            if (qobject_cast<QCheckBox*>(next))
+                tabbed += next->accessibleName();
+        }
+        QCOMPARE(tabbed, order);
+    }
+
+    void keepsTheFocusWhenARowGoes()
+    {
+        ViewFixture fixture;
+        const OpenEditor editor(fixture, &workspaceWithItems(fixture, u"ab"_qs));
+        for (const auto& [removed, next] :
+             {std::pair{u"Remove a"_qs, u"Remove b"_qs}, {u"Remove b"_qs, u"Add Item"_qs}}) {
+            auto* button = find(*editor.view, removed);
+            button->setFocus();
+            QTest::keyClick(button, Qt::Key_Space);
+            QCOMPARE(editor.view->focusWidget(), find(*editor.view, next));
+        }
+        QVERIFY(editor.names().isEmpty());
+    }
+
+    void leavesRoomForOtherLanguages()
+    {
+        ViewFixture fixture;
+        fixture.setTrusted(false);
+        TrovellWorkspace& workspace = workspaceWithItems(fixture, u"ab"_qs);
+        fixture.addPlacement(workspace, u"editor"_qs);
+        const OpenEditor editor(fixture, &workspace);
+        const ViewEnvironment& environment = fixture.environment();
+        auto& link = *new AddWebLinkView(environment, u"example.org"_qs, editor.view);
+        link.open();
+        QStringList data{u"a"_qs, u"b"_qs, u"Work"_qs, u"example.org"_qs, u"example.com"_qs};
+        for (const EditableWorkspaceItem& item : editor.list().items())
+            data.append(item.urlString);
+        data += symbols() + accents();
+        QCOMPARE(languageProblems(*editor.view, environment.words, data), QString());
+        QCOMPARE(languageProblems(link, environment.words, data), QString());
+    }
+};
 
 QTEST_MAIN(WorkspaceEditorViewTest)
 #include "WorkspaceEditorViewTest.moc"
