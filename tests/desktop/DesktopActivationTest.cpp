@@ -1,13 +1,12 @@
 // Opening the program through the desktop: this test's own program is the instance, installed with
-// the real desktop entry and service file on a private session bus.
+// the real service file on a private session bus.
 
 #include "platform/freedesktop/DesktopActivation.h"
 
+#include "support/TestFiles.h"
 #include "support/VirtualDesktop.h"
 
 #include <QCoreApplication>
-#include <QDir>
-#include <QFile>
 #include <QTest>
 
 using namespace trovell;
@@ -34,20 +33,6 @@ int runInstance(int argc, char** argv)
     return QCoreApplication::exec();
 }
 
-QByteArray contents(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void write(const QString& path, const QByteArray& content)
-{
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(content), content.size());
-}
-
 } // namespace
 
 class DesktopActivationTest : public QObject {
@@ -56,15 +41,12 @@ class DesktopActivationTest : public QObject {
 private Q_SLOTS:
     void init();
     void cleanup() { m_desktop.reset(); }
-    void isInstalledWithValidFiles();
     void isStartedByTheBus();
-    void opensByItsCommandLine();
     void opensTheRunningInstance_data();
     void opensTheRunningInstance();
     void forwardsASecondStart();
     void startsOnceInARace();
     void runsWithoutABus();
-    void outlivesTheBus();
 
 private:
     QProcess& startProgram() { return m_desktop->start(m_program.toUtf8().constData()); }
@@ -77,7 +59,7 @@ private:
                                       QByteArray("org.freedesktop.Application.") + method} +
                            arguments);
     }
-    QByteArrayList record() const { return contents(m_record).trimmed().split('\n'); }
+    QByteArrayList record() const { return readFile(m_record).trimmed().split('\n'); }
 
     std::unique_ptr<VirtualDesktop> m_desktop;
     QString m_program;
@@ -89,28 +71,16 @@ void DesktopActivationTest::init()
     m_desktop = std::make_unique<VirtualDesktop>(WindowManager::none);
     QVERIFY2(m_desktop->isReady(), qPrintable(m_desktop->error()));
     const QString home = m_desktop->homePath();
-    m_program = home + u"/bin/trovell"_qs;
     m_record = home + u"/record"_qs;
-    write(m_program, "#!/bin/sh\nexec '" + QCoreApplication::applicationFilePath().toUtf8() + "' " +
+    m_program =
+        writeProgram(home + u"/bin/trovell"_qs,
+                     "#!/bin/sh\nexec '" + QCoreApplication::applicationFilePath().toUtf8() + "' " +
                          instanceOption + " '" + m_record.toUtf8() + "'\n");
-    QFile::setPermissions(m_program, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     m_desktop->environment().insert(u"PATH"_qs, home + u"/bin:"_qs + qEnvironmentVariable("PATH"));
 
-    const QString packaging = QFINDTESTDATA("../../packaging");
-    const QString data = home + u"/.local/share"_qs;
-    write(data + u"/applications/app.trovell.Trovell.desktop"_qs,
-          contents(packaging + u"/app.trovell.Trovell.desktop"_qs));
-    write(data + u"/dbus-1/services/app.trovell.Trovell.service"_qs,
-          contents(packaging + u"/app.trovell.Trovell.service.in"_qs)
-              .replace("@CMAKE_INSTALL_FULL_BINDIR@", home.toUtf8() + "/bin"));
-}
-
-void DesktopActivationTest::isInstalledWithValidFiles()
-{
-    const QString entry = QFINDTESTDATA("../../packaging/app.trovell.Trovell.desktop");
-    QProcess& validator = m_desktop->start("desktop-file-validate", {entry.toUtf8()});
-    QVERIFY(validator.waitForFinished());
-    QCOMPARE(validator.exitCode(), 0);
+    const QString service = QFINDTESTDATA("../../packaging/app.trovell.Trovell.service.in");
+    writeFile(home + u"/.local/share/dbus-1/services/app.trovell.Trovell.service"_qs,
+              readFile(service).replace("@CMAKE_INSTALL_FULL_BINDIR@", home.toUtf8() + "/bin"));
 }
 
 void DesktopActivationTest::isStartedByTheBus()
@@ -119,24 +89,11 @@ void DesktopActivationTest::isStartedByTheBus()
     QTRY_COMPARE(record(), (QByteArrayList{"started", "opened menu_TIME7"}));
 }
 
-void DesktopActivationTest::opensByItsCommandLine()
-{
-    const QByteArray entry =
-        m_desktop->homePath().toUtf8() + "/.local/share/applications/app.trovell.Trovell.desktop";
-    // Given a path instead of an id, this launcher leaves the bus aside.
-    m_desktop->run("gio", {"launch", entry});
-    QTRY_COMPARE(record(), QByteArrayList{"started"});
-    m_desktop->run("gio", {"launch", entry});
-    QTRY_COMPARE(record(), (QByteArrayList{"started", "opened"}));
-}
-
 void DesktopActivationTest::opensTheRunningInstance_data()
 {
     QTest::addColumn<QByteArrayList>("call");
     QTest::addColumn<QByteArray>("token");
     using Call = QByteArrayList;
-    QTest::newRow("menu entry") << Call{"Activate", "{'activation-token': <'a'>}"}
-                                << QByteArray("a");
     QTest::newRow("both tokens") << Call{"Activate",
                                          "{'desktop-startup-id': <'b'>, 'activation-token': <'c'>}"}
                                  << QByteArray("c");
@@ -145,7 +102,6 @@ void DesktopActivationTest::opensTheRunningInstance_data()
                             << QByteArray("d");
     QTest::newRow("files") << Call{"Open", "['file:///tmp']", "{'desktop-startup-id': <'e'>}"}
                            << QByteArray("e");
-    QTest::newRow("no token") << Call{"Activate", "@a{sv} {}"} << QByteArray();
     QTest::newRow("tokens that are none")
         << Call{"Activate", "{'desktop-startup-id': <7>, 'activation-token': <''>}"}
         << QByteArray();
@@ -198,20 +154,6 @@ void DesktopActivationTest::runsWithoutABus()
     QTRY_COMPARE(record(), (QByteArrayList{"started", "started"}));
     QCOMPARE(first.state(), QProcess::Running);
     QCOMPARE(second.state(), QProcess::Running);
-}
-
-void DesktopActivationTest::outlivesTheBus()
-{
-    const QByteArray address = "unix:path=" + m_desktop->homePath().toUtf8() + "/other-bus";
-    QProcess& bus = m_desktop->start(
-        "dbus-daemon", {"--session", "--nofork", "--nopidfile", "--address=" + address});
-    m_desktop->environment().insert(u"DBUS_SESSION_BUS_ADDRESS"_qs, QString::fromUtf8(address));
-    QTRY_VERIFY(QFile::exists(m_desktop->homePath() + u"/other-bus"_qs));
-    QProcess& program = startProgram();
-    call("Activate", {"@a{sv} {}"});
-    QTRY_COMPARE(record(), (QByteArrayList{"started", "opened"}));
-    VirtualDesktop::kill(bus);
-    QVERIFY(!program.waitForFinished(500));
 }
 
 int main(int argc, char** argv)

@@ -8,12 +8,9 @@
 #include "support/ShortcutWorkspaces.h"
 #include "support/VirtualDesktop.h"
 
-#include <QAbstractEventDispatcher>
 #include <QTest>
 
 #include <xcb/xcb.h>
-
-#include <random>
 
 using namespace trovell;
 using namespace trovell::test;
@@ -29,6 +26,7 @@ constexpr quint16 controlAlt = XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1;
 constexpr quint16 anyModifier = XCB_MOD_MASK_ANY;
 constexpr quint8 leftControlKey = 37;
 constexpr quint8 leftAltKey = 64;
+constexpr quint8 shiftKey = 50;
 /// Those that "us", "fr" and most other layouts have for the digits 1 to 5, and for 6.
 const Keycodes digitKeys{10, 11, 12, 13, 14};
 constexpr quint8 sixKey = 15;
@@ -109,27 +107,21 @@ private Q_SLOTS:
     void initTestCase();
     void init();
     void cleanup();
-    void reachesTheRightWorkspace_data();
     void reachesTheRightWorkspace();
-    void leavesOtherCombinationsAlone();
-    void refusesWhatAnotherProgramOwns_data();
     void refusesWhatAnotherProgramOwns();
     void keepsOneGrabThroughEveryChange();
-    void releasesEverythingAtItsEnd();
     void takesAHeldKeyForOnePress();
-    void takesEveryPressWhileAnotherKeyIsHeld();
     void followsTheLayout();
-    void isSilentWhereTheNewPlaceIsTaken();
-    void waitsForALayoutWithDigits();
-    void worksUnderEveryWindowManager_data();
-    void worksUnderEveryWindowManager();
-    void survivesTheServer();
 
 private:
     void registerAll(const ShortcutWorkspaces& workspaces)
     {
-        m_manager->registerHotKeys(workspaces.list(),
-                                   [this](const QUuid& id) { m_triggered.append(id); });
+        m_manager->registerHotKeys(workspaces.list(), [this](const QUuid& id) {
+            for (int index = 1; index <= 5; ++index) {
+                if (m_workspaces.id(size_t(index)) == id)
+                    m_triggered.append(index);
+            }
+        });
     }
 
     void press(const Keycodes& keycodes,
@@ -142,9 +134,8 @@ private:
     }
 
     /// Presses them all and then, as the end mark, the digit 5 at `lastKey`. Returns what was
-    /// triggered before the mark, as shortcut indexes.
+    /// triggered before the mark.
     QList<int> triggeredBy(const Keycodes& keycodes, quint8 lastKey = digitKeys[4]);
-    int shortcutIndex(const QUuid& workspaceId) const;
     Keycodes freeKeys();
     void setLocks(quint16 wanted);
 
@@ -154,7 +145,8 @@ private:
     std::unique_ptr<GlobalHotKeyManager> m_manager;
     /// The workspace at place i has the shortcut at place i of the choices.
     const ShortcutWorkspaces m_workspaces{{0, 1, 2, 3, 4, 5}};
-    QList<QUuid> m_triggered;
+    /// As shortcut indexes.
+    QList<int> m_triggered;
 };
 
 void GlobalHotKeysTest::initTestCase()
@@ -185,31 +177,16 @@ QList<int> GlobalHotKeysTest::triggeredBy(const Keycodes& keycodes, quint8 lastK
 {
     m_triggered.clear();
     press(keycodes + Keycodes{lastKey});
-    if (!waitUntil([&] { return m_triggered.contains(m_workspaces.id(5)); }))
+    if (!waitUntil([&] { return m_triggered.contains(5); }))
         return {-1};
     m_triggered.removeLast();
-    QList<int> indexes;
-    for (const QUuid& id : std::as_const(m_triggered))
-        indexes.append(shortcutIndex(id));
-    return indexes;
-}
-
-int GlobalHotKeysTest::shortcutIndex(const QUuid& workspaceId) const
-{
-    for (size_t index = 1; index <= 5; ++index) {
-        if (m_workspaces.id(index) == workspaceId)
-            return static_cast<int>(index);
-    }
-    return 0;
+    return m_triggered;
 }
 
 Keycodes GlobalHotKeysTest::freeKeys()
 {
-    Keycodes result;
-    for (const quint8 keycode : digitKeys) {
-        if (m_other->isFree(keycode))
-            result.append(keycode);
-    }
+    Keycodes result = digitKeys;
+    result.removeIf([this](quint8 keycode) { return !m_other->isFree(keycode); });
     return result;
 }
 
@@ -223,96 +200,57 @@ void GlobalHotKeysTest::setLocks(quint16 wanted)
     QCOMPARE(m_other->lockState(), wanted);
 }
 
-void GlobalHotKeysTest::reachesTheRightWorkspace_data()
-{
-    QTest::addColumn<QByteArray>("layout");
-    QTest::addColumn<quint16>("locks");
-    for (const char* layout : {"us", "fr"}) {
-        QTest::addRow("%s", layout) << QByteArray(layout) << quint16(0);
-        QTest::addRow("%s, Caps Lock", layout) << QByteArray(layout) << lock;
-        QTest::addRow("%s, Num Lock", layout) << QByteArray(layout) << numLock;
-        QTest::addRow("%s, both", layout) << QByteArray(layout) << quint16(lock | numLock);
-    }
-}
-
 void GlobalHotKeysTest::reachesTheRightWorkspace()
 {
-    QFETCH(QByteArray, layout);
-    QFETCH(quint16, locks);
-    m_desktop->run("setxkbmap", {layout});
-    registerAll(m_workspaces);
-    setLocks(locks);
-    QCOMPARE(triggeredBy({10, 11, 12, 13, 14, 13, 10}), (QList{1, 2, 3, 4, 5, 4, 1}));
-}
-
-void GlobalHotKeysTest::leavesOtherCombinationsAlone()
-{
-    registerAll(m_workspaces);
-    constexpr quint8 shiftKey = 50;
-    constexpr quint8 superKey = 115;
-    for (const Keycodes& modifierKeys : {Keycodes{}, Keycodes{leftControlKey}, Keycodes{leftAltKey},
-                                         Keycodes{leftControlKey, leftAltKey, shiftKey},
-                                         Keycodes{leftControlKey, leftAltKey, superKey}})
-        press(digitKeys, modifierKeys);
-    QCOMPARE(triggeredBy({sixKey}), QList<int>{});
-}
-
-void GlobalHotKeysTest::refusesWhatAnotherProgramOwns_data()
-{
-    QTest::addColumn<quint16>("modifiers");
-    QTest::newRow("the combination") << controlAlt;
-    QTest::newRow("the combination with both locks") << quint16(controlAlt | lock | numLock);
-    QTest::newRow("the key with any modifiers") << anyModifier;
+    for (const char* layout : {"us", "fr"}) {
+        m_desktop->run("setxkbmap", {layout});
+        registerAll(m_workspaces);
+        for (const int locks : {0, +lock, +numLock, lock | numLock}) {
+            setLocks(quint16(locks));
+            QCOMPARE(triggeredBy({10, 11, 12, 13, 14, 13, 10}), (QList{1, 2, 3, 4, 5, 4, 1}));
+        }
+        setLocks(0);
+    }
 }
 
 void GlobalHotKeysTest::refusesWhatAnotherProgramOwns()
 {
-    QFETCH(quint16, modifiers);
     const quint8 second = digitKeys[1];
-    QVERIFY(m_other->grab(second, modifiers));
-    registerAll(m_workspaces);
-    QCOMPARE(triggeredBy({10, 11, 12, 13}), (QList{1, 3, 4}));
-    setLocks(lock | numLock);
-    QCOMPARE(triggeredBy({10, 11, 12, 13}), (QList{1, 3, 4}));
-    // No combination with a lock is left behind.
-    m_other->ungrab(second, modifiers);
-    QCOMPARE(freeKeys(), Keycodes{second});
+    for (const quint16 modifiers :
+         {controlAlt, quint16(controlAlt | lock | numLock), anyModifier}) {
+        QVERIFY(m_other->grab(second, modifiers));
+        registerAll(m_workspaces);
+        for (const int locks : {0, lock | numLock}) {
+            setLocks(quint16(locks));
+            QCOMPARE(triggeredBy({10, 11, 12, 13}), (QList{1, 3, 4}));
+        }
+        // No combination with a lock is left behind.
+        m_other->ungrab(second, modifiers);
+        QCOMPARE(freeKeys(), Keycodes{second});
+    }
     registerAll(m_workspaces);
     QCOMPARE(triggeredBy({11}), QList{2});
 }
 
 void GlobalHotKeysTest::keepsOneGrabThroughEveryChange()
 {
-    const quint32 seed = std::random_device()();
-    qInfo("seed %u", seed);
-    std::mt19937 random(seed);
-    for (int round = 0; round < 50; ++round) {
-        QList<int> indexes{1, 2, 3, 4, 5, 1, 2};
-        std::ranges::shuffle(indexes, random);
-        indexes.resize(static_cast<qsizetype>(random() % 8));
+    for (const QList<int>& indexes : {QList{1, 2, 3}, {5, 3, 4, 3}, {}, {2}, {1, 2, 3, 4, 5}}) {
         registerAll(ShortcutWorkspaces(indexes));
-        Keycodes unused;
-        for (int index = 1; index <= 5; ++index) {
-            if (!indexes.contains(index))
-                unused.append(digitKeys[index - 1]);
-        }
+        Keycodes unused = digitKeys;
+        unused.removeIf([&](quint8 key) { return indexes.contains(key - digitKeys[0] + 1); });
         QTRY_COMPARE(freeKeys(), unused);
     }
     registerAll(m_workspaces);
     registerAll(m_workspaces);
+    // Fewer and more modifiers are no shortcut.
+    press(digitKeys, {leftControlKey});
+    press(digitKeys, {leftControlKey, leftAltKey, shiftKey});
     QCOMPARE(triggeredBy({10, 11}), (QList{1, 2}));
-}
-
-void GlobalHotKeysTest::releasesEverythingAtItsEnd()
-{
-    registerAll(m_workspaces);
     m_manager.reset();
     QTRY_COMPARE(freeKeys(), digitKeys);
-    {
-        X11HotKeys hotKeys(m_desktop->displayName());
-        QVERIFY(hotKeys.registerHotKey(1, 18, 0x1800));
-        QVERIFY(!m_other->isFree(10));
-    }
+    QVERIFY(m_hotKeys->registerHotKey(1, 18, 0x1800));
+    QVERIFY(!m_other->isFree(10));
+    m_hotKeys.reset();
     QTRY_VERIFY(m_other->isFree(10));
 }
 
@@ -329,22 +267,11 @@ void GlobalHotKeysTest::takesAHeldKeyForOnePress()
     QVERIFY(m_other->grab(sixKey, controlAlt));
     holdKey(sixKey);
     QVERIFY(m_other->takePressCount() > 3);
-    const QUuid first = m_workspaces.id(1);
-    holdKey(10);
-    QTRY_COMPARE(m_triggered, QList{first});
-    holdKey(10);
-    QTRY_COMPARE(m_triggered, (QList{first, first}));
+    for (const int pressCount : {1, 2}) {
+        holdKey(10);
+        QTRY_COMPARE(m_triggered, QList<int>(pressCount, 1));
+    }
     QCOMPARE(triggeredBy({11}), QList{2});
-}
-
-void GlobalHotKeysTest::takesEveryPressWhileAnotherKeyIsHeld()
-{
-    registerAll(m_workspaces);
-    // The grab ends with the first key, so the release of the second goes somewhere else.
-    hold(*m_desktop, {leftControlKey, leftAltKey},
-         {"keydown", "10", "keydown", "11", "keyup", "10", "keyup", "11"});
-    QTRY_COMPARE(m_triggered, (QList{m_workspaces.id(1), m_workspaces.id(2)}));
-    QCOMPARE(triggeredBy({11, 10}), (QList{2, 1}));
 }
 
 void GlobalHotKeysTest::followsTheLayout()
@@ -358,79 +285,6 @@ void GlobalHotKeysTest::followsTheLayout()
     QTRY_COMPARE(freeKeys(), Keycodes{});
     QVERIFY(m_other->isFree(17));
     QCOMPARE(triggeredBy({10, 11, 12, 13, 17}), (QList{1, 2, 3, 4}));
-}
-
-void GlobalHotKeysTest::isSilentWhereTheNewPlaceIsTaken()
-{
-    registerAll(m_workspaces);
-    constexpr quint8 otherPlace = 24;
-    QVERIFY(m_other->grab(otherPlace, controlAlt));
-    m_desktop->run("xmodmap", {"-e", "keycode 24 = 1", "-e", "keycode 10 = q"});
-    QTRY_VERIFY(m_other->isFree(10));
-    QCOMPARE(triggeredBy({10, otherPlace, 11}), QList{2});
-    m_desktop->run("setxkbmap", {"us"});
-    QTRY_VERIFY(!m_other->isFree(10));
-    QCOMPARE(triggeredBy({10, otherPlace, 11}), (QList{1, 2}));
-}
-
-void GlobalHotKeysTest::waitsForALayoutWithDigits()
-{
-    registerAll(m_workspaces);
-    m_desktop->run("setxkbmap", {"np"});
-    QTRY_COMPARE(freeKeys(), digitKeys);
-    registerAll(m_workspaces);
-    QCOMPARE(freeKeys(), digitKeys);
-    m_desktop->run("setxkbmap", {"us"});
-    QTRY_COMPARE(freeKeys(), Keycodes{});
-    QCOMPARE(triggeredBy({10, 11}), (QList{1, 2}));
-}
-
-void GlobalHotKeysTest::worksUnderEveryWindowManager_data()
-{
-    QTest::addColumn<WindowManager>("windowManager");
-    for (const WindowManager windowManager : availableWindowManagers())
-        QTest::addRow("%s", windowManagerName(windowManager)) << windowManager;
-}
-
-void GlobalHotKeysTest::worksUnderEveryWindowManager()
-{
-    QFETCH(WindowManager, windowManager);
-    cleanup();
-    m_desktop = std::make_unique<VirtualDesktop>(windowManager);
-    QVERIFY2(m_desktop->isReady(), qPrintable(m_desktop->error()));
-    init();
-    m_desktop->startClient({"--title", "Notes"});
-    m_desktop->inspector().waitForWindow(u"Notes");
-    registerAll(m_workspaces);
-    QCOMPARE(triggeredBy({10, 11, 12, 13}), (QList{1, 2, 3, 4}));
-}
-
-void GlobalHotKeysTest::survivesTheServer()
-{
-    VirtualDesktop desktop(WindowManager::none);
-    QVERIFY2(desktop.isReady(), qPrintable(desktop.error()));
-    X11HotKeys hotKeys(desktop.displayName());
-    GlobalHotKeyManager manager(hotKeys);
-    manager.registerHotKeys(m_workspaces.list(), {});
-    QTest::qWait(100);
-
-    int awakeCount = 0;
-    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, this,
-            [&] { ++awakeCount; });
-    const auto wakeUpsOfAWhile = [&] {
-        awakeCount = 0;
-        QTest::qWait(300);
-        return awakeCount;
-    };
-    // The wait itself wakes up every ten milliseconds.
-    constexpr int restful = 100;
-    QVERIFY(wakeUpsOfAWhile() < restful);
-    desktop.killServer();
-    QTest::qWait(100);
-    QVERIFY(wakeUpsOfAWhile() < restful);
-    manager.registerHotKeys(m_workspaces.list(), {});
-    QCOMPARE(hotKeys.registerHotKey(1, 18, 0x1800), std::nullopt);
-    QCOMPARE(X11HotKeys(":99999").registerHotKey(1, 18, 0x1800), std::nullopt);
 }
 
 QTEST_GUILESS_MAIN(GlobalHotKeysTest)

@@ -1,11 +1,9 @@
 // The program as people use it, on a real desktop with real applications: from the first start to a
 // desktop brought back, and what they do after that.
 
-#include "support/LayoutSession.h"
 #include "support/RunningTrovell.h"
+#include "support/TestFiles.h"
 
-#include <QDir>
-#include <QFile>
 #include <QTest>
 
 using namespace trovell;
@@ -44,6 +42,10 @@ private Q_SLOTS:
 private:
     void openTerminals();
     void captureAs(const QString& name);
+    /// Programs on the desktop, and the workspace "Work" of them.
+    void openAndCapture();
+    [[nodiscard]] bool startOnboarded();
+    void closeMainWindow();
     void chooseFile(const QString& title, const QString& path);
     [[nodiscard]] QRect frameOf(const QString& title) const;
 
@@ -95,10 +97,30 @@ void InterfaceTest::captureAs(const QString& name)
     QVERIFY(m_trovell->hides(button, u"Save Workspace"_qs));
 }
 
+bool InterfaceTest::startOnboarded()
+{
+    m_trovell->setPreferences(onboarded);
+    return m_trovell->start();
+}
+
+void InterfaceTest::openAndCapture()
+{
+    openTerminals();
+    QVERIFY(startOnboarded());
+    captureAs(u"Work"_qs);
+}
+
+void InterfaceTest::closeMainWindow()
+{
+    DesktopInspector& inspector = m_desktop->inspector();
+    inspector.close(inspector.waitForWindow(u"Trovell").id);
+    QVERIFY(waitUntil([&] { return !inspector.windowTitled(u"Trovell"); }));
+}
+
 void InterfaceTest::firstRunToRestoredWorkspace()
 {
     openTerminals();
-    const auto saved = framesByTitle(*m_desktop);
+    const auto saved = m_desktop->inspector().framesByTitle();
     QVERIFY(m_trovell->start());
 
     QVERIFY(m_trovell->shows(label, u"Welcome to Trovell"_qs));
@@ -122,10 +144,7 @@ void InterfaceTest::firstRunToRestoredWorkspace()
 
 void InterfaceTest::updatesALayoutWhileAnApplicationIsClosed()
 {
-    openTerminals();
-    m_trovell->setPreferences(onboarded);
-    QVERIFY(m_trovell->start());
-    captureAs(u"Work"_qs);
+    openAndCapture();
 
     DesktopInspector& inspector = m_desktop->inspector();
     const QRect notes = inspector.waitForWindowOfClass(u"Mousepad").frame;
@@ -147,10 +166,7 @@ void InterfaceTest::updatesALayoutWhileAnApplicationIsClosed()
 
 void InterfaceTest::savesAVariant()
 {
-    openTerminals();
-    m_trovell->setPreferences(onboarded);
-    QVERIFY(m_trovell->start());
-    captureAs(u"Work"_qs);
+    openAndCapture();
     DesktopInspector& inspector = m_desktop->inspector();
     inspector.moveWindow(inspector.windowTitled(u"Log")->id, QRect(1000, 500, 500, 300));
     const QRect moved = inspector.waitForRest(inspector.windowTitled(u"Log")->id).frame;
@@ -186,10 +202,8 @@ void InterfaceTest::addsEveryKindOfItem()
 {
     const QString folder = m_desktop->homePath() + u"/Receipts"_qs;
     QDir().mkpath(folder);
-    const QString file = m_desktop->homePath() + u"/list.txt"_qs;
-    QVERIFY(QFile(file).open(QIODevice::WriteOnly));
-    m_trovell->setPreferences(onboarded);
-    QVERIFY(m_trovell->start());
+    const QString file = writeFile(m_desktop->homePath() + u"/list.txt"_qs, {});
+    QVERIFY(startOnboarded());
 
     QVERIFY(m_trovell->click(button, u"New Empty Workspace"_qs));
     QVERIFY(m_trovell->click(field, u"Workspace name"_qs));
@@ -231,12 +245,10 @@ void InterfaceTest::startsFromTheTrayWithTheWindowClosed()
     m_desktop->start("tint2", {});
     DesktopInspector& inspector = m_desktop->inspector();
     QVERIFY(waitUntil([&] { return inspector.selectionOwner("_NET_SYSTEM_TRAY_S0") != 0; }));
-    m_trovell->setPreferences(onboarded);
-    QVERIFY(m_trovell->start());
+    QVERIFY(startOnboarded());
     captureAs(u"Work"_qs);
     const QRect log = frameOf(u"Log"_qs);
-    inspector.close(inspector.waitForWindow(u"Trovell").id);
-    QVERIFY(waitUntil([&] { return !inspector.windowTitled(u"Trovell"); }));
+    closeMainWindow();
     QVERIFY(m_trovell->isRunning());
     inspector.moveWindow(inspector.windowTitled(u"Log")->id, QRect(30, 500, 300, 200));
     inspector.waitForRest();
@@ -244,12 +256,12 @@ void InterfaceTest::startsFromTheTrayWithTheWindowClosed()
     const QByteArray icon =
         m_desktop->run("xdotool", {"search", "--onlyvisible", "--class", "trovell"}).trimmed();
     QVERIFY(!icon.isEmpty());
-    m_desktop->run("xdotool",
-                   {"mousemove", "--window", icon.split('\n').first(), "8", "8", "click", "1"});
+    const QByteArrayList clickIcon{"mousemove", "--window", icon.split('\n').first(), "8", "8",
+                                   "click",     "1"};
+    m_desktop->run("xdotool", clickIcon);
     QVERIFY(m_trovell->click(menuItem, u"Work"_qs));
     QTRY_COMPARE_WITH_TIMEOUT(frameOf(u"Log"_qs), log, 15'000);
-    m_desktop->run("xdotool",
-                   {"mousemove", "--window", icon.split('\n').first(), "8", "8", "click", "1"});
+    m_desktop->run("xdotool", clickIcon);
     QVERIFY(m_trovell->click(menuItem, u"Open Trovell"_qs));
     QVERIFY(m_trovell->shows(label, u"Workspace ready"_qs));
 }
@@ -262,8 +274,7 @@ void InterfaceTest::endsWithItsLastWindowIfToldSo()
     m_trovell->setPreferences(preferences);
     QVERIFY(m_trovell->start());
     QVERIFY(m_trovell->click(button, u"Settings"_qs));
-    inspector.close(inspector.waitForWindow(u"Trovell").id);
-    QVERIFY(waitUntil([&] { return !inspector.windowTitled(u"Trovell"); }));
+    closeMainWindow();
     QTest::qWait(300);
     QVERIFY(m_trovell->isRunning()); // the settings are still open
     inspector.close(inspector.waitForWindow(u"Settings").id);
@@ -273,12 +284,9 @@ void InterfaceTest::endsWithItsLastWindowIfToldSo()
 void InterfaceTest::changesLanguageAndAppearanceLive()
 {
     // A table that someone dropped into their data folder.
-    const QString tables = m_desktop->homePath() + u"/.local/share/trovell/translations"_qs;
-    QDir().mkpath(tables);
-    QVERIFY(QFile::copy(QStringLiteral(TROVELL_TEST_LANGUAGES) + u"/trovell_en_XA.qm"_qs,
-                        tables + u"/trovell_de.qm"_qs));
-    m_trovell->setPreferences(onboarded);
-    QVERIFY(m_trovell->start());
+    writeFile(m_desktop->homePath() + u"/.local/share/trovell/translations/trovell_de.qm"_qs,
+              readFile(QStringLiteral(TROVELL_TEST_LANGUAGES) + u"/trovell_en_XA.qm"_qs));
+    QVERIFY(startOnboarded());
     QVERIFY(m_trovell->click(button, u"Settings"_qs));
     QVERIFY(m_trovell->shows(u"combo box"_qs, u"Appearance"_qs));
     // To the other display: what is covered has no pixels.
@@ -303,11 +311,9 @@ void InterfaceTest::changesLanguageAndAppearanceLive()
 
 void InterfaceTest::isOneInstance()
 {
-    m_trovell->setPreferences(onboarded);
-    QVERIFY(m_trovell->start());
+    QVERIFY(startOnboarded());
     DesktopInspector& inspector = m_desktop->inspector();
-    inspector.close(inspector.waitForWindow(u"Trovell").id);
-    QVERIFY(waitUntil([&] { return !inspector.windowTitled(u"Trovell"); }));
+    closeMainWindow();
     QProcess& second = m_desktop->start(productPath());
     QVERIFY(second.waitForFinished(10'000));
     QCOMPARE(second.exitCode(), 0);
@@ -317,10 +323,7 @@ void InterfaceTest::isOneInstance()
 
 void InterfaceTest::answersGlobalKeysWithTheWindowClosed()
 {
-    openTerminals();
-    m_trovell->setPreferences(onboarded);
-    QVERIFY(m_trovell->start());
-    captureAs(u"Work"_qs);
+    openAndCapture();
     QVERIFY(m_trovell->click(button, u"Edit"_qs));
     QVERIFY(m_trovell->click(u"combo box"_qs, u"Shortcut"_qs));
     QVERIFY(m_trovell->click(menuItem, u"Ctrl+Alt+3"_qs));
@@ -329,7 +332,7 @@ void InterfaceTest::answersGlobalKeysWithTheWindowClosed()
 
     DesktopInspector& inspector = m_desktop->inspector();
     const QRect log = frameOf(u"Log"_qs);
-    inspector.close(inspector.waitForWindow(u"Trovell").id);
+    closeMainWindow();
     inspector.moveWindow(inspector.windowTitled(u"Log")->id, QRect(30, 500, 300, 200));
     inspector.waitForRest();
     m_trovell->press("ctrl+alt+3");

@@ -1,11 +1,9 @@
 // The main job with real applications, one process per step: captured and saved by one process,
 // brought back by another.
 
-#include "support/LayoutSession.h"
+#include "support/TestFiles.h"
 #include "support/VirtualDesktop.h"
 
-#include <QDir>
-#include <QFile>
 #include <QTest>
 
 using namespace trovell::test;
@@ -14,30 +12,23 @@ class MainJobTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void bringsRealApplicationsBack_data();
+    void bringsRealApplicationsBack_data() { addWindowManagerRows(); }
     void bringsRealApplicationsBack();
 };
 
 namespace {
 
 /// Stands in for the applications that a bare desktop does not have: writes down what it is given.
-void installRecorder(const VirtualDesktop& desktop, const QString& record)
+void installRecorder(const QString& home, const QString& record)
 {
-    const QString applications = desktop.homePath() + u"/.local/share/applications"_qs;
-    QDir().mkpath(applications);
-    QFile script(desktop.homePath() + u"/recorder"_qs);
-    QVERIFY(script.open(QIODevice::WriteOnly));
-    script.write("#!/bin/sh\necho \"$@\" >>" + record.toUtf8() + "\n");
-    script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    QFile entry(applications + u"/recorder.desktop"_qs);
-    QVERIFY(entry.open(QIODevice::WriteOnly));
-    entry.write("[Desktop Entry]\nType=Application\nName=Recorder\nNoDisplay=true\nExec=" +
-                script.fileName().toUtf8() + " %u\n");
-    QDir().mkpath(desktop.homePath() + u"/.config"_qs);
-    QFile defaults(desktop.homePath() + u"/.config/mimeapps.list"_qs);
-    QVERIFY(defaults.open(QIODevice::WriteOnly));
-    defaults.write("[Default Applications]\ninode/directory=recorder.desktop\n"
-                   "x-scheme-handler/https=recorder.desktop\ntext/plain=recorder.desktop\n");
+    const QString script =
+        writeProgram(home + u"/recorder"_qs, "#!/bin/sh\necho \"$@\" >>" + record.toUtf8() + "\n");
+    writeFile(home + u"/.local/share/applications/recorder.desktop"_qs,
+              "[Desktop Entry]\nType=Application\nName=Recorder\nNoDisplay=true\nExec=" +
+                  script.toUtf8() + " %u\n");
+    writeFile(home + u"/.config/mimeapps.list"_qs,
+              "[Default Applications]\ninode/directory=recorder.desktop\n"
+              "x-scheme-handler/https=recorder.desktop\ntext/plain=recorder.desktop\n");
 }
 
 /// Moves the client area and waits until the window manager has done it.
@@ -63,15 +54,12 @@ bool isAsSaved(const DesktopInspector& inspector, const InspectedWindow& window,
 }
 
 /// Runs a step of the main job in a process of its own and returns what it printed.
-QString runStep(VirtualDesktop& desktop, const QByteArrayList& arguments, int& exitCode)
+QString runStep(VirtualDesktop& desktop, const QStringList& arguments, int& exitCode)
 {
     QProcess step;
     step.setProcessEnvironment(desktop.environment());
     step.setProcessChannelMode(QProcess::MergedChannels);
-    QStringList texts;
-    for (const QByteArray& argument : arguments)
-        texts.append(QString::fromUtf8(argument));
-    step.start(QStringLiteral(TROVELL_MAIN_JOB), texts);
+    step.start(QStringLiteral(TROVELL_MAIN_JOB), arguments);
     step.waitForFinished(60'000);
     exitCode = step.exitStatus() == QProcess::NormalExit ? step.exitCode() : -1;
     return QString::fromUtf8(step.readAll());
@@ -79,46 +67,37 @@ QString runStep(VirtualDesktop& desktop, const QByteArrayList& arguments, int& e
 
 } // namespace
 
-void MainJobTest::bringsRealApplicationsBack_data()
-{
-    QTest::addColumn<WindowManager>("windowManager");
-    for (const WindowManager windowManager : availableWindowManagers())
-        QTest::addRow("%s", windowManagerName(windowManager)) << windowManager;
-}
-
 void MainJobTest::bringsRealApplicationsBack()
 {
     QFETCH(WindowManager, windowManager);
-    VirtualDesktop desktop(windowManager);
-    QVERIFY2(desktop.isReady(), qPrintable(desktop.error()));
-    DesktopInspector& inspector = desktop.inspector();
+    START_DESKTOP(windowManager);
     const QString record = desktop.homePath() + u"/opened"_qs;
-    installRecorder(desktop, record);
-    const QByteArray notes = desktop.homePath().toUtf8() + "/notes.txt";
-    QFile(QString::fromUtf8(notes)).open(QIODevice::WriteOnly);
+    installRecorder(desktop.homePath(), record);
+    const QString notes = writeFile(desktop.homePath() + u"/notes.txt"_qs, {});
 
     // A terminal, GTK 3, GTK 4 and Qt; five windows on two displays.
     desktop.start("xterm", {"-T", "Log", "-geometry", "90x24+40+40"});
     desktop.start("xterm", {"-T", "Shell", "-geometry", "80x20+1700+60"});
-    desktop.start("mousepad", {"--disable-server", notes});
+    desktop.start("mousepad", {"--disable-server", notes.toUtf8()});
     desktop.start("gnome-calculator", {});
     desktop.start("featherpad", {"--standalone"});
     QVERIFY(inspector.waitForWindowCount(5));
     QHash<QString, quint32> ids;
-    const QList<InspectedWindow> windows = inspector.windows();
+    const QList<InspectedWindow> windows = inspector.waitForRest();
     for (const InspectedWindow& window : windows)
-        ids.insert(window.wmClass.toLower(), inspector.waitForRest(window.id).id);
+        ids.insert(window.wmClass.toLower(), window.id);
     QVERIFY(moveAndWait(inspector, ids.value(u"mousepad"_qs), QRect(700, 100, 640, 420)));
     QVERIFY(moveAndWait(inspector, ids.value(u"featherpad"_qs), QRect(2000, 520, 600, 400)));
-    const auto saved = framesByTitle(desktop);
+    const auto saved = inspector.framesByTitle();
     QCOMPARE(saved.size(), 5);
 
     int exitCode = 0;
-    QString output = runStep(desktop,
-                             {"capture", "Work", "debian-xterm", "org.xfce.mousepad",
-                              "org.gnome.Calculator", "featherpad", "--folder", "/usr/share",
-                              "--file", notes, "--link", "example.com/shop"},
-                             exitCode);
+    QString output =
+        runStep(desktop,
+                {u"capture"_qs, u"Work"_qs, u"debian-xterm"_qs, u"org.xfce.mousepad"_qs,
+                 u"org.gnome.Calculator"_qs, u"featherpad"_qs, u"--folder"_qs, u"/usr/share"_qs,
+                 u"--file"_qs, notes, u"--link"_qs, u"example.com/shop"_qs},
+                exitCode);
     QVERIFY2(exitCode == 0, qPrintable(output));
 
     inspector.setMaximized(ids.value(u"mousepad"_qs), true);
@@ -129,25 +108,21 @@ void MainJobTest::bringsRealApplicationsBack()
     inspector.moveWindow(ids.value(u"gnome-calculator"_qs), QRect(1900, 300, 360, 500));
     QVERIFY(waitUntil([&] { return inspector.windows().size() == 4; }));
 
-    output = runStep(desktop, {"start", "Work"}, exitCode);
+    output = runStep(desktop, {u"start"_qs, u"Work"_qs}, exitCode);
     QVERIFY2(exitCode == 0, qPrintable(output.section(u"Frames after:"_qs, 1)));
     const QList<InspectedWindow> restored = inspector.windows();
     QCOMPARE(restored.size(), 5);
     for (const InspectedWindow& window : restored) {
         const QRect frame = saved.value(window.title);
         if (!isAsSaved(inspector, inspector.waitForRest(window.id), frame))
-            QCOMPARE(framesByTitle(desktop), saved);
+            QCOMPARE(inspector.framesByTitle(), saved);
     }
     for (const QString& line :
          {u"launched                  FeatherPad"_qs, u"alreadyRunning            Calculator"_qs,
           u"alreadyRunning            Mousepad"_qs, u"opened                    example.com"_qs})
         QVERIFY2(output.contains(line), qPrintable(line + u'\n' + output));
-    QFile opened(record);
-    QVERIFY(waitUntil([&] { return opened.exists(); }));
-    QVERIFY(opened.open(QIODevice::ReadOnly));
     QVERIFY(waitUntil([&] {
-        opened.seek(0);
-        const QByteArray lines = opened.readAll();
+        const QByteArray lines = readFile(record);
         return lines.contains("https://example.com/shop") && lines.contains("/usr/share") &&
                lines.contains("notes.txt");
     }));

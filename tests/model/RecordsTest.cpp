@@ -14,20 +14,6 @@ std::unique_ptr<WorkspaceItem> makeItem(const QString& name, qint64 sortOrder)
         WorkspaceItemValues{.displayName = name, .sortOrder = sortOrder});
 }
 
-std::unique_ptr<WindowPlacement> makePlacement(const QString& application, qint64 index)
-{
-    return std::make_unique<WindowPlacement>(
-        WindowPlacementValues{.bundleIdentifier = application, .windowIndexHint = index});
-}
-
-std::unique_ptr<TrovellWorkspace>
-workspaceWithShortcut(const std::optional<ShortcutDefinition>& shortcut)
-{
-    auto workspace = std::make_unique<TrovellWorkspace>(WorkspaceValues{});
-    workspace->setShortcut(shortcut);
-    return workspace;
-}
-
 } // namespace
 
 class RecordsTest : public QObject {
@@ -35,13 +21,10 @@ class RecordsTest : public QObject {
 
 private Q_SLOTS:
     void notifiesOncePerChange();
-    void readsUnknownTypesAsFile();
     void decodesShortcuts();
     void sortsStably();
-    void duplicatesItems();
+    void duplicatesRecords();
     void createsPlacementsFromValues();
-    void duplicatesPlacements();
-    void startsWithTheChoicesOfTheWorkspace();
     void findsShortcutConflicts();
 };
 
@@ -64,18 +47,6 @@ void RecordsTest::notifiesOncePerChange()
     workspace.appendItem(makeItem(u"Mail"_qs, 1));
     QCOMPARE(signalsInOrder, QStringList({u"content"_qs, u"item"_qs, u"content"_qs, u"workspace"_qs,
                                           u"content"_qs, u"workspace"_qs}));
-}
-
-void RecordsTest::readsUnknownTypesAsFile()
-{
-    for (const QString& text : {u"webLink"_qs, u"Folder"_qs, u"folder "_qs, QString()}) {
-        const auto type =
-            text == u"webLink"_qs ? WorkspaceItemType::webLink : WorkspaceItemType::file;
-        WorkspaceItem item({.typeRawValue = text});
-        QCOMPARE(item.type(), type);
-        QCOMPARE(item.typeRawValue(), text);
-        QCOMPARE(item.duplicate()->typeRawValue(), rawValue(type));
-    }
 }
 
 void RecordsTest::decodesShortcuts()
@@ -108,106 +79,85 @@ void RecordsTest::sortsStably()
 {
     TrovellWorkspace workspace({});
     for (const auto& [name, order] :
-         {std::pair(u"a"_qs, 2), {u"b"_qs, 0}, {u"c"_qs, 1}, {u"d"_qs, 0}, {u"e"_qs, -3}})
+         {std::pair(u"a"_qs, 2), {u"b"_qs, 0}, {u"c"_qs, 1}, {u"d"_qs, 0}, {u"e"_qs, -3}}) {
         workspace.appendItem(makeItem(name, order));
+        // Windows are ordered by index alone, whatever their application.
+        workspace.appendPlacement(std::make_unique<WindowPlacement>(
+            WindowPlacementValues{.bundleIdentifier = name, .windowIndexHint = order}));
+    }
     QString names;
     for (const WorkspaceItem* item : workspace.sortedItems())
         names += item->displayName();
-    QCOMPARE(names, u"ebdca"_qs);
-
-    // Windows are ordered by index alone, whatever their application.
-    workspace.appendPlacement(makePlacement(u"one"_qs, 1));
-    workspace.appendPlacement(makePlacement(u"one"_qs, 0));
-    workspace.appendPlacement(makePlacement(u"two"_qs, 0));
-    QStringList applications;
     for (const WindowPlacement* placement : workspace.sortedPlacements())
-        applications.append(placement->bundleIdentifier());
-    QCOMPARE(applications, QStringList({u"one"_qs, u"two"_qs, u"one"_qs}));
+        names += placement->bundleIdentifier();
+    QCOMPARE(names, u"ebdcaebdca"_qs);
 }
 
-void RecordsTest::duplicatesItems()
+void RecordsTest::duplicatesRecords()
 {
     TrovellWorkspace workspace({});
     const QDateTime created = QDateTime::fromMSecsSinceEpoch(1, Qt::UTC);
-    const WorkspaceItem& item = workspace.appendItem(std::make_unique<WorkspaceItem>(
-        WorkspaceItemValues{.typeRawValue = u"application"_qs,
-                            .sortOrder = 3,
-                            .bookmarkData = QByteArray("mark"),
-                            .applicationPath = u"/editor.desktop"_qs,
-                            .isEnabled = false,
-                            .createdAt = created}));
-    const auto copy = item.duplicate();
-    QVERIFY(copy->id() != item.id());
-    QVERIFY(copy->createdAt() > created);
-    QVERIFY(!copy->workspace());
+    const WorkspaceItem& item = workspace.appendItem(
+        std::make_unique<WorkspaceItem>(WorkspaceItemValues{.typeRawValue = u"a type to come"_qs,
+                                                            .sortOrder = 3,
+                                                            .bookmarkData = QByteArray("mark"),
+                                                            .isEnabled = false,
+                                                            .createdAt = created}));
+    QCOMPARE(item.type(), WorkspaceItemType::file);
+    const auto copy = item.duplicate(5);
+    QVERIFY(copy->id() != item.id() && copy->createdAt() > created && !copy->workspace());
     WorkspaceItemValues expected = item.values();
     expected.id = copy->id();
     expected.createdAt = copy->createdAt();
+    expected.sortOrder = 5;
+    expected.typeRawValue = rawValue(WorkspaceItemType::file);
     QCOMPARE(copy->values(), expected);
-    QCOMPARE(item.duplicate(5)->sortOrder(), 5);
+
+    const WindowPlacement placement({.bundleIdentifier = u"org.example.Editor"_qs,
+                                     .normalizedX = .5,
+                                     .displayFingerprintData = "nonsense",
+                                     .isEnabled = false});
+    const auto other = placement.duplicate();
+    QVERIFY(other->id() != placement.id());
+    WindowPlacementValues values = placement.values();
+    values.id = other->id();
+    values.displayFingerprintData = encodeFingerprint(fallbackFingerprint());
+    QCOMPARE(other->values(), values);
 }
 
 void RecordsTest::createsPlacementsFromValues()
 {
-    const DisplayFingerprint display{u"Panel"_qs, 100, 200, 50, 100, 2, 0, 0, false};
-    const WindowPlacement placement(u"org.example.Editor"_qs, u"Editor"_qs, u"Title"_qs,
-                                    std::nullopt, std::nullopt, 7, {.1, .2, .3, .4},
-                                    QRectF(10, 20, -100, 50), display, false);
-    QCOMPARE(placement.savedNormalizedFrame(), (NormalizedFrame{.1, .2, .3, .4}));
-    QCOMPARE(placement.savedAbsoluteFrame(), QRectF(-90, 20, 100, 50));
-    QCOMPARE(placement.savedDisplayFingerprint(), display);
-
-    DisplayFingerprint unencodable = display;
-    unencodable.pointWidth = qQNaN();
-    const WindowPlacement other({}, {}, {}, {}, {}, 0, {}, {}, unencodable, true);
-    QCOMPARE(other.displayFingerprintData(), QByteArray());
-    QCOMPARE(other.savedDisplayFingerprint(), fallbackFingerprint());
-}
-
-void RecordsTest::duplicatesPlacements()
-{
-    const WindowPlacement placement({.bundleIdentifier = u"org.example.Editor"_qs,
-                                     .windowSubrole = u"AXDialog"_qs,
-                                     .normalizedX = .5,
-                                     .displayFingerprintData = "nonsense",
-                                     .isEnabled = false});
-    const auto copy = placement.duplicate();
-    QVERIFY(copy->id() != placement.id());
-    WindowPlacementValues expected = placement.values();
-    expected.id = copy->id();
-    expected.displayFingerprintData = encodeFingerprint(fallbackFingerprint());
-    QCOMPARE(copy->values(), expected);
-}
-
-void RecordsTest::startsWithTheChoicesOfTheWorkspace()
-{
-    QCOMPARE(WorkspaceChoices{}, (WorkspaceChoices{u"rectangle.3.group"_qs, u"blue"_qs, 0}));
-    const auto workspace = workspaceWithShortcut(shortcuts()[5]);
-    workspace->setSymbolName(u"unknown.symbol"_qs);
-    workspace->setAccentIdentifier(u"mauve"_qs);
-    QCOMPARE(choicesOf(*workspace), (WorkspaceChoices{u"unknown.symbol"_qs, u"mauve"_qs, 5}));
-    QCOMPARE(choicesOf(*workspace).shortcut(), shortcuts()[5]);
-
-    workspace->setShortcut(ShortcutDefinition{23, 6144, u"Ctrl+Alt+5"_qs});
-    QCOMPARE(choicesOf(*workspace).shortcutIndex, 0);
-    workspace->setShortcutData(QByteArray("nonsense"));
-    QCOMPARE(choicesOf(*workspace).shortcutIndex, 0);
-    QVERIFY(!choicesOf(*workspace).shortcut());
+    DisplayFingerprint display{u"Panel"_qs, 100, 200, 50, 100, 2, 0, 0, false};
+    const auto place = [&display] {
+        return std::make_unique<WindowPlacement>(
+            u"org.example.Editor"_qs, u"Editor"_qs, std::nullopt, std::nullopt, std::nullopt, 7,
+            NormalizedFrame{.1, .2, .3, .4}, QRectF(10, 20, -100, 50), display, false);
+    };
+    QCOMPARE(place()->savedNormalizedFrame(), (NormalizedFrame{.1, .2, .3, .4}));
+    QCOMPARE(place()->savedAbsoluteFrame(), QRectF(-90, 20, 100, 50));
+    QCOMPARE(place()->savedDisplayFingerprint(), display);
+    display.pointWidth = qQNaN();
+    QCOMPARE(place()->savedDisplayFingerprint(), fallbackFingerprint());
 }
 
 void RecordsTest::findsShortcutConflicts()
 {
-    const auto first = workspaceWithShortcut(shortcuts()[1]);
-    const auto none = workspaceWithShortcut(std::nullopt);
-    const auto broken = workspaceWithShortcut(std::nullopt);
-    broken->setShortcutData(QByteArray("nonsense"));
-    const auto renamed = workspaceWithShortcut(ShortcutDefinition{19, 6144, u"2"_qs});
-    const QList<TrovellWorkspace*> all{none.get(), broken.get(), first.get(), renamed.get()};
-    QVERIFY(shortcutConflict(*shortcuts()[1], none->id(), all));
+    TrovellWorkspace first({});
+    TrovellWorkspace none({});
+    TrovellWorkspace broken({});
+    TrovellWorkspace renamed({});
+    first.setShortcut(shortcuts()[1]);
+    broken.setShortcutData(QByteArray("nonsense"));
+    renamed.setShortcut(ShortcutDefinition{19, 6144, u"2"_qs});
+    const QList<TrovellWorkspace*> all{&none, &broken, &first, &renamed};
+    QVERIFY(shortcutConflict(*shortcuts()[1], none.id(), all));
     QVERIFY(shortcutConflict(*shortcuts()[1], std::nullopt, all));
-    QVERIFY(!shortcutConflict(*shortcuts()[1], first->id(), all));
+    QVERIFY(!shortcutConflict(*shortcuts()[1], first.id(), all));
     QVERIFY(!shortcutConflict(*shortcuts()[2], std::nullopt, all));
-    QCOMPARE(shortcutConflictText(), u"That shortcut is already assigned to another workspace."_qs);
+    // What none of the choices is starts the editor without a shortcut.
+    QCOMPARE(choicesOf(first).shortcutIndex, 1);
+    QCOMPARE(choicesOf(renamed).shortcutIndex, 0);
+    QCOMPARE(choicesOf(broken).shortcutIndex, 0);
 }
 
 QTEST_GUILESS_MAIN(RecordsTest)

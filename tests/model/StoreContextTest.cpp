@@ -42,20 +42,13 @@ private Q_SLOTS:
     void keepsEveryValue();
     void keepsWhatRandomEditsMake();
     void rollsBackToTheSameObjects();
-    void rollsBackUnderEditingObservers();
     void removesChildrenWithTheirWorkspace();
-    void passesAnIdOnWithinOneSave();
     void refusesADuplicateIdAndRecovers();
     void forgetsWhatWasRemovedBeforeItWasSaved();
-    void savesByItself();
     void keepsChangesThatCannotBeSavedByThemselves();
-    void listsInOrder();
     void announcesOncePerTurn();
-    void announcesUpdates();
-    void announcesBeforeItDestroys_data();
     void announcesBeforeItDestroys();
     void countsWithoutReading();
-    void appendsToWhatItHasNotRead();
     void refusesToSaveAfterAFailedRead();
 
 private:
@@ -165,20 +158,6 @@ void StoreContextTest::rollsBackToTheSameObjects()
     QCOMPARE(contentsOf(context()), saved);
 }
 
-void StoreContextTest::rollsBackUnderEditingObservers()
-{
-    TrovellWorkspace& workspace = insert(u"Work"_qs, 0, 1);
-    QVERIFY(context().save());
-    workspace.setName(u"Play"_qs);
-    connect(&workspace, &Record::changed, this, [&] { workspace.setSortOrder(8); });
-    context().rollback();
-    QVERIFY(context().hasChanges());
-    QVERIFY(context().save());
-    reopen();
-    QCOMPARE(context().workspaces().first()->sortOrder(), 8);
-    QCOMPARE(context().workspaces().first()->name(), u"Work"_qs);
-}
-
 void StoreContextTest::removesChildrenWithTheirWorkspace()
 {
     insert(u"Work"_qs, 0, 4);
@@ -192,22 +171,6 @@ void StoreContextTest::removesChildrenWithTheirWorkspace()
     auto database = SqliteDatabase::open(StoreFiles(m_folder->path()).storePath(), {});
     QCOMPARE((*database)->number("SELECT count(*) FROM WorkspaceItem"), 2);
     QCOMPARE((*database)->number("SELECT count(*) FROM WindowPlacement"), 2);
-}
-
-void StoreContextTest::passesAnIdOnWithinOneSave()
-{
-    TrovellWorkspace& workspace = insert(u"Work"_qs, 0, 2);
-    TrovellWorkspace& other = insert(u"Other"_qs, 1);
-    QVERIFY(context().save());
-    WorkspaceItem* item = workspace.sortedItems().first();
-    WorkspaceItemValues values = item->values();
-    values.displayName = u"Again"_qs;
-    other.appendItem(std::make_unique<WorkspaceItem>(values));
-    context().remove(*item);
-    QVERIFY(context().save());
-    reopen();
-    QCOMPARE(context().workspaces()[1]->sortedItems().first()->values(), values);
-    QCOMPARE(context().workspaces()[0]->itemCount(), 1);
 }
 
 void StoreContextTest::refusesADuplicateIdAndRecovers()
@@ -250,17 +213,6 @@ void StoreContextTest::forgetsWhatWasRemovedBeforeItWasSaved()
     QCOMPARE(namesOf(context().workspaces()), QStringList{u"Work"_qs});
 }
 
-void StoreContextTest::savesByItself()
-{
-    reopen({.automaticSaveDelay = 1ms});
-    const QTimer* timer = context().findChild<QTimer*>();
-    insert(u"Work"_qs, 0, 1);
-    QVERIFY(context().hasChanges());
-    QTRY_VERIFY(!context().hasChanges());
-    QVERIFY(!timer->isActive());
-    QVERIFY(context().workspaces().first()->isStored());
-}
-
 void StoreContextTest::keepsChangesThatCannotBeSavedByThemselves()
 {
     reopen({.vfsName = m_vfs.name(), .automaticSaveDelay = 1ms});
@@ -275,18 +227,6 @@ void StoreContextTest::keepsChangesThatCannotBeSavedByThemselves()
     QTRY_VERIFY(!context().hasChanges());
     reopen();
     QCOMPARE(namesOf(context().workspaces()), QStringList{u"Play"_qs});
-}
-
-void StoreContextTest::listsInOrder()
-{
-    insert(u"a"_qs, 3);
-    insert(u"b"_qs, 1);
-    insert(u"c"_qs, 3);
-    insert(u"d"_qs, 1);
-    const QStringList expected{u"b"_qs, u"d"_qs, u"a"_qs, u"c"_qs};
-    QCOMPARE(namesOf(context().workspaces()), expected);
-    reopen();
-    QCOMPARE(namesOf(context().workspaces()), expected);
 }
 
 void StoreContextTest::announcesOncePerTurn()
@@ -313,14 +253,10 @@ void StoreContextTest::announcesOncePerTurn()
     turnEventLoop();
     QCOMPARE(lists.count(), 3);
     QVERIFY(query.workspaces().isEmpty());
-}
 
-void StoreContextTest::announcesUpdates()
-{
     TrovellWorkspace& workspace = insert(u"Work"_qs, 0, 1);
-    WorkspaceQuery query(context());
+    turnEventLoop();
     QSignalSpy updates(&query, &WorkspaceQuery::updatedAtChanged);
-    workspace.setName(u"Play"_qs);
     workspace.sortedItems().first()->setDisplayName(u"Changed"_qs);
     turnEventLoop();
     QCOMPARE(updates.count(), 0);
@@ -333,31 +269,22 @@ void StoreContextTest::announcesUpdates()
     QCOMPARE(updates.count(), 2);
 }
 
-void StoreContextTest::announcesBeforeItDestroys_data()
-{
-    QTest::addColumn<bool>("isStored");
-    QTest::newRow("removed and saved") << true;
-    QTest::newRow("inserted in an earlier turn and rolled back") << false;
-}
-
 void StoreContextTest::announcesBeforeItDestroys()
 {
-    QFETCH(bool, isStored);
     WorkspaceQuery query(context());
-    const QPointer<TrovellWorkspace> workspace = &insert(u"Work"_qs, 0, 1);
-    QVERIFY(!isStored || context().save());
-    turnEventLoop();
-    bool wasAlive = false;
-    connect(&query, &WorkspaceQuery::listChanged, this, [&] { wasAlive = !workspace.isNull(); });
-    if (isStored) {
-        context().remove(*workspace);
-        QVERIFY(context().save());
-    } else {
+    for (const bool isStored : {true, false}) {
+        const QPointer<TrovellWorkspace> workspace = &insert(u"Work"_qs, 0, 1);
+        QVERIFY(!isStored || context().save());
+        turnEventLoop();
+        bool wasAlive = false;
+        connect(&query, &WorkspaceQuery::listChanged, workspace, [&] { wasAlive = true; });
+        if (isStored)
+            context().remove(*workspace);
+        QVERIFY(!isStored || context().save());
         context().rollback();
+        turnEventLoop();
+        QVERIFY(wasAlive && !workspace);
     }
-    turnEventLoop();
-    QVERIFY(wasAlive);
-    QVERIFY(!workspace);
 }
 
 void StoreContextTest::countsWithoutReading()
@@ -377,22 +304,6 @@ void StoreContextTest::countsWithoutReading()
     items.first()->setIsEnabled(false);
     QCOMPARE(workspace.itemCount(), 4);
     QCOMPARE(workspace.enabledItemCount(), 1);
-}
-
-void StoreContextTest::appendsToWhatItHasNotRead()
-{
-    insert(u"Work"_qs, 0, 3);
-    QVERIFY(context().save());
-    StoreContents expected = contentsOf(context());
-    reopen();
-    TrovellWorkspace& workspace = *context().workspaces().first();
-    const auto& item =
-        workspace.appendItem(std::make_unique<WorkspaceItem>(WorkspaceItemValues{.sortOrder = 2}));
-    expected.first().items.append(item.values());
-    QVERIFY(context().save());
-    QCOMPARE(contentsOf(context()), expected);
-    reopen();
-    QCOMPARE(contentsOf(context()), expected);
 }
 
 void StoreContextTest::refusesToSaveAfterAFailedRead()

@@ -4,46 +4,28 @@
 
 #include "support/StoreContents.h"
 #include "support/StoreFaultVfs.h"
+#include "support/TestFiles.h"
 
 #include <QFileInfo>
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include <sqlite3.h>
 #include <sys/stat.h>
 
 using namespace trovell;
+using namespace trovell::test;
 
 namespace {
 
-/// The permission bits; 0 when there is no such file.
-mode_t modeOf(const QString& path)
-{
-    struct stat status {};
-    return ::stat(QFile::encodeName(path).constData(), &status) == 0 ? status.st_mode & 07777u : 0u;
-}
-
-QByteArray readFile(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-}
-
-void writeFile(const QString& path, const QByteArray& content)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) ||
-        file.write(content) != content.size())
-        qFatal("cannot write %s", qPrintable(path));
-}
+/// For the owner alone.
+constexpr QFile::Permissions privateFile{0x6600};
+constexpr QFile::Permissions privateFolder{0x7700};
 
 void execute(const QString& path, const QByteArray& sql)
 {
-    sqlite3* database = nullptr;
-    sqlite3_open(QFile::encodeName(path).constData(), &database);
-    if (sqlite3_exec(database, sql.constData(), nullptr, nullptr, nullptr) != SQLITE_OK)
-        qFatal("%s: %s", sql.constData(), sqlite3_errmsg(database));
-    sqlite3_close(database);
+    const auto database = SqliteDatabase::open(path, {});
+    if (!database || !(*database)->execute(sql))
+        qFatal("%s", sql.constData());
 }
 
 /// A version 2 that adds a column and a table.
@@ -71,15 +53,13 @@ class WorkspaceStoreTest : public QObject {
 private Q_SLOTS:
     void init();
     void keepsItsFilesPrivate();
-    void refusesASecondOpening();
     void refusesWhatIsNoStore();
     void tellsAnEmptiedStoreFromANewFile();
     void refusesReadOnlyPlaces();
     void refusesPlacesThatCannotBe();
     void refusesAFullDisk();
     void refusesUnknownVersions();
-    void migrates();
-    void leavesTheStoreWhenAMigrationFails();
+    void migratesAllOrNothing();
 
 private:
     /// Also checks that a refusal changes nothing.
@@ -111,56 +91,40 @@ void WorkspaceStoreTest::init()
 
 void WorkspaceStoreTest::keepsItsFilesPrivate()
 {
-    for (const mode_t mask : {0u, 0777u}) {
-        init();
-        const mode_t previous = ::umask(mask);
-        const auto store = WorkspaceStore::open(m_folder);
-        QVERIFY(store);
-        (*store)->mainContext().insert(makeWorkspace(u"Work"_qs, 0, 3));
-        QVERIFY((*store)->mainContext().save());
-        ::umask(previous);
-        QCOMPARE(modeOf(m_folder), 0700u);
-        QCOMPARE(modeOf(QFileInfo(m_folder).path()), 0700u);
-        // While the store is open its journal is there too.
-        const QFileInfoList files = QDir(m_folder).entryInfoList(QDir::Files);
-        QCOMPARE(files.size(), 3);
-        for (const QFileInfo& file : files)
-            QCOMPARE(modeOf(file.filePath()), 0600u);
-    }
-}
-
-void WorkspaceStoreTest::refusesASecondOpening()
-{
-    makeStore();
+    const mode_t previous = ::umask(0);
     const auto store = openStore(m_folder);
-    QCOMPARE(openingError(), StoreError::inUse);
-    store->mainContext().insert(makeWorkspace(u"More"_qs, 1, 1));
+    store->mainContext().insert(makeWorkspace(u"Work"_qs, 0, 3));
     QVERIFY(store->mainContext().save());
+    ::umask(previous);
+    QCOMPARE(QFile::permissions(m_folder), privateFolder);
+    QCOMPARE(QFile::permissions(QFileInfo(m_folder).path()), privateFolder);
+    // While the store is open its journal is there too.
+    const QFileInfoList files = QDir(m_folder).entryInfoList(QDir::Files);
+    QCOMPARE(files.size(), 3);
+    for (const QFileInfo& file : files)
+        QCOMPARE(file.permissions(), privateFile);
 }
 
 void WorkspaceStoreTest::refusesWhatIsNoStore()
 {
-    QVERIFY(QDir().mkpath(m_folder));
     for (const QByteArray& content :
          {QByteArray("workspaces\n"), QByteArray("workspaces\n").repeated(10'000),
           QByteArray(8192, '\0'), QByteArray("SQLite format 3\0", 16)}) {
         writeFile(m_path, content);
         QCOMPARE(openingError(), StoreError::notAStore);
     }
-    QVERIFY(QFile::remove(m_path));
+    writeFile(m_path, {});
     execute(m_path, "CREATE TABLE TrovellWorkspace(id)");
     QCOMPARE(openingError(), StoreError::notAStore);
 }
 
 void WorkspaceStoreTest::tellsAnEmptiedStoreFromANewFile()
 {
-    QVERIFY(QDir().mkpath(m_folder));
     writeFile(m_path, {});
     makeStore();
     QCOMPARE(storedContents(m_folder).size(), 1);
-    QCOMPARE(modeOf(m_path), 0600u);
+    QCOMPARE(QFile::permissions(m_path), privateFile);
     writeFile(m_path, {});
-    QCOMPARE(openingError(), StoreError::damaged);
     QCOMPARE(openingError(), StoreError::damaged);
 }
 
@@ -179,14 +143,10 @@ void WorkspaceStoreTest::refusesReadOnlyPlaces()
 
 void WorkspaceStoreTest::refusesPlacesThatCannotBe()
 {
-    QVERIFY(QDir().mkpath(m_path));
-    QCOMPARE(openingError(), StoreError::inaccessible);
-    const QString file = m_directory->filePath(u"file"_qs);
-    writeFile(file, "content");
+    const QString file = writeFile(m_directory->filePath(u"file"_qs), "content");
     for (const QString& folder : {file, file + u"/folder"_qs, u"/proc/trovell"_qs}) {
         const auto store = WorkspaceStore::open(folder);
-        QVERIFY(!store);
-        QCOMPARE(store.error(), StoreError::inaccessible);
+        QVERIFY(!store && store.error() == StoreError::inaccessible);
     }
     QCOMPARE(readFile(file), QByteArray("content"));
 }
@@ -194,16 +154,14 @@ void WorkspaceStoreTest::refusesPlacesThatCannotBe()
 void WorkspaceStoreTest::refusesAFullDisk()
 {
     StoreFaultVfs vfs;
-    vfs.arm(StoreFaultVfs::Fault::diskFull, 1, StoreFaultVfs::forEver);
-    const auto created = WorkspaceStore::open(m_folder, {.vfsName = vfs.name()});
-    QVERIFY(!created);
-    QCOMPARE(created.error(), StoreError::diskFull);
-    vfs.disarm();
-    makeStore();
-    vfs.arm(StoreFaultVfs::Fault::diskFull, 1, StoreFaultVfs::forEver);
-    QCOMPARE(openingError({.vfsName = vfs.name()}), StoreError::diskFull);
-    vfs.disarm();
-    QCOMPARE(openingError({.vfsName = vfs.name()}), std::nullopt);
+    for (const bool isNew : {true, false}) {
+        vfs.arm(StoreFaultVfs::Fault::diskFull, 1, StoreFaultVfs::forEver);
+        QCOMPARE(openingError({.vfsName = vfs.name()}), StoreError::diskFull);
+        vfs.disarm();
+        if (isNew)
+            makeStore();
+        QCOMPARE(openingError({.vfsName = vfs.name()}), std::nullopt);
+    }
 }
 
 void WorkspaceStoreTest::refusesUnknownVersions()
@@ -221,17 +179,7 @@ void WorkspaceStoreTest::refusesUnknownVersions()
     QCOMPARE(openingError({.migrationPlan = plan}), StoreError::unknownSchema);
 }
 
-void WorkspaceStoreTest::migrates()
-{
-    makeStore();
-    const StoreContents contents = storedContents(m_folder);
-    const StoreOptions options{.migrationPlan = planWithVersion2()};
-    QCOMPARE(contentsOf(openStore(m_folder, options)->mainContext()), contents);
-    QCOMPARE(contentsOf(openStore(m_folder, options)->mainContext()), contents);
-    QCOMPARE(openingError(), StoreError::unknownSchema);
-}
-
-void WorkspaceStoreTest::leavesTheStoreWhenAMigrationFails()
+void WorkspaceStoreTest::migratesAllOrNothing()
 {
     makeStore();
     const StoreContents contents = storedContents(m_folder);
@@ -242,6 +190,12 @@ void WorkspaceStoreTest::leavesTheStoreWhenAMigrationFails()
     plan.stages.first().statements.append("INSERT INTO Nowhere VALUES(1)");
     QCOMPARE(openingError({.migrationPlan = plan}), StoreError::damaged);
     QCOMPARE(storedContents(m_folder), contents);
+
+    const StoreOptions options{.migrationPlan = planWithVersion2()};
+    for (const bool isMigrated : {false, true})
+        QVERIFY2(contentsOf(openStore(m_folder, options)->mainContext()) == contents,
+                 isMigrated ? "again" : "at first");
+    QCOMPARE(openingError(), StoreError::unknownSchema);
 }
 
 QTEST_GUILESS_MAIN(WorkspaceStoreTest)

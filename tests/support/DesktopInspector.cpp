@@ -14,9 +14,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-template <class T> using Reply = std::unique_ptr<T, decltype(&std::free)>;
-
-template <class T> Reply<T> owned(T* reply)
+/// Null when the request failed.
+template <class T> std::unique_ptr<T, decltype(&std::free)> owned(T* reply)
 {
     return {reply, &std::free};
 }
@@ -102,7 +101,7 @@ QList<quint32> DesktopInspector::numbers(quint32 id, const char* name) const
     return result;
 }
 
-QRect DesktopInspector::rootGeometry(quint32 id) const
+QRect DesktopInspector::rootGeometry(quint32 id, quint32* outermost) const
 {
     QPoint offset;
     QSize size;
@@ -118,31 +117,21 @@ QRect DesktopInspector::rootGeometry(quint32 id) const
             QPoint(geometry->x + geometry->border_width, geometry->y + geometry->border_width);
         if (window == id)
             size = QSize(geometry->width, geometry->height);
+        if (outermost)
+            *outermost = window;
         window = tree->parent;
     }
     return {offset, size};
-}
-
-quint32 DesktopInspector::outermostParent(quint32 id) const
-{
-    for (quint32 window = id;;) {
-        const auto tree = owned(
-            xcb_query_tree_reply(m_connection, xcb_query_tree(m_connection, window), nullptr));
-        if (!tree || tree->parent == tree->root)
-            return window;
-        window = tree->parent;
-    }
 }
 
 std::optional<InspectedWindow> DesktopInspector::window(quint32 id) const
 {
     InspectedWindow result;
     result.id = id;
-    result.client = rootGeometry(id);
+    quint32 outermost = 0;
+    result.client = rootGeometry(id, &outermost);
     if (result.client.isNull())
         return std::nullopt;
-    const QList<quint32> process = numbers(id, "_NET_WM_PID");
-    result.processIdentifier = static_cast<qint32>(process.value(0));
     result.title = QString::fromUtf8(property(id, "_NET_WM_NAME"));
     if (result.title.isEmpty())
         result.title = QString::fromLatin1(property(id, "WM_NAME"));
@@ -153,7 +142,7 @@ std::optional<InspectedWindow> DesktopInspector::window(quint32 id) const
         return static_cast<int>(frame.value(side)) - static_cast<int>(shadow.value(side));
     };
     result.frame = result.client.adjusted(-outset(0), -outset(2), outset(1), outset(3));
-    result.outermost = rootGeometry(outermostParent(id));
+    result.outermost = rootGeometry(outermost);
     const QList<quint32> states = numbers(id, "_NET_WM_STATE");
     result.isMinimized = states.contains(atom("_NET_WM_STATE_HIDDEN"));
     result.isMaximized = states.contains(atom("_NET_WM_STATE_MAXIMIZED_VERT"));
@@ -181,6 +170,14 @@ std::optional<InspectedWindow> DesktopInspector::windowTitled(QStringView title)
     return std::nullopt;
 }
 
+QMap<QString, QRect> DesktopInspector::framesByTitle() const
+{
+    QMap<QString, QRect> frames;
+    for (const InspectedWindow& window : windows())
+        frames.insert(window.title, window.frame);
+    return frames;
+}
+
 InspectedWindow
 DesktopInspector::waitForMatch(const std::function<bool(const InspectedWindow&)>& isWanted) const
 {
@@ -205,20 +202,13 @@ InspectedWindow DesktopInspector::waitForWindowOfClass(QStringView wmClass) cons
     return waitForMatch([&](const InspectedWindow& window) { return window.wmClass == wmClass; });
 }
 
-quint32 DesktopInspector::mapProbe() const
-{
-    const quint32 id = xcb_generate_id(m_connection);
-    xcb_create_window(m_connection, XCB_COPY_FROM_PARENT, id, root(), 0, 0, 10, 10, 0,
-                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
-    xcb_map_window(m_connection, id);
-    xcb_flush(m_connection);
-    return id;
-}
-
 bool DesktopInspector::waitForManagement() const
 {
     const auto isProbeManaged = [this] {
-        const quint32 probe = mapProbe();
+        const quint32 probe = xcb_generate_id(m_connection);
+        xcb_create_window(m_connection, XCB_COPY_FROM_PARENT, probe, root(), 0, 0, 10, 10, 0,
+                          XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+        xcb_map_window(m_connection, probe);
         const auto isManaged = [&] { return numbers(root(), "_NET_CLIENT_LIST").contains(probe); };
         const bool answer = waitUntil(isManaged, 200ms);
         xcb_destroy_window(m_connection, probe);
@@ -268,40 +258,16 @@ void DesktopInspector::sendToRoot(quint32 id, const char* type, const QList<quin
     xcb_flush(m_connection);
 }
 
-void DesktopInspector::setState(quint32 id, bool isOn, const char* first, const char* second)
-{
-    sendToRoot(id, "_NET_WM_STATE", {isOn, atom(first), second ? atom(second) : 0, 2});
-}
-
 void DesktopInspector::setMaximized(quint32 id, bool isOn)
 {
-    setState(id, isOn, "_NET_WM_STATE_MAXIMIZED_VERT", "_NET_WM_STATE_MAXIMIZED_HORZ");
+    sendToRoot(
+        id, "_NET_WM_STATE",
+        {isOn, atom("_NET_WM_STATE_MAXIMIZED_VERT"), atom("_NET_WM_STATE_MAXIMIZED_HORZ"), 2});
 }
 
 void DesktopInspector::setFullScreen(quint32 id, bool isOn)
 {
-    setState(id, isOn, "_NET_WM_STATE_FULLSCREEN");
-}
-
-void DesktopInspector::minimize(quint32 id)
-{
-    constexpr quint32 iconic = 3;
-    sendToRoot(id, "WM_CHANGE_STATE", {iconic});
-}
-
-void DesktopInspector::activate(quint32 id)
-{
-    sendToRoot(id, "_NET_ACTIVE_WINDOW", {2});
-}
-
-void DesktopInspector::moveToVirtualDesktop(quint32 id, quint32 index)
-{
-    sendToRoot(id, "_NET_WM_DESKTOP", {index, 2});
-}
-
-void DesktopInspector::close(quint32 id)
-{
-    sendToRoot(id, "_NET_CLOSE_WINDOW", {0, 2});
+    sendToRoot(id, "_NET_WM_STATE", {isOn, atom("_NET_WM_STATE_FULLSCREEN"), 0, 2});
 }
 
 void DesktopInspector::setProperty(quint32 id, const char* name, const char* type,

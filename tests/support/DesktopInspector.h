@@ -8,6 +8,7 @@
 #include <QByteArray>
 #include <QHash>
 #include <QList>
+#include <QMap>
 #include <QPoint>
 #include <QRect>
 #include <QString>
@@ -27,8 +28,6 @@ bool waitUntil(const std::function<bool()>& condition,
 
 struct InspectedWindow {
     quint32 id = 0;
-    /// _NET_WM_PID
-    qint32 processIdentifier = 0;
     QString title;
     QString wmClass;
     /// The window of the client, without decorations.
@@ -50,8 +49,7 @@ class DesktopInspector {
 public:
     explicit DesktopInspector(const QByteArray& displayName);
     ~DesktopInspector();
-    DesktopInspector(const DesktopInspector&) = delete;
-    DesktopInspector& operator=(const DesktopInspector&) = delete;
+    Q_DISABLE_COPY_MOVE(DesktopInspector)
 
     /// The managed windows in the order in which they appeared.
     QList<InspectedWindow> windows() const;
@@ -59,6 +57,8 @@ public:
     std::optional<InspectedWindow> window(quint32 id) const;
     /// The first managed window with that title, at once.
     std::optional<InspectedWindow> windowTitled(QStringView title) const;
+
+    QMap<QString, QRect> framesByTitle() const;
 
     /// Waits until that window is managed and has come to rest. Id 0 after half a minute.
     InspectedWindow waitForWindow(QStringView title) const;
@@ -78,11 +78,14 @@ public:
     void moveWindow(quint32 id, const QRect& client);
     void setMaximized(quint32 id, bool isOn);
     void setFullScreen(quint32 id, bool isOn);
-    void minimize(quint32 id);
-    void activate(quint32 id);
-    void moveToVirtualDesktop(quint32 id, quint32 index);
+    void minimize(quint32 id) { sendToRoot(id, "WM_CHANGE_STATE", {3}); }
+    void activate(quint32 id) { sendToRoot(id, "_NET_ACTIVE_WINDOW", {2}); }
+    void moveToVirtualDesktop(quint32 id, quint32 index)
+    {
+        sendToRoot(id, "_NET_WM_DESKTOP", {index, 2});
+    }
     /// Asks the program to close it, as a click on the close button does.
-    void close(quint32 id);
+    void close(quint32 id) { sendToRoot(id, "_NET_CLOSE_WINDOW", {0, 2}); }
     /// Replaces a property of 32-bit numbers on any window; no values delete it.
     void setProperty(quint32 id, const char* name, const char* type, const QList<quint32>& values);
 
@@ -101,12 +104,9 @@ public:
 private:
     quint32 atom(const char* name) const;
     QByteArray property(quint32 id, const char* name) const;
-    QRect rootGeometry(quint32 id) const;
-    quint32 outermostParent(quint32 id) const;
-    quint32 mapProbe() const;
+    QRect rootGeometry(quint32 id, quint32* outermost = nullptr) const;
     InspectedWindow waitForMatch(const std::function<bool(const InspectedWindow&)>& isWanted) const;
     void sendToRoot(quint32 id, const char* type, const QList<quint32>& data);
-    void setState(quint32 id, bool isOn, const char* first, const char* second = nullptr);
 
     xcb_connection_t* m_connection;
     mutable QHash<QByteArray, quint32> m_atoms;

@@ -17,8 +17,6 @@ public:
 
     /// Moves the time and wakes everyone whose time has come.
     void advance(std::chrono::milliseconds duration);
-    /// The wall clock jumps without any time passing for sleepers.
-    void jump(std::chrono::milliseconds duration) { m_now = m_now.addMSecs(duration.count()); }
     /// How many sleep now.
     [[nodiscard]] qsizetype sleeperCount() const { return m_sleepers.size(); }
     /// How many ever went to sleep.

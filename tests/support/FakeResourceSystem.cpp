@@ -15,30 +15,10 @@ std::optional<Value> found(const QHash<Key, Value>& values, const Key& key)
 
 } // namespace
 
-void FakeResourceSystem::addBookmark(const QByteArray& bookmark, const QUrl& url, bool isStale)
-{
-    m_bookmarks.insert(bookmark, {url, isStale});
-}
-
-void FakeResourceSystem::addApplication(const QString& bundleIdentifier, const QUrl& url)
-{
-    m_applications.insert(bundleIdentifier, url);
-}
-
 void FakeResourceSystem::addApplication(const ApplicationDescription& description, const QUrl& url)
 {
     addApplication(description.bundleIdentifier, url);
     m_descriptions.insert(url, description);
-}
-
-void FakeResourceSystem::refuseToBookmark(const QUrl& url)
-{
-    m_unmarkable.insert(url);
-}
-
-void FakeResourceSystem::refuseToOpen(const QUrl& url)
-{
-    m_refused.insert(url);
 }
 
 std::optional<QByteArray> FakeResourceSystem::createBookmark(const QUrl& url) const
@@ -82,16 +62,6 @@ QList<InstalledApplication> FakeResourceSystem::installedApplications() const
             installed.append({url, *application});
     }
     return installed;
-}
-
-bool FakeResourceSystem::openApplication(const QUrl& url)
-{
-    return open(url, m_openedApplications);
-}
-
-bool FakeResourceSystem::openResource(const QUrl& url)
-{
-    return open(url, m_openedResources);
 }
 
 bool FakeResourceSystem::open(const QUrl& url, QList<QUrl>& kind)

@@ -13,12 +13,18 @@ namespace trovell {
 class FakeResourceSystem final : public ResourceSystem {
 public:
     /// The bytes resolve to `url`. Bookmarks made by this system need no such call.
-    void addBookmark(const QByteArray& bookmark, const QUrl& url, bool isStale = false);
-    void addApplication(const QString& bundleIdentifier, const QUrl& url);
+    void addBookmark(const QByteArray& bookmark, const QUrl& url, bool isStale = false)
+    {
+        m_bookmarks.insert(bookmark, {url, isStale});
+    }
+    void addApplication(const QString& bundleIdentifier, const QUrl& url)
+    {
+        m_applications.insert(bundleIdentifier, url);
+    }
     /// One that its desktop file describes so.
     void addApplication(const ApplicationDescription& description, const QUrl& url);
-    void refuseToBookmark(const QUrl& url);
-    void refuseToOpen(const QUrl& url);
+    void refuseToBookmark(const QUrl& url) { m_unmarkable.insert(url); }
+    void refuseToOpen(const QUrl& url) { m_refused.insert(url); }
 
     [[nodiscard]] QList<QUrl> openedApplications() const { return m_openedApplications; }
     [[nodiscard]] QList<QUrl> openedResources() const { return m_openedResources; }
@@ -35,8 +41,14 @@ public:
     describeApplication(const QUrl& url) const override;
     /// Those that were added, as `describeApplication` describes them.
     [[nodiscard]] QList<InstalledApplication> installedApplications() const override;
-    [[nodiscard]] bool openApplication(const QUrl& url) override;
-    [[nodiscard]] bool openResource(const QUrl& url) override;
+    [[nodiscard]] bool openApplication(const QUrl& url) override
+    {
+        return open(url, m_openedApplications);
+    }
+    [[nodiscard]] bool openResource(const QUrl& url) override
+    {
+        return open(url, m_openedResources);
+    }
 
 private:
     bool open(const QUrl& url, QList<QUrl>& kind);

@@ -36,18 +36,6 @@ WindowHandle FakeWindowSystem::addWindow(const QString& bundleIdentifier, const 
     return m_lastHandle;
 }
 
-void FakeWindowSystem::removeWindow(WindowHandle handle)
-{
-    const QMutexLocker lock(&m_mutex);
-    m_windows.remove(handle);
-}
-
-FakeWindowSystem::Window FakeWindowSystem::window(WindowHandle handle) const
-{
-    const QMutexLocker lock(&m_mutex);
-    return m_windows.value(handle);
-}
-
 DisplaySnapshot FakeWindowSystem::display(const QString& name, const QRectF& frame,
                                           const QRectF& visibleFrame, bool isMain)
 {
@@ -55,18 +43,6 @@ DisplaySnapshot FakeWindowSystem::display(const QString& name, const QRectF& fra
         makeDisplaySnapshots({Screen{frame, visibleFrame, 1.0, name}}, std::nullopt).first();
     snapshot.fingerprint.isMain = isMain;
     return snapshot;
-}
-
-int FakeWindowSystem::readCount() const
-{
-    const QMutexLocker lock(&m_mutex);
-    return m_readCount;
-}
-
-QList<RunningApplication> FakeWindowSystem::runningApplications()
-{
-    const QMutexLocker lock(&m_mutex);
-    return m_applications;
 }
 
 QList<RunningApplication> FakeWindowSystem::applicationsWithWindows()
@@ -85,18 +61,6 @@ QList<RunningApplication> FakeWindowSystem::runningApplications(const QString& b
     return applications;
 }
 
-void FakeWindowSystem::activate(const RunningApplication& application)
-{
-    activated.append(application.bundleIdentifier.value_or(QString()));
-}
-
-WindowAttributes FakeWindowSystem::attributes(WindowHandle handle) const
-{
-    const Window window = m_windows.value(handle);
-    return {handle,       window.isMinimized,     window.role,        window.subrole,
-            window.title, window.frame.topLeft(), window.frame.size()};
-}
-
 QList<QList<WindowAttributes>>
 FakeWindowSystem::readWindows(const QList<RunningApplication>& applications) const
 {
@@ -108,8 +72,10 @@ FakeWindowSystem::readWindows(const QList<RunningApplication>& applications) con
     for (const RunningApplication& application : applications) {
         QList<WindowAttributes> list;
         for (const WindowHandle handle : application.windows) {
-            if (m_windows.contains(handle))
-                list.append(attributes(handle));
+            const auto window = m_windows.constFind(handle);
+            if (window != m_windows.cend())
+                list.append({handle, window->isMinimized, window->role, window->subrole,
+                             window->title, window->frame.topLeft(), window->frame.size()});
         }
         lists.append(list);
     }

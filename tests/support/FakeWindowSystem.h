@@ -6,7 +6,6 @@
 
 #include <QHash>
 #include <QMutex>
-#include <QSet>
 #include <QStringList>
 
 namespace trovell {
@@ -28,8 +27,16 @@ public:
     RunningApplication& addApplication(const QString& bundleIdentifier, const QString& name = {});
     /// Adds the application, too, when it does not run yet.
     WindowHandle addWindow(const QString& bundleIdentifier, const Window& window);
-    void removeWindow(WindowHandle handle);
-    [[nodiscard]] Window window(WindowHandle handle) const;
+    void removeWindow(WindowHandle handle)
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_windows.remove(handle);
+    }
+    [[nodiscard]] Window window(WindowHandle handle) const
+    {
+        const QMutexLocker lock(&m_mutex);
+        return m_windows.value(handle);
+    }
     [[nodiscard]] static DisplaySnapshot display(const QString& name, const QRectF& frame,
                                                  const QRectF& visibleFrame, bool isMain);
 
@@ -40,23 +47,32 @@ public:
     /// Called on the worker before the windows of a list of applications are read.
     std::function<void(const QList<RunningApplication>&)> onRead;
 
-    [[nodiscard]] int readCount() const;
+    [[nodiscard]] int readCount() const
+    {
+        const QMutexLocker lock(&m_mutex);
+        return m_readCount;
+    }
 
     [[nodiscard]] bool isTrusted() const override { return trusted; }
     bool requestTrust() override { return trusted; }
-    [[nodiscard]] QList<RunningApplication> runningApplications() override;
+    [[nodiscard]] QList<RunningApplication> runningApplications() override
+    {
+        const QMutexLocker lock(&m_mutex);
+        return m_applications;
+    }
     [[nodiscard]] QList<RunningApplication> applicationsWithWindows() override;
     [[nodiscard]] QList<RunningApplication>
     runningApplications(const QString& bundleIdentifier) override;
-    void activate(const RunningApplication& application) override;
+    void activate(const RunningApplication& application) override
+    {
+        activated.append(application.bundleIdentifier.value_or(QString()));
+    }
     [[nodiscard]] QList<DisplaySnapshot> currentDisplays() override { return displays; }
     [[nodiscard]] QList<QList<WindowAttributes>>
     readWindows(const QList<RunningApplication>& applications) const override;
     [[nodiscard]] QList<bool> setWindowFrames(const QList<WindowFrameRequest>& requests) override;
 
 private:
-    [[nodiscard]] WindowAttributes attributes(WindowHandle handle) const;
-
     /// Tests run the product's workers for real.
     mutable QMutex m_mutex;
     QList<RunningApplication> m_applications;

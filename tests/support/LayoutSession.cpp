@@ -1,21 +1,16 @@
 #include "support/LayoutSession.h"
 
 #include "app/AppConfiguration.h"
-
-#include <QMap>
-#include <QTest>
+#include "support/StoreContents.h"
 
 namespace trovell::test {
 
 LayoutSession::LayoutSession(VirtualDesktop& desktop)
     : m_platform((desktop.enter(), makePlatformAdapters(appConfiguration().bundleIdentifier))),
-      m_defaults(m_folder.filePath(QStringLiteral("preferences.json"))),
-      m_dependencies(m_platform, m_defaults, m_clock, appConfiguration())
+      m_defaults(m_folder.filePath(u"preferences.json"_qs)),
+      m_dependencies(m_platform, m_defaults, m_clock, appConfiguration()),
+      m_store(openStore(m_folder.filePath(u"store"_qs)))
 {
-    auto store = WorkspaceStore::open(m_folder.filePath(QStringLiteral("store")));
-    if (!store)
-        qFatal("%s", qPrintable(description(store.error())));
-    m_store = std::move(*store);
 }
 
 TrovellWorkspace* LayoutSession::capture()
@@ -46,15 +41,6 @@ QStringList LayoutSession::start(TrovellWorkspace& workspace, double timeoutSeco
                          .trimmed());
     lines.sort();
     return lines;
-}
-
-QMap<QString, QRect> framesByTitle(VirtualDesktop& desktop)
-{
-    QMap<QString, QRect> frames;
-    const QList<InspectedWindow> windows = desktop.inspector().windows();
-    for (const InspectedWindow& window : windows)
-        frames.insert(window.title, window.frame);
-    return frames;
 }
 
 } // namespace trovell::test

@@ -9,8 +9,6 @@
 #include "support/SystemClock.h"
 #include "support/VirtualDesktop.h"
 
-#include <QMap>
-#include <QRect>
 #include <QStringList>
 #include <QTemporaryDir>
 
@@ -40,8 +38,5 @@ private:
     AppDependencies m_dependencies;
     std::unique_ptr<WorkspaceStore> m_store;
 };
-
-/// The frame of every managed window by its title.
-[[nodiscard]] QMap<QString, QRect> framesByTitle(VirtualDesktop& desktop);
 
 } // namespace trovell::test

@@ -1,8 +1,6 @@
 #include "support/PrivateSession.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
+#include "support/TestFiles.h"
 
 namespace trovell::test {
 
@@ -53,11 +51,7 @@ PrivateSession::~PrivateSession()
 
 QString PrivateSession::write(const QString& name, const QByteArray& content) const
 {
-    QDir().mkpath(QFileInfo(path(name)).path());
-    QFile file(path(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-        qFatal("cannot write %s", qPrintable(path(name)));
-    return path(name);
+    return writeFile(path(name), content);
 }
 
 QString PrivateSession::addDesktopFile(const QString& id, const QByteArray& lines) const
@@ -68,17 +62,12 @@ QString PrivateSession::addDesktopFile(const QString& id, const QByteArray& line
 
 QString PrivateSession::addRecorder(const QString& name) const
 {
-    const QString program = write(u"bin/"_qs + name, recorderScript);
-    QFile::setPermissions(program, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    return program;
+    return writeProgram(path(u"bin/"_qs + name), recorderScript);
 }
 
 std::optional<RecordedStart> PrivateSession::recorded(const QString& recorder) const
 {
-    QFile file(recorder + u".record"_qs);
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n');
+    QStringList lines = QString::fromUtf8(readFile(recorder + u".record"_qs)).split(u'\n');
     lines.removeLast();
     if (lines.size() < 7)
         return {};

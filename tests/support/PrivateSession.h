@@ -28,8 +28,7 @@ class PrivateSession {
 public:
     PrivateSession();
     ~PrivateSession();
-    PrivateSession(const PrivateSession&) = delete;
-    PrivateSession& operator=(const PrivateSession&) = delete;
+    Q_DISABLE_COPY_MOVE(PrivateSession)
 
     /// Absolute path of something in the private HOME. The user's own desktop files are in
     /// "data/applications", those of the system in "share/applications".

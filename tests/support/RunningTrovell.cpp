@@ -1,20 +1,14 @@
 #include "support/RunningTrovell.h"
 
-#include <QDir>
-#include <QFile>
+#include "support/TestFiles.h"
+
 #include <QJsonDocument>
 
 #include <csignal>
 
 namespace trovell::test {
 
-namespace {
-
 using namespace std::chrono_literals;
-
-const QString application = QStringLiteral("trovell");
-
-} // namespace
 
 RunningTrovell::RunningTrovell(VirtualDesktop& desktop) : m_desktop(desktop)
 {
@@ -31,12 +25,8 @@ RunningTrovell::~RunningTrovell()
 
 void RunningTrovell::setPreferences(const QJsonObject& preferences) const
 {
-    const QString folder = m_desktop.homePath() + u"/.config/trovell"_qs;
-    QDir().mkpath(folder);
-    QFile file(folder + u"/preferences.json"_qs);
-    if (!file.open(QIODevice::WriteOnly))
-        qFatal("the preferences cannot be written");
-    file.write(QJsonDocument(preferences).toJson());
+    writeFile(m_desktop.homePath() + u"/.config/trovell/preferences.json"_qs,
+              QJsonDocument(preferences).toJson());
 }
 
 bool RunningTrovell::start()
@@ -54,40 +44,9 @@ bool RunningTrovell::end()
            m_process->exitCode() == 0;
 }
 
-bool RunningTrovell::isRunning() const
-{
-    return m_process && m_process->state() == QProcess::Running;
-}
-
 std::optional<AccessibleNode> RunningTrovell::find(const QString& role, const QString& name)
 {
     return m_tree->waitFor(application, role, name, 10s);
-}
-
-bool RunningTrovell::showsNow(const QString& role, const QString& name) const
-{
-    return m_tree->find(application, role, name).has_value();
-}
-
-bool RunningTrovell::shows(const QString& role, const QString& name)
-{
-    return find(role, name).has_value();
-}
-
-bool RunningTrovell::hides(const QString& role, const QString& name)
-{
-    return waitUntil([&] { return !showsNow(role, name); });
-}
-
-QStringList RunningTrovell::names(const QString& role)
-{
-    QStringList found;
-    const QList<AccessibleNode> nodes = m_tree->shown(application);
-    for (const AccessibleNode& node : nodes) {
-        if (node.role == role)
-            found.append(node.name);
-    }
-    return found;
 }
 
 QString RunningTrovell::picture()
@@ -97,21 +56,6 @@ QString RunningTrovell::picture()
     for (const AccessibleNode& node : nodes)
         text += u"%1%2 \"%3\"\n"_qs.arg(QString(node.depth * 2, u' '), node.role, node.name);
     return text;
-}
-
-bool RunningTrovell::click(const QString& role, const QString& name)
-{
-    return clickMiddle(role, name, {"click", "1"});
-}
-
-bool RunningTrovell::doubleClick(const QString& role, const QString& name)
-{
-    return clickMiddle(role, name, {"click", "--repeat", "2", "--delay", "60", "1"});
-}
-
-bool RunningTrovell::rightClick(const QString& role, const QString& name)
-{
-    return clickMiddle(role, name, {"click", "3"});
 }
 
 bool RunningTrovell::clickMiddle(const QString& role, const QString& name,
@@ -135,16 +79,6 @@ bool RunningTrovell::clickMiddle(const QString& role, const QString& name,
                                             QByteArray::number(middle.y())} +
                                  clicks);
     return true;
-}
-
-void RunningTrovell::type(const QString& text)
-{
-    m_desktop.run("xdotool", {"type", "--delay", "8", text.toUtf8()});
-}
-
-void RunningTrovell::press(const char* keys)
-{
-    m_desktop.run("xdotool", {"key", keys});
 }
 
 } // namespace trovell::test

@@ -23,31 +23,55 @@ public:
     [[nodiscard]] bool start();
     /// Asks it to end, as a session does; false when it does not end in order.
     [[nodiscard]] bool end();
-    [[nodiscard]] bool isRunning() const;
+    [[nodiscard]] bool isRunning() const
+    {
+        return m_process && m_process->state() == QProcess::Running;
+    }
 
     /// The first shown object of that role and name, waited for. An empty role or name stands for
     /// any. Roles as AT-SPI writes them.
     [[nodiscard]] std::optional<AccessibleNode> find(const QString& role, const QString& name);
-    [[nodiscard]] bool showsNow(const QString& role, const QString& name) const;
+    [[nodiscard]] bool showsNow(const QString& role, const QString& name) const
+    {
+        return m_tree->find(application, role, name).has_value();
+    }
     /// Whether it is shown now, or soon.
-    [[nodiscard]] bool shows(const QString& role, const QString& name);
+    [[nodiscard]] bool shows(const QString& role, const QString& name)
+    {
+        return find(role, name).has_value();
+    }
     /// Whether it is shown no more, now or soon.
-    [[nodiscard]] bool hides(const QString& role, const QString& name);
-    /// The names of all objects of a role that are shown now.
-    [[nodiscard]] QStringList names(const QString& role);
+    [[nodiscard]] bool hides(const QString& role, const QString& name)
+    {
+        return waitUntil([&] { return !showsNow(role, name); });
+    }
     /// Everything shown, for messages of failed tests.
     [[nodiscard]] QString picture();
 
     /// Waits for the object to be shown and enabled, and clicks its middle.
-    bool click(const QString& role, const QString& name);
-    bool doubleClick(const QString& role, const QString& name);
-    bool rightClick(const QString& role, const QString& name);
+    bool click(const QString& role, const QString& name)
+    {
+        return clickMiddle(role, name, {"click", "1"});
+    }
+    bool doubleClick(const QString& role, const QString& name)
+    {
+        return clickMiddle(role, name, {"click", "--repeat", "2", "--delay", "60", "1"});
+    }
+    bool rightClick(const QString& role, const QString& name)
+    {
+        return clickMiddle(role, name, {"click", "3"});
+    }
     /// Types into whatever has the focus.
-    void type(const QString& text);
+    void type(const QString& text)
+    {
+        m_desktop.run("xdotool", {"type", "--delay", "8", text.toUtf8()});
+    }
     /// A key or combination as xdotool names it, such as "Return" or "alt+Down".
-    void press(const char* keys);
+    void press(const char* keys) { m_desktop.run("xdotool", {"key", keys}); }
 
 private:
+    static inline const QString application = QStringLiteral("trovell");
+
     bool clickMiddle(const QString& role, const QString& name, const QByteArrayList& clicks);
 
     VirtualDesktop& m_desktop;

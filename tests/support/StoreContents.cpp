@@ -3,6 +3,7 @@
 #include "model/RecordColumns.h"
 
 #include <QCryptographicHash>
+#include <QDataStream>
 
 #include <limits>
 
@@ -10,48 +11,33 @@ namespace trovell {
 
 namespace {
 
-QByteArray bytesOf(const QByteArray& value)
+/// Writes equal bytes for what compares equal.
+template <class T> void write(QDataStream& stream, const T& value)
 {
-    return value;
+    if constexpr (std::is_same_v<T, QDateTime>)
+        stream << value.toMSecsSinceEpoch();
+    else if constexpr (requires { value.isEmpty(); })
+        value.isEmpty() ? stream << 0 : stream << value; // null or not
+    else
+        stream << value;
 }
 
-QByteArray bytesOf(const QString& value)
+void write(QDataStream& stream, double value)
 {
-    return value.toUtf8();
+    stream << value + 0.0; // storing drops the sign of zero
 }
 
-QByteArray bytesOf(const QUuid& value)
+template <class T> void write(QDataStream& stream, const std::optional<T>& value)
 {
-    return value.toRfc4122();
+    stream << value.has_value();
+    write(stream, value.value_or(T()));
 }
 
-QByteArray bytesOf(const QDateTime& value)
+template <class Values> void writeAll(QDataStream& stream, const QList<Values>& list)
 {
-    return QByteArray::number(value.toMSecsSinceEpoch());
-}
-
-QByteArray bytesOf(double value)
-{
-    // Storing drops the sign of zero, which compares equal.
-    return QByteArray::number(value + 0.0, 'g', 17);
-}
-
-template <std::integral T> QByteArray bytesOf(T value)
-{
-    return QByteArray::number(static_cast<qint64>(value));
-}
-
-template <class T> QByteArray bytesOf(const std::optional<T>& value)
-{
-    return value ? "some " + bytesOf(*value) : QByteArray("none");
-}
-
-template <class Values> void addValues(QCryptographicHash& hash, const Values& values)
-{
-    forEachColumn<Values>([&](const auto& column) {
-        const QByteArray bytes = bytesOf(values.*column.attribute);
-        hash.addData(QByteArray::number(bytes.size()) + ':' + bytes);
-    });
+    stream << list.size();
+    for (const Values& values : list)
+        forEachColumn<Values>([&](const auto& column) { write(stream, values.*column.attribute); });
 }
 
 template <class Child> auto valuesOf(const QList<Child*>& children)
@@ -118,16 +104,14 @@ StoreContents contentsOf(const StoreContext& context)
 
 QByteArray digestOf(const StoreContents& contents)
 {
-    QCryptographicHash hash(QCryptographicHash::Sha1);
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
     for (const WorkspaceContents& workspace : contents) {
-        hash.addData("workspace");
-        addValues(hash, workspace.values);
-        for (const WorkspaceItemValues& item : workspace.items)
-            addValues(hash, item);
-        for (const WindowPlacementValues& placement : workspace.placements)
-            addValues(hash, placement);
+        writeAll(stream, QList{workspace.values});
+        writeAll(stream, workspace.items);
+        writeAll(stream, workspace.placements);
     }
-    return hash.result().toHex();
+    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha1).toHex();
 }
 
 std::unique_ptr<TrovellWorkspace> makeWorkspace(const QString& name, qint64 sortOrder,
@@ -144,75 +128,42 @@ std::unique_ptr<TrovellWorkspace> makeWorkspace(const QString& name, qint64 sort
 
 void StoreEditor::edit(StoreContext& context)
 {
-    m_editCount += 1;
     const QList<TrovellWorkspace*> workspaces = context.workspaces();
-    if (workspaces.size() < 3) {
-        context.insert(makeWorkspace(u"Workspace %1"_qs.arg(m_editCount), workspaces.size(),
-                                     m_random.bounded(6)));
+    const int choice = workspaces.size() < 3 ? 0 : m_random.bounded(6);
+    if (choice == 0) {
+        context.insert(makeWorkspace(u"Workspace %1"_qs.arg(m_random.bounded(1000)),
+                                     workspaces.size(), m_random.bounded(6)));
         return;
     }
     TrovellWorkspace& workspace = *workspaces[m_random.bounded(workspaces.size())];
-    switch (m_random.bounded(6)) {
-    case 0:
-        context.insert(makeWorkspace(u"Work"_qs, workspaces.size(), m_random.bounded(6)));
-        break;
-    case 1:
+    if (choice == 1)
         context.remove(workspace);
-        break;
-    case 2:
-        rewriteItems(context, workspace);
-        break;
-    case 3:
-        clearLayout(context, workspace);
-        break;
-    case 4:
-        reorder(workspaces);
-        break;
-    default:
-        stamp(workspace);
-    }
+    else if (choice == 2)
+        std::ranges::for_each(workspaces, [this](TrovellWorkspace* each) {
+            each->setSortOrder(m_random.bounded(10));
+        });
+    else
+        rewrite(context, workspace);
 }
 
 /// As the editor does: all records are new, those that were there keep their ids.
-void StoreEditor::rewriteItems(StoreContext& context, TrovellWorkspace& workspace)
+void StoreEditor::rewrite(StoreContext& context, TrovellWorkspace& workspace)
 {
     qint64 sortOrder = 0;
     for (WorkspaceItem* item : workspace.sortedItems()) {
         WorkspaceItemValues values = item->values();
         values.sortOrder = sortOrder++;
+        values.bookmarkData = QByteArray::number(m_random.generate());
         context.remove(*item);
         if (m_random.bounded(4) > 0)
             workspace.appendItem(std::make_unique<WorkspaceItem>(values));
     }
     workspace.appendItem(std::make_unique<WorkspaceItem>(itemValues(m_random.bounded(10))));
-    stamp(workspace);
-}
-
-void StoreEditor::clearLayout(StoreContext& context, TrovellWorkspace& workspace)
-{
     for (WindowPlacement* placement : workspace.sortedPlacements())
         context.remove(*placement);
     for (int index = m_random.bounded(4); index > 0; --index)
         workspace.appendPlacement(makePlacement(index));
-    stamp(workspace);
-}
-
-void StoreEditor::stamp(TrovellWorkspace& workspace)
-{
-    const QDateTime instant = workspace.updatedAt().addMSecs(1 + m_random.bounded(100'000));
-    workspace.setLastLaunchedAt(instant);
-    workspace.setUpdatedAt(instant);
-    for (WorkspaceItem* item : workspace.sortedItems()) {
-        if (m_random.bounded(3) == 0)
-            item->setBookmarkData(QByteArray::number(m_random.generate()));
-    }
-}
-
-void StoreEditor::reorder(const QList<TrovellWorkspace*>& workspaces)
-{
-    const qint64 offset = m_random.bounded(1, 10);
-    for (qsizetype index = 0; index < workspaces.size(); ++index)
-        workspaces[index]->setSortOrder((index + offset) % workspaces.size());
+    workspace.setUpdatedAt(workspace.updatedAt().addMSecs(1 + m_random.bounded(100'000)));
 }
 
 } // namespace trovell

@@ -47,13 +47,9 @@ public:
     void edit(StoreContext& context);
 
 private:
-    void rewriteItems(StoreContext& context, TrovellWorkspace& workspace);
-    void clearLayout(StoreContext& context, TrovellWorkspace& workspace);
-    void stamp(TrovellWorkspace& workspace);
-    void reorder(const QList<TrovellWorkspace*>& workspaces);
+    void rewrite(StoreContext& context, TrovellWorkspace& workspace);
 
     QRandomGenerator m_random;
-    int m_editCount = 0;
 };
 
 } // namespace trovell

@@ -1,12 +1,9 @@
 // An SQLite VFS over the system's own that breaks on demand: operations fail, the disk fills up,
-// folders are read-only, the power goes off.
+// folders are read-only. It also knows what a loss of power would take.
 #pragma once
 
 #include <QByteArray>
-#include <QHash>
-#include <QList>
-#include <QRandomGenerator>
-#include <QString>
+#include <QSet>
 
 #include <memory>
 
@@ -48,30 +45,16 @@ public:
     /// Nothing new can be created beside an existing file.
     bool isFolderReadOnly = false;
 
-    /// The files as a disk may hold them if the power went off now: what was synchronised, and of
-    /// the later writes any 512-byte sectors.
-    [[nodiscard]] QHash<QString, QByteArray> filesAfterPowerLoss(QRandomGenerator& random) const;
+    /// Nothing that was written waits for the disk: a loss of power would take nothing.
+    [[nodiscard]] bool isSynchronized() const { return m_unsynchronized.isEmpty(); }
 
 private:
     friend struct StoreFaultFile;
 
     enum class Operation { read, write, other };
-    /// A write, or a truncation to `offset`.
-    struct Change {
-        bool isTruncation = false;
-        qint64 offset = 0;
-        QByteArray bytes;
-    };
-    struct TrackedFile {
-        QByteArray synchronizedContent;
-        QList<Change> later;
-    };
-
-    static void apply(QByteArray& content, const Change& change);
     /// Counts an operation that the fault concerns, and tells whether it fails.
     bool fails(Operation operation);
     int open(const char* path, sqlite3_file* file, int flags, int* outFlags);
-    int remove(const char* path, int isFolderSynchronized);
 
     QByteArray m_name;
     std::unique_ptr<sqlite3_vfs> m_vfs;
@@ -80,7 +63,7 @@ private:
     int m_failureCount = 0;
     bool m_hasFired = false;
     int m_operationCount = 0;
-    QHash<QString, TrackedFile> m_files;
+    QSet<const sqlite3_file*> m_unsynchronized;
 };
 
 } // namespace trovell

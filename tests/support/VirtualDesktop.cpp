@@ -1,10 +1,8 @@
 #include "support/VirtualDesktop.h"
 
 #include "support/MakeEdid.h"
+#include "support/TestFiles.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QRegularExpression>
 #include <QStandardPaths>
 #include <QTest>
@@ -21,47 +19,6 @@ using namespace std::chrono_literals;
 /// Set for every program of a desktop, so that none of them is missed at its end.
 constexpr const char* markerVariable = "TROVELL_TEST_DESKTOP";
 
-constexpr const char* serverConfiguration = R"(
-Section "ServerFlags"
-    Option "AutoAddDevices" "false"
-    Option "AutoAddGPU" "false"
-    Option "DontVTSwitch" "true"
-EndSection
-Section "Device"
-    Identifier "dummy"
-    Driver "dummy"
-    VideoRam 65536
-    Option "Monitor-DUMMY0" "left"
-    Option "Monitor-DUMMY1" "right"
-EndSection
-Section "Monitor"
-    Identifier "left"
-    HorizSync 5-1000
-    VertRefresh 5-200
-    Modeline "1600x1024" 125.0 1600 1648 1680 1760 1024 1027 1033 1050
-    Option "PreferredMode" "1600x1024"
-    Option "Primary" "true"
-EndSection
-Section "Monitor"
-    Identifier "right"
-    HorizSync 5-1000
-    VertRefresh 5-200
-    Option "PreferredMode" "1280x1024"
-    Option "Enable" "true"
-    Option "Position" "1600 0"
-EndSection
-Section "Screen"
-    Identifier "screen"
-    Device "dummy"
-    Monitor "left"
-    DefaultDepth 24
-    SubSection "Display"
-        Depth 24
-        Virtual 4096 4096
-    EndSubSection
-EndSection
-)";
-
 constexpr QRect initialDisplays[] = {{0, 0, 1600, 1024}, {1600, 0, 1280, 1024}};
 
 struct Command {
@@ -71,21 +28,15 @@ struct Command {
 
 Command windowManagerCommand(WindowManager windowManager)
 {
-    switch (windowManager) {
-    case WindowManager::openbox:
-        return {"openbox", {"--sm-disable"}};
-    case WindowManager::xfwm4:
-        return {"xfwm4", {"--compositor=off", "--sm-client-disable"}};
-    case WindowManager::metacity:
-        return {"metacity", {"--sm-disable"}};
-    case WindowManager::mutter:
-        return {"mutter", {"--x11", "--sm-disable"}};
-    case WindowManager::kwin:
-        return {"kwin_x11", {"--no-kactivities"}};
-    case WindowManager::none:
-        break;
-    }
-    return {"", {}};
+    static const QHash<WindowManager, Command> commands = {
+        {WindowManager::none, {"none", {}}},
+        {WindowManager::openbox, {"openbox", {"--sm-disable"}}},
+        {WindowManager::xfwm4, {"xfwm4", {"--compositor=off", "--sm-client-disable"}}},
+        {WindowManager::metacity, {"metacity", {"--sm-disable"}}},
+        {WindowManager::mutter, {"mutter", {"--x11", "--sm-disable"}}},
+        {WindowManager::kwin, {"kwin_x11", {"--no-kactivities"}}},
+    };
+    return commands.value(windowManager);
 }
 
 /// In a new process: a test that is killed leaves nothing behind. Qt also starts processes with a
@@ -108,18 +59,12 @@ QStringList texts(const QByteArrayList& arguments)
     return result;
 }
 
-QByteArray contents(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 /// Waits for the first line of a server's output; empty when the server ended before.
 QByteArray firstLine(const QString& path, const QProcess& process)
 {
     QByteArray line;
     waitUntil([&] {
-        const QByteArray output = contents(path);
+        const QByteArray output = readFile(path);
         line = output.left(output.indexOf('\n') + 1).trimmed();
         return !line.isEmpty() || process.state() == QProcess::NotRunning;
     });
@@ -154,8 +99,7 @@ const char* scriptedClientPath()
 
 const char* windowManagerName(WindowManager windowManager)
 {
-    return windowManager == WindowManager::none ? "none"
-                                                : windowManagerCommand(windowManager).program;
+    return windowManagerCommand(windowManager).program;
 }
 
 const QList<WindowManager>& availableWindowManagers()
@@ -164,11 +108,24 @@ const QList<WindowManager>& availableWindowManagers()
     return found;
 }
 
+void addWindowManagerRows(const QList<WindowManager>& windowManagers)
+{
+    QTest::addColumn<WindowManager>("windowManager");
+    for (const WindowManager windowManager : windowManagers)
+        QTest::newRow(windowManagerName(windowManager)) << windowManager;
+}
+
 VirtualDesktop::VirtualDesktop(WindowManager windowManager)
 {
     prepareEnvironment();
-    if (startServer() && startBus() && startWindowManager(windowManager))
-        restoreDisplays();
+    if (!startServer() || !startBus() || !startWindowManager(windowManager))
+        return;
+    // Some window managers choose the displays' modes anew when they start.
+    for (int index = 0; index < 2; ++index) {
+        const QRect& wanted = initialDisplays[index];
+        if (display(index) != wanted)
+            plugDisplay(index, wanted.size(), wanted.topLeft());
+    }
 }
 
 VirtualDesktop::~VirtualDesktop()
@@ -176,12 +133,6 @@ VirtualDesktop::~VirtualDesktop()
     m_inspector.reset();
     endPrograms();
     killServer();
-    for (const auto& [name, value] : m_replacedVariables) {
-        if (value.isNull())
-            qunsetenv(name.constData());
-        else
-            qputenv(name.constData(), value);
-    }
 }
 
 QString VirtualDesktop::homePath() const
@@ -224,10 +175,8 @@ void VirtualDesktop::enter()
 {
     for (const char* name :
          {"DISPLAY", "HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME",
-          "XDG_RUNTIME_DIR", "XDG_SESSION_TYPE", "DBUS_SESSION_BUS_ADDRESS"}) {
-        m_replacedVariables.prepend({name, qgetenv(name)});
+          "XDG_RUNTIME_DIR", "XDG_SESSION_TYPE", "DBUS_SESSION_BUS_ADDRESS"})
         qputenv(name, m_environment.value(QString::fromLatin1(name)).toUtf8());
-    }
 }
 
 QString VirtualDesktop::logPath(const QProcess& process) const
@@ -269,7 +218,7 @@ QByteArray VirtualDesktop::run(const char* program, const QByteArrayList& argume
 
 bool VirtualDesktop::fail(const QProcess& process)
 {
-    const QByteArray output = contents(logPath(process));
+    const QByteArray output = readFile(logPath(process));
     m_error = process.program() + u" did not start: "_qs + process.errorString() + u'\n' +
               QString::fromLocal8Bit(output.right(2000));
     return false;
@@ -277,15 +226,11 @@ bool VirtualDesktop::fail(const QProcess& process)
 
 bool VirtualDesktop::startServer()
 {
-    QFile configuration(m_folder.filePath(u"xorg.conf"_qs));
-    if (configuration.open(QIODevice::WriteOnly))
-        configuration.write(serverConfiguration);
-    configuration.close();
     // The server picks a free number and writes it once it accepts connections; it closes its
     // standard output first, hence the shell.
     const QString numberPath = m_folder.filePath(u"display"_qs);
     m_server = &start("sh", {"-c", R"(exec Xorg -displayfd 7 "$@" 7>"$0")", numberPath.toUtf8(),
-                             "-config", configuration.fileName().toUtf8(), "-logfile",
+                             "-config", TROVELL_SERVER_CONFIGURATION, "-logfile",
                              m_folder.filePath(u"logs/server"_qs).toUtf8(), "-nolisten", "tcp",
                              "-noreset", "-novtswitch", "-sharevts"});
     const QByteArray number = firstLine(numberPath, *m_server);
@@ -315,17 +260,6 @@ bool VirtualDesktop::startWindowManager(WindowManager windowManager)
            fail(*m_windowManager);
 }
 
-bool VirtualDesktop::restoreDisplays()
-{
-    // Some window managers choose the displays' modes anew when they start.
-    for (int index = 0; index < 2; ++index) {
-        const QRect& wanted = initialDisplays[index];
-        if (display(index) != wanted)
-            plugDisplay(index, wanted.size(), wanted.topLeft());
-    }
-    return true;
-}
-
 void VirtualDesktop::stopWindowManager()
 {
     if (m_windowManager)
@@ -349,7 +283,7 @@ void VirtualDesktop::endPrograms()
     for (const QString& entry : QDir(u"/proc"_qs).entryList(QDir::Dirs)) {
         const auto identifier = static_cast<pid_t>(entry.toInt());
         if (identifier > 0 && (!m_server || identifier != m_server->processId()) &&
-            contents(u"/proc/"_qs + entry + u"/environ"_qs).split('\0').contains(marker))
+            readFile(u"/proc/"_qs + entry + u"/environ"_qs).split('\0').contains(marker))
             ::kill(identifier, SIGKILL);
     }
     for (const auto& process : m_processes) {

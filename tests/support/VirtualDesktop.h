@@ -1,12 +1,6 @@
 // A whole private desktop for tests: an X server with two displays, a window manager, a D-Bus
 // session and an own HOME. Real programs and scripted clients run on it; nothing of the user's
 // session is touched, and nothing outlives the object. Main thread of a test.
-//
-//     VirtualDesktop desktop(WindowManager::openbox);
-//     QVERIFY2(desktop.isReady(), qPrintable(desktop.error()));
-//     desktop.startClient({"--title", "Notes", "--geometry", "400,300,50,60"});
-//     const InspectedWindow notes = desktop.inspector().waitForWindow(u"Notes");
-//
 // A desktop that does not start is a test failure, never a reason to skip.
 #pragma once
 
@@ -22,7 +16,6 @@
 #include <QTemporaryDir>
 
 #include <memory>
-#include <utility>
 #include <vector>
 
 namespace trovell::test {
@@ -41,14 +34,22 @@ const char* windowManagerName(WindowManager windowManager);
 /// their absence fails the test that uses them.
 const QList<WindowManager>& availableWindowManagers();
 
+/// One row for each, in a column "windowManager".
+void addWindowManagerRows(const QList<WindowManager>& windowManagers = availableWindowManagers());
+
+/// A `desktop` and its `inspector` for the rest of a test function.
+#define START_DESKTOP(windowManager)                                                               \
+    VirtualDesktop desktop(windowManager);                                                         \
+    QVERIFY2(desktop.isReady(), qPrintable(desktop.error()));                                      \
+    [[maybe_unused]] DesktopInspector& inspector = desktop.inspector()
+
 class VirtualDesktop {
 public:
     /// Returns when a window opened now would be managed at once, or when something failed.
     explicit VirtualDesktop(WindowManager windowManager);
     /// Ends every process that was started here, also those that programs started themselves.
     ~VirtualDesktop();
-    VirtualDesktop(const VirtualDesktop&) = delete;
-    VirtualDesktop& operator=(const VirtualDesktop&) = delete;
+    Q_DISABLE_COPY_MOVE(VirtualDesktop)
 
     bool isReady() const { return m_error.isEmpty(); }
     /// What did not start, with its output; empty when all did.
@@ -61,7 +62,7 @@ public:
     /// What programs are started with. Changes hold for programs started later.
     QProcessEnvironment& environment() { return m_environment; }
     /// Puts DISPLAY, the bus address, HOME and the XDG folders into this process's environment
-    /// too, for product code that reads them. Undone by the destructor.
+    /// too, for product code that reads them.
     void enter();
 
     DesktopInspector& inspector() { return *m_inspector; }
@@ -101,7 +102,6 @@ private:
     void prepareEnvironment();
     bool startServer();
     bool startBus();
-    bool restoreDisplays();
     QString logPath(const QProcess& process) const;
     bool fail(const QProcess& process);
     void endPrograms();
@@ -114,8 +114,6 @@ private:
     std::vector<std::unique_ptr<QProcess>> m_processes;
     QProcess* m_server = nullptr;
     QProcess* m_windowManager = nullptr;
-    /// Variables of this process that `enter` replaced; a null value was not set.
-    QList<std::pair<QByteArray, QByteArray>> m_replacedVariables;
 };
 
 } // namespace trovell::test
