@@ -18,7 +18,6 @@ private Q_SLOTS:
     void keepsValuesAcrossRuns();
     void takesTheDefaultsForWhatItCannotRead();
     void keepsADamagedFile();
-    void survivesAFolderThatCannotBeWritten();
 
 private:
     [[nodiscard]] QString path() const
@@ -97,18 +96,6 @@ void AppPreferencesTest::keepsADamagedFile()
     QVERIFY(kept.open(QIODevice::ReadOnly));
     QCOMPARE(kept.readAll(), damaged);
     QCOMPARE(PreferenceStore(path()).value(u"preferences.launchTimeout"_qs).toDouble(), 9.0);
-}
-
-void AppPreferencesTest::survivesAFolderThatCannotBeWritten()
-{
-    // A file stands where the folder should be: not even root can write there.
-    QFile obstacle(m_folder->filePath(u"trovell"_qs));
-    QVERIFY(obstacle.open(QIODevice::WriteOnly));
-    PreferenceStore store(path());
-    AppPreferences preferences(store);
-    preferences.setShowMenuBarItem(false);
-    QVERIFY(!preferences.showMenuBarItem());
-    QVERIFY(!store.value(u"preferences.showMenuBar"_qs).toBool());
 }
 
 QTEST_GUILESS_MAIN(AppPreferencesTest)

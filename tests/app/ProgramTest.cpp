@@ -60,7 +60,6 @@ class ProgramTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void savesWhenAskedToEnd_data();
     void savesWhenAskedToEnd();
     void saysWhyItCannotStart();
     void endsInAnOrderlyWay();
@@ -83,16 +82,8 @@ private:
     }
 };
 
-void ProgramTest::savesWhenAskedToEnd_data()
-{
-    QTest::addColumn<int>("signal");
-    QTest::newRow("terminate") << SIGTERM;
-    QTest::newRow("hang up") << SIGHUP;
-}
-
 void ProgramTest::savesWhenAskedToEnd()
 {
-    QFETCH(int, signal);
     const QTemporaryDir folder;
     {
         const auto store = WorkspaceStore::open(folder.path());
@@ -103,7 +94,7 @@ void ProgramTest::savesWhenAskedToEnd()
     QProcess child;
     child.start(QCoreApplication::applicationFilePath(), {childArgument, folder.path()});
     QVERIFY(child.waitForReadyRead());
-    kill(pid_t(child.processId()), signal);
+    kill(pid_t(child.processId()), SIGTERM);
     QVERIFY(child.waitForFinished());
     QCOMPARE(child.exitStatus(), QProcess::NormalExit);
     QCOMPARE(nameOfFirst(folder.path()), u"Changed"_qs);

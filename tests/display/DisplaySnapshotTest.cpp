@@ -2,8 +2,6 @@
 
 #include <QtTest>
 
-#include <cmath>
-
 using namespace trovell;
 
 namespace {
@@ -38,11 +36,9 @@ class DisplaySnapshotTest : public QObject {
 
 private Q_SLOTS:
     void positionsAreRelativeToTheMainScreen();
-    void scoresByNameRoleSizeScaleAndPosition_data();
     void scoresByNameRoleSizeScaleAndPosition();
     void choosesTheBestAttachedDisplay();
     void survivesItsStoredForm();
-    void readsDamagedBytesAsTheFallback_data();
     void readsDamagedBytesAsTheFallback();
 };
 
@@ -64,43 +60,23 @@ void DisplaySnapshotTest::positionsAreRelativeToTheMainScreen()
     QVERIFY(makeDisplaySnapshots({}, std::nullopt).isEmpty());
 }
 
-void DisplaySnapshotTest::scoresByNameRoleSizeScaleAndPosition_data()
-{
-    QTest::addColumn<DisplayFingerprint>("saved");
-    QTest::addColumn<DisplayFingerprint>("candidate");
-    QTest::addColumn<double>("score");
-
-    QTest::newRow("identical") << laptop << laptop << 100.0;
-    QTest::newRow("another display")
-        << laptop << fingerprint("B", 2560, 1440, 1, 1512, 0, false) << 12.38;
-    DisplayFingerprint changed = laptop;
-    changed.pixelWidth = 7;
-    QTest::newRow("pixels do not count") << laptop << changed << 100.0;
-    changed = laptop;
-    changed.isMain = false;
-    QTest::newRow("same name, other role") << laptop << changed << 80.0;
-    changed = laptop;
-    changed.localizedName = QStringLiteral("a");
-    QTest::newRow("names differ in case") << laptop << changed << 65.0;
-    changed = laptop;
-    changed.backingScaleFactor = 1.5;
-    QTest::newRow("half a scale step") << laptop << changed << 95.0;
-    changed.backingScaleFactor = 5;
-    QTest::newRow("far scale is not negative") << laptop << changed << 90.0;
-    changed = laptop;
-    changed.relativeX = 5000;
-    QTest::newRow("far position is not negative") << laptop << changed << 90.0;
-    changed.relativeX = std::nan("");
-    QTest::newRow("no position") << laptop << changed << 90.0;
-    QTest::newRow("fallback against a main display")
-        << fallbackFingerprint() << fingerprint("C", 1440, 900, 2, 0, 0, true) << 31.6;
-}
-
 void DisplaySnapshotTest::scoresByNameRoleSizeScaleAndPosition()
 {
-    QFETCH(DisplayFingerprint, saved);
-    QFETCH(DisplayFingerprint, candidate);
-    QTEST(displayMatchScore(saved, candidate), "score");
+    const auto score = [](auto change) {
+        DisplayFingerprint changed = laptop;
+        change(changed);
+        return displayMatchScore(laptop, changed);
+    };
+    QCOMPARE(score([](auto& d) { d.pixelWidth = 7; }), 100.0); // does not count
+    QCOMPARE(score([](auto& d) { d.isMain = false; }), 80.0);
+    QCOMPARE(score([](auto& d) { d.localizedName = u"a"_qs; }), 65.0);
+    QCOMPARE(score([](auto& d) { d.backingScaleFactor = 1.5; }), 95.0);
+    QCOMPARE(score([](auto& d) { d.backingScaleFactor = 5; }), 90.0);
+    QCOMPARE(score([](auto& d) { d.relativeX = 5000; }), 90.0);
+    QCOMPARE(score([](auto& d) { d.relativeX = qQNaN(); }), 90.0);
+    QCOMPARE(displayMatchScore(laptop, fingerprint("B", 2560, 1440, 1, 1512, 0, false)), 12.38);
+    QCOMPARE(displayMatchScore(fallbackFingerprint(), fingerprint("C", 1440, 900, 2, 0, 0, true)),
+             31.6);
 }
 
 void DisplaySnapshotTest::choosesTheBestAttachedDisplay()
@@ -126,25 +102,17 @@ void DisplaySnapshotTest::survivesItsStoredForm()
     QVERIFY(encodeFingerprint(saved).isEmpty());
 }
 
-void DisplaySnapshotTest::readsDamagedBytesAsTheFallback_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    const QByteArray whole = encodeFingerprint(laptop);
-    QTest::newRow("empty") << QByteArray();
-    QTest::newRow("cut in half") << whole.left(whole.size() / 2);
-    QTest::newRow("not an object") << QByteArray("[1]");
-    QTest::newRow("key missing") << QByteArray(whole).replace("\"isMain\"", "\"main\"");
-    QTest::newRow("number as text") << QByteArray(whole).replace("1512,", "\"1512\",");
-    QTest::newRow("flag as number") << QByteArray(whole).replace("true", "1");
-    QTest::newRow("fraction of a pixel")
-        << QByteArray(whole).replace("\"pixelWidth\":3024", "\"pixelWidth\":3024.5");
-    QTest::newRow("undecodable") << QByteArray("\xff\xfe{}", 4);
-}
-
 void DisplaySnapshotTest::readsDamagedBytesAsTheFallback()
 {
-    QFETCH(QByteArray, bytes);
-    QCOMPARE(decodeFingerprint(bytes), fallbackFingerprint());
+    const QByteArray whole = encodeFingerprint(laptop);
+    const auto changed = [&whole](const char* from, const char* to) {
+        return QByteArray(whole).replace(from, to);
+    };
+    for (const QByteArray& bytes : {QByteArray(), whole.left(whole.size() / 2), QByteArray("[1]"),
+                                    QByteArray("\xff\xfe{}", 4), changed("\"isMain\"", "\"main\""),
+                                    changed("1512,", "\"1512\","), changed("true", "1"),
+                                    changed("\"pixelWidth\":3024", "\"pixelWidth\":3024.5")})
+        QCOMPARE(decodeFingerprint(bytes), fallbackFingerprint());
 }
 
 QTEST_GUILESS_MAIN(DisplaySnapshotTest)

@@ -27,7 +27,6 @@ class NormalizedFrameTest : public QObject {
 
 private Q_SLOTS:
     void aReferenceWithoutAreaIsHarmless();
-    void clampsIntoTheReference_data();
     void clampsIntoTheReference();
     void assignsAWindowToTheDisplayItCoversMost();
     void flipsAtTheMainDisplay();
@@ -43,29 +42,17 @@ void NormalizedFrameTest::aReferenceWithoutAreaIsHarmless()
     }
 }
 
-void NormalizedFrameTest::clampsIntoTheReference_data()
-{
-    QTest::addColumn<QRectF>("frame");
-    QTest::addColumn<QRectF>("reference");
-    QTest::addColumn<QRectF>("clamped");
-    const QRectF desktop(0, 25, 1440, 875);
-    QTest::newRow("inside") << QRectF(100, 100, 800, 600) << desktop << QRectF(100, 100, 800, 600);
-    QTest::newRow("too small") << QRectF(50, 60, 100, 50) << desktop << QRectF(50, 60, 240, 160);
-    QTest::newRow("too small at the corner")
-        << QRectF(1400, 880, 40, 20) << desktop << QRectF(1200, 740, 240, 160);
-    QTest::newRow("wider than the display")
-        << QRectF(-200, 100, 3000, 600) << desktop << QRectF(0, 100, 1440, 600);
-    QTest::newRow("far away") << QRectF(9e9, -9e9, 800, 600) << desktop
-                              << QRectF(640, 25, 800, 600);
-    QTest::newRow("narrow display")
-        << QRectF(0, 0, 500, 500) << QRectF(0, 0, 200, 100) << QRectF(0, 0, 200, 100);
-}
-
 void NormalizedFrameTest::clampsIntoTheReference()
 {
-    QFETCH(QRectF, frame);
-    QFETCH(QRectF, reference);
-    QTEST(clampedFrame(frame, reference, 240, 160), "clamped");
+    const QRectF desktop(0, 25, 1440, 875);
+    const auto clamped = [](const QRectF& frame, const QRectF& reference) {
+        return clampedFrame(frame, reference, 240, 160);
+    };
+    QCOMPARE(clamped({100, 100, 800, 600}, desktop), QRectF(100, 100, 800, 600));
+    QCOMPARE(clamped({1400, 880, 40, 20}, desktop), QRectF(1200, 740, 240, 160));
+    QCOMPARE(clamped({-200, 100, 3000, 600}, desktop), QRectF(0, 100, 1440, 600));
+    QCOMPARE(clamped({9e9, -9e9, 800, 600}, desktop), QRectF(640, 25, 800, 600));
+    QCOMPARE(clamped({0, 0, 500, 500}, {0, 0, 200, 100}), QRectF(0, 0, 200, 100));
 }
 
 void NormalizedFrameTest::assignsAWindowToTheDisplayItCoversMost()

@@ -9,49 +9,33 @@ class WorkspaceLaunchReportTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void summarises_data();
     void summarises();
     void putsNumbersIntoTranslations();
 };
 
-void WorkspaceLaunchReportTest::summarises_data()
-{
-    QTest::addColumn<QList<LaunchResultKind>>("kinds");
-    QTest::addColumn<QString>("sentence");
-    QTest::addColumn<qint64>("unresolved");
-    QTest::addColumn<qint64>("skipped");
-    using Kinds = QList<LaunchResultKind>;
-
-    QTest::newRow("nothing") << Kinds{} << u"Completed 0 actions successfully."_qs << qint64(0)
-                             << qint64(0);
-    QTest::newRow("windows") << Kinds{launched, alreadyRunning, opened, restored, restored}
-                             << u"Completed 5 actions and restored 2 windows."_qs << qint64(0)
-                             << qint64(0);
-    QTest::newRow("missing") << Kinds{opened, opened, skippedMissingResource}
-                             << u"Completed 2 actions. Review 1 skipped or failed items."_qs
-                             << qint64(1) << qint64(1);
-    QTest::newRow("both")
-        << Kinds{launched, restored, timedOut}
-        << u"Completed 2 actions. 1 windows restored. Review 1 skipped or failed items."_qs
-        << qint64(1) << qint64(1);
-    QTest::newRow("no permission")
-        << Kinds{skippedNoPermission}
-        << u"Completed 0 actions. Review 1 skipped or failed items."_qs << qint64(0) << qint64(1);
-    QTest::newRow("failed") << Kinds{failed, windowNotFound}
-                            << u"Completed 0 actions. Review 2 skipped or failed items."_qs
-                            << qint64(2) << qint64(1);
-}
-
 void WorkspaceLaunchReportTest::summarises()
 {
-    QFETCH(QList<LaunchResultKind>, kinds);
-    WorkspaceLaunchReport report;
-    for (const LaunchResultKind kind : kinds)
-        report.results.append(makeLaunchResult(QStringLiteral("x"), kind));
-    const LaunchSummary summary = report.summary();
-    QTEST(summary.formatted(summary.key), "sentence");
-    QTEST(report.unresolvedCount(), "unresolved");
-    QTEST(report.skippedCount(), "skipped");
+    const auto verify = [](const QList<LaunchResultKind>& kinds, const QString& sentence,
+                           qint64 unresolved = 0, qint64 skipped = 0) {
+        WorkspaceLaunchReport report;
+        for (const LaunchResultKind kind : kinds)
+            report.results.append(makeLaunchResult(QStringLiteral("x"), kind));
+        const LaunchSummary summary = report.summary();
+        QCOMPARE(summary.formatted(summary.key), sentence);
+        QCOMPARE(report.unresolvedCount(), unresolved);
+        QCOMPARE(report.skippedCount(), skipped);
+    };
+    verify({}, u"Completed 0 actions successfully."_qs);
+    verify({launched, alreadyRunning, opened, restored, restored},
+           u"Completed 5 actions and restored 2 windows."_qs);
+    verify({opened, opened, skippedMissingResource},
+           u"Completed 2 actions. Review 1 skipped or failed items."_qs, 1, 1);
+    verify({launched, restored, timedOut},
+           u"Completed 2 actions. 1 windows restored. Review 1 skipped or failed items."_qs, 1, 1);
+    verify({skippedNoPermission}, u"Completed 0 actions. Review 1 skipped or failed items."_qs, 0,
+           1);
+    verify({failed, windowNotFound}, u"Completed 0 actions. Review 2 skipped or failed items."_qs,
+           2, 1);
 }
 
 void WorkspaceLaunchReportTest::putsNumbersIntoTranslations()

@@ -46,56 +46,18 @@ class DesktopFileIndexTest : public QObject {
 
 private Q_SLOTS:
     void initTestCase() { m_session = std::make_unique<PrivateSession>(); }
-    void identifiesByTheFirstRuleThatFits_data();
     void identifiesByTheFirstRuleThatFits();
-    void readsPrograms_data();
     void readsPrograms();
     void readsTheApplicationFolders();
     void readsFactsOfProcesses();
-    void identifiesByTheProcess();
     void followsInstallations();
 
 private:
     std::unique_ptr<PrivateSession> m_session;
 };
 
-void DesktopFileIndexTest::identifiesByTheFirstRuleThatFits_data()
-{
-    QTest::addColumn<WindowIdentity>("window");
-    QTest::addColumn<ProcessFacts>("process");
-    QTest::addColumn<QString>("identifier"); // empty for none
-
-    const auto row = [](const char* name, const WindowIdentity& identity, const char* identifier,
-                        const ProcessFacts& process = {}) {
-        QTest::newRow(name) << identity << process << QString::fromLatin1(identifier);
-    };
-    const ProcessFacts launched{"/apps/Alpha.desktop", "/usr/bin/tool"};
-    row("GTK id", window("Editor-Bin", "", "org.kde.kcalc"), "org.kde.kcalc", launched);
-    row("GTK id is exact", window("Editor-Bin", "", "org.kde.KCalc"), "editor");
-    row("launched", window("Editor-Bin"), "Alpha", launched);
-    row("launched file was replaced", window("Editor-Bin"), "Alpha", {"/old/Alpha.desktop", {}});
-    row("launched file is gone", window("Editor-Bin"), "editor", {"/apps/gone.desktop", {}});
-    row("WM class", window("Editor-Bin"), "editor", {{}, "/usr/bin/tool"});
-    row("WM class in another case", window("TERM"), "term-any");
-    row("WM class of the instance", window("Other", "Editor-Bin"), "editor");
-    row("class before instance", window("Term", "Editor-Bin"), "term-exact");
-    row("exact instance before another case", window("TERM", "Editor-Bin"), "editor");
-    row("WM class before id", window("Beta"), "says-beta");
-    row("id", window("Alpha"), "Alpha");
-    row("id of the instance", window("Other", "alpha"), "Alpha");
-    row("end of the id", window("kcalc"), "org.kde.kcalc");
-    row("end of the id is no instance", window("Other", "kcalc"), "");
-    row("concealed WM class", window("Helper"), "helper");
-    row("shown one first", window("Twice"), "twice-shown");
-    row("program", window("Other"), "tool-plain", {{}, "/usr/bin/tool"});
-    row("unknown program", window("Other"), "", {{}, "/usr/bin/other"});
-}
-
 void DesktopFileIndexTest::identifiesByTheFirstRuleThatFits()
 {
-    QFETCH(WindowIdentity, window);
-    QFETCH(ProcessFacts, process);
-    QFETCH(QString, identifier);
     const DesktopFileTable table({
         entry("Alpha"),
         entry("Beta"),
@@ -110,56 +72,65 @@ void DesktopFileIndexTest::identifiesByTheFirstRuleThatFits()
         concealed(entry("helper", "Helper", "/usr/bin/helper")),
         concealed(entry("twice-concealed", "Twice")),
     });
-    const DesktopEntry* found = table.identify(window, process);
-    QCOMPARE(found ? found->id : QString(), identifier);
-}
-
-void DesktopFileIndexTest::readsPrograms_data()
-{
-    QTest::addColumn<QByteArray>("exec");
-    QTest::addColumn<QString>("program"); // in the private HOME; empty for none
-    QTest::addColumn<int>("rank");
-
-    m_session->addRecorder(u"real"_qs);
-    QFile::link(u"real"_qs, m_session->path(u"bin/alias"_qs));
-    QFile::link(u"real"_qs, m_session->path(u"bin/python3"_qs));
-    m_session->addRecorder(u"wine64-preloader"_qs);
-    m_session->addRecorder(u"lua5.3"_qs);
-    m_session->addRecorder(u"luakit"_qs);
-    m_session->addRecorder(u"two words"_qs);
-
-    const auto row = [](const char* exec, const char* program, int rank) {
-        QTest::newRow(exec) << QByteArray(exec) << QString::fromLatin1(program) << rank;
+    const auto verify = [&table](const char* name, const WindowIdentity& identity,
+                                 const char* identifier, const ProcessFacts& process = {}) {
+        const DesktopEntry* found = table.identify(identity, process);
+        QVERIFY2((found ? found->id : QString()) == QString::fromLatin1(identifier), name);
     };
-    row("BIN/real %U", "bin/real", 0);
-    row("BIN/real --new-window %F", "bin/real", 2);
-    row("BIN/alias", "bin/real", 1);
-    row("\"BIN/two words\" %u", "bin/two words", 0);
-    row("BIN/luakit", "bin/luakit", 0);
-    row("BIN/python3 script.py", "", 0);
-    row("BIN/wine64-preloader game.exe", "", 0);
-    row("BIN/lua5.3 script.lua", "", 0);
-    row("env A=b BIN/real", "", 0);
-    row("sh -c BIN/real", "", 0);
+    const ProcessFacts launched{"/apps/Alpha.desktop", "/usr/bin/tool"};
+    verify("GTK id", window("Editor-Bin", "", "org.kde.kcalc"), "org.kde.kcalc", launched);
+    verify("GTK id is exact", window("Editor-Bin", "", "org.kde.KCalc"), "editor");
+    verify("launched", window("Editor-Bin"), "Alpha", launched);
+    verify("launched file was replaced", window("Editor-Bin"), "Alpha", {"/old/Alpha.desktop", {}});
+    verify("launched file is gone", window("Editor-Bin"), "editor", {"/apps/gone.desktop", {}});
+    verify("WM class", window("Editor-Bin"), "editor", {{}, "/usr/bin/tool"});
+    verify("WM class in another case", window("TERM"), "term-any");
+    verify("WM class of the instance", window("Other", "Editor-Bin"), "editor");
+    verify("class before instance", window("Term", "Editor-Bin"), "term-exact");
+    verify("exact instance before another case", window("TERM", "Editor-Bin"), "editor");
+    verify("WM class before id", window("Beta"), "says-beta");
+    verify("id", window("Alpha"), "Alpha");
+    verify("id of the instance", window("Other", "alpha"), "Alpha");
+    verify("end of the id", window("kcalc"), "org.kde.kcalc");
+    verify("end of the id is no instance", window("Other", "kcalc"), "");
+    verify("concealed WM class", window("Helper"), "helper");
+    verify("shown one first", window("Twice"), "twice-shown");
+    verify("program", window("Other"), "tool-plain", {{}, "/usr/bin/tool"});
+    verify("unknown program", window("Other"), "", {{}, "/usr/bin/other"});
 }
 
 void DesktopFileIndexTest::readsPrograms()
 {
-    QFETCH(QByteArray, exec);
-    QFETCH(QString, program);
-    QFETCH(int, rank);
-    m_session->addDesktopFile(u"program"_qs,
-                              "Exec=" + exec.replace("BIN", m_session->path(u"bin"_qs).toUtf8()));
-    const QByteArray expected =
-        program.isEmpty() ? QByteArray() : m_session->path(program).toUtf8();
-    const auto read = [] {
-        const DesktopFileTable table(loadDesktopEntries());
-        const DesktopEntry* found = table.entry(u"program"_qs);
-        return found ? *found : entry("not yet read", "", "not yet read");
-    };
-    // GIO takes a moment to notice a change.
-    QTRY_COMPARE(read().program, expected);
-    QCOMPARE(read().programRank, rank);
+    for (const char* name : {"real", "wine64-preloader", "lua5.3", "luakit", "two words"})
+        m_session->addRecorder(QString::fromLatin1(name));
+    QFile::link(u"real"_qs, m_session->path(u"bin/alias"_qs));
+    QFile::link(u"real"_qs, m_session->path(u"bin/python3"_qs));
+    const std::tuple<QByteArray, QString, int> cases[]{
+        {"BIN/real %U", u"bin/real"_qs, 0},
+        {"BIN/real --new-window %F", u"bin/real"_qs, 2},
+        {"BIN/alias", u"bin/real"_qs, 1},
+        {"\"BIN/two words\" %u", u"bin/two words"_qs, 0},
+        {"BIN/luakit", u"bin/luakit"_qs, 0},
+        {"BIN/python3 script.py", {}, 0},
+        {"BIN/wine64-preloader game.exe", {}, 0},
+        {"BIN/lua5.3 script.lua", {}, 0},
+        {"env A=b BIN/real", {}, 0},
+        {"sh -c BIN/real", {}, 0}};
+    for (const auto& [exec, program, rank] : cases) {
+        m_session->addDesktopFile(
+            u"program"_qs,
+            "Exec=" + QByteArray(exec).replace("BIN", m_session->path(u"bin"_qs).toUtf8()));
+        const auto read = [] {
+            const DesktopFileTable table(loadDesktopEntries());
+            const DesktopEntry* found = table.entry(u"program"_qs);
+            return found ? std::pair(found->program, found->programRank)
+                         : std::pair(QByteArray("?"), 0);
+        };
+        const QByteArray expected =
+            program.isEmpty() ? QByteArray() : m_session->path(program).toUtf8();
+        // GIO takes a moment to notice a change.
+        QTRY_COMPARE(read(), std::pair(expected, rank));
+    }
 }
 
 void DesktopFileIndexTest::readsTheApplicationFolders()
@@ -218,29 +189,6 @@ void DesktopFileIndexTest::readsFactsOfProcesses()
     const auto child = static_cast<qint32>(process.processId());
     QTRY_VERIFY(readProcessFacts(child).executable.endsWith("sleep"));
     QCOMPARE(readProcessFacts(child).launchedDesktopFile, QByteArray());
-    process.kill();
-    process.waitForFinished();
-}
-
-void DesktopFileIndexTest::identifiesByTheProcess()
-{
-    const QString program = m_session->path(u"bin/snoozer"_qs);
-    QVERIFY(QFile::copy(u"/bin/sleep"_qs, program));
-    m_session->addDesktopFile(u"org.example.Sleeper"_qs, "Exec=" + program.toUtf8() + " %u");
-    QProcess process;
-    process.start(program, {u"60"_qs});
-    QVERIFY(process.waitForStarted());
-
-    DesktopFileIndex index;
-    WindowIdentity identity = window("Unheard-of", "unheard-of");
-    identity.processIdentifier = static_cast<qint32>(process.processId());
-    QTRY_VERIFY(index.application(u"org.example.Sleeper"_qs));
-    QCOMPARE(index.identify(identity), index.application(u"org.example.Sleeper"_qs));
-
-    // Updated while it runs.
-    QVERIFY(QFile::remove(program) && QFile::copy(u"/bin/sleep"_qs, program));
-    DesktopFileIndex other;
-    QCOMPARE(other.identify(identity), index.application(u"org.example.Sleeper"_qs));
     process.kill();
     process.waitForFinished();
 }

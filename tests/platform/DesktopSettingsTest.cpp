@@ -59,7 +59,6 @@ class DesktopSettingsTest : public QObject {
 
 private Q_SLOTS:
     void initTestCase() { QVERIFY(m_session.startBus()); }
-    void keepsQuietWithoutAPortal();
     void followsThePortal();
     void survivesNonsense();
     void mayGoBeforeTheAnswer();
@@ -67,15 +66,6 @@ private Q_SLOTS:
 private:
     PrivateSession m_session;
 };
-
-void DesktopSettingsTest::keepsQuietWithoutAPortal()
-{
-    DesktopSettings settings;
-    const QSignalSpy changed(&settings, &DesktopSettings::changed);
-    QTest::qWait(200);
-    QVERIFY(changed.isEmpty());
-    QVERIFY(!settings.isDark());
-}
 
 void DesktopSettingsTest::followsThePortal()
 {

@@ -75,27 +75,16 @@ class FrameNegotiationTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void windowInPlaceIsLeftAlone();
     void terminalInPlaceIsLeftAlone();
-    void oneMoveIsEnough();
     void requestThatWasDroppedIsMadeDifferent();
     void extentsThatComeLateAreCorrected();
-    void sizeOfItsOwnChoiceCountsAsTaken();
-    void positionOfItsOwnChoiceIsARefusal();
+    void onlyTheSizeMayBeItsOwnChoice();
     void statesAreTakenOffFirst();
-    void stateThatStaysIsARefusal();
     void silenceIsARefusal();
     void busyManagerIsNotPressed();
     void restlessWindowEndsTheDialogue();
     void windowThatVanishesIsARefusal();
 };
-
-void FrameNegotiationTest::windowInPlaceIsLeftAlone()
-{
-    Dialogue dialogue(plain(target));
-    QCOMPARE(dialogue.step(), Step::wait);
-    QVERIFY(dialogue.isAccepted());
-}
 
 void FrameNegotiationTest::terminalInPlaceIsLeftAlone()
 {
@@ -105,16 +94,6 @@ void FrameNegotiationTest::terminalInPlaceIsLeftAlone()
     terminal.hints.heightIncrement = 13;
     terminal.hints.baseWidth = terminal.hints.baseHeight = 4;
     QCOMPARE(Dialogue(terminal).step(), Step::wait);
-}
-
-void FrameNegotiationTest::oneMoveIsEnough()
-{
-    Dialogue dialogue(plain(elsewhere));
-    QCOMPARE(dialogue.step(), Step::move);
-    QCOMPARE(dialogue.stepAfter(20ms), Step::wait);
-    dialogue.becomes(plain(target));
-    QCOMPARE(dialogue.step(), Step::wait);
-    QVERIFY(dialogue.isAccepted());
 }
 
 void FrameNegotiationTest::requestThatWasDroppedIsMadeDifferent()
@@ -142,22 +121,19 @@ void FrameNegotiationTest::extentsThatComeLateAreCorrected()
     QVERIFY(dialogue.isAccepted());
 }
 
-void FrameNegotiationTest::sizeOfItsOwnChoiceCountsAsTaken()
+void FrameNegotiationTest::onlyTheSizeMayBeItsOwnChoice()
 {
-    Dialogue dialogue(plain(elsewhere));
-    dialogue.step();
-    dialogue.becomes(plain({100, 100, 640, 480}));
-    QCOMPARE(dialogue.stepsDuring(1000ms), (QList<Step>{Step::move, Step::moveAround}));
-    QVERIFY(dialogue.isAccepted());
-}
+    Dialogue sized(plain(elsewhere));
+    sized.step();
+    sized.becomes(plain({100, 100, 640, 480}));
+    QCOMPARE(sized.stepsDuring(1000ms), (QList<Step>{Step::move, Step::moveAround}));
+    QVERIFY(sized.isAccepted());
 
-void FrameNegotiationTest::positionOfItsOwnChoiceIsARefusal()
-{
-    Dialogue dialogue(plain(elsewhere));
-    dialogue.step();
-    dialogue.becomes(plain({0, 100, 700, 500}));
-    dialogue.stepsDuring(1000ms);
-    QVERIFY(dialogue.isRefused());
+    Dialogue placed(plain(elsewhere));
+    placed.step();
+    placed.becomes(plain({0, 100, 700, 500}));
+    placed.stepsDuring(1000ms);
+    QVERIFY(placed.isRefused());
 }
 
 void FrameNegotiationTest::statesAreTakenOffFirst()
@@ -177,15 +153,6 @@ void FrameNegotiationTest::statesAreTakenOffFirst()
     QCOMPARE(dialogue.stepAfter(100ms), Step::wait);
     QVERIFY(dialogue.isAccepted());
     QVERIFY(dialogue.negotiation().hadFillingState());
-}
-
-void FrameNegotiationTest::stateThatStaysIsARefusal()
-{
-    Dialogue dialogue(filling(target));
-    QCOMPARE(dialogue.step(), Step::takeOffStates);
-    const QList<Step> later = dialogue.stepsDuring(1500ms);
-    QCOMPARE(later, (QList<Step>{Step::takeOffStates, Step::takeOffStates}));
-    QVERIFY(dialogue.isRefused());
 }
 
 void FrameNegotiationTest::silenceIsARefusal()

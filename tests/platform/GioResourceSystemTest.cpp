@@ -18,13 +18,10 @@ class GioResourceSystemTest : public QObject {
 
 private Q_SLOTS:
     void initTestCase();
-    void opensInTheDefaultApplication_data();
     void opensInTheDefaultApplication();
     void refusesResources();
     void startsApplicationsDetached();
-    void refusesApplications_data();
     void refusesApplications();
-    void findsInstalledApplications();
     void leavesActivationToTheBus();
     void bookmarksFilesOfTheHome();
 
@@ -50,32 +47,22 @@ void GioResourceSystemTest::initTestCase()
     m_session->write(u"notes/todo list 100%.txt"_qs, "Things to do\n");
 }
 
-void GioResourceSystemTest::opensInTheDefaultApplication_data()
-{
-    QTest::addColumn<QUrl>("opened");
-    QTest::addColumn<QString>("recorder");
-    QTest::addColumn<QStringList>("arguments");
-
-    const QUrl link(u"https://wiki.local/über?a=b&c=%26#d"_qs);
-    const QString encodedLink = QString::fromLatin1(link.toEncoded());
-    const QUrl file = url(u"notes/todo list 100%.txt"_qs);
-    const QUrl folder = url(u"notes"_qs);
-    QTest::newRow("link") << link << u"viewer"_qs << QStringList{encodedLink};
-    QTest::newRow("folder") << folder << u"viewer"_qs << QStringList{folder.toLocalFile()};
-    QTest::newRow("file") << file << u"editor"_qs << QStringList{u"--new"_qs, file.toLocalFile()};
-}
-
 void GioResourceSystemTest::opensInTheDefaultApplication()
 {
-    QFETCH(QUrl, opened);
-    QFETCH(QString, recorder);
-    QFETCH(QStringList, arguments);
-    const QString program = m_session->path(u"bin/"_qs + recorder);
-    QFile::remove(program + u".record"_qs);
-
-    QVERIFY(m_system.openResource(opened));
-    QTRY_VERIFY(m_session->recorded(program));
-    QCOMPARE(m_session->recorded(program)->arguments, arguments);
+    const auto verify = [this](const QUrl& opened, const QString& recorder,
+                               const QStringList& arguments) {
+        const QString program = m_session->path(u"bin/"_qs + recorder);
+        QFile::remove(program + u".record"_qs);
+        QVERIFY(m_system.openResource(opened));
+        QTRY_VERIFY(m_session->recorded(program));
+        QCOMPARE(m_session->recorded(program)->arguments, arguments);
+    };
+    const QUrl link(u"https://wiki.local/über?a=b&c=%26#d"_qs);
+    const QUrl file = url(u"notes/todo list 100%.txt"_qs);
+    const QUrl folder = url(u"notes"_qs);
+    verify(link, u"viewer"_qs, {QString::fromLatin1(link.toEncoded())});
+    verify(folder, u"viewer"_qs, {folder.toLocalFile()});
+    verify(file, u"editor"_qs, {u"--new"_qs, file.toLocalFile()});
 }
 
 void GioResourceSystemTest::refusesResources()
@@ -107,51 +94,22 @@ void GioResourceSystemTest::startsApplicationsDetached()
     QCOMPARE(errno, ECHILD);
 }
 
-void GioResourceSystemTest::refusesApplications_data()
-{
-    QTest::addColumn<QUrl>("refused");
-    const QByteArray exec = "Exec=" + m_session->path(u"bin/viewer"_qs).toUtf8();
-    const auto row = [this](const char* name, const QByteArray& lines) {
-        const QString id = QString::fromLatin1(name).replace(u' ', u'-');
-        QTest::newRow(name) << QUrl::fromLocalFile(m_session->addDesktopFile(id, lines));
-    };
-    row("no program", "Comment=nothing");
-    row("program is gone", "Exec=/nothing/there");
-    row("TryExec is gone", exec + "\nTryExec=/nothing/there");
-    row("deleted", exec + "\nHidden=true");
-    row("folder is gone", exec + "\nPath=/nothing/there");
-    QTest::newRow("a link") << QUrl::fromLocalFile(m_session->write(
-        u"link.desktop"_qs, "[Desktop Entry]\nType=Link\nName=x\nURL=https://wiki.local\n"));
-    QTest::newRow("missing") << url(u"data/applications/missing.desktop"_qs);
-    QTest::newRow("a program") << url(u"bin/viewer"_qs);
-    QTest::newRow("nothing") << QUrl();
-}
-
 void GioResourceSystemTest::refusesApplications()
 {
-    QFETCH(QUrl, refused);
-    QVERIFY(!m_system.openApplication(refused));
-}
-
-void GioResourceSystemTest::findsInstalledApplications()
-{
-    const auto install = [this](const QString& name, const QByteArray& more = {}) {
-        return m_session->write(name + u".desktop"_qs,
-                                "[Desktop Entry]\nType=Application\nName=x\nExec=true\n" + more);
-    };
-    install(u"share/applications/changed"_qs);
-    install(u"share/applications/deleted"_qs);
-    install(u"data/applications/deleted"_qs, "Hidden=true\n");
-    install(u"data/applications/broken"_qs, "TryExec=/nothing/there\n");
-    const std::pair<QString, QString> installed[]{
-        {u"org-in-folder"_qs, install(u"share/applications/org/in-folder"_qs)},
-        {u"not.shown"_qs, install(u"share/applications/not.shown"_qs, "NoDisplay=true\n")},
-        {u"changed"_qs, install(u"data/applications/changed"_qs)}};
-    // GIO takes a moment to notice new files.
-    for (const auto& [identifier, file] : installed)
-        QTRY_COMPARE(m_system.applicationURL(identifier), QUrl::fromLocalFile(file));
-    for (const QString& none : {u"deleted"_qs, u"broken"_qs, u"../applications/changed"_qs, u""_qs})
-        QVERIFY2(!m_system.applicationURL(none), qPrintable(none));
+    const QByteArray exec = "Exec=" + m_session->path(u"bin/viewer"_qs).toUtf8();
+    for (const QByteArray& lines :
+         {QByteArray("Comment=nothing"), QByteArray("Exec=/nothing/there"),
+          exec + "\nTryExec=/nothing/there", exec + "\nHidden=true",
+          exec + "\nPath=/nothing/there"}) {
+        const QString file = m_session->addDesktopFile(u"refused"_qs, lines);
+        QVERIFY2(!m_system.openApplication(QUrl::fromLocalFile(file)), lines.constData());
+    }
+    const QString link = m_session->write(
+        u"link.desktop"_qs, "[Desktop Entry]\nType=Link\nName=x\nURL=https://wiki.local\n");
+    for (const QUrl& refused :
+         {QUrl::fromLocalFile(link), url(u"data/applications/missing.desktop"_qs),
+          url(u"bin/viewer"_qs), QUrl()})
+        QVERIFY2(!m_system.openApplication(refused), qPrintable(refused.toString()));
 }
 
 void GioResourceSystemTest::leavesActivationToTheBus()

@@ -18,7 +18,6 @@ class OwnedBusNamesTest : public QObject {
 
 private Q_SLOTS:
     void initTestCase();
-    void knowsNothingWithoutABus();
     void tellsWhatRuns();
 
 private:
@@ -32,16 +31,6 @@ void OwnedBusNamesTest::initTestCase()
     m_session->addDesktopFile(u"org.example.Silent"_qs, "Exec=true");
     m_session->addDesktopFile(u"org.example.Agent"_qs, "Exec=true\nNoDisplay=true");
     m_session->addDesktopFile(u"nodots"_qs, "Exec=true");
-}
-
-void OwnedBusNamesTest::knowsNothingWithoutABus()
-{
-    DesktopFileIndex installed;
-    const OwnedBusNames names(installed);
-    QTest::qWait(50);
-    QVERIFY(!names.isConnected());
-    QVERIFY(!names.find(u"org.example.Player"_qs));
-    QVERIFY(names.list().isEmpty());
 }
 
 void OwnedBusNamesTest::tellsWhatRuns()

@@ -26,53 +26,35 @@ class X11WindowKindTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void kindFollowsTheType_data();
     void kindFollowsTheType();
 };
 
-void X11WindowKindTest::kindFollowsTheType_data()
+void X11WindowKindTest::kindFollowsTheType()
 {
     const X11Atoms atoms = numberedAtoms();
-    constexpr quint32 unknown = 99999;
-    QTest::addColumn<QList<quint32>>("types");
-    QTest::addColumn<bool>("isTransient");
-    QTest::addColumn<QString>("subrole"); // empty: no window at all
-    QTest::addColumn<bool>("isOrdinary");
-    const auto row = [](const char* name, QList<quint32> types, bool isTransient,
-                        const QString& subrole, bool isOrdinary) {
-        QTest::newRow(name) << types << isTransient << subrole << isOrdinary;
+    const auto kind = [&atoms](const QList<quint32>& types, bool isTransient = false) {
+        const auto found = windowKind(types, isTransient, atoms);
+        const QString subrole = found ? subroleOf(*found) : QString();
+        return isOrdinaryKind(found) ? subrole + u", ordinary"_qs : subrole;
     };
-    const QString standard = u"AXStandardWindow"_qs;
-    const QString dialog = u"AXDialog"_qs;
+    constexpr quint32 unknown = 99999;
+    const QString standard = u"AXStandardWindow, ordinary"_qs;
+    const QString dialog = u"AXDialog, ordinary"_qs;
     const QString floating = u"AXFloatingWindow"_qs;
-    const QString system = u"AXSystemDialog"_qs;
-    row("no type", {}, false, standard, true);
-    row("no type, transient", {}, true, dialog, true);
-    row("normal", {atoms.typeNormal}, false, standard, true);
-    row("normal, transient", {atoms.typeNormal}, true, standard, true);
-    row("dialog", {atoms.typeDialog}, false, dialog, true);
-    row("utility", {atoms.typeUtility}, false, floating, false);
-    row("toolbar", {atoms.typeToolbar}, true, floating, false);
-    row("splash", {atoms.typeSplash}, false, system, false);
-    row("notification", {atoms.typeNotification}, false, system, false);
-    row("only unknown", {unknown}, true, dialog, true);
-    row("first known one counts", {unknown, atoms.typeUtility, atoms.typeNormal}, false, floating,
-        false);
+    QCOMPARE(kind({}), standard);
+    QCOMPARE(kind({}, true), dialog);
+    QCOMPARE(kind({atoms.typeNormal}, true), standard);
+    QCOMPARE(kind({atoms.typeDialog}), dialog);
+    QCOMPARE(kind({unknown}, true), dialog);
+    QCOMPARE(kind({atoms.typeUtility}), floating);
+    QCOMPARE(kind({atoms.typeToolbar}, true), floating);
+    QCOMPARE(kind({atoms.typeSplash}), u"AXSystemDialog"_qs);
+    // The first known one counts.
+    QCOMPARE(kind({unknown, atoms.typeUtility, atoms.typeNormal}), floating);
     for (const quint32 type :
          {atoms.typeDesktop, atoms.typeDock, atoms.typeMenu, atoms.typeDropdownMenu,
           atoms.typePopupMenu, atoms.typeTooltip, atoms.typeCombo, atoms.typeDragAndDrop})
-        row(qPrintable(u"no window %1"_qs.arg(type)), {type, atoms.typeNormal}, false, {}, false);
-}
-
-void X11WindowKindTest::kindFollowsTheType()
-{
-    QFETCH(QList<quint32>, types);
-    QFETCH(bool, isTransient);
-    QFETCH(QString, subrole);
-    QFETCH(bool, isOrdinary);
-    const auto kind = windowKind(types, isTransient, numberedAtoms());
-    QCOMPARE(kind ? subroleOf(*kind) : QString(), subrole);
-    QCOMPARE(isOrdinaryKind(kind), isOrdinary);
+        QCOMPARE(kind({type, atoms.typeNormal}), QString());
 }
 
 QTEST_GUILESS_MAIN(X11WindowKindTest)

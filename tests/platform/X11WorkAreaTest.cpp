@@ -4,9 +4,6 @@
 
 using namespace trovell;
 
-Q_DECLARE_METATYPE(QList<trovell::Strut>)
-Q_DECLARE_METATYPE(trovell::PixelRectangle)
-
 namespace {
 
 // Two displays side by side, the right one lower and shorter; the X screen is the box around both.
@@ -20,53 +17,32 @@ class X11WorkAreaTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void strutsShrinkTheDisplayTheyTouch_data();
     void strutsShrinkTheDisplayTheyTouch();
     void strutsAreReadFromEitherProperty();
     void workAreaThatIsOffIsIgnored();
 };
 
-void X11WorkAreaTest::strutsShrinkTheDisplayTheyTouch_data()
-{
-    using Edge = Strut::Edge;
-    QTest::addColumn<QList<Strut>>("struts");
-    QTest::addColumn<PixelRectangle>("leftFree");
-    QTest::addColumn<PixelRectangle>("rightFree");
-    const auto row = [](const char* name, QList<Strut> struts, PixelRectangle leftFree,
-                        PixelRectangle rightFree) {
-        QTest::newRow(name) << struts << leftFree << rightFree;
-    };
-    row("none", {}, left, right);
-    row("top panel on the left", {{Edge::top, 30, 0, 1600}}, {0, 30, 1600, 994}, right);
-    // The screen's edge is 200 pixels above the display: the strut counts from there.
-    row("top panel on the right", {{Edge::top, 230, 1600, 2880}}, left, {1600, 230, 1280, 994});
-    row("bottom panel on the left", {{Edge::bottom, 240, 0, 1600}}, {0, 0, 1600, 984}, right);
-    row("bottom panel on the right", {{Edge::bottom, 40, 1600, 2880}}, left,
-        {1600, 200, 1280, 984});
-    // Between the displays: it would swallow the left one whole.
-    row("left panel on the right", {{Edge::left, 1650, 200, 1224}}, left, {1650, 200, 1230, 1024});
-    row("right panel on the left", {{Edge::right, 1330, 0, 1024}}, {0, 0, 1550, 1024}, right);
-    row("only the deepest counts", {{Edge::left, 20, 0, 1224}, {Edge::left, 50, 0, 1224}},
-        {50, 0, 1550, 1024}, right);
-    row("all four sides",
-        {{Edge::left, 10, 0, 1224},
-         {Edge::right, 20, 0, 1224},
-         {Edge::top, 30, 0, 1600},
-         {Edge::bottom, 40, 1600, 2880}},
-        {10, 30, 1590, 994}, {1600, 200, 1260, 984});
-    row("swallows all of it", {{Edge::top, 600, 0, 1600}, {Edge::bottom, 900, 0, 1600}}, left,
-        right);
-    row("beside the display", {{Edge::top, 30, 1600, 1600}, {Edge::top, 30, 3000, 4000}}, left,
-        right);
-}
-
 void X11WorkAreaTest::strutsShrinkTheDisplayTheyTouch()
 {
-    QFETCH(QList<Strut>, struts);
-    QFETCH(PixelRectangle, leftFree);
-    QFETCH(PixelRectangle, rightFree);
-    QCOMPARE(withoutStruts(left, struts, screen), leftFree);
-    QCOMPARE(withoutStruts(right, struts, screen), rightFree);
+    using Edge = Strut::Edge;
+    const auto verify = [](const QList<Strut>& struts, const PixelRectangle& leftFree,
+                           const PixelRectangle& rightFree) {
+        QCOMPARE(withoutStruts(left, struts, screen), leftFree);
+        QCOMPARE(withoutStruts(right, struts, screen), rightFree);
+    };
+    verify({{Edge::top, 30, 0, 1600}}, {0, 30, 1600, 994}, right);
+    // The screen's edge is 200 pixels above the display: the strut counts from there.
+    verify({{Edge::top, 230, 1600, 2880}}, left, {1600, 230, 1280, 994});
+    verify({{Edge::bottom, 40, 1600, 2880}}, left, {1600, 200, 1280, 984});
+    // Between the displays: it would swallow the left one whole.
+    verify({{Edge::left, 1650, 200, 1224}}, left, {1650, 200, 1230, 1024});
+    verify({{Edge::right, 1330, 0, 1024}}, {0, 0, 1550, 1024}, right);
+    verify({{Edge::left, 10, 0, 1224},
+            {Edge::right, 20, 0, 1224},
+            {Edge::top, 30, 0, 1600},
+            {Edge::bottom, 40, 1600, 2880}},
+           {10, 30, 1590, 994}, {1600, 200, 1260, 984});
+    verify({{Edge::top, 600, 0, 1600}, {Edge::bottom, 900, 0, 1600}}, left, right);
 }
 
 void X11WorkAreaTest::strutsAreReadFromEitherProperty()

@@ -11,27 +11,10 @@ class LaunchAtLoginServiceTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void asksEveryTime();
     void showsOffWhileApprovalIsMissing();
     void clearsTheMessageAfterASuccess();
     void noticesForeignChangesAtTheNextChange();
 };
-
-void LaunchAtLoginServiceTest::asksEveryTime()
-{
-    FakeLoginItemSystem system;
-    LaunchAtLoginService service(system);
-    QSignalSpy changes(&service, &LaunchAtLoginService::isEnabledChanged);
-    service.setEnabled(true);
-    service.setEnabled(true);
-    QVERIFY(service.isEnabled());
-    service.setEnabled(false);
-    service.setEnabled(false);
-    QVERIFY(!service.isEnabled());
-    QCOMPARE(system.registerCount, 2);
-    QCOMPARE(system.unregisterCount, 2);
-    QCOMPARE(changes.size(), 2);
-}
 
 void LaunchAtLoginServiceTest::showsOffWhileApprovalIsMissing()
 {

@@ -34,10 +34,8 @@ class AccessibilityPermissionManagerTest : public QObject {
 private Q_SLOTS:
     void init() { m_clock = std::make_unique<FakeClock>(); }
     void noticesTheGrantAfterTheSettingsWereOpened();
-    void doesNothingWhenGranted();
     void pollsOnceAndForTwoMinutes();
     void survivesItsPoll();
-    void opensNoSettingsWhereThereAreNone();
 
 private:
     /// Half a second passes, and everything that wakes up runs.
@@ -72,21 +70,6 @@ void AccessibilityPermissionManagerTest::noticesTheGrantAfterTheSettingsWereOpen
     QCOMPARE(m_clock->sleeperCount(), 0);
 }
 
-void AccessibilityPermissionManagerTest::doesNothingWhenGranted()
-{
-    Desktop desktop;
-    desktop.grantedAtCheck = 0;
-    AccessibilityPermissionManager manager(desktop.platform(), *m_clock);
-    QSignalSpy changes(&manager, &AccessibilityPermissionManager::isTrustedChanged);
-    manager.requestAccess();
-    manager.openSystemSettings();
-    manager.setTrusted(true);
-    QCOMPARE(desktop.promptCount, 0);
-    QVERIFY(desktop.openedURLs.isEmpty());
-    QCOMPARE(m_clock->sleepCount(), 0);
-    QVERIFY(changes.isEmpty());
-}
-
 void AccessibilityPermissionManagerTest::pollsOnceAndForTwoMinutes()
 {
     Desktop desktop;
@@ -116,16 +99,6 @@ void AccessibilityPermissionManagerTest::survivesItsPoll()
     const int checkCount = desktop.checkCount;
     pass();
     QCOMPARE(desktop.checkCount, checkCount);
-}
-
-void AccessibilityPermissionManagerTest::opensNoSettingsWhereThereAreNone()
-{
-    Desktop desktop;
-    desktop.settingsURL = QUrl();
-    AccessibilityPermissionManager manager(desktop.platform(), *m_clock);
-    manager.openSystemSettings();
-    QVERIFY(desktop.openedURLs.isEmpty());
-    QCOMPARE(m_clock->sleepCount(), 0);
 }
 
 QTEST_GUILESS_MAIN(AccessibilityPermissionManagerTest)

@@ -1,6 +1,5 @@
 #include "windows/WindowCaptureService.h"
 
-#include "model/WindowPlacement.h"
 #include "support/FakeWindowSystem.h"
 #include "windows/OrdinaryWindow.h"
 
@@ -36,45 +35,33 @@ class WindowCaptureServiceTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void tellsOrdinaryWindows_data();
     void tellsOrdinaryWindows();
     void capturesWindowsWithTheirPositionsAndDisplays();
     void leavesOutWhatIsNotTheUsers();
     void answersWhenThereIsNothing();
-    void listsRunningApplicationsWithoutPermission();
-    void makesPlacements();
 };
-
-void WindowCaptureServiceTest::tellsOrdinaryWindows_data()
-{
-    QTest::addColumn<WindowAttributes>("window");
-    QTest::addColumn<bool>("isOrdinary");
-    const WindowAttributes standard{1,       false,         u"AXWindow"_qs, std::nullopt,
-                                    u"t"_qs, QPointF(0, 0), QSizeF(81, 61)};
-    const auto row = [&standard](const char* name, bool isOrdinary, auto change) {
-        WindowAttributes window = standard;
-        change(window);
-        QTest::newRow(name) << window << isOrdinary;
-    };
-    row("smallest", true, [](auto&) {});
-    row("unknown state", true, [](auto& w) { w.isMinimized.reset(); });
-    row("unknown subrole", true, [](auto& w) { w.subrole = u"AXOther"_qs; });
-    row("minimised", false, [](auto& w) { w.isMinimized = true; });
-    row("no role", false, [](auto& w) { w.role.reset(); });
-    row("other role", false, [](auto& w) { w.role = u"AXSheet"_qs; });
-    row("no position", false, [](auto& w) { w.position.reset(); });
-    row("no size", false, [](auto& w) { w.size.reset(); });
-    row("narrow", false, [](auto& w) { w.size = QSizeF(80, 600); });
-    row("flat", false, [](auto& w) { w.size = QSizeF(600, 60); });
-    row("not a size", false, [](auto& w) { w.size = QSizeF(600, qQNaN()); });
-    for (const char* subrole : {"AXSystemDialog", "AXFloatingWindow", "AXDialog"})
-        row(subrole, false, [subrole](auto& w) { w.subrole = QString::fromLatin1(subrole); });
-}
 
 void WindowCaptureServiceTest::tellsOrdinaryWindows()
 {
-    QFETCH(WindowAttributes, window);
-    QTEST(isOrdinaryWindow(window), "isOrdinary");
+    const auto isOrdinary = [](auto change) {
+        WindowAttributes window{1,       false,         u"AXWindow"_qs, std::nullopt,
+                                u"t"_qs, QPointF(0, 0), QSizeF(81, 61)};
+        change(window);
+        return isOrdinaryWindow(window);
+    };
+    QVERIFY(isOrdinary([](auto&) {})); // the smallest
+    QVERIFY(isOrdinary([](auto& w) { w.isMinimized.reset(); }));
+    QVERIFY(isOrdinary([](auto& w) { w.subrole = u"AXOther"_qs; }));
+    QVERIFY(!isOrdinary([](auto& w) { w.isMinimized = true; }));
+    QVERIFY(!isOrdinary([](auto& w) { w.role.reset(); }));
+    QVERIFY(!isOrdinary([](auto& w) { w.role = u"AXSheet"_qs; }));
+    QVERIFY(!isOrdinary([](auto& w) { w.position.reset(); }));
+    QVERIFY(!isOrdinary([](auto& w) { w.size.reset(); }));
+    QVERIFY(!isOrdinary([](auto& w) { w.size = QSizeF(80, 600); }));
+    QVERIFY(!isOrdinary([](auto& w) { w.size = QSizeF(600, 60); }));
+    QVERIFY(!isOrdinary([](auto& w) { w.size = QSizeF(600, qQNaN()); }));
+    for (const QString& subrole : {u"AXSystemDialog"_qs, u"AXFloatingWindow"_qs, u"AXDialog"_qs})
+        QVERIFY(!isOrdinary([&subrole](auto& w) { w.subrole = subrole; }));
 }
 
 void WindowCaptureServiceTest::capturesWindowsWithTheirPositionsAndDisplays()
@@ -144,33 +131,6 @@ void WindowCaptureServiceTest::answersWhenThereIsNothing()
     QCOMPARE(capture(desktop, {}, true).error(),
              WindowServiceError::accessibilityPermissionMissing);
     QCOMPARE(desktop.readCount(), readCount);
-}
-
-void WindowCaptureServiceTest::listsRunningApplicationsWithoutPermission()
-{
-    FakeWindowSystem desktop;
-    desktop.trusted = false;
-    desktop.addWindow(u"zeta"_qs, {});
-    desktop.addApplication(u"alpha"_qs).localizedName.reset();
-    desktop.addApplication(u"hidden"_qs).isHidden = true;
-    const WindowCaptureService service(desktop, ownProcess);
-    const auto running = QCoro::waitFor(service.runningApplications());
-    QCOMPARE(identifiers(running), (QStringList{u"zeta"_qs, u"alpha"_qs}));
-    QCOMPARE(running.at(1).applicationName, u"Application"_qs);
-    QVERIFY(running.at(0).windows.isEmpty());
-}
-
-void WindowCaptureServiceTest::makesPlacements()
-{
-    FakeWindowSystem desktop;
-    desktop.addWindow(u"a"_qs, {.title = u"Notes"_qs, .frame = {720, 25, 720, 437.5}});
-    const CapturedWindow window = capture(desktop)->first().windows.first();
-    const auto placement = makePlacement(window);
-    QVERIFY(!placement->id().isNull() && placement->id() != window.id);
-    QCOMPARE(placement->savedNormalizedFrame(), (NormalizedFrame{0.5, 0.5, 0.5, 0.5}));
-    QCOMPARE(placement->savedAbsoluteFrame(), QRectF(720, 437.5, 720, 437.5));
-    QCOMPARE(placement->savedDisplayFingerprint(), desktop.displays.first().fingerprint);
-    QVERIFY(placement->isEnabled());
 }
 
 QTEST_GUILESS_MAIN(WindowCaptureServiceTest)

@@ -68,7 +68,6 @@ void PackageSignatureTest::refusesWhatWasNotSigned()
     otherSignature[0] ^= 1;
     const auto otherKey = *publicKeyFromText(UpdatePublisher().publicKey());
     QCOMPARE(error(changed, signature, key), UpdateError::signatureWrong);
-    QCOMPARE(error(content + 'x', signature, key), UpdateError::signatureWrong);
     QCOMPARE(error(content.chopped(1), signature, key), UpdateError::signatureWrong);
     QCOMPARE(error(content, otherSignature, key), UpdateError::signatureWrong);
     QCOMPARE(error(content, signature, otherKey), UpdateError::signatureWrong);

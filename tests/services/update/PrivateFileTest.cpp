@@ -1,7 +1,5 @@
 #include "services/update/PrivateFile.h"
 
-#include "support/FullDisk.h"
-
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -31,7 +29,6 @@ private Q_SLOTS:
     void leavesNothingOfEarlierDownloads();
     void refusesFoldersOfOthers();
     void refusesLinks();
-    void noticesAFullDisk();
 
 private:
     QString path(const QString& name) const { return m_root->filePath(name); }
@@ -116,19 +113,6 @@ void PrivateFileTest::refusesLinks()
     QVERIFY(QFile::link(path(u"documents/update"_qs), folder()));
     QCOMPARE(error(), UpdateError::folderNotPrivate);
     QVERIFY(document.exists());
-}
-
-void PrivateFileTest::noticesAFullDisk()
-{
-    auto file = PrivateFile::create(folder());
-    QVERIFY(file.has_value());
-    const test::FullDisk disk(1000);
-    QVERIFY((*file)->append(QByteArray(900, 'x')).has_value());
-    const auto appended = (*file)->append(QByteArray(200, 'x'));
-    QVERIFY(!appended.has_value());
-    QCOMPARE(appended.error(), UpdateError::diskFull);
-    file->reset();
-    QVERIFY(files().isEmpty());
 }
 
 QTEST_GUILESS_MAIN(PrivateFileTest)

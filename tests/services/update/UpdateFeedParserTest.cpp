@@ -57,11 +57,9 @@ class UpdateFeedParserTest : public QObject {
 private Q_SLOTS:
     void readsItems();
     void readsItemsInPieces();
-    void accepts_data();
-    void accepts();
+    void acceptsWhatIsWithinTheLimits();
     void refusesFeeds_data();
     void refusesFeeds();
-    void choosesTheNewestThatRuns_data();
     void choosesTheNewestThatRuns();
 };
 
@@ -103,36 +101,17 @@ void UpdateFeedParserTest::readsItemsInPieces()
     }
 }
 
-void UpdateFeedParserTest::accepts_data()
+void UpdateFeedParserTest::acceptsWhatIsWithinTheLimits()
 {
-    QTest::addColumn<QByteArray>("feed");
-    QTest::addColumn<int>("itemCount");
-    const QByteArray one = feedOf({PublishedItem()});
-    QTest::newRow("no items") << inChannel({}) << 0;
-    QTest::newRow("byte order mark") << "\xEF\xBB\xBF" + one << 1;
-    QTest::newRow("comment behind much white space")
-        << one + QByteArray(10'000, '\n') + "<!-- end -->" << 1;
-    QTest::newRow("foreign elements")
-        << inChannel(
-               "<y:item xmlns:y='other'><y:version>1</y:version></y:item><image><url/></image>")
-        << 0;
-    QTest::newRow("foreign elements in an item")
-        << feedOf({itemWith(&PublishedItem::extra,
-                            u"<y:version xmlns:y='other'>9</y:version><version>9</version>"_qs)})
-        << 1;
-    QTest::newRow("most items") << feedOf(manyItems(feedlimits::items)) << int(feedlimits::items);
-    QTest::newRow("deepest nesting") << inChannel(nested("x", feedlimits::depth - 2)) << 0;
-    QTest::newRow("most attributes")
-        << inChannel(manyAttributes(feedlimits::attributesOfAnElement)) << 0;
-}
-
-void UpdateFeedParserTest::accepts()
-{
-    QFETCH(QByteArray, feed);
-    QFETCH(int, itemCount);
-    const auto items = parseUpdateFeed(feed);
-    QVERIFY2(items.has_value(), items ? "" : qPrintable(description(items.error())));
-    QCOMPARE(items->size(), itemCount);
+    const auto count = [](const QByteArray& feed) {
+        const auto items = parseUpdateFeed(feed);
+        return items ? items->size() : -1;
+    };
+    QCOMPARE(count("\xEF\xBB\xBF" + feedOf({PublishedItem()})), 1);
+    QCOMPARE(count(inChannel("<y:item xmlns:y='other'><y:version>1</y:version></y:item>")), 0);
+    QCOMPARE(count(feedOf(manyItems(feedlimits::items))), feedlimits::items);
+    QCOMPARE(count(inChannel(nested("x", feedlimits::depth - 2))), 0);
+    QCOMPARE(count(inChannel(manyAttributes(feedlimits::attributesOfAnElement))), 0);
 }
 
 void UpdateFeedParserTest::refusesFeeds_data()
@@ -147,15 +126,11 @@ void UpdateFeedParserTest::refusesFeeds_data()
     };
     refuseItem("no version", &PublishedItem::version, {});
     refuseItem("malformed version", &PublishedItem::version, u"latest"_qs);
-    refuseItem("malformed address", &PublishedItem::address, u"https://[x/"_qs);
     for (const QString& length :
          {u""_qs, u"0"_qs, u"-1"_qs, u" 1"_qs, u"1e3"_qs, u"9223372036854775808"_qs, u"١"_qs})
         refuseItem(qPrintable(u"length "_qs + length), &PublishedItem::length, length);
-    refuseItem("malformed minimum", &PublishedItem::minimumSystemVersion, u"any"_qs);
-    refuseItem("short version in lines", &PublishedItem::shortVersion, u"2\n3"_qs);
     refuseItem("long short version", &PublishedItem::shortVersion, QString(101, u'x'));
     refuseItem("version twice", &PublishedItem::extra, u"<trovell:version>3</trovell:version>"_qs);
-    refuseItem("enclosure twice", &PublishedItem::extra, u"<enclosure url='https://a.b/x'/>"_qs);
     refuseItem("markup in the notes", &PublishedItem::extra,
                u"<description>a <b>b</b></description>"_qs);
     refuseItem("undeclared entity", &PublishedItem::extra, u"<description>&nbsp;</description>"_qs);
@@ -165,30 +140,22 @@ void UpdateFeedParserTest::refusesFeeds_data()
         QTest::newRow(name) << feed << error;
     };
     refuse("nothing", {}, malformed);
-    refuse("no XML", "404", malformed);
     refuse("other document", "<html><channel/></html>", malformed);
-    refuse("two roots", one + "<rss/>", malformed);
     refuse("text far behind the root", one + QByteArray(10'000, ' ') + "text", malformed);
-    refuse("crossed tags", "<rss><channel></rss></channel>", malformed);
     refuse("character reference to zero", inChannel("&#0;"), malformed);
-    refuse("unknown encoding", QByteArray(one).replace("utf-8", "none"), malformed);
 
     refuse("same version twice", feedOf({{}, {.version = u"2.0.0"_qs}}),
            UpdateError::feedRepeatsVersion);
 
     const UpdateError declares = UpdateError::feedDeclaresEntities;
-    refuse("document type", "<!DOCTYPE rss><rss/>", declares);
     refuse("external entity",
            "<!DOCTYPE rss [<!ENTITY x SYSTEM 'file:///etc/passwd'>]><rss>&x;</rss>", declares);
     refuse("growing entities",
            "<!DOCTYPE rss [<!ENTITY a 'aaaaaaaaaa'><!ENTITY b '&a;&a;&a;'>]><rss>&b;</rss>",
            declares);
-    refuse("parameter entity",
-           "<!DOCTYPE rss [<!ENTITY % x SYSTEM 'http://127.0.0.1/'> %x;]><rss/>", declares);
 
     const UpdateError notUtf8 = UpdateError::feedNotUtf8;
     refuse("Latin-1", QByteArray(one).replace("Trovell<", "\xFC<"), notUtf8);
-    refuse("Latin-1 by name", QByteArray(one).replace("utf-8", "iso-8859-1"), notUtf8);
     refuse("overlong slash", inChannel("\xC0\xAF"), notUtf8);
 
     const UpdateError complex = UpdateError::feedTooComplex;
@@ -202,8 +169,6 @@ void UpdateFeedParserTest::refusesFeeds_data()
            complex);
     refuse("too many items", feedOf(manyItems(feedlimits::items + 1)), complex);
     refuse("a long comment", "<!--" + QByteArray(100'000, ' ') + "--><rss/>", complex);
-    refuse("long notes", feedOf({itemWith(&PublishedItem::notes, QString(100'000, u'x'))}),
-           complex);
     refuse("long notes in pieces",
            feedOf({itemWith(&PublishedItem::extra,
                             u"<description>"_qs + u"<![CDATA[xxxxxxxxxx]]> "_qs.repeated(9'000) +
@@ -222,44 +187,29 @@ void UpdateFeedParserTest::refusesFeeds()
     QCOMPARE(items.error(), error);
 }
 
-void UpdateFeedParserTest::choosesTheNewestThatRuns_data()
-{
-    QTest::addColumn<QStringList>("offered"); // version, or version@minimum system version
-    QTest::addColumn<QString>("chosen");      // none: nothing is offered
-    QTest::addColumn<QString>("reason");
-
-    const auto choose = [](const char* name, const QStringList& offered, const QString& chosen,
-                           const QString& reason = {}) {
-        QTest::newRow(name) << offered << chosen << reason;
-    };
-    choose("newest of many", {u"1.9"_qs, u"1.10"_qs, u"1.10-rc"_qs, u"0.1"_qs}, u"1.10"_qs);
-    choose("only pre-releases are newer", {u"1.6-beta"_qs, u"1.5"_qs}, u"1.6-beta"_qs);
-    choose("newest does not run here", {u"3@2.37"_qs, u"2@2.36"_qs}, u"2"_qs);
-    choose("nothing", {}, {}, u"You have the newest version of Trovell."_qs);
-    choose("the same", {u"1.5.0"_qs}, {}, u"You have the newest version of Trovell."_qs);
-    choose(
-        "only older ones", {u"1.4"_qs, u"1.5-rc1"_qs}, {},
-        u"You have a newer version of Trovell than the newest one offered, which is 1.5-rc1."_qs);
-    choose("only for newer systems", {u"2@2.37"_qs, u"1.4"_qs}, {},
-           u"Trovell 2 needs a newer system than this one. You have the newest version that runs "
-           u"here."_qs);
-}
-
 void UpdateFeedParserTest::choosesTheNewestThatRuns()
 {
-    QFETCH(QStringList, offered);
-    QFETCH(QString, chosen);
-    QFETCH(QString, reason);
-    QList<PublishedItem> published;
-    for (const QString& text : std::as_const(offered)) {
-        published.append({.version = text.section(u'@', 0, 0)});
-        published.last().minimumSystemVersion = text.section(u'@', 1, 1);
-    }
-    const auto items = parseUpdateFeed(feedOf(published));
-    QVERIFY(items.has_value());
-    const UpdateChoice choice = chooseUpdate(*items, version(u"1.5"_qs), version(u"2.36"_qs));
-    QCOMPARE(choice.item ? choice.item->shortVersion : QString(), chosen);
-    QCOMPARE(choice.reason, reason);
+    // Offered are versions, or version@minimum system version.
+    const auto choice = [](const QStringList& offered) {
+        QList<PublishedItem> published;
+        for (const QString& text : offered)
+            published.append({.version = text.section(u'@', 0, 0),
+                              .minimumSystemVersion = text.section(u'@', 1, 1)});
+        const auto items = parseUpdateFeed(feedOf(published));
+        const UpdateChoice made = chooseUpdate(*items, version(u"1.5"_qs), version(u"2.36"_qs));
+        return made.item ? made.item->shortVersion : made.reason;
+    };
+    QCOMPARE(choice({u"1.9"_qs, u"1.10"_qs, u"1.10-rc"_qs, u"0.1"_qs}), u"1.10"_qs);
+    QCOMPARE(choice({u"3@2.37"_qs, u"2@2.36"_qs}), u"2"_qs);
+    const QString newest = u"You have the newest version of Trovell."_qs;
+    QCOMPARE(choice({}), newest);
+    QCOMPARE(choice({u"1.5.0"_qs}), newest);
+    QCOMPARE(
+        choice({u"1.4"_qs, u"1.5-rc1"_qs}),
+        u"You have a newer version of Trovell than the newest one offered, which is 1.5-rc1."_qs);
+    QCOMPARE(choice({u"2@2.37"_qs, u"1.4"_qs}),
+             u"Trovell 2 needs a newer system than this one. You have the newest version that runs "
+             u"here."_qs);
 }
 
 QTEST_GUILESS_MAIN(UpdateFeedParserTest)

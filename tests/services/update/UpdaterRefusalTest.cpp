@@ -61,18 +61,12 @@ const QList<Refusal> feedRefusals{
     {"error with an endless page",
      feed({.status = 500, .contentLength = -1, .breaksAt = 0, .after = After::drip}),
      UpdateError::serverRefused},
-    {"no content", feed({.status = 204}), UpdateError::serverRefused},
-    {"redirect to nowhere", feed({.status = 302}), UpdateError::serverRefused},
     {"redirect to http", redirected(UpdateWorld::feedPath, "http://127.0.0.1:1/feed.xml"),
-     UpdateError::redirectNotSecure},
-    {"redirect to a file", redirected(UpdateWorld::feedPath, "file:///etc/hostname"),
      UpdateError::redirectNotSecure},
     {"redirect to itself", redirected(UpdateWorld::feedPath, "/feed.xml"),
      UpdateError::tooManyRedirects},
     {"closed in the middle", feed({.body = feedOf({{}}), .breaksAt = 100}),
      UpdateError::connectionLost},
-    {"cut off without a length", feed({.body = feedOf({{}}), .contentLength = -1, .breaksAt = 100}),
-     UpdateError::feedMalformed},
     {"silent from the start",
      impatient(feed({.contentLength = 100, .breaksAt = 0, .after = After::silence})),
      UpdateError::timedOut},
@@ -84,7 +78,6 @@ const QList<Refusal> feedRefusals{
     {"entities", feed({.body = "<!DOCTYPE rss><rss/>"}), UpdateError::feedDeclaresEntities},
     {"package address not secure", item(&PublishedItem::address, u"http://127.0.0.1/x.deb"_qs),
      UpdateError::addressNotSecure},
-    {"unsigned", item(&PublishedItem::signature, {}), UpdateError::signatureMissing},
     {"malformed signature", item(&PublishedItem::signature, u"c2ln"_qs),
      UpdateError::signatureMalformed},
     {"package too large",
@@ -124,8 +117,6 @@ const QList<Refusal> packageRefusals{
          return ServedFile{.body = content, .breaksAt = 2'000'000, .after = After::silence};
      })),
      UpdateError::timedOut},
-    {"not found", package([](const QByteArray&) { return ServedFile{.status = 404}; }),
-     UpdateError::serverRefused},
     {"redirect to http", redirected(UpdateWorld::packagePath, "http://127.0.0.1:1/x"),
      UpdateError::redirectNotSecure},
     {"no folder",
@@ -201,7 +192,6 @@ void UpdaterRefusalTest::refusesServersThatAreNotTrusted()
     const TestAuthority stranger;
     const QSslConfiguration configurations[]{
         m_authority->serverConfiguration(u"DNS:elsewhere.example"_qs),
-        m_authority->serverConfiguration(u"IP:127.0.0.2"_qs),
         stranger.serverConfiguration(u"IP:127.0.0.1"_qs)};
     for (const QSslConfiguration& configuration : configurations) {
         m_world = std::make_unique<UpdateWorld>(*m_authority, configuration);
