@@ -96,7 +96,6 @@ private Q_SLOTS:
     void staysFreshWhileUntouched();
     void givesThePathToItsNewFile();
     void doesNotMistakeReusedInodes();
-    void followsSymbolicLinks();
     void doesNotFollowLinksInSearch();
     void keepsToItsLimits();
     void keepsNamesThatAreNoText();
@@ -192,23 +191,6 @@ void FileBookmarkTest::doesNotMistakeReusedInodes()
     QCOMPARE(findMovedFile(lost, *identity, disk.scope), std::nullopt);
     identity->birth = 0;
     QCOMPARE(findMovedFile(lost, *identity, disk.scope), std::nullopt);
-}
-
-void FileBookmarkTest::followsSymbolicLinks()
-{
-    Disk disk;
-    disk.write("home/versions/1/report.odt");
-    disk.write("home/versions/2/report.odt");
-    disk.link("versions/1", "home/current");
-    const QByteArray link = disk.bookmark("home/current");
-    const QByteArray throughLink = disk.bookmark("home/current/report.odt");
-    QCOMPARE(outcome(disk.resolve(link)), fresh(disk.url("home/current")));
-    QCOMPARE(outcome(disk.resolve(throughLink)), fresh(disk.url("home/current/report.odt")));
-
-    disk.link("versions/2", "home/next");
-    disk.move("home/next", "home/current");
-    QCOMPARE(outcome(disk.resolve(link)), stale(disk.url("home/current")));
-    QCOMPARE(outcome(disk.resolve(throughLink)), stale(disk.url("home/current/report.odt")));
 }
 
 void FileBookmarkTest::doesNotFollowLinksInSearch()

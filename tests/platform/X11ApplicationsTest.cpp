@@ -1,12 +1,9 @@
 #include "platform/x11/X11Applications.h"
 
-#include "platform/x11/X11WindowHandle.h"
-
 #include <QCoreApplication>
 #include <QTest>
 
 using namespace trovell;
-using namespace std::chrono_literals;
 
 namespace {
 
@@ -21,26 +18,13 @@ class X11ApplicationsTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void windowsOfOneApplicationFormOneEntry();
+    void windowsWithoutAnyNameGoByTheirProcess();
     void panelsRunWithoutWindows();
     void withoutDesktopFileTheClassIsTheIdentifier();
-    void handlesTellOfTheirWindow();
 };
 
-void X11ApplicationsTest::windowsOfOneApplicationFormOneEntry()
+void X11ApplicationsTest::windowsWithoutAnyNameGoByTheirProcess()
 {
-    // Two terminals in two processes, with another program in between.
-    const QList<RunningApplication> applications =
-        groupWindows({window(11, 500, u"xterm"_qs), window(12, 300, u"editor"_qs),
-                      window(13, 400, u"xterm"_qs)});
-    QCOMPARE(applications.size(), 2);
-    QCOMPARE(applications[0].bundleIdentifier, u"xterm"_qs);
-    QCOMPARE(applications[0].localizedName, u"xterm name"_qs);
-    QCOMPARE(applications[0].processIdentifier, 500);
-    QCOMPARE(applications[0].windows, (QList<WindowHandle>{11, 13}));
-    QCOMPARE(applications[1].windows, (QList<WindowHandle>{12}));
-    QVERIFY(applications[1].isRegular);
-    // Without any name they go by their process.
     const auto unnamed = groupWindows({window(1, 500, {}), window(2, 600, {}), window(3, 500, {})});
     QCOMPARE(unnamed.size(), 2);
     QVERIFY(!unnamed[0].bundleIdentifier && !unnamed[0].bundleURL);
@@ -76,18 +60,6 @@ void X11ApplicationsTest::withoutDesktopFileTheClassIsTheIdentifier()
              u"X11ApplicationsTest"_qs);
     const ApplicationIdentity nothing = identityWithoutDesktopFile({0, {}, {}, {}});
     QCOMPARE(nothing, ApplicationIdentity());
-}
-
-void X11ApplicationsTest::handlesTellOfTheirWindow()
-{
-    const auto now = std::chrono::steady_clock::now();
-    const WindowHandle fresh = packedHandle({0xfedcba98, WindowKind::floating, true, now});
-    QCOMPARE(windowOfHandle(fresh), 0xfedcba98u);
-    QCOMPARE(kindOfHandle(fresh), WindowKind::floating);
-    QVERIFY(hasUnicodeTitle(fresh));
-    QVERIFY(isYoung(fresh, now + 1800ms));
-    QVERIFY(!isYoung(fresh, now + 2200ms));
-    QVERIFY(!isYoung(fresh, now + 24h * 400));
 }
 
 QTEST_GUILESS_MAIN(X11ApplicationsTest)

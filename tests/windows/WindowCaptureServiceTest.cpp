@@ -92,21 +92,13 @@ void WindowCaptureServiceTest::capturesWindowsWithTheirPositionsAndDisplays()
 void WindowCaptureServiceTest::leavesOutWhatIsNotTheUsers()
 {
     FakeWindowSystem desktop;
-    const auto add = [&desktop](const QString& id) -> RunningApplication& {
-        desktop.addWindow(id, {.title = id});
-        return desktop.addApplication(id + u"-windowless"_qs);
-    };
-    add(u"editor"_qs);
-    auto& own = desktop.addApplication(u"own"_qs);
-    own.processIdentifier = ownProcess;
-    desktop.addWindow(u"own"_qs, {});
+    desktop.addApplication(u"windowless"_qs);
+    desktop.addApplication(u"own"_qs).processIdentifier = ownProcess;
     desktop.addApplication(u"panel"_qs).isRegular = false;
-    desktop.addWindow(u"panel"_qs, {});
     desktop.addApplication(u"gone"_qs).isTerminated = true;
-    desktop.addWindow(u"gone"_qs, {});
     desktop.addApplication(u"hidden"_qs).isHidden = true;
-    desktop.addWindow(u"hidden"_qs, {});
-    desktop.addApplication(u"minimised"_qs);
+    for (const QString& id : {u"editor"_qs, u"own"_qs, u"panel"_qs, u"gone"_qs, u"hidden"_qs})
+        desktop.addWindow(id, {.title = id});
     desktop.addWindow(u"minimised"_qs, {.isMinimized = true});
 
     QCOMPARE(identifiers(*capture(desktop)), (QStringList{u"editor"_qs, u"hidden"_qs}));

@@ -99,12 +99,14 @@ void SignUpdateTest::signsWhatTheUpdaterAccepts()
     QVERIFY(items.has_value());
     QCOMPARE(items->size(), 1);
     const UpdateItem& item = items->first();
-    QCOMPARE(item.version, *ReleaseVersion::parse(u"2.0.1"_qs));
-    QCOMPARE(item.shortVersion, u"2"_qs);
-    QCOMPARE(item.minimumSystemVersion, ReleaseVersion::parse(u"2.36"_qs));
-    QCOMPARE(item.notes, u"New: <b> & \"quotes\"\n• more"_qs);
-    QCOMPARE(item.address, QUrl(u"https://updates.example/p?a=1&b=2"_qs));
-    QCOMPARE(item.lengthBytes, 100'000);
+    const UpdateItem expected{.version = *ReleaseVersion::parse(u"2.0.1"_qs),
+                              .shortVersion = u"2"_qs,
+                              .notes = u"New: <b> & \"quotes\"\n• more"_qs,
+                              .address = QUrl(u"https://updates.example/p?a=1&b=2"_qs),
+                              .lengthBytes = 100'000,
+                              .signature = item.signature,
+                              .minimumSystemVersion = ReleaseVersion::parse(u"2.36"_qs)};
+    QCOMPARE(item, expected);
     QVERIFY(verifyPackage(m_package, *signatureFromText(item.signature),
                           *publicKeyFromText(m_publicKey)));
 

@@ -130,8 +130,7 @@ class UpdaterRefusalTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void init() { m_world = std::make_unique<UpdateWorld>(*m_authority, *m_serverConfiguration); }
+    void init() { m_world = std::make_unique<UpdateWorld>(m_authority, m_serverConfiguration); }
 
     void refuses_data();
     void refuses();
@@ -141,17 +140,11 @@ private Q_SLOTS:
     void refusesWithoutAnInstaller();
 
 private:
-    std::unique_ptr<TestAuthority> m_authority;
-    std::unique_ptr<QSslConfiguration> m_serverConfiguration;
+    const TestAuthority m_authority;
+    const QSslConfiguration m_serverConfiguration =
+        m_authority.serverConfiguration(u"IP:127.0.0.1"_qs);
     std::unique_ptr<UpdateWorld> m_world;
 };
-
-void UpdaterRefusalTest::initTestCase()
-{
-    m_authority = std::make_unique<TestAuthority>();
-    m_serverConfiguration =
-        std::make_unique<QSslConfiguration>(m_authority->serverConfiguration(u"IP:127.0.0.1"_qs));
-}
 
 void UpdaterRefusalTest::refuses_data()
 {
@@ -191,10 +184,10 @@ void UpdaterRefusalTest::refusesServersThatAreNotTrusted()
 {
     const TestAuthority stranger;
     const QSslConfiguration configurations[]{
-        m_authority->serverConfiguration(u"DNS:elsewhere.example"_qs),
+        m_authority.serverConfiguration(u"DNS:elsewhere.example"_qs),
         stranger.serverConfiguration(u"IP:127.0.0.1"_qs)};
     for (const QSslConfiguration& configuration : configurations) {
-        m_world = std::make_unique<UpdateWorld>(*m_authority, configuration);
+        m_world = std::make_unique<UpdateWorld>(m_authority, configuration);
         const auto updater = m_world->makeUpdater();
         check(*updater);
         m_world->verifyFailed(*updater, UpdateError::serverNotTrusted);

@@ -45,8 +45,7 @@ class UpdaterTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void init() { m_world = std::make_unique<UpdateWorld>(*m_authority, *m_serverConfiguration); }
+    void init() { m_world = std::make_unique<UpdateWorld>(m_authority, m_serverConfiguration); }
 
     void installsAnUpdate();
     void tellsNothingAboutTheUser();
@@ -68,17 +67,11 @@ private:
         QTRY_COMPARE_WITH_TIMEOUT(updater.state().phase, phase, 60'000);
     }
 
-    std::unique_ptr<TestAuthority> m_authority;
-    std::unique_ptr<QSslConfiguration> m_serverConfiguration;
+    const TestAuthority m_authority;
+    const QSslConfiguration m_serverConfiguration =
+        m_authority.serverConfiguration(u"IP:127.0.0.1"_qs);
     std::unique_ptr<UpdateWorld> m_world;
 };
-
-void UpdaterTest::initTestCase()
-{
-    m_authority = std::make_unique<TestAuthority>();
-    m_serverConfiguration =
-        std::make_unique<QSslConfiguration>(m_authority->serverConfiguration(u"IP:127.0.0.1"_qs));
-}
 
 void UpdaterTest::installsAnUpdate()
 {
