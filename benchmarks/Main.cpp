@@ -3,6 +3,7 @@
 
 #include "CaptureBenchmark.h"
 #include "InterfaceBenchmark.h"
+#include "ListBenchmark.h"
 #include "Machine.h"
 #include "MatchingBenchmark.h"
 #include "Report.h"
@@ -30,7 +31,7 @@ struct Benchmark {
 constexpr Benchmark benchmarks[] = {
     {"matching", &measureMatching}, {"capture", &measureCapture}, {"restore", &measureRestore},
     {"waiting", &measureWaiting},   {"store", &measureStore},     {"interface", &measureInterface},
-    {"sheet", &measureSheet},
+    {"sheet", &measureSheet},       {"list", &measureList},
 };
 
 QString describeRun()

@@ -1,14 +1,10 @@
 #include "SheetBenchmark.h"
 
-#include "CrowdedDesktop.h"
-#include "model/WorkspaceQuery.h"
 #include "Samples.h"
-#include "views/ViewEnvironment.h"
-#include "views/workspace/ApplicationIcons.h"
+#include "ShownProduct.h"
 #include "views/workspace/CapturedWindowRow.h"
 #include "views/workspace/WorkspaceCaptureView.h"
 
-#include <QApplication>
 #include <QElapsedTimer>
 #include <QMainWindow>
 
@@ -75,23 +71,15 @@ void measureSheet(Report& report)
         return report.fail(crowd.error());
     if (!crowd.openApplications(0, applicationCount, windowsEach))
         return report.fail(QStringLiteral("Opening the windows to capture"));
-    AppDependencies& dependencies = crowd.session().dependencies();
-    VisualStyle visual;
-    visual.install(*qApp);
-    Localization words;
-    WorkspaceQuery workspaces(crowd.session().context());
-    ApplicationIcons icons(dependencies.resources());
+    ShownProduct product(crowd.session(), crowd.session().context());
     QMainWindow window;
     window.resize(1180, 760);
     window.show();
-    const ViewEnvironment environment{visual,     words, dependencies, crowd.session().context(),
-                                      workspaces, icons};
-
     Samples painted;
     Samples complete;
     Samples turns;
     for (int round = 0; round < rounds; ++round) {
-        const Opening opening = openSheet(environment, window);
+        const Opening opening = openSheet(product.environment(), window);
         if (opening.allRowsThere == 0)
             return report.fail(QStringLiteral("Listing the windows in the sheet"));
         painted.push_back(opening.firstRowsPainted);

@@ -1,0 +1,37 @@
+// What a view needs to be measured: the product at work on a virtual desktop, its views painted
+// into memory. Main thread.
+#pragma once
+
+#include "CrowdedDesktop.h"
+#include "views/ViewEnvironment.h"
+#include "views/workspace/ApplicationIcons.h"
+
+#include <QApplication>
+
+namespace trovell::bench {
+
+class ShownProduct {
+public:
+    /// Both outlive this.
+    ShownProduct(test::LayoutSession& session, StoreContext& context)
+        : m_session(session), m_context(context), m_workspaces(context),
+          m_icons(session.dependencies().resources())
+    {
+        m_visual.install(*qApp);
+    }
+
+    [[nodiscard]] ViewEnvironment environment()
+    {
+        return {m_visual, m_words, m_session.dependencies(), m_context, m_workspaces, m_icons};
+    }
+
+private:
+    test::LayoutSession& m_session;
+    StoreContext& m_context;
+    VisualStyle m_visual;
+    Localization m_words;
+    WorkspaceQuery m_workspaces;
+    ApplicationIcons m_icons;
+};
+
+} // namespace trovell::bench
