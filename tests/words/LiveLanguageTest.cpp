@@ -101,15 +101,6 @@ private Q_SLOTS:
         QCOMPARE(card.layoutDirection(), Qt::LeftToRight);
     }
 
-    void theToolkitsOwnTextsFollow()
-    {
-        const auto cancel = [] { return QCoreApplication::translate("QPlatformTheme", "Cancel"); };
-        m_words.setLanguage(u"de"_qs);
-        QCOMPARE(cancel(), u"Abbrechen"_qs);
-        m_words.setLanguage(u"fi"_qs); // The rest is English for want of a table.
-        QCOMPARE(cancel(), u"Cancel"_qs);
-    }
-
     void theTestLanguageShowsWhatWasForgotten()
     {
         Card card(m_words);
@@ -132,11 +123,5 @@ private:
     Localization m_words{allFolders()};
 };
 
-int main(int argc, char** argv)
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    LiveLanguageTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+QTEST_MAIN(LiveLanguageTest)
 #include "LiveLanguageTest.moc"

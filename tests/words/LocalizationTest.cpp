@@ -24,22 +24,6 @@ public:
     }
 };
 
-template <typename Key, typename... Arguments>
-concept CanBeShown = requires(const Localization& words, Key key, Arguments... arguments)
-{
-    words.text(key, arguments...);
-};
-
-using OneText = decltype(phrases::saved);
-using OneNumber = decltype(phrases::itemCount);
-static_assert(CanBeShown<OneText, QString>);
-static_assert(CanBeShown<OneNumber, qsizetype>);
-static_assert(!CanBeShown<OneText>);
-static_assert(!CanBeShown<OneText, qint64>);
-static_assert(!CanBeShown<OneText, QString, QString>);
-static_assert(!CanBeShown<OneNumber, QString>);
-static_assert(!CanBeShown<decltype(u"Items"_key), QString>);
-
 } // namespace
 
 class LocalizationTest : public QObject {
@@ -67,13 +51,9 @@ private Q_SLOTS:
         words.refreshSystemLocale();
         QCOMPARE(words.text(u"Light"_key), u"浅色"_qs);
         QCOMPARE(changed.count(), 1);
-
         words.setLanguage(u"en"_qs);
-        system = QLocale(QStringLiteral("de_DE"));
         words.refreshSystemLocale();
         QCOMPARE(words.text(u"Light"_key), u"Light"_qs);
-        words.setLanguage({});
-        QCOMPARE(words.text(u"Light"_key), u"Hell"_qs);
     }
 
     void aFileAddsALanguage()

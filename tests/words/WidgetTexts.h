@@ -1,12 +1,5 @@
 // What a view shows, for tests that run it in a test language: texts that were not looked up, or
-// were put together from pieces, and texts that lack room. A test of a view links
-// trovell_words_testing and says
-//
-//     Localization words({QStringLiteral(TROVELL_TEST_LANGUAGES)});
-//     words.setLanguage(u"en-XA"_qs);
-//     … build the view, show it …
-//     QCOMPARE(textsNotLookedUp(view, {u"Work"_qs}), QStringList());
-//     QCOMPARE(clippedTexts(view), QStringList());
+// were put together from pieces, and texts that lack room.
 #pragma once
 
 #include <QAbstractButton>

@@ -56,14 +56,6 @@ class Collecting(unittest.TestCase):
                  if extract_keys.is_key(literal, is_logic=True)]
         self.assertEqual(found, ["The file is damaged.", "It is gone."])
 
-    def test_each_of_several_numbers_is_a_message(self):
-        messages = extract_keys.messages_of({"%lld of %@ and %lld": ["a.cpp"], "%lld": [], "x": []})
-        self.assertEqual([message[:3] for message in messages], [
-            ("Trovell", "%lld of %@ and %lld", False),
-            ("Trovell, number 1", "%lld of %@ and %lld", True),
-            ("Trovell, number 3", "%lld of %@ and %lld", True),
-            ("Trovell", "%lld", True), ("Trovell", "x", False)])
-
 
 class Sources(unittest.TestCase):
     def test_texts_that_views_do_not_look_up(self):
@@ -77,10 +69,6 @@ class Sources(unittest.TestCase):
         keys = ["%@ could not be found.", "Version %@ is old"]
         found = list(check_words.unregistered_patterns("a.cpp", source, keys))
         self.assertEqual(len(found), 1, found)
-
-    def test_keys_that_the_collector_misses(self):
-        self.assertEqual(list(check_words.uncollected_keys("a.cpp", 'u"a"_key // "b"_key')), [])
-        self.assertEqual(len(list(check_words.uncollected_keys("a.cpp", "'\\''; 'u\"a\"_key'"))), 1)
 
 
 class Tables(unittest.TestCase):
@@ -101,15 +89,6 @@ class Tables(unittest.TestCase):
                          {"%lld": ["%lld", ""]}, {"Plain": ["x"]}, {"%lld": ["%lld", "%@%@"]}):
             with self.subTest(messages):
                 self.assertEqual(len(self.problems(messages)), 1)
-
-    def test_english_rewords_no_more_and_no_less(self):
-        with tempfile.TemporaryDirectory() as folder:
-            changes = [({}, 0), ({"Plain": "Other"}, 1), ({"⌃⌥1": "Strg+Alt+1"}, 1)]
-            for change, count in changes:
-                file = table(folder, check_words.ENGLISH | change)
-                self.assertEqual(len(list(check_words.english_problems(file))), count, change)
-            file = table(folder, dict(list(check_words.ENGLISH.items())[1:]))
-            self.assertEqual(len(list(check_words.english_problems(file))), 1)
 
 
 class TestLanguage(unittest.TestCase):

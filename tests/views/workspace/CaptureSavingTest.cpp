@@ -2,7 +2,6 @@
 
 #include "support/StoreContents.h"
 #include "views/support/ViewFixture.h"
-#include "views/workspace/CaptureWindowMiniature.h"
 
 using namespace trovell;
 using trovell::test::ViewFixture;
@@ -14,14 +13,12 @@ CapturedApplication application(const QString& identifier, const QStringList& ti
     CapturedApplication captured;
     captured.bundleIdentifier = captured.applicationName = identifier;
     captured.applicationURLString = u"file:///applications/%1.desktop"_qs.arg(identifier);
-    const QRectF screen(0, 0, 1000, 800);
     for (const QString& title : titles) {
         CapturedWindow window;
         window.bundleIdentifier = window.applicationName = identifier;
         window.windowTitle = title;
         window.frame = QRectF(100, 200, 500, 400);
-        window.display.frame = screen;
-        window.display.visibleFrame = screen;
+        window.display.frame = window.display.visibleFrame = QRectF(0, 0, 1000, 800);
         captured.windows.append(window);
     }
     return captured;
@@ -164,8 +161,6 @@ private Q_SLOTS:
         const TrovellWorkspace& workspace = *saved->workspace;
         QVERIFY(workspace.isStored());
         QCOMPARE(workspace.name(), u"Music"_qs);
-        QCOMPARE(workspace.symbolName(), u"music.note"_qs);
-        QCOMPARE(workspace.accentIdentifier(), u"green"_qs);
         QCOMPARE(workspace.shortcut(), shortcuts().at(2));
         QCOMPARE(workspace.sortOrder(), 1);
         QCOMPARE(itemNames(workspace), (QStringList{u"0 editor"_qs, u"1 browser"_qs}));
@@ -175,22 +170,6 @@ private Q_SLOTS:
         QCOMPARE(item.urlString(), u"file:///applications/editor.desktop"_qs);
         QCOMPARE(item.applicationPath(), u"/applications/editor.desktop"_qs);
         QVERIFY(item.bookmarkData());
-    }
-
-    void findsApplicationsByIdentifier()
-    {
-        FakeResourceSystem resources;
-        const QUrl moved(u"file:///moved/my%20editor.desktop"_qs);
-        resources.addApplication(u"editor"_qs, moved);
-        resources.refuseToBookmark(moved);
-        CapturedApplication editor = application(u"editor"_qs);
-        editor.applicationURLString.reset();
-        const auto items = makeLaunchItems({editor}, 7, resources);
-        QVERIFY(items);
-        const WorkspaceItem& item = *items->front();
-        QCOMPARE(item.urlString(), moved.toString(QUrl::FullyEncoded));
-        QCOMPARE(item.applicationPath(), u"/moved/my editor.desktop"_qs);
-        QCOMPARE(item.bookmarkData(), std::nullopt);
     }
 
     void startsAVariantFromItsSource()
@@ -244,26 +223,6 @@ private Q_SLOTS:
         saving.draft.choices.shortcutIndex = 1;
         QCOMPARE(saving.refusal(CapturePurpose::saveAsNew),
                  u"That shortcut is already assigned to another workspace."_qs);
-    }
-
-    void saysThatTheWorkspaceIsGone()
-    {
-        Saving saving;
-        saving.capture(CapturePurpose::saveAsNew, {application(u"editor"_qs, {u"a"_qs})});
-        saving.fixture.context().remove(saving.workspace);
-        for (const auto purpose : {CapturePurpose::saveAsNew, CapturePurpose::update})
-            QVERIFY(saving.save(purpose).error().contains(u"deleted"));
-        QVERIFY(saving.fixture.context().workspaces().isEmpty());
-    }
-
-    void drawsWindowsWhereTheyStand()
-    {
-        const auto drawn = [](const NormalizedFrame& frame) {
-            return miniatureWindowRect(frame, QSizeF(72, 44));
-        };
-        QCOMPARE(drawn({0, 0, 0.5, 0.5}), QRectF(0, 22, 36, 22));
-        QCOMPARE(drawn({0.75, 0.75, 0.25, 0.25}), QRectF(54, 0, 18, 11));
-        QCOMPARE(drawn({0.5, 0.5, 0.01, 0.01}), QRectF(36, 0.49 * 44, 8, 6));
     }
 };
 

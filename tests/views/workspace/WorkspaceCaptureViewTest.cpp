@@ -1,14 +1,9 @@
 #include "views/workspace/WorkspaceCaptureView.h"
 
 #include "support/StoreContents.h"
-#include "views/style/CheckBox.h"
-#include "views/style/Picture.h"
 #include "views/style/Switch.h"
 #include "views/support/Controls.h"
 #include "views/support/ViewFixture.h"
-#include "views/workspace/EditorCaptureReviewView.h"
-
-#include <QAccessible>
 
 using namespace trovell;
 using namespace trovell::test;
@@ -43,14 +38,6 @@ struct OpenSheet {
     QString notice;
 };
 
-void toggle(const QWidget& view, const QString& name)
-{
-    auto* control = find<Switch>(view, name);
-    QVERIFY(control);
-    control->setFocus(Qt::TabFocusReason);
-    QTest::keyClick(control, Qt::Key_Space);
-}
-
 } // namespace
 
 class WorkspaceCaptureViewTest : public QObject {
@@ -64,16 +51,139 @@ private Q_SLOTS:
     }
     void cleanup() { m_fixture.reset(); }
 
-    void createsAWorkspace();
-    void capturesOnceAccessIsGranted();
-    void goesOnWithApplicationsOnly();
-    void removesAPositionByKeyboard();
-    void staysOpenWhenSavingFails();
-    void outlivesItsWorkspace();
-    void canBeClosedWhileItReads();
-    void showsLongLists();
-    void reviewsACapture();
-    void leavesRoomForOtherLanguages();
+    void createsAWorkspace()
+    {
+        openDraft();
+        m_fixture->windows->addWindow(u"editor"_qs, {.title = {}});
+        {
+            // It may be closed while it reads.
+            const OpenSheet other(*m_fixture, CapturePurpose::create);
+            QCOMPARE(other.view->loadState().kind, Kind::loading);
+            click(*other.view, u"Cancel"_qs);
+            QTRY_VERIFY(!other.view);
+        }
+        const OpenSheet sheet(*m_fixture, CapturePurpose::create);
+        QVERIFY(sheet.reaches(Kind::loaded));
+        auto* name = sheet.view->findChild<QLineEdit*>();
+        QCOMPARE(sheet.view->focusWidget(), name);
+        QVERIFY(!find(*sheet.view, u"Save Workspace"_qs)->isEnabled());
+        QTest::keyClicks(name, u"Music"_qs);
+        QTest::mouseClick(find<QLabel>(*sheet.view, u"Untitled Window"_qs), Qt::LeftButton);
+        QVERIFY(sheet.shows(u"1 windows selected • 0 previous positions kept"_qs));
+        QTest::keyClick(name, Qt::Key_Return);
+        QVERIFY(sheet.saved);
+        QVERIFY(!sheet.view || !sheet.view->isVisible());
+        QCOMPARE(sheet.notice, u"Music captured."_qs);
+        QCOMPARE(sheet.saved->placementCount(), 1);
+        QCOMPARE(sheet.saved->itemCount(), 1);
+    }
+
+    void capturesOnceAccessIsGranted()
+    {
+        openDraft();
+        m_fixture->setTrusted(false);
+        const OpenSheet sheet(*m_fixture, CapturePurpose::saveAsNew, m_work);
+        QCOMPARE(sheet.view->loadState().kind, Kind::idle);
+        QVERIFY(!find(*sheet.view, u"Continue with Apps Only"_qs));
+        click(*sheet.view, u"Request Access"_qs);
+        m_fixture->windows->trusted = true;
+        m_fixture->clock.advance(std::chrono::seconds(1));
+        QVERIFY(sheet.reaches(Kind::loaded));
+        QCOMPARE(m_fixture->windows->readCount(), 1);
+        QVERIFY(find(*sheet.view, u"Draft"_qs));
+    }
+
+    void goesOnWithApplicationsOnly()
+    {
+        m_fixture->setTrusted(false);
+        const OpenSheet sheet(*m_fixture, CapturePurpose::create);
+        click(*sheet.view, u"Continue with Apps Only"_qs);
+        QVERIFY(sheet.reaches(Kind::failed));
+        QVERIFY(sheet.shows(u"No visible user applications were available to save."_qs));
+        openDraft();
+        click(*sheet.view, u"Try Again"_qs);
+        click(*sheet.view, u"Continue with Apps Only"_qs);
+        QVERIFY(sheet.reaches(Kind::loaded));
+        QVERIFY(sheet.shows(u"1 applications will be saved."_qs));
+
+        m_fixture->setTrusted(true);
+        QVERIFY(sheet.reaches(Kind::loading));
+        QVERIFY(!find(*sheet.view, u"Save Workspace"_qs));
+        QVERIFY(sheet.reaches(Kind::loaded));
+        QVERIFY(find(*sheet.view, u"Draft"_qs));
+    }
+
+    void removesAPositionByKeyboard()
+    {
+        m_fixture->addPlacement(*m_work, u"editor"_qs);
+        m_fixture->addPlacement(*m_work, u"browser"_qs);
+        const OpenSheet sheet(*m_fixture, CapturePurpose::update, m_work);
+        QVERIFY(sheet.reaches(Kind::loaded));
+        QVERIFY(sheet.shows(u"No workspace application windows are open"_qs));
+        auto* kept = find<Switch>(*sheet.view, u"Keep saved position for editor"_qs);
+        QTest::keyClick(kept, Qt::Key_Space);
+        QVERIFY(sheet.shows(u"Remove position"_qs));
+        QTest::keyClick(kept, Qt::Key_Return);
+        QCOMPARE(sheet.saved, m_work);
+        QCOMPARE(m_work->placementCount(), 1);
+    }
+
+    void staysOpenWhenSavingFails()
+    {
+        m_fixture->addItem(*m_work, WorkspaceItemType::application, u"editor"_qs);
+        m_fixture->addPlacement(*m_work, u"editor"_qs);
+        openDraft();
+        const StoreContents before = contentsOf(m_fixture->context());
+        const OpenSheet sheet(*m_fixture, CapturePurpose::update, m_work);
+        QVERIFY(sheet.reaches(Kind::loaded));
+        m_fixture->refuseSaving();
+        click(*sheet.view, u"Save Layout"_qs);
+        QCOMPARE(answeredAlert(*sheet.view), QStringList({u"Workspace Could Not Be Saved"_qs,
+                                                          description(StoreError::diskFull)}));
+        QCOMPARE(contentsOf(m_fixture->context()), before);
+        QVERIFY(!sheet.saved);
+        m_fixture->allowSaving();
+        click(*sheet.view, u"Save Layout"_qs);
+        QCOMPARE(sheet.notice, u"Work layout updated."_qs);
+    }
+
+    void outlivesItsWorkspace()
+    {
+        const OpenSheet sheet(*m_fixture, CapturePurpose::update, m_work);
+        QVERIFY(sheet.reaches(Kind::loaded));
+        m_fixture->context().remove(*m_work);
+        m_fixture->save();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        click(*sheet.view, u"Save Layout"_qs);
+        QVERIFY(!answeredAlert(*sheet.view).isEmpty());
+        QVERIFY(m_fixture->context().workspaces().isEmpty());
+    }
+
+    void leavesRoomForOtherLanguages()
+    {
+        m_fixture->addItem(*m_work, WorkspaceItemType::application, u"editor"_qs);
+        m_fixture->addPlacement(*m_work, u"closed"_qs);
+        m_fixture->windows->addWindow(u"editor"_qs, {.title = {}});
+        QStringList data{u"editor"_qs, u"closed"_qs, u"closed window"_qs};
+        data += symbols() + accents();
+        const auto problems = [&](const OpenSheet& sheet) {
+            return languageProblems(*sheet.view, m_fixture->environment().words, data);
+        };
+        for (const auto purpose : {CapturePurpose::create, CapturePurpose::update}) {
+            m_fixture->setTrusted(true);
+            const OpenSheet loaded(*m_fixture, purpose, m_work);
+            QVERIFY(loaded.reaches(Kind::loaded));
+            QCOMPARE(problems(loaded), QString());
+            m_fixture->setTrusted(false);
+            const OpenSheet asking(*m_fixture, purpose, m_work);
+            QCOMPARE(problems(asking), QString());
+            if (purpose == CapturePurpose::create) {
+                click(*asking.view, u"Continue with Apps Only"_qs);
+                QVERIFY(asking.reaches(Kind::loaded));
+                QCOMPARE(problems(asking), QString());
+            }
+        }
+    }
 
 private:
     void openDraft() { m_fixture->windows->addWindow(u"editor"_qs, {.title = u"Draft"_qs}); }
@@ -81,186 +191,6 @@ private:
     std::unique_ptr<ViewFixture> m_fixture;
     TrovellWorkspace* m_work = nullptr;
 };
-
-void WorkspaceCaptureViewTest::createsAWorkspace()
-{
-    openDraft();
-    m_fixture->windows->addWindow(u"editor"_qs, {.title = {}});
-    const OpenSheet sheet(*m_fixture, CapturePurpose::create);
-    QCOMPARE(sheet.view->loadState().kind, Kind::loading);
-    QVERIFY(find(*sheet.view, u"Cancel"_qs));
-    QVERIFY(sheet.reaches(Kind::loaded));
-    auto* name = sheet.view->findChild<QLineEdit*>();
-    QCOMPARE(sheet.view->focusWidget(), name);
-    QVERIFY(!find(*sheet.view, u"Save Workspace"_qs)->isEnabled());
-    QTest::keyClicks(name, u"Music"_qs);
-    QTest::mouseClick(find<QLabel>(*sheet.view, u"Untitled Window"_qs), Qt::LeftButton);
-    QVERIFY(sheet.shows(u"1 windows selected • 0 previous positions kept"_qs));
-    QTest::keyClick(name, Qt::Key_Return);
-    QVERIFY(sheet.saved);
-    QVERIFY(!sheet.view || !sheet.view->isVisible());
-    QCOMPARE(sheet.notice, u"Music captured."_qs);
-    QCOMPARE(sheet.saved->placementCount(), 1);
-    QCOMPARE(sheet.saved->itemCount(), 1);
-}
-
-void WorkspaceCaptureViewTest::capturesOnceAccessIsGranted()
-{
-    openDraft();
-    m_fixture->setTrusted(false);
-    const OpenSheet sheet(*m_fixture, CapturePurpose::saveAsNew, m_work);
-    QCOMPARE(sheet.view->loadState().kind, Kind::idle);
-    QVERIFY(!find(*sheet.view, u"Continue with Apps Only"_qs));
-    click(*sheet.view, u"Request Access"_qs);
-    m_fixture->windows->trusted = true;
-    m_fixture->clock.advance(std::chrono::seconds(1));
-    QVERIFY(sheet.reaches(Kind::loaded));
-    QCOMPARE(m_fixture->windows->readCount(), 1);
-    QVERIFY(find(*sheet.view, u"Draft"_qs));
-}
-
-void WorkspaceCaptureViewTest::goesOnWithApplicationsOnly()
-{
-    m_fixture->setTrusted(false);
-    const OpenSheet sheet(*m_fixture, CapturePurpose::create);
-    click(*sheet.view, u"Continue with Apps Only"_qs);
-    QVERIFY(sheet.reaches(Kind::failed));
-    QVERIFY(sheet.shows(u"No visible user applications were available to save."_qs));
-    openDraft();
-    click(*sheet.view, u"Try Again"_qs);
-    click(*sheet.view, u"Continue with Apps Only"_qs);
-    QVERIFY(sheet.reaches(Kind::loaded));
-    QVERIFY(sheet.shows(u"1 applications will be saved."_qs));
-
-    m_fixture->setTrusted(true);
-    QVERIFY(sheet.reaches(Kind::loading));
-    QVERIFY(!find(*sheet.view, u"Save Workspace"_qs));
-    QVERIFY(sheet.reaches(Kind::loaded));
-    QVERIFY(find(*sheet.view, u"Draft"_qs));
-}
-
-void WorkspaceCaptureViewTest::removesAPositionByKeyboard()
-{
-    m_fixture->addPlacement(*m_work, u"editor"_qs);
-    m_fixture->addPlacement(*m_work, u"browser"_qs);
-    const OpenSheet sheet(*m_fixture, CapturePurpose::update, m_work);
-    QVERIFY(sheet.reaches(Kind::loaded));
-    QVERIFY(sheet.shows(u"No workspace application windows are open"_qs));
-    toggle(*sheet.view, u"Keep saved position for editor"_qs);
-    QVERIFY(sheet.shows(u"Remove position"_qs));
-    QTest::keyClick(sheet.view->focusWidget(), Qt::Key_Return);
-    QCOMPARE(sheet.saved, m_work);
-    QCOMPARE(m_work->placementCount(), 1);
-}
-
-void WorkspaceCaptureViewTest::staysOpenWhenSavingFails()
-{
-    m_fixture->addItem(*m_work, WorkspaceItemType::application, u"editor"_qs);
-    m_fixture->addPlacement(*m_work, u"editor"_qs);
-    openDraft();
-    const StoreContents before = contentsOf(m_fixture->context());
-    const OpenSheet sheet(*m_fixture, CapturePurpose::update, m_work);
-    QVERIFY(sheet.reaches(Kind::loaded));
-    m_fixture->refuseSaving();
-    click(*sheet.view, u"Save Layout"_qs);
-    QCOMPARE(answeredAlert(*sheet.view),
-             QStringList({u"Workspace Could Not Be Saved"_qs, description(StoreError::diskFull)}));
-    QCOMPARE(contentsOf(m_fixture->context()), before);
-    QVERIFY(!sheet.saved);
-    m_fixture->allowSaving();
-    click(*sheet.view, u"Save Layout"_qs);
-    QCOMPARE(sheet.notice, u"Work layout updated."_qs);
-}
-
-void WorkspaceCaptureViewTest::outlivesItsWorkspace()
-{
-    const OpenSheet sheet(*m_fixture, CapturePurpose::update, m_work);
-    QVERIFY(sheet.reaches(Kind::loaded));
-    m_fixture->context().remove(*m_work);
-    m_fixture->save();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    click(*sheet.view, u"Save Layout"_qs);
-    QVERIFY(!answeredAlert(*sheet.view).isEmpty());
-    QVERIFY(m_fixture->context().workspaces().isEmpty());
-}
-
-void WorkspaceCaptureViewTest::canBeClosedWhileItReads()
-{
-    openDraft();
-    const OpenSheet sheet(*m_fixture, CapturePurpose::create);
-    QTest::keyClick(sheet.view, Qt::Key_Escape);
-    QTRY_VERIFY(!sheet.view);
-    QTRY_COMPARE(m_fixture->windows->readCount(), 1);
-    QTest::qWait(20);
-}
-
-void WorkspaceCaptureViewTest::showsLongLists()
-{
-    for (int number = 0; number < 200; ++number)
-        m_fixture->windows->addWindow(u"application %1"_qs.arg(number / 5, 2, 10, QChar(u'0')),
-                                      {.title = QString::number(number)});
-    const OpenSheet sheet(*m_fixture, CapturePurpose::create);
-    QVERIFY(sheet.reaches(Kind::loaded));
-    QVERIFY(find(*sheet.view, u"0"_qs));
-    QVERIFY(!find(*sheet.view, u"199"_qs));
-    QTRY_VERIFY(find(*sheet.view, u"199"_qs));
-    QCOMPARE(sheet.view->findChildren<CheckBox*>().size(), 200 + 2 * 40);
-}
-
-void WorkspaceCaptureViewTest::reviewsACapture()
-{
-    openDraft();
-    m_fixture->windows->addWindow(u"mail"_qs, {.title = {}});
-    QList<CapturedApplication> applications;
-    auto capture = m_fixture->dependencies().windowCapture().captureApplications({}, true);
-    capture.then([&](const WindowCaptureService::Capture& captured) { applications = *captured; });
-    QTRY_COMPARE(applications.size(), 2);
-    m_fixture->window().show();
-    QPointer review =
-        new EditorCaptureReviewView(m_fixture->environment(), applications, &m_fixture->window());
-    QSignalSpy confirmed(review, &EditorCaptureReviewView::useSelectedWindows);
-    review->open();
-    toggle(*review, u"editor"_qs);
-    toggle(*review, u"mail"_qs);
-    QVERIFY(!find(*review, u"Use Selected Windows"_qs)->isEnabled());
-    QVERIFY(find<Switch>(*review, u"Draft"_qs)->isChecked());
-    toggle(*review, u"Draft"_qs);
-    toggle(*review, u"editor"_qs);
-    toggle(*review, u"mail"_qs);
-    QVERIFY(find<QLabel>(*review, u"1 windows selected"_qs));
-    QVERIFY(!applications[0].windows[0].isIncluded);
-    for (Picture* picture : review->findChildren<Picture*>())
-        QCOMPARE(QAccessible::queryAccessibleInterface(picture)->role(), QAccessible::Graphic);
-    click(*review, u"Use Selected Windows"_qs);
-    QCOMPARE(confirmed.size(), 1);
-    QTRY_VERIFY(!review);
-}
-
-void WorkspaceCaptureViewTest::leavesRoomForOtherLanguages()
-{
-    m_fixture->addItem(*m_work, WorkspaceItemType::application, u"editor"_qs);
-    m_fixture->addPlacement(*m_work, u"closed"_qs);
-    m_fixture->windows->addWindow(u"editor"_qs, {.title = {}});
-    QStringList data{u"editor"_qs, u"closed"_qs, u"closed window"_qs};
-    data += symbols() + accents();
-    const auto problems = [&](const OpenSheet& sheet) {
-        return languageProblems(*sheet.view, m_fixture->environment().words, data);
-    };
-    for (const auto purpose : {CapturePurpose::create, CapturePurpose::update}) {
-        m_fixture->setTrusted(true);
-        const OpenSheet loaded(*m_fixture, purpose, m_work);
-        QVERIFY(loaded.reaches(Kind::loaded));
-        QCOMPARE(problems(loaded), QString());
-        m_fixture->setTrusted(false);
-        const OpenSheet asking(*m_fixture, purpose, m_work);
-        QCOMPARE(problems(asking), QString());
-        if (purpose == CapturePurpose::create) {
-            click(*asking.view, u"Continue with Apps Only"_qs);
-            QVERIFY(asking.reaches(Kind::loaded));
-            QCOMPARE(problems(asking), QString());
-        }
-    }
-}
 
 QTEST_MAIN(WorkspaceCaptureViewTest)
 #include "WorkspaceCaptureViewTest.moc"

@@ -39,43 +39,34 @@ private Q_SLOTS:
     }
     void cleanup() { m_fixture.reset(); }
 
-    void whatCanBeDoneDependsOnWhatThereIs_data()
-    {
-        QTest::addColumn<int>("items");
-        QTest::addColumn<bool>("enabled");
-        QTest::addColumn<int>("placements");
-        QTest::addColumn<QString>("counts");
-        QTest::addColumn<bool>("canStart");
-        QTest::newRow("nothing") << 0 << true << 0 << u"0 active items • 0 saved windows"_qs
-                                 << false;
-        QTest::newRow("only windows")
-            << 0 << true << 1 << u"0 active items • 1 saved windows"_qs << false;
-        QTest::newRow("all disabled")
-            << 2 << false << 2 << u"0 active items • 0 saved windows"_qs << true;
-        QTest::newRow("all enabled")
-            << 2 << true << 0 << u"2 active items • 0 saved windows"_qs << true;
-    }
-
     void whatCanBeDoneDependsOnWhatThereIs()
     {
-        QFETCH(const int, items);
-        QFETCH(const bool, enabled);
-        QFETCH(const int, placements);
-        m_fixture->dependencies().accessibility().setTrusted(false);
-        for (int i = 0; i < items; ++i)
-            addLink().setIsEnabled(enabled);
-        for (int i = 0; i < placements; ++i)
-            m_fixture->addPlacement(*m_work, u"app %1"_qs.arg(i)).setIsEnabled(enabled);
+        const auto shows = [this](const QString& counts, bool canStart) {
+            return QTest::qWaitFor([&] {
+                return find<TextLabel>(*m_view, counts) && start()->isEnabled() == canStart;
+            });
+        };
+        m_fixture->setTrusted(false);
+        auto* banner = child<AccessibilityBanner>();
+        QVERIFY(shows(u"0 active items • 0 saved windows"_qs, false));
+        QVERIFY(find<TextLabel>(*m_view, u"No items yet"_qs));
+        QVERIFY(!menuAction(u"Clear Saved Layout"_qs)->isEnabled());
+        QVERIFY(!child<LayoutPreview>()->isVisible() && !banner->isVisible());
 
-        QFETCH(const QString, counts);
-        QTRY_VERIFY(find<TextLabel>(*m_view, counts));
-        QFETCH(const bool, canStart);
-        QTRY_COMPARE(start()->isEnabled(), canStart);
-        QCOMPARE(menuAction(u"Clear Saved Layout"_qs)->isEnabled(), placements > 0);
-        QCOMPARE(child<LayoutPreview>()->isVisible(), placements > 0);
-        QCOMPARE(child<AccessibilityBanner>()->isVisible(), placements > 0);
-        QCOMPARE(find<TextLabel>(*m_view, u"No items yet"_qs) != nullptr, items == 0);
-        QVERIFY(find(*m_view, u"Save Layout"_qs)->isEnabled());
+        WindowPlacement& placement = m_fixture->addPlacement(*m_work, u"mail"_qs);
+        QVERIFY(shows(u"0 active items • 1 saved windows"_qs, false));
+        QVERIFY(menuAction(u"Clear Saved Layout"_qs)->isEnabled());
+        QVERIFY(child<LayoutPreview>()->isVisible() && banner->isVisible());
+        m_fixture->windows->trusted = true;
+        click(*banner, u"Try Again"_qs);
+        QVERIFY(!banner->isVisible());
+
+        WorkspaceItem& item = addLink();
+        QVERIFY(shows(u"1 active items • 1 saved windows"_qs, true));
+        QVERIFY(!find<TextLabel>(*m_view, u"No items yet"_qs));
+        item.setIsEnabled(false);
+        placement.setIsEnabled(false);
+        QVERIFY(shows(u"0 active items • 0 saved windows"_qs, true));
     }
 
     void buttonsAskTheWindow()
@@ -142,7 +133,6 @@ private Q_SLOTS:
     void startKeepsItsWidthAndFocus()
     {
         addLink();
-        m_fixture->windows->addApplication(u"mail"_qs);
         m_fixture->addPlacement(*m_work, u"mail"_qs);
         QTRY_VERIFY(start()->isEnabled());
         const QRect geometry = start()->geometry();
@@ -150,22 +140,9 @@ private Q_SLOTS:
         QTest::keyClick(start(), Qt::Key_Space);
         QTRY_COMPARE(start()->text(), u"Starting…"_qs);
         QVERIFY(!start()->isEnabled());
-        QCoreApplication::processEvents();
         QCOMPARE(start()->geometry(), geometry);
         waitForLaunch();
-        QCOMPARE(start()->text(), u"Start Workspace"_qs);
         QVERIFY(start()->hasFocus());
-    }
-
-    void thePermissionBannerGoesWhenItIsGranted()
-    {
-        m_fixture->setTrusted(false);
-        m_fixture->addPlacement(*m_work, u"mail"_qs);
-        auto* banner = child<AccessibilityBanner>();
-        QTRY_VERIFY(banner->isVisible());
-        m_fixture->windows->trusted = true;
-        click(*banner, u"Try Again"_qs);
-        QVERIFY(!banner->isVisible());
     }
 
     void missingResourcesAreMarked()
@@ -189,52 +166,44 @@ private Q_SLOTS:
     void aLongListIsFilledAndKept()
     {
         for (int i = 0; i < 300; ++i)
-            m_work->appendItem(std::make_unique<WorkspaceItem>(
-                WorkspaceItemValues{.typeRawValue = u"webLink"_qs,
-                                    .displayName = u"link %1"_qs.arg(i),
-                                    .sortOrder = i}));
+            m_work->appendItem(std::make_unique<WorkspaceItem>(WorkspaceItemValues{
+                .typeRawValue = u"webLink"_qs, .displayName = QString::number(i), .sortOrder = i}));
         QTRY_COMPARE(rows().size(), 300);
         const QList<WorkspaceItemRow*> before = rows();
-        m_work->sortedItems().last()->setDisplayName(u"the last"_qs);
         m_work->sortedItems().first()->setSortOrder(1000);
-        QTRY_COMPARE(rows().last()->accessibleName(), u"link 0"_qs);
-        QCOMPARE(rows()[298]->accessibleName(), u"the last"_qs);
+        QTRY_COMPARE(rows().last()->accessibleName(), u"0"_qs);
         QCOMPARE(rows(), before);
         m_fixture->context().remove(*m_work->sortedItems().first());
-        QTRY_COMPARE(rows().first()->accessibleName(), u"link 2"_qs);
-        m_view->setWorkspace(&m_fixture->addWorkspace(u"Empty"_qs));
-        QCOMPARE(rows().size(), 0);
+        QTRY_COMPARE(rows().first()->accessibleName(), u"2"_qs);
     }
 
     void miniaturesStandWhereTheWindowsStood()
     {
-        DisplayFingerprint wide{
+        const DisplayFingerprint wide{
             .localizedName = u"Wide"_qs, .pointWidth = 2000, .pointHeight = 1000};
-        DisplayFingerprint flat{.localizedName = u"Flat"_qs, .pointWidth = 1, .pointHeight = 0};
+        const DisplayFingerprint flat{.localizedName = u"Flat"_qs, .pointWidth = 1};
         addPlacement(u"tiny"_qs, wide, {0, 0, 0.01, 0.01});
         addPlacement(u"elsewhere"_qs, flat, {0, 0, 1, 1});
         addPlacement(u"upper right"_qs, wide, {0.5, 0.75, 0.5, 0.25});
         auto* preview = child<LayoutPreview>();
         QTRY_COMPARE(preview->findChildren<DisplayPreview*>().size(), 2);
         const auto* display = preview->findChild<DisplayPreview*>();
-        QCOMPARE(display->accessibleName(), u"Wide"_qs);
         QTRY_COMPARE(display->width(), preview->width());
 
         // Without the margins beside the picture and the caption and gap above it.
         const double width = display->width() - 32;
         const double height = width / 2;
         const QPointF corner(16, display->height() - 14 - std::ceil(height));
-        const auto miniature = [&](const QString& name) {
-            return find<WindowMiniature>(*preview, name);
+        const auto frame = [&](const QString& name) {
+            return find<WindowMiniature>(*preview, name)->frame().translated(-corner);
         };
-        QCOMPARE(miniature(u"tiny"_qs)->frame().translated(-corner),
-                 QRectF(0, 0.99 * height, 20, 16));
-        QCOMPARE(miniature(u"upper right"_qs)->frame().translated(-corner),
-                 QRectF(width / 2, 0, width / 2, height / 4));
-        QCOMPARE(miniature(u"elsewhere"_qs)->frame().size(), QSizeF(width, width / 1.2));
-        auto* tiny = QAccessible::queryAccessibleInterface(miniature(u"tiny"_qs));
-        QCOMPARE(tiny->role(), QAccessible::Graphic);
-        QCOMPARE(tiny->parent()->text(QAccessible::Name), u"Wide"_qs);
+        QCOMPARE(frame(u"tiny"_qs), QRectF(0, 0.99 * height, 20, 16));
+        QCOMPARE(frame(u"upper right"_qs), QRectF(width / 2, 0, width / 2, height / 4));
+        QCOMPARE(frame(u"elsewhere"_qs).size(), QSizeF(width, width / 1.2));
+        auto* tiny = find<WindowMiniature>(*preview, u"tiny"_qs);
+        const QAccessibleInterface* face = QAccessible::queryAccessibleInterface(tiny);
+        QCOMPARE(face->role(), QAccessible::Graphic);
+        QCOMPARE(face->parent()->text(QAccessible::Name), u"Wide"_qs);
     }
 
     void longTextsAndOtherDirectionsFit()

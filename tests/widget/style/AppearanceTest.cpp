@@ -8,13 +8,11 @@
 #include "views/style/PushButton.h"
 #include "views/style/Slider.h"
 #include "views/style/Switch.h"
-#include "views/style/SymbolCache.h"
 #include "views/style/SymbolLink.h"
 #include "views/style/TextField.h"
 #include "views/style/TextLabel.h"
 #include "views/style/TrovellCardModifier.h"
 
-#include <QPainter>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -106,42 +104,6 @@ private Q_SLOTS:
             const int track = m_visual.scaled(Tokens::Size::switchWidth);
             QVERIFY(toggle->height() >= needed(TextRole::body, toggle->width() - track - 16));
         }
-    }
-
-    void paintsUnscaledPixels_data()
-    {
-        QTest::addColumn<double>("scale");
-        for (const double scale : {1.0, 1.25, 1.5, 2.0})
-            QTest::addRow("%g", scale) << scale;
-    }
-
-    /// What is painted is the cached picture pixel by pixel: any resampling would blur it.
-    void paintsUnscaledPixels()
-    {
-        QFETCH(double, scale);
-        const VisualStyle visual;
-        const QColor color(0, 0, 0);
-        QImage canvas(qRound(60 * scale), qRound(60 * scale), QImage::Format_ARGB32_Premultiplied);
-        canvas.setDevicePixelRatio(scale);
-        canvas.fill(Qt::transparent);
-        QPainter painter(&canvas);
-        painter.translate(3, 5); // as inside a child widget
-        visual.paintSymbol(painter, QRectF(7, 11, 18, 18), u"terminal"_qs, color);
-        painter.end();
-
-        const int pixels = qRound(18 * scale);
-        SymbolCache cache;
-        const QImage expected = cache.symbol({u"terminal"_qs, pixels, color.rgba(), 0})
-                                    .toImage()
-                                    .convertToFormat(QImage::Format_ARGB32_Premultiplied);
-        canvas.setDevicePixelRatio(1);
-        bool found = false;
-        for (int dy = -1; dy <= 1 && !found; ++dy)
-            for (int dx = -1; dx <= 1 && !found; ++dx) {
-                const QPoint corner(qRound(10 * scale) + dx, qRound(16 * scale) + dy);
-                found = canvas.copy(QRect(corner, expected.size())) == expected;
-            }
-        QVERIFY(found);
     }
 
     void accentColor()

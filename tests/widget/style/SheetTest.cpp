@@ -74,11 +74,7 @@ private Q_SLOTS:
         m_opener->setFocus();
     }
 
-    void cleanup()
-    {
-        m_visual.setAnimationReduced(true);
-        m_window.reset();
-    }
+    void cleanup() { m_window.reset(); }
 
     void returnPressesTheDefaultButtonOrTheFocusedOne()
     {
@@ -170,42 +166,6 @@ private Q_SLOTS:
         bar->setValue(0);
         form.save->setFocus();
         QVERIFY(bar->value() > 0);
-    }
-
-    void animatedSheetTakesKeysAtOnce()
-    {
-        m_visual.setAnimationReduced(false);
-        Form form(m_visual, m_window.get());
-        form.open();
-        QTest::keyClicks(form.field, u"Studio"_qs);
-        QCOMPARE(form.field->text(), u"Studio"_qs);
-        QSignalSpy accepted(form.sheet, &QDialog::accepted);
-        QTest::keyClick(form.field, Qt::Key_Return);
-        QCOMPARE(accepted.size(), 1);
-        // The scrim fades out without holding anyone up.
-        QVERIFY(scrimsOf(*m_window)[0]->testAttribute(Qt::WA_TransparentForMouseEvents));
-        QTRY_VERIFY(scrimsOf(*m_window).isEmpty());
-    }
-
-    /// Return is safe where the action destroys something.
-    void alertChoices()
-    {
-        using enum Alert::Role;
-        for (const auto& [key, action, answer] : {std::tuple{Qt::Key_Return, destructive, cancel},
-                                                  {Qt::Key_Return, confirm, confirm},
-                                                  {Qt::Key_Escape, confirm, cancel}}) {
-            QPointer<Alert> alert =
-                new Alert(m_visual, m_window.get(), u"Delete?"_qs, u"Cannot be undone."_qs);
-            QPushButton* safe = alert->addButton(u"Cancel"_qs, cancel);
-            QPushButton* button = alert->addButton(u"Delete"_qs, action);
-            QSignalSpy chosen(alert, &Alert::chosen);
-            alert->open();
-            QTRY_COMPARE(QApplication::focusWidget(), action == destructive ? safe : button);
-            QTest::keyClick(QApplication::focusWidget(), key);
-            QCOMPARE(chosen.size(), 1);
-            QCOMPARE(chosen[0][0].value<Alert::Role>(), answer);
-            QTRY_VERIFY(!alert);
-        }
     }
 
     /// At every length of the message, the widths around that of a line among them.

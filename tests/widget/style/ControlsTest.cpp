@@ -1,9 +1,13 @@
 #include "Stage.h"
 
+#include "views/style/ActionButton.h"
 #include "views/style/ChoiceRow.h"
+#include "views/style/LinkButton.h"
 #include "views/style/Picker.h"
 #include "views/style/PopupMenu.h"
 #include "views/style/PushButton.h"
+#include "views/style/Slider.h"
+#include "views/style/SymbolButton.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -23,9 +27,18 @@ QRect panelOf(const PopupMenu& menu)
     return menu.geometry().marginsRemoved(menu.contentsMargins());
 }
 
+/// A page that scrolls below the pointer changes nothing.
+bool ignoresTheWheel(QWidget* control)
+{
+    QWheelEvent wheel({5, 5}, control->mapToGlobal(QPointF(5, 5)), {}, {0, 120}, {}, {},
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(control, &wheel);
+    return !wheel.isAccepted();
+}
+
 } // namespace
 
-class ChoicesTest : public QObject {
+class ControlsTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -78,23 +91,16 @@ private Q_SLOTS:
         stage.open();
         QSignalSpy activated(picker, &QComboBox::activated);
         picker->setFocus();
-        picker->showPopup();
-        QTest::keyClick(openMenu(), Qt::Key_Down);
-        QTest::keyClick(openMenu(), Qt::Key_Escape);
-        QVERIFY(!openMenu());
-        QCOMPARE(picker->currentIndex(), 0);
-        QTest::keyClick(picker, Qt::Key_Space);
-        QVERIFY(openMenu()->actions()[0]->isChecked());
-        for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Return})
-            QTest::keyClick(openMenu(), key);
-        QVERIFY(!openMenu());
-        QCOMPARE(picker->currentIndex(), 2);
+        for (const auto& [end, chosen] : {std::pair{Qt::Key_Escape, 0}, {Qt::Key_Return, 2}}) {
+            QTest::keyClick(picker, Qt::Key_Space);
+            QVERIFY(openMenu()->actions()[0]->isChecked());
+            for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, end})
+                QTest::keyClick(openMenu(), key);
+            QVERIFY(!openMenu() && picker->hasFocus());
+            QCOMPARE(picker->currentIndex(), chosen);
+        }
         QCOMPARE(activated.size(), 1);
-        QVERIFY(picker->hasFocus());
-        // A page that scrolls below the pointer changes nothing.
-        QWheelEvent wheel({5, 5}, picker->mapToGlobal(QPointF(5, 5)), {}, {0, 120}, {}, {},
-                          Qt::NoScrollPhase, false);
-        QApplication::sendEvent(picker, &wheel);
+        QVERIFY(ignoresTheWheel(picker));
         QCOMPARE(picker->currentIndex(), 2);
     }
 
@@ -136,10 +142,51 @@ private Q_SLOTS:
         menu.close();
     }
 
+    void returnAndSpacePress()
+    {
+        Stage stage;
+        const QList<QAbstractButton*> buttons{
+            stage.add(new PushButton(m_visual, u"Save"_qs)),
+            stage.add(new LinkButton(m_visual, u"Locate Again"_qs)),
+            stage.add(new SymbolButton(m_visual, u"trash"_qs, u"Remove"_qs)),
+            stage.add(new ActionButton(m_visual, u"play.fill"_qs, u"Start"_qs, u"Opens"_qs))};
+        stage.open();
+        for (QAbstractButton* button : buttons) {
+            QSignalSpy clicked(button, &QAbstractButton::clicked);
+            stage.setFocus();
+            QTest::mouseClick(button, Qt::LeftButton);
+            // A click does what it should and leaves the focus alone.
+            QVERIFY(!button->hasFocus());
+            button->setFocus();
+            for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter})
+                QTest::keyClick(button, key);
+            QCOMPARE(clicked.size(), 4);
+        }
+    }
+
+    void sliderSteps()
+    {
+        Stage stage;
+        auto* slider = stage.add(new Slider(m_visual, u"Timeout"_qs, 8, 12, u"8s"_qs, u"12s"_qs));
+        slider->setValue(10);
+        stage.open();
+        const auto valueAfter = [slider](Qt::Key key) {
+            QTest::keyClick(slider, key);
+            return slider->value();
+        };
+        QCOMPARE(valueAfter(Qt::Key_Right), 11);
+        QCOMPARE(valueAfter(Qt::Key_Down), 10);
+        stage.setLayoutDirection(Qt::RightToLeft);
+        QVERIFY(slider->positionOf(12) < slider->positionOf(8));
+        QCOMPARE(valueAfter(Qt::Key_Left), 11);
+        QVERIFY(ignoresTheWheel(slider));
+        QCOMPARE(slider->value(), 11);
+    }
+
 private:
     const StillStyle m_visual;
     const QStringList m_names{u"book"_qs, u"hammer"_qs, u"terminal"_qs};
 };
 
-QTEST_MAIN(ChoicesTest)
-#include "ChoicesTest.moc"
+QTEST_MAIN(ControlsTest)
+#include "ControlsTest.moc"
