@@ -162,6 +162,10 @@ void FrameNegotiationTest::silenceIsARefusal()
     const QList<Step> later = dialogue.stepsDuring(1500ms);
     QCOMPARE(later, (QList<Step>{Step::moveAround, Step::moveAround}));
     QVERIFY(dialogue.isRefused());
+
+    Dialogue filled(filling(target)); // a state that stays
+    QCOMPARE(filled.stepsDuring(1500ms), QList<Step>(3, Step::takeOffStates));
+    QVERIFY(filled.isRefused());
 }
 
 void FrameNegotiationTest::busyManagerIsNotPressed()
