@@ -51,6 +51,8 @@ AppDependencies::AppDependencies(PlatformAdapters& platform, PreferenceStore& de
                          updateEnvironment(configuration, *platform.resourceSystem)),
       m_hotKeys(*platform.hotKeySystem)
 {
+    // Idle workers sleep for good: ending them would wake an idle process.
+    QThreadPool::globalInstance()->setExpiryTimeout(-1);
 }
 
 AppDependencies::~AppDependencies()

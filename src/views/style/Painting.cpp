@@ -26,7 +26,7 @@ QRectF snapped(const QPainter& painter, const QRectF& rect)
 double hairline(const QPainter& painter)
 {
     const double scale = deviceScale(painter);
-    return std::max(1.0, std::round(scale)) / scale;
+    return std::max(1.0, std::floor(scale)) / scale;
 }
 
 void paintBox(QPainter& painter, const QRectF& rect, double radius, const QBrush& fill,
@@ -71,7 +71,9 @@ void paintHairline(QPainter& painter, const QRectF& rect, const QColor& color)
         rule.setHeight(hairline(painter));
     else
         rule.setWidth(hairline(painter));
-    painter.fillRect(rule, color);
+    // The edges are rounded to whole device pixels: this keeps them away from the halves.
+    const double safety = 0.25 / deviceScale(painter);
+    painter.fillRect(rule.adjusted(safety, safety, -safety, -safety), color);
 }
 
 void paintGroup(QPainter& painter, const QRectF& rect, double opacity,
