@@ -170,6 +170,7 @@ void UpdaterTest::cancels()
             const BusyWorkers workers;
             reach(*updater, phase);
             updater->cancel();
+            QCOMPARE(m_world->files(), QStringList());
             // The same when the program ends.
             reach(*m_world->makeUpdater(), phase);
         }
