@@ -24,7 +24,6 @@ private Q_SLOTS:
     void decodesShortcuts();
     void sortsStably();
     void duplicatesRecords();
-    void createsPlacementsFromValues();
     void findsShortcutConflicts();
 };
 
@@ -123,21 +122,6 @@ void RecordsTest::duplicatesRecords()
     values.id = other->id();
     values.displayFingerprintData = encodeFingerprint(fallbackFingerprint());
     QCOMPARE(other->values(), values);
-}
-
-void RecordsTest::createsPlacementsFromValues()
-{
-    DisplayFingerprint display{u"Panel"_qs, 100, 200, 50, 100, 2, 0, 0, false};
-    const auto place = [&display] {
-        return std::make_unique<WindowPlacement>(
-            u"org.example.Editor"_qs, u"Editor"_qs, std::nullopt, std::nullopt, std::nullopt, 7,
-            NormalizedFrame{.1, .2, .3, .4}, QRectF(10, 20, -100, 50), display, false);
-    };
-    QCOMPARE(place()->savedNormalizedFrame(), (NormalizedFrame{.1, .2, .3, .4}));
-    QCOMPARE(place()->savedAbsoluteFrame(), QRectF(-90, 20, 100, 50));
-    QCOMPARE(place()->savedDisplayFingerprint(), display);
-    display.pointWidth = qQNaN();
-    QCOMPARE(place()->savedDisplayFingerprint(), fallbackFingerprint());
 }
 
 void RecordsTest::findsShortcutConflicts()

@@ -48,7 +48,6 @@ private Q_SLOTS:
     void keepsChangesThatCannotBeSavedByThemselves();
     void announcesOncePerTurn();
     void announcesBeforeItDestroys();
-    void countsWithoutReading();
     void refusesToSaveAfterAFailedRead();
 
 private:
@@ -285,25 +284,6 @@ void StoreContextTest::announcesBeforeItDestroys()
         turnEventLoop();
         QVERIFY(wasAlive && !workspace);
     }
-}
-
-void StoreContextTest::countsWithoutReading()
-{
-    insert(u"Work"_qs, 0, 5);
-    QVERIFY(context().save());
-    reopen({.vfsName = m_vfs.name()});
-    TrovellWorkspace& workspace = *context().workspaces().first();
-    QCOMPARE(workspace.itemCount(), 5);
-    QCOMPARE(workspace.enabledItemCount(), 3);
-    QCOMPARE(workspace.placementCount(), 5);
-    QCOMPARE(workspace.enabledPlacementCount(), 5);
-    QVERIFY(workspace.items().loaded().empty());
-
-    const QList<WorkspaceItem*> items = workspace.sortedItems();
-    context().remove(*items.last());
-    items.first()->setIsEnabled(false);
-    QCOMPARE(workspace.itemCount(), 4);
-    QCOMPARE(workspace.enabledItemCount(), 1);
 }
 
 void StoreContextTest::refusesToSaveAfterAFailedRead()

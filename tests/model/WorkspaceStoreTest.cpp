@@ -56,7 +56,6 @@ private Q_SLOTS:
     void refusesWhatIsNoStore();
     void tellsAnEmptiedStoreFromANewFile();
     void refusesReadOnlyPlaces();
-    void refusesPlacesThatCannotBe();
     void refusesAFullDisk();
     void refusesUnknownVersions();
     void migratesAllOrNothing();
@@ -139,16 +138,6 @@ void WorkspaceStoreTest::refusesReadOnlyPlaces()
     QCOMPARE(openingError({.vfsName = vfs.name()}), StoreError::inaccessible);
     vfs.isFolderReadOnly = false;
     QCOMPARE(openingError({.vfsName = vfs.name()}), std::nullopt);
-}
-
-void WorkspaceStoreTest::refusesPlacesThatCannotBe()
-{
-    const QString file = writeFile(m_directory->filePath(u"file"_qs), "content");
-    for (const QString& folder : {file, file + u"/folder"_qs, u"/proc/trovell"_qs}) {
-        const auto store = WorkspaceStore::open(folder);
-        QVERIFY(!store && store.error() == StoreError::inaccessible);
-    }
-    QCOMPARE(readFile(file), QByteArray("content"));
 }
 
 void WorkspaceStoreTest::refusesAFullDisk()

@@ -132,7 +132,9 @@ VirtualDesktop::~VirtualDesktop()
 {
     m_inspector.reset();
     endPrograms();
-    killServer();
+    // Not killed outright: the server removes its lock file.
+    m_server->terminate();
+    m_server->waitForFinished();
 }
 
 QString VirtualDesktop::homePath() const
@@ -267,22 +269,12 @@ void VirtualDesktop::stopWindowManager()
     m_windowManager = nullptr;
 }
 
-void VirtualDesktop::killServer()
-{
-    if (!m_server)
-        return;
-    // Not killed outright: the server removes its lock file.
-    m_server->terminate();
-    m_server->waitForFinished();
-    m_server = nullptr;
-}
-
 void VirtualDesktop::endPrograms()
 {
     const QByteArray marker = QByteArray(markerVariable) + '=' + m_folder.path().toUtf8();
     for (const QString& entry : QDir(u"/proc"_qs).entryList(QDir::Dirs)) {
         const auto identifier = static_cast<pid_t>(entry.toInt());
-        if (identifier > 0 && (!m_server || identifier != m_server->processId()) &&
+        if (identifier > 0 && identifier != m_server->processId() &&
             readFile(u"/proc/"_qs + entry + u"/environ"_qs).split('\0').contains(marker))
             ::kill(identifier, SIGKILL);
     }

@@ -92,11 +92,8 @@ public:
     void nameDisplay(int index, const QByteArray& manufacturer, const QByteArray& model);
 
     /// The window manager can be ended and another one started while programs run.
-    QProcess& windowManager() { return *m_windowManager; }
     void stopWindowManager();
     bool startWindowManager(WindowManager windowManager);
-    /// Ends the X server in the middle of everything.
-    void killServer();
 
 private:
     void prepareEnvironment();

@@ -5,9 +5,8 @@
 //
 // Times are milliseconds; lists of numbers are separated by commas: --geometry width,height,x,y of
 // the client area, --increments and --base width,height, --gtk-frame-extents left,right,top,bottom,
-// --strut its twelve numbers. --type is what follows _NET_WM_WINDOW_TYPE_; --wm-name stands alone,
-// as in programs before EWMH; --pid claims another process; --count makes that many windows,
-// "title 1" and so on, in a cascade.
+// --strut its twelve numbers. --type is what follows _NET_WM_WINDOW_TYPE_; --pid claims another
+// process; --count makes that many windows, "title 1" and so on, in a cascade.
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -24,8 +23,8 @@ using Script = QHash<QByteArray, QByteArray>;
 using Numbers = QList<qint32>;
 
 const QByteArray knownOptions =
-    " --class --title --wm-name --gtk-application-id --pid --type --strut --geometry --increments"
-    " --base --gtk-frame-extents --undecorated --iconic --count --map-after --put-back-after"
+    " --class --title --gtk-application-id --pid --type --strut --geometry --increments"
+    " --base --gtk-frame-extents --undecorated --count --map-after --put-back-after"
     " --vanish-when-moved ";
 
 Numbers numbers(const QByteArray& text)
@@ -125,10 +124,7 @@ private:
     {
         const QByteArray wmClass = script.value("--class", "Scripted") + '\0';
         setText(id, "WM_CLASS", "STRING", wmClass + wmClass);
-        setText(id, "WM_NAME", "STRING", script.value("--wm-name"));
-        if (!script.contains("--wm-name"))
-            setText(id, "_NET_WM_NAME", "UTF8_STRING",
-                    script.value("--title", "Scripted") + suffix);
+        setText(id, "_NET_WM_NAME", "UTF8_STRING", script.value("--title", "Scripted") + suffix);
         setText(id, "_GTK_APPLICATION_ID", "UTF8_STRING", script.value("--gtk-application-id"));
         const QByteArray pid = QByteArray::number(QCoreApplication::applicationPid());
         setNumbers(id, "_NET_WM_PID", "CARDINAL", numbers(script.value("--pid", pid)));
@@ -145,10 +141,6 @@ private:
                    numbers(script.value("--gtk-frame-extents")));
         setNumbers(id, "_NET_WM_STRUT_PARTIAL", "CARDINAL", numbers(script.value("--strut")));
         setNumbers(id, "WM_PROTOCOLS", "ATOM", {qint32(atom("WM_DELETE_WINDOW"))});
-        xcb_icccm_wm_hints_t hints = {};
-        if (script.contains("--iconic"))
-            xcb_icccm_wm_hints_set_iconic(&hints);
-        xcb_icccm_set_wm_hints(m_connection, id, &hints);
     }
 
     void setSizeHints(xcb_window_t id, const Window& window)
