@@ -11,21 +11,33 @@ trap 'rm -rf "$work"' EXIT
 root=$work/root
 fail() { echo "check_package: $*" >&2; exit 1; }
 
+# step FAILURE COMMAND…: a command that fails shows all that it printed.
+step() {
+    local failure=$1 status=0
+    shift
+    "$@" >"$work/output" 2>&1 || status=$?
+    [ "$status" = 0 ] && return
+    cat "$work/output" >&2
+    fail "$failure (status $status of: $*)"
+}
+
 # With the flags of the tests, so that the compiler's cache knows most of it.
-package=$("$source/tools/package" -DTROVELL_WERROR=ON | tail -n 1)
-[ -f "$package" ] || fail "no package was made"
+step "the package cannot be built" "$source/tools/package" -DTROVELL_WERROR=ON
+package=$(tail -n 1 "$work/output")
+[ -f "$package" ] || fail "no package was made; tools/package printed: $(cat "$work/output")"
 
 mkdir -p "$root/var/lib/dpkg"
 touch "$root/var/lib/dpkg/status"
-as_root() { fakeroot dpkg --root="$root" --log=/dev/null --force-depends "$@" >/dev/null 2>&1; }
-as_root --install "$package" || fail "the package does not install"
+as_root() { fakeroot dpkg --root="$root" --log=/dev/null --force-depends "$@"; }
+step "the package does not install" as_root --install "$package"
 
 share=$root/usr/share
-desktop-file-validate "$share/applications/app.trovell.Trovell.desktop"
-appstreamcli validate --no-net "$share/metainfo/app.trovell.Trovell.metainfo.xml" >/dev/null ||
-    fail "the metainfo is not valid"
-grep -qx 'Exec=/usr/bin/trovell' "$share/dbus-1/services/app.trovell.Trovell.service" ||
-    fail "the bus would start another program"
+step "the desktop file is not valid" \
+    desktop-file-validate "$share/applications/app.trovell.Trovell.desktop"
+step "the metainfo is not valid" \
+    appstreamcli validate --no-net "$share/metainfo/app.trovell.Trovell.metainfo.xml"
+step "the bus would start another program" \
+    grep -x 'Exec=/usr/bin/trovell' "$share/dbus-1/services/app.trovell.Trovell.service"
 for icon in scalable/apps/app.trovell.Trovell.svg 48x48/apps/app.trovell.Trovell.png \
     symbolic/apps/app.trovell.Trovell-symbolic.svg; do
     [ -s "$share/icons/hicolor/$icon" ] || fail "no icon $icon"
@@ -41,16 +53,16 @@ for _ in $(seq 100); do
     xdotool search --onlyvisible --name '^Trovell$' >/dev/null 2>&1 && break
     sleep 0.1
 done
-xdotool search --onlyvisible --name '^Trovell$' >/dev/null || exit 10
+xdotool search --onlyvisible --name '^Trovell$' >/dev/null || { echo "no window"; exit 10; }
 kill "$program"
 wait "$program"
 E2
 mkdir -m 700 "$work/home"
-dbus-run-session -- xvfb-run -a -s "-screen 0 1280x800x24" \
-    bash "$work/start" "$work/home" "$root/usr/bin/trovell" ||
-    fail "the installed program did not start and end in order ($?)"
+step "the installed program did not start and end in order" \
+    dbus-run-session -- xvfb-run -a -s "-screen 0 1280x800x24" \
+    bash "$work/start" "$work/home" "$root/usr/bin/trovell"
 
-as_root --remove trovell || fail "the package cannot be removed"
+step "the package cannot be removed" as_root --remove trovell
 left=$(find "$root" -path "$root/usr/*" -type f | head)
 [ -z "$left" ] || fail "left behind: $left"
 echo "The package installs, starts and is removed cleanly."
