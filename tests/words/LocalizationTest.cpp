@@ -1,8 +1,10 @@
 // Looking texts up: languages, plural forms, placeholders and finished texts from the logic.
 #include "views/words/Localization.h"
 #include "views/words/Phrases.h"
+#include "words/WidgetTexts.h"
 
 #include <QFile>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -163,7 +165,45 @@ private Q_SLOTS:
         QCOMPARE(words.shownShortcut(u"⌃⌥5"_qs), u"Ctrl+Alt+5"_qs);
         QCOMPARE(words.shownShortcut(u"⌘Q"_qs), u"⌘Q"_qs);
     }
+
+    void windowsAndWordsMayGoInAnyOrder()
+    {
+        auto words = std::make_unique<TestWords>(u"en"_qs);
+        int renderings = 0;
+        auto context = std::make_unique<QObject>();
+        words->render(context.get(), [&renderings] { ++renderings; });
+        words->setLanguage(u"de"_qs);
+        QCOMPARE(renderings, 2);
+        context.reset();
+        words->setLanguage(u"en"_qs);
+        QCOMPARE(renderings, 2);
+        QPushButton button;
+        words->renderText(&button, u"Light"_key);
+        words.reset();
+        QCOMPARE(button.text(), u"Light"_qs);
+    }
+
+    void theTestLanguageShowsWhatWasForgotten()
+    {
+        Localization words({QStringLiteral(TROVELL_TEST_LANGUAGES)});
+        words.setLanguage(u"en-XA"_qs);
+        QWidget view;
+        auto* label = new QLabel(words.text(u"Light"_key), &view);
+        auto* button = new QPushButton(u"Work"_qs, &view);
+        QCOMPARE(textsNotLookedUp(view, {u"Work"_qs}), QStringList());
+        label->setText(u"Forgotten"_qs);
+        label->setToolTip(words.text(u"Light"_key) + words.text(u"Dark"_key));
+        button->setText(words.text(u"Light"_key) + u" and more"_qs);
+        QCOMPARE(textsNotLookedUp(view).size(), 3);
+
+        view.show();
+        for (QWidget* part : std::initializer_list<QWidget*>{label, button})
+            part->resize(part->sizeHint());
+        QCOMPARE(clippedTexts(view), QStringList());
+        label->setFixedWidth(4);
+        QCOMPARE(clippedTexts(view), QStringList{u"Forgotten"_qs});
+    }
 };
 
-QTEST_GUILESS_MAIN(LocalizationTest)
+QTEST_MAIN(LocalizationTest)
 #include "LocalizationTest.moc"

@@ -17,7 +17,11 @@ class MenuBarWorkspaceViewTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { open(appConfiguration()); }
+    void init()
+    {
+        m_fixture = std::make_unique<ViewFixture>();
+        m_view = std::make_unique<MenuBarWorkspaceView>(m_fixture->environment());
+    }
     void cleanup()
     {
         m_view.reset();
@@ -79,15 +83,6 @@ private Q_SLOTS:
         action(u"Quit Trovell"_qs)->trigger();
         QCOMPARE((QList{opens.size(), settings.size(), quits.size()}), (QList<qsizetype>{1, 1, 1}));
         QVERIFY(!action(u"Check for Updates…"_qs)->isEnabled());
-
-        AppConfiguration configuration = appConfiguration();
-        configuration.sparkleAppcastURL = QUrl(u"https://updates.example/feed.xml"_qs);
-        configuration.sparklePublicKey = u"no key at all"_qs;
-        open(configuration);
-        QSignalSpy checks(m_fixture->dependencies().updateController().controller(),
-                          &Updater::checkRequested);
-        action(u"Check for Updates…"_qs)->trigger();
-        QCOMPARE(checks.size(), 1);
     }
 
     void changesLanguage()
@@ -100,12 +95,6 @@ private Q_SLOTS:
     }
 
 private:
-    void open(const AppConfiguration& configuration)
-    {
-        cleanup();
-        m_fixture = std::make_unique<ViewFixture>(configuration);
-        m_view = std::make_unique<MenuBarWorkspaceView>(m_fixture->environment());
-    }
     [[nodiscard]] QMenu& menu() { return *m_view->menu(); }
     [[nodiscard]] QAction* action(const QString& text)
     {

@@ -106,15 +106,6 @@ private Q_SLOTS:
         }
     }
 
-    void accentColor()
-    {
-        const VisualStyle visual;
-        QCOMPARE(visual.accentColor(u"orange"_qs), visual.color(ColorToken::orange));
-        // Names of other tokens, and what is no name at all, are blue.
-        for (const QString& name : {u"blue"_qs, u"Indigo"_qs, u"green "_qs, u"success"_qs, u""_qs})
-            QCOMPARE(visual.accentColor(name), visual.color(ColorToken::brand));
-    }
-
     void fontFactor()
     {
         QCOMPARE(desktopFontFactor(-1, u"XFCE"_qs), 1.0);
