@@ -75,20 +75,28 @@ private Q_SLOTS:
     void storesTheTimeoutAndShowsAnyStoredOne()
     {
         auto* slider = find<Slider>(*m_view, u"Workspace launch timeout"_qs);
+        const auto shown = [this] {
+            QString texts;
+            for (const QLabel* label : m_view->findChildren<QLabel*>()) {
+                if (label->isVisible() && label->text().startsWith(u"Current timeout"_qs))
+                    texts += label->text();
+            }
+            return texts;
+        };
         QTest::mouseClick(slider, Qt::LeftButton, {},
                           QPoint(int(slider->positionOf(8)), slider->height() / 2));
         QCOMPARE(preferences().launchTimeout(), 8.0);
-        QVERIFY(shows(u"Current timeout: 8 seconds"_qs));
+        QCOMPARE(shown(), u"Current timeout: 8 seconds"_qs);
         QSignalSpy writes(&preferences(), &AppPreferences::launchTimeoutChanged);
-        // No number stands for what is no integer.
-        for (const auto& [seconds, position, shown] : {std::tuple{12345.9, 12, u"12345"_qs},
-                                                       {-2.7, 8, u"-2"_qs},
-                                                       {1e19, 12, u""_qs},
-                                                       {qInf(), 12, u""_qs},
-                                                       {qQNaN(), 8, u""_qs}}) {
+        for (const auto& [seconds, position, text] :
+             {std::tuple{12345.9, 12, u"Current timeout: 12345 seconds"_qs},
+              {-2.7, 8, u"Current timeout: -2 seconds"_qs},
+              {1e19, 12, QString()},
+              {qInf(), 12, QString()},
+              {qQNaN(), 8, QString()}}) {
             preferences().setLaunchTimeout(seconds);
             QCOMPARE(slider->value(), position);
-            QCOMPARE(shows(u"Current timeout: %1 seconds"_qs.arg(shown)), !shown.isEmpty());
+            QCOMPARE(shown(), text);
         }
         QCOMPARE(writes.size(), 5);
     }
