@@ -12,8 +12,9 @@ namespace {
 constexpr int rounds = 9;
 constexpr int manyWorkspaces = 1000;
 constexpr double idleSeconds = 20;
-/// Until the tray, the icons and what else comes later have come.
-constexpr ulong settlingSeconds = 4;
+/// Until the tray, the icons and what else comes later have come, and until the toolkit's own
+/// workers and caches have ended, which they do after up to half a minute without work.
+constexpr ulong settlingSeconds = 40;
 
 struct Starts {
     Samples few;
