@@ -11,7 +11,7 @@ namespace trovell::test {
 
 class TestAuthority {
 public:
-    TestAuthority();
+    TestAuthority() { makeCertificate(u"authority"_qs, {}); }
 
     /// What a client that trusts only this authority is set up with.
     [[nodiscard]] QSslConfiguration clientConfiguration() const;
@@ -20,6 +20,7 @@ public:
     [[nodiscard]] QSslConfiguration serverConfiguration(const QString& subject) const;
 
 private:
+    void makeCertificate(const QString& name, const QString& options) const;
     [[nodiscard]] QString path(const QString& name) const { return m_folder.filePath(name); }
 
     QTemporaryDir m_folder;

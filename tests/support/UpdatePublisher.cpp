@@ -2,18 +2,15 @@
 
 #include <sodium.h>
 
+#include <span>
+
 namespace trovell::test {
 
 namespace {
 
-unsigned char* bytes(QByteArray& array)
+QString base64(std::span<const unsigned char> bytes)
 {
-    return reinterpret_cast<unsigned char*>(array.data());
-}
-
-const unsigned char* bytes(const QByteArray& array)
-{
-    return reinterpret_cast<const unsigned char*>(array.constData());
+    return QString::fromLatin1(QByteArrayView(bytes.data(), bytes.size()).toByteArray().toBase64());
 }
 
 QString element(const QString& name, const QString& text)
@@ -50,32 +47,23 @@ QByteArray feedOf(const QList<PublishedItem>& items)
 }
 
 UpdatePublisher::UpdatePublisher()
-    : m_publicKey(crypto_sign_PUBLICKEYBYTES, '\0'), m_secretKey(crypto_sign_SECRETKEYBYTES, '\0')
 {
-    if (sodium_init() < 0 || crypto_sign_keypair(bytes(m_publicKey), bytes(m_secretKey)) != 0)
+    if (sodium_init() < 0 || crypto_sign_keypair(m_publicKey.data(), m_secretKey.data()) != 0)
         qFatal("The publisher has no keys.");
 }
 
 QString UpdatePublisher::publicKey() const
 {
-    return QString::fromLatin1(m_publicKey.toBase64());
+    return base64(m_publicKey);
 }
 
 QString UpdatePublisher::signature(const QByteArray& package) const
 {
-    QByteArray signature(crypto_sign_BYTES, '\0');
-    crypto_sign_detached(bytes(signature), nullptr, bytes(package),
-                         static_cast<unsigned long long>(package.size()), bytes(m_secretKey));
-    return QString::fromLatin1(signature.toBase64());
-}
-
-PublishedItem UpdatePublisher::item(const QByteArray& package, const QUrl& address) const
-{
-    PublishedItem item;
-    item.address = address.toString();
-    item.length = QString::number(package.size());
-    item.signature = signature(package);
-    return item;
+    std::array<unsigned char, crypto_sign_BYTES> signature;
+    crypto_sign_detached(signature.data(), nullptr,
+                         reinterpret_cast<const unsigned char*>(package.constData()),
+                         static_cast<unsigned long long>(package.size()), m_secretKey.data());
+    return base64(signature);
 }
 
 } // namespace trovell::test

@@ -4,7 +4,8 @@
 #include <QByteArray>
 #include <QList>
 #include <QString>
-#include <QUrl>
+
+#include <array>
 
 namespace trovell::test {
 
@@ -31,11 +32,11 @@ public:
     /// In Base64.
     [[nodiscard]] QString publicKey() const;
     [[nodiscard]] QString signature(const QByteArray& package) const;
-    [[nodiscard]] PublishedItem item(const QByteArray& package, const QUrl& address) const;
 
 private:
-    QByteArray m_publicKey;
-    QByteArray m_secretKey;
+    // As libsodium makes them.
+    std::array<unsigned char, 32> m_publicKey{};
+    std::array<unsigned char, 64> m_secretKey{};
 };
 
 } // namespace trovell::test

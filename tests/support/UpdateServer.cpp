@@ -17,18 +17,12 @@ QByteArray responseHead(const ServedFile& file)
     return head + "Connection: close\r\n\r\n";
 }
 
-void drip(QSslSocket* socket)
-{
-    auto* timer = new QTimer(socket);
-    QObject::connect(timer, &QTimer::timeout, socket, [socket] { socket->write(" "); });
-    timer->start(20);
-}
-
 } // namespace
 
 UpdateServer::UpdateServer(const QSslConfiguration& configuration)
 {
     m_server.setSslConfiguration(configuration);
+    m_drips.start(20);
     QObject::connect(&m_server, &QTcpServer::pendingConnectionAvailable, &m_server,
                      [this] { accept(); });
     if (!m_server.listen(QHostAddress::LocalHost))
@@ -42,11 +36,9 @@ QUrl UpdateServer::url(const QString& path) const
 
 void UpdateServer::redirect(const QString& path, const QByteArray& target)
 {
-    ServedFile file;
-    file.status = 302;
-    file.headers = {"Location: " + target, "Set-Cookie: redirected=1; Path=/"};
-    file.body = "Gone elsewhere.";
-    serve(path, file);
+    serve(path, {.body = "Gone elsewhere.",
+                 .status = 302,
+                 .headers = {"Location: " + target, "Set-Cookie: redirected=1; Path=/"}});
 }
 
 void UpdateServer::accept()
@@ -63,9 +55,8 @@ void UpdateServer::answer(QSslSocket* socket)
         return;
     socket->skip(head.size());
     m_requests.append(head);
-    ServedFile missing;
-    missing.status = 404;
-    send(socket, m_files.value(QString::fromLatin1(head.split(' ').value(1)), missing));
+    send(socket,
+         m_files.value(QString::fromLatin1(head.split(' ').value(1)), ServedFile{.status = 404}));
 }
 
 void UpdateServer::send(QSslSocket* socket, const ServedFile& file)
@@ -75,7 +66,7 @@ void UpdateServer::send(QSslSocket* socket, const ServedFile& file)
     if (!file.breaksAt || file.after == ServedFile::After::close)
         socket->disconnectFromHost();
     else if (file.after == ServedFile::After::drip)
-        drip(socket);
+        QObject::connect(&m_drips, &QTimer::timeout, socket, [socket] { socket->write(" "); });
 }
 
 } // namespace trovell::test

@@ -50,6 +50,7 @@ private:
     void answer(QSslSocket* socket);
     void send(QSslSocket* socket, const ServedFile& file);
 
+    QTimer m_drips;
     QSslServer m_server;
     QHash<QString, ServedFile> m_files;
     QList<QByteArray> m_requests;

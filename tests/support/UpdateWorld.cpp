@@ -15,8 +15,10 @@ UpdateWorld::UpdateWorld(const TestAuthority& authority,
     });
     environment.downloadFolder = folder.filePath(u"trovell/update"_qs);
     environment.tls = authority.clientConfiguration();
-    item = publisher.item(package, server.url(packagePath));
-    item.notes = u"What is <b>new</b>"_qs;
+    item = {.address = server.url(packagePath).toString(),
+            .length = QString::number(package.size()),
+            .signature = publisher.signature(package),
+            .notes = u"What is <b>new</b>"_qs};
     publish();
 }
 

@@ -1,8 +1,8 @@
 #include "services/update/PackageSignature.h"
 
+#include "support/TestFiles.h"
 #include "support/UpdatePublisher.h"
 
-#include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -30,10 +30,7 @@ private:
     /// A file with that content.
     QString package(const QByteArray& content)
     {
-        QFile file(m_folder.filePath(u"package"_qs));
-        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-            qFatal("The package cannot be written.");
-        return file.fileName();
+        return writeFile(m_folder.filePath(u"package"_qs), content);
     }
 
     QTemporaryDir m_folder;

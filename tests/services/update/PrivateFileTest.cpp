@@ -1,7 +1,7 @@
 #include "services/update/PrivateFile.h"
 
-#include <QDir>
-#include <QFile>
+#include "support/TestFiles.h"
+
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -35,9 +35,9 @@ private:
     QString folder() const { return path(u"cache/trovell/update"_qs); }
     QStringList files() const { return QDir(folder()).entryList(QDir::Files | QDir::Hidden); }
     /// Why no file can be made in the folder.
-    std::optional<UpdateError> error() const
+    static std::optional<UpdateError> error(const QString& folder)
     {
-        const auto file = PrivateFile::create(folder());
+        const auto file = PrivateFile::create(folder);
         return file ? std::nullopt : std::optional(file.error());
     }
 
@@ -59,9 +59,7 @@ void PrivateFileTest::isPrivateAndGoesAway()
     QVERIFY((*file)->close().has_value());
     QVERIFY((*file)->rename(u"package.deb"_qs).has_value());
     QCOMPARE(files(), QStringList{u"package.deb"_qs});
-    QFile content((*file)->path());
-    QVERIFY(content.open(QIODevice::ReadOnly));
-    QCOMPARE(content.readAll(), "one two");
+    QCOMPARE(test::readFile((*file)->path()), "one two");
     file->reset();
     QVERIFY(files().isEmpty());
 }
@@ -71,9 +69,8 @@ void PrivateFileTest::leavesNothingOfEarlierDownloads()
     QVERIFY(QDir().mkpath(folder()));
     QVERIFY(::chmod(QFile::encodeName(path(u"cache/trovell"_qs)).constData(), 0777) == 0);
     QVERIFY(::chmod(QFile::encodeName(folder()).constData(), 0570) == 0);
-    QFile target(path(u"kept"_qs));
-    QVERIFY(target.open(QIODevice::WriteOnly));
-    QVERIFY(target.link(folder() + u"/link"_qs));
+    const QString target = test::writeFile(path(u"kept"_qs), "text");
+    QVERIFY(QFile::link(target, folder() + u"/link"_qs));
     {
         const auto released = PrivateFile::create(folder());
         QVERIFY(released.has_value());
@@ -84,7 +81,7 @@ void PrivateFileTest::leavesNothingOfEarlierDownloads()
     QCOMPARE(files().size(), 1);
     QVERIFY(PrivateFile::create(folder()).has_value());
     QVERIFY(files().isEmpty());
-    QVERIFY(target.exists());
+    QVERIFY(QFile::exists(target));
 }
 
 void PrivateFileTest::refusesFoldersOfOthers()
@@ -94,25 +91,21 @@ void PrivateFileTest::refusesFoldersOfOthers()
     const bool isRoot = ::geteuid() == 0;
     if (isRoot)
         QVERIFY(::chown(QFile::encodeName(folder()).constData(), 1, 1) == 0);
-    const auto file = PrivateFile::create(isRoot ? folder() : u"/usr/bin"_qs);
-    QVERIFY(!file.has_value());
-    QCOMPARE(file.error(), UpdateError::folderNotPrivate);
+    QCOMPARE(error(isRoot ? folder() : u"/usr/bin"_qs), UpdateError::folderNotPrivate);
 }
 
 /// Here to a folder of the user's own, whose files must survive.
 void PrivateFileTest::refusesLinks()
 {
-    QVERIFY(QDir().mkpath(path(u"documents/update"_qs)));
-    QFile document(path(u"documents/update/letter"_qs));
-    QVERIFY(document.open(QIODevice::WriteOnly));
+    const QString document = test::writeFile(path(u"documents/update/letter"_qs), "Dear");
     QVERIFY(QDir().mkpath(path(u"cache"_qs)));
     QVERIFY(QFile::link(path(u"documents"_qs), path(u"cache/trovell"_qs)));
-    QCOMPARE(error(), UpdateError::folderNotPrivate);
+    QCOMPARE(error(folder()), UpdateError::folderNotPrivate);
     QVERIFY(QFile::remove(path(u"cache/trovell"_qs)));
     QVERIFY(QDir().mkpath(path(u"cache/trovell"_qs)));
     QVERIFY(QFile::link(path(u"documents/update"_qs), folder()));
-    QCOMPARE(error(), UpdateError::folderNotPrivate);
-    QVERIFY(document.exists());
+    QCOMPARE(error(folder()), UpdateError::folderNotPrivate);
+    QVERIFY(QFile::exists(document));
 }
 
 QTEST_GUILESS_MAIN(PrivateFileTest)
