@@ -9,8 +9,6 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include <functional>
-
 using namespace trovell;
 using Fault = StoreFaultVfs::Fault;
 
@@ -59,14 +57,6 @@ struct Session {
     }
 };
 
-void copyFolder(const QString& from, const QString& to)
-{
-    for (const QFileInfo& file : QDir(from).entryInfoList(QDir::Files)) {
-        QFile::remove(to + u'/' + file.fileName());
-        QVERIFY(QFile::copy(file.filePath(), to + u'/' + file.fileName()));
-    }
-}
-
 } // namespace
 
 class StoreFaultTest : public QObject {
@@ -99,7 +89,8 @@ std::unique_ptr<QTemporaryDir> StoreFaultTest::makeFolder(bool isNew) const
 {
     auto folder = std::make_unique<QTemporaryDir>();
     if (!isNew)
-        copyFolder(m_original.path(), folder->path());
+        QFile::copy(StoreFiles(m_original.path()).storePath(),
+                    StoreFiles(folder->path()).storePath());
     return folder;
 }
 

@@ -1,5 +1,4 @@
 // The store against other processes: one that holds it, and one that is killed at any moment.
-#include "model/StoreFiles.h"
 #include "model/WorkspaceStore.h"
 
 #include "support/StoreContents.h"
@@ -81,14 +80,6 @@ private:
     QProcess m_process;
 };
 
-bool passesIntegrityCheck(const QString& folder)
-{
-    const auto database = SqliteDatabase::open(StoreFiles(folder).storePath(), {});
-    return database &&
-           (*database)->number(
-               "SELECT count(*) FROM pragma_integrity_check WHERE integrity_check <> 'ok'") == 0;
-}
-
 } // namespace
 
 class StoreProcessTest : public QObject {
@@ -157,7 +148,6 @@ void StoreProcessTest::killOnce(const QString& folder, QRandomGenerator& random)
         note(line);
     const QByteArray stored = digestOf(storedContents(folder));
     QVERIFY(stored == m_acknowledged || stored == m_inFlight);
-    QVERIFY(passesIntegrityCheck(folder));
     m_inFlightCount += m_inFlight.isEmpty() ? 0 : 1;
     m_acknowledged = stored;
 }

@@ -73,18 +73,6 @@ private Q_SLOTS:
         QCOMPARE(m_fixture->resources->openedResources().size(), 1);
     }
 
-    void commandsAsk()
-    {
-        QSignalSpy opens(m_view.get(), &MenuBarWorkspaceView::openMainWindowRequested);
-        QSignalSpy settings(m_view.get(), &MenuBarWorkspaceView::settingsRequested);
-        QSignalSpy quits(m_view.get(), &MenuBarWorkspaceView::quitRequested);
-        action(u"Open Trovell"_qs)->trigger();
-        action(u"Settings…"_qs)->trigger();
-        action(u"Quit Trovell"_qs)->trigger();
-        QCOMPARE((QList{opens.size(), settings.size(), quits.size()}), (QList<qsizetype>{1, 1, 1}));
-        QVERIFY(!action(u"Check for Updates…"_qs)->isEnabled());
-    }
-
     void changesLanguage()
     {
         m_fixture->addWorkspace(u"Work"_qs);
@@ -96,10 +84,6 @@ private Q_SLOTS:
 
 private:
     [[nodiscard]] QMenu& menu() { return *m_view->menu(); }
-    [[nodiscard]] QAction* action(const QString& text)
-    {
-        return menu().actions().value(texts().indexOf(text));
-    }
     [[nodiscard]] QStringList texts()
     {
         QStringList texts;

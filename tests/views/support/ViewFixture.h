@@ -6,12 +6,12 @@
 #include "app/AppDependencies.h"
 #include "app/PreferenceStore.h"
 #include "model/TrovellWorkspace.h"
-#include "model/WorkspaceStore.h"
 #include "support/FakeClock.h"
 #include "support/FakeHotKeySystem.h"
 #include "support/FakeLoginItemSystem.h"
 #include "support/FakeResourceSystem.h"
 #include "support/FakeWindowSystem.h"
+#include "support/StoreContents.h"
 #include "support/StoreFaultVfs.h"
 #include "views/ViewEnvironment.h"
 #include "views/workspace/ApplicationIcons.h"
@@ -25,22 +25,27 @@ class ViewFixture {
     /// Before the pointers to what is put into it.
     PlatformAdapters m_platform;
 
+    template <class Fake, class Interface> static Fake* adopt(std::unique_ptr<Interface>& place)
+    {
+        place = std::make_unique<Fake>();
+        return static_cast<Fake*>(place.get());
+    }
+
 public:
     /// Needs the application object. Animations are off; the language is English, and the test
     /// languages "en-XA" and "ar-XB" can be chosen.
     explicit ViewFixture(const AppConfiguration& configuration = appConfiguration());
-    ~ViewFixture();
 
     QTemporaryDir folder;
-    FakeWindowSystem* windows = nullptr;
-    FakeResourceSystem* resources = nullptr;
-    FakeHotKeySystem* hotKeys = nullptr;
-    FakeLoginItemSystem* loginItem = nullptr;
+    FakeWindowSystem* const windows = adopt<FakeWindowSystem>(m_platform.windowSystem);
+    FakeResourceSystem* const resources = adopt<FakeResourceSystem>(m_platform.resourceSystem);
+    FakeHotKeySystem* const hotKeys = adopt<FakeHotKeySystem>(m_platform.hotKeySystem);
+    FakeLoginItemSystem* const loginItem = adopt<FakeLoginItemSystem>(m_platform.loginItemSystem);
     FakeClock clock;
 
     [[nodiscard]] StoreContext& context() { return m_store->mainContext(); }
-    [[nodiscard]] AppDependencies& dependencies() { return *m_dependencies; }
-    [[nodiscard]] ViewEnvironment& environment() { return *m_environment; }
+    [[nodiscard]] AppDependencies& dependencies() { return m_dependencies; }
+    [[nodiscard]] ViewEnvironment& environment() { return m_environment; }
 
     /// A saved workspace, with the sort order after the others.
     TrovellWorkspace& addWorkspace(const QString& name);
@@ -57,24 +62,25 @@ public:
     void setTrusted(bool isTrusted);
 
     /// From now on every save fails, until `allowSaving`.
-    void refuseSaving();
-    void allowSaving();
+    void refuseSaving() { m_disk.arm(StoreFaultVfs::Fault::diskFull, 1, StoreFaultVfs::forEver); }
+    void allowSaving() { m_disk.disarm(); }
 
     /// A window to show views in; owned by the fixture.
-    [[nodiscard]] QMainWindow& window() { return *m_window; }
+    [[nodiscard]] QMainWindow& window() { return m_window; }
 
 private:
     StoreFaultVfs m_disk;
     const AppConfiguration m_configuration;
-    std::unique_ptr<PreferenceStore> m_defaults;
-    std::unique_ptr<VisualStyle> m_visual;
-    std::unique_ptr<Localization> m_words;
-    std::unique_ptr<WorkspaceStore> m_store;
-    std::unique_ptr<AppDependencies> m_dependencies;
-    std::unique_ptr<WorkspaceQuery> m_query;
-    std::unique_ptr<ApplicationIcons> m_icons;
-    std::unique_ptr<ViewEnvironment> m_environment;
-    std::unique_ptr<QMainWindow> m_window;
+    PreferenceStore m_defaults{folder.filePath(u"preferences.json"_qs)};
+    VisualStyle m_visual;
+    Localization m_words;
+    std::unique_ptr<WorkspaceStore> m_store =
+        openStore(folder.filePath(u"store"_qs), {.vfsName = m_disk.name()});
+    AppDependencies m_dependencies{m_platform, m_defaults, clock, m_configuration};
+    WorkspaceQuery m_query{context()};
+    ApplicationIcons m_icons{*resources};
+    ViewEnvironment m_environment{m_visual, m_words, m_dependencies, context(), m_query, m_icons};
+    QMainWindow m_window;
 };
 
 } // namespace trovell::test

@@ -423,6 +423,14 @@ private Q_SLOTS:
         Localization& words = m_desk->environment().words;
         const QStringList data{u"Trovell"_qs, u"A"_qs};
         QCOMPARE(languageProblems(*m_desk->view, words, data), QString());
+        // Alerts that are open meanwhile: the question, and the failure.
+        m_desk->refuseSaving();
+        Q_EMIT m_desk->detail->deleteRequested();
+        QCOMPARE(languageProblems(*m_desk->front(), words, data), QString());
+        click(*m_desk->front(), u"Delete"_qs);
+        QCOMPARE(languageProblems(*m_desk->front(), words, data), QString());
+        m_desk->allowSaving();
+        QVERIFY(!answeredAlert(m_desk->window()).isEmpty());
         m_desk->removeWorkspace(0);
         QCOMPARE(languageProblems(*m_desk->view, words, data), QString());
     }
