@@ -33,7 +33,7 @@ private Q_SLOTS:
     void updatesALayoutWhileAnApplicationIsClosed();
     void savesAVariant();
     void addsEveryKindOfItem();
-    void startsFromTheTrayWithTheWindowClosed();
+    void startsAndQuitsFromTheTray();
     void endsWithItsLastWindowIfToldSo();
     void changesLanguageAndAppearanceLive();
     void isOneInstance();
@@ -223,7 +223,8 @@ void InterfaceTest::addsEveryKindOfItem()
     m_trovell->press("Return");
     QVERIFY(m_trovell->shows(button, u"Remove example.com"_qs));
     QVERIFY(add(u"Application…"_qs));
-    QVERIFY(m_trovell->click(listItem, u"Mousepad"_qs));
+    QVERIFY(m_trovell->shows(listItem, u"Mousepad"_qs));
+    m_trovell->type(u"mousep"_qs);
     m_trovell->press("Return");
     QVERIFY(m_trovell->shows(button, u"Remove Mousepad"_qs));
     QVERIFY(m_trovell->click(button, u"Save"_qs));
@@ -239,7 +240,7 @@ void InterfaceTest::addsEveryKindOfItem()
     QVERIFY(m_trovell->shows(label, u"Errands saved."_qs));
 }
 
-void InterfaceTest::startsFromTheTrayWithTheWindowClosed()
+void InterfaceTest::startsAndQuitsFromTheTray()
 {
     openTerminals();
     m_desktop->start("tint2", {});
@@ -264,6 +265,15 @@ void InterfaceTest::startsFromTheTrayWithTheWindowClosed()
     m_desktop->run("xdotool", clickIcon);
     QVERIFY(m_trovell->click(menuItem, u"Open Trovell"_qs));
     QVERIFY(m_trovell->shows(label, u"Workspace ready"_qs));
+
+    m_desktop->run("xdotool", clickIcon);
+    QVERIFY(m_trovell->click(menuItem, u"Quit Trovell"_qs));
+    QVERIFY(m_trovell->ends());
+    QVERIFY(m_trovell->start());
+    QVERIFY(m_trovell->shows(listItem, u"Work"_qs));
+    QTRY_VERIFY(inspector.windowTitled(u"Trovell")->isActive);
+    m_trovell->press("ctrl+q");
+    QVERIFY(m_trovell->ends());
 }
 
 void InterfaceTest::endsWithItsLastWindowIfToldSo()
@@ -278,7 +288,7 @@ void InterfaceTest::endsWithItsLastWindowIfToldSo()
     QTest::qWait(300);
     QVERIFY(m_trovell->isRunning()); // the settings are still open
     inspector.close(inspector.waitForWindow(u"Settings").id);
-    QVERIFY(waitUntil([&] { return !m_trovell->isRunning(); }));
+    QVERIFY(m_trovell->ends());
 }
 
 void InterfaceTest::changesLanguageAndAppearanceLive()

@@ -100,7 +100,7 @@ void MainJobTest::bringsRealApplicationsBack()
                 exitCode);
     QVERIFY2(exitCode == 0, qPrintable(output));
 
-    inspector.setMaximized(ids.value(u"mousepad"_qs), true);
+    inspector.maximize(ids.value(u"mousepad"_qs));
     inspector.moveWindow(inspector.windowTitled(u"Log")->id, QRect(1900, 400, 300, 200));
     inspector.moveWindow(inspector.windowTitled(u"Shell")->id, QRect(100, 500, 300, 200));
     inspector.close(ids.value(u"featherpad"_qs));

@@ -106,9 +106,9 @@ void X11WindowSystemTest::readsAndPlacesRealProgramsExactly()
     for (int round = 0; round < 3; ++round) {
         for (const WindowAttributes& window : windows) {
             if (round == 1)
-                inspector.setMaximized(quint32(window.handle), true);
+                inspector.maximize(quint32(window.handle));
             else if (round == 2)
-                inspector.setFullScreen(quint32(window.handle), true);
+                inspector.makeFullScreen(quint32(window.handle));
         }
         // Some window managers leave programs of a fixed size as they are.
         QVERIFY(waitUntil([&] {
@@ -244,9 +244,9 @@ void X11WindowSystemTest::seesPanelsComeChangeAndGo()
     const quint32 panel = inspector.waitForWindow(u"panel").id;
     QCOMPARE(freeSizes(), std::pair(994., 1280.));
     // Between the displays, where the work area of the whole desktop shows nothing of it.
-    inspector.setProperty(panel, "_NET_WM_STRUT_PARTIAL", "CARDINAL",
-                          {1640, 0, 0, 0, 0, 1023, 0, 0, 0, 0, 0, 0});
-    (void)inspector.window(panel); // the server has it now
+    const char* strut = "_NET_WM_STRUT_PARTIAL";
+    desktop.run("xprop", {"-id", QByteArray::number(panel), "-f", strut, "32c", "-set", strut,
+                          "1640,0,0,0,0,1023,0,0,0,0,0,0"});
     QCOMPARE(freeSizes(), std::pair(1024., 1240.));
     VirtualDesktop::kill(program);
     QVERIFY(waitUntil([&] { return inspector.windows().size() == 1; }));
@@ -281,7 +281,7 @@ void X11WindowSystemTest::placesLastWhatWasAskedLast()
     (void)system.runningApplications();
     desktop.startClient({"--title", "young"});
     const quint32 id = inspector.waitForWindow(u"young").id;
-    inspector.moveToVirtualDesktop(id, 1);
+    desktop.run("wmctrl", {"-i", "-r", QByteArray::number(id), "-t", "1"});
     const auto isElsewhere = [&] {
         return inspector.numbers(id, "_NET_WM_DESKTOP") == QList<quint32>{1};
     };

@@ -1,24 +1,18 @@
 // Looks at the windows of a virtual desktop and arranges them, with an X connection of its own and
-// without any code of the product, so that tests can compare. Main thread of a test.
+// by other ways than the product, so that tests can compare. Main thread of a test.
 //
 // Everything is in root pixels: origin at the top left of the whole X screen, y downward. Functions
 // that change something return at once; wait for the effect with `waitUntil` or `waitForRest`.
 #pragma once
 
-#include <QByteArray>
-#include <QHash>
-#include <QList>
+#include "platform/x11/X11Connection.h"
+
 #include <QMap>
-#include <QPoint>
 #include <QRect>
-#include <QString>
-#include <QStringView>
 
 #include <chrono>
 #include <functional>
 #include <optional>
-
-struct xcb_connection_t;
 
 namespace trovell::test {
 
@@ -47,9 +41,7 @@ struct InspectedWindow {
 
 class DesktopInspector {
 public:
-    explicit DesktopInspector(const QByteArray& displayName);
-    ~DesktopInspector();
-    Q_DISABLE_COPY_MOVE(DesktopInspector)
+    explicit DesktopInspector(const QByteArray& displayName) : m_connection(displayName) {}
 
     /// The managed windows in the order in which they appeared.
     QList<InspectedWindow> windows() const;
@@ -76,40 +68,34 @@ public:
     /// Asks the window manager to give the client area that rectangle (a plain configure request,
     /// as xdotool sends it; the position may land off by the decorations).
     void moveWindow(quint32 id, const QRect& client);
-    void setMaximized(quint32 id, bool isOn);
-    void setFullScreen(quint32 id, bool isOn);
+    void maximize(quint32 id);
+    void makeFullScreen(quint32 id);
     void minimize(quint32 id) { sendToRoot(id, "WM_CHANGE_STATE", {3}); }
     void activate(quint32 id) { sendToRoot(id, "_NET_ACTIVE_WINDOW", {2}); }
-    void moveToVirtualDesktop(quint32 id, quint32 index)
-    {
-        sendToRoot(id, "_NET_WM_DESKTOP", {index, 2});
-    }
     /// Asks the program to close it, as a click on the close button does.
     void close(quint32 id) { sendToRoot(id, "_NET_CLOSE_WINDOW", {0, 2}); }
-    /// Replaces a property of 32-bit numbers on any window; no values delete it.
-    void setProperty(quint32 id, const char* name, const char* type, const QList<quint32>& values);
 
-    /// Gives the output of that name an EDID; see `makeEdid`.
-    void setEdid(const QByteArray& outputName, const QByteArray& edid);
+    /// Gives an output an EDID; see `makeEdid`.
+    void setEdid(int outputIndex, const QByteArray& edid);
 
     /// The colour of a point of the window, as 0xRRGGBB; 0 when it cannot be read.
     quint32 pixel(quint32 id, const QPoint& point) const;
 
-    quint32 root() const;
+    quint32 root() const { return m_connection.root(); }
     /// The window that owns a selection such as "WM_S0"; 0 for none.
     quint32 selectionOwner(const char* selection) const;
     /// The numbers of a property; empty when it is missing.
-    QList<quint32> numbers(quint32 id, const char* name) const;
+    QList<quint32> numbers(quint32 id, const char* name) const { return numbers(id, atom(name)); }
 
 private:
-    quint32 atom(const char* name) const;
-    QByteArray property(quint32 id, const char* name) const;
+    quint32 atom(const QByteArray& name) const;
+    QList<quint32> numbers(quint32 id, quint32 property) const;
+    QByteArray text(quint32 id, quint32 property) const;
     QRect rootGeometry(quint32 id, quint32* outermost = nullptr) const;
     InspectedWindow waitForMatch(const std::function<bool(const InspectedWindow&)>& isWanted) const;
-    void sendToRoot(quint32 id, const char* type, const QList<quint32>& data);
+    void sendToRoot(quint32 id, const char* type, const std::array<quint32, 5>& data);
 
-    xcb_connection_t* m_connection;
-    mutable QHash<QByteArray, quint32> m_atoms;
+    X11Connection m_connection;
 };
 
 } // namespace trovell::test

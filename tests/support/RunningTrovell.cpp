@@ -40,6 +40,11 @@ bool RunningTrovell::start()
 bool RunningTrovell::end()
 {
     ::kill(pid_t(m_process->processId()), SIGTERM);
+    return ends();
+}
+
+bool RunningTrovell::ends()
+{
     return m_process->waitForFinished(10'000) && m_process->exitStatus() == QProcess::NormalExit &&
            m_process->exitCode() == 0;
 }

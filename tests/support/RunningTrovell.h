@@ -23,6 +23,8 @@ public:
     [[nodiscard]] bool start();
     /// Asks it to end, as a session does; false when it does not end in order.
     [[nodiscard]] bool end();
+    /// Whether it ends by itself and in order, now or soon.
+    [[nodiscard]] bool ends();
     [[nodiscard]] bool isRunning() const
     {
         return m_process && m_process->state() == QProcess::Running;

@@ -203,11 +203,6 @@ QProcess& VirtualDesktop::start(const char* program, const QByteArrayList& argum
     return *m_processes.back();
 }
 
-QProcess& VirtualDesktop::startClient(const QByteArrayList& options)
-{
-    return start(scriptedClientPath(), options);
-}
-
 QByteArray VirtualDesktop::run(const char* program, const QByteArrayList& arguments) const
 {
     QProcess process;
@@ -284,16 +279,6 @@ void VirtualDesktop::endPrograms()
     }
 }
 
-void VirtualDesktop::freeze(const QProcess& process)
-{
-    ::kill(static_cast<pid_t>(process.processId()), SIGSTOP);
-}
-
-void VirtualDesktop::thaw(const QProcess& process)
-{
-    ::kill(static_cast<pid_t>(process.processId()), SIGCONT);
-}
-
 void VirtualDesktop::kill(QProcess& process)
 {
     process.kill();
@@ -332,7 +317,7 @@ void VirtualDesktop::setPrimaryDisplay(int index)
 
 void VirtualDesktop::nameDisplay(int index, const QByteArray& manufacturer, const QByteArray& model)
 {
-    m_inspector->setEdid(outputName(index), makeEdid(manufacturer, model));
+    m_inspector->setEdid(index, makeEdid(manufacturer, model));
 }
 
 } // namespace trovell::test

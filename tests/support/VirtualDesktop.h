@@ -71,15 +71,15 @@ public:
     /// its state: a program that is missing is not running.
     QProcess& start(const char* program, const QByteArrayList& arguments = {});
     /// Starts the scripted client; tests/desktop/clients/ScriptedClient.cpp lists its options.
-    QProcess& startClient(const QByteArrayList& options);
+    QProcess& startClient(const QByteArrayList& options)
+    {
+        return start(scriptedClientPath(), options);
+    }
     /// Runs a tool such as xdotool to its end and returns its standard output; empty when it
     /// failed.
     QByteArray run(const char* program, const QByteArrayList& arguments) const;
 
-    /// Stops a program in its tracks (SIGSTOP), as if it hung, or lets it go on. `kill` ends it
-    /// at once and waits for that.
-    static void freeze(const QProcess& process);
-    static void thaw(const QProcess& process);
+    /// Ends it at once and waits for that.
     static void kill(QProcess& process);
 
     /// Display 0 is 1600×1024 at (0, 0) and primary, display 1 is 1280×1024 right of it. Each
