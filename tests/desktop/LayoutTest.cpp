@@ -24,6 +24,19 @@ void scatter(VirtualDesktop& desktop)
     inspector.waitForRest();
 }
 
+/// The calculator changes its own minimum size for a while after it has appeared.
+void waitForSteadyHints(const DesktopInspector& inspector, quint32 window)
+{
+    QList<quint32> hints;
+    for (int checks = 0; checks < 20; ++checks) {
+        const QList<quint32> current = inspector.numbers(window, "WM_NORMAL_HINTS");
+        if (current != hints)
+            checks = 0;
+        hints = current;
+        QTest::qWait(100);
+    }
+}
+
 /// Windows of several kinds on both displays; all have different titles.
 void openWindows(VirtualDesktop& desktop)
 {
@@ -323,7 +336,7 @@ void LayoutTest::doesNotDrift()
     desktop.start("featherpad", {"--standalone"});
     desktop.start("gnome-calculator", {});
     QVERIFY(inspector.waitForWindowCount(8));
-    QTest::qWait(1500); // the calculator changes its own minimum size for a while
+    waitForSteadyHints(inspector, inspector.waitForWindow(u"Calculator").id);
     inspector.waitForRest();
     SavedLayout saved(desktop);
     for (int cycle = 0; cycle < 50 && !QTest::currentTestFailed(); ++cycle) {
