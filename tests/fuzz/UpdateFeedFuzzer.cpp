@@ -18,10 +18,10 @@ void requireSound(const QList<UpdateItem>& items)
     for (const UpdateItem& item : items) {
         require(item.lengthBytes > 0 && item.address.isValid() && !item.shortVersion.isEmpty());
         require(item.notes.size() <= feedlimits::tokenBytes && !item.notes.contains(QChar(0)));
-        const auto isSame = [&item](const UpdateItem& other) {
-            return other.version == item.version;
-        };
-        require(std::count_if(items.begin(), items.end(), isSame) == 1);
+        for (const UpdateItem& other : items) {
+            require((other.version == item.version) == (&other == &item));
+            require((other.version <=> item.version) == (0 <=> (item.version <=> other.version)));
+        }
     }
 }
 

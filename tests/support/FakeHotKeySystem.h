@@ -18,17 +18,35 @@ public:
     /// Another program owns the combination from now on.
     void claim(const Combination& combination) { m_claimed.insert(combination); }
     /// Nothing happens when nobody registered the combination.
-    void press(const Combination& combination);
+    void press(const Combination& combination)
+    {
+        const auto numbers = registered();
+        if (const auto hotKey = numbers.find(combination); hotKey != numbers.end())
+            m_handler(hotKey->second);
+    }
     /// What arrives late: the press of a number, registered or not.
     void report(quint32 number) { m_handler(number); }
 
     /// The combinations registered here and their numbers.
-    [[nodiscard]] std::map<Combination, quint32> registered() const;
+    [[nodiscard]] std::map<Combination, quint32> registered() const
+    {
+        std::map<Combination, quint32> numbers;
+        for (const auto& [reference, hotKey] : m_hotKeys)
+            numbers.emplace(hotKey.combination, hotKey.number);
+        return numbers;
+    }
     [[nodiscard]] bool hasHandler() const { return m_handler != nullptr; }
 
     void installPressHandler(PressHandler handler) override { m_handler = std::move(handler); }
     [[nodiscard]] std::optional<HotKeyReference> registerHotKey(quint32 number, quint32 keyCode,
-                                                                quint32 modifiers) override;
+                                                                quint32 modifiers) override
+    {
+        const Combination combination{keyCode, modifiers};
+        if (m_claimed.contains(combination) || registered().contains(combination))
+            return std::nullopt;
+        m_hotKeys.emplace(++m_lastReference, HotKey{combination, number});
+        return m_lastReference;
+    }
     void unregisterHotKey(HotKeyReference reference) override { m_hotKeys.erase(reference); }
 
 private:

@@ -6,6 +6,9 @@
 #include <QString>
 
 #include <array>
+#include <span>
+
+#include <sodium.h>
 
 namespace trovell::test {
 
@@ -22,21 +25,66 @@ struct PublishedItem {
     QString extra = {};
 };
 
-[[nodiscard]] QByteArray feedOf(const QList<PublishedItem>& items);
+inline QString element(const QString& name, const QString& text)
+{
+    return text.isEmpty() ? QString() : u"<%1>%2</%1>"_qs.arg(name, text.toHtmlEscaped());
+}
+
+inline QString attribute(const QString& name, const QString& text)
+{
+    return text.isEmpty() ? QString() : u" %1=\"%2\""_qs.arg(name, text.toHtmlEscaped());
+}
+
+inline QString itemText(const PublishedItem& item)
+{
+    return u"<item><title>Trovell</title>"_qs + element(u"trovell:version"_qs, item.version) +
+           element(u"trovell:shortVersion"_qs, item.shortVersion) +
+           element(u"trovell:minimumSystemVersion"_qs, item.minimumSystemVersion) +
+           element(u"description"_qs, item.notes) + u"<enclosure"_qs +
+           attribute(u"url"_qs, item.address) + attribute(u"length"_qs, item.length) +
+           attribute(u"trovell:edSignature"_qs, item.signature) + u"/>"_qs + item.extra +
+           u"</item>\n"_qs;
+}
+
+[[nodiscard]] inline QByteArray feedOf(const QList<PublishedItem>& items)
+{
+    QString text =
+        u"<?xml version=\"1.0\" encoding=\"utf-8\"?>\n"
+        u"<rss version=\"2.0\" xmlns:trovell=\"urn:x-trovell:update-feed\"><channel>\n"_qs;
+    for (const PublishedItem& item : items)
+        text += itemText(item);
+    return (text + u"</channel></rss>\n"_qs).toUtf8();
+}
 
 class UpdatePublisher {
 public:
     /// With a new pair of keys.
-    UpdatePublisher();
+    UpdatePublisher()
+    {
+        if (sodium_init() < 0 || crypto_sign_keypair(m_publicKey.data(), m_secretKey.data()) != 0)
+            qFatal("The publisher has no keys.");
+    }
 
     /// In Base64.
-    [[nodiscard]] QString publicKey() const;
-    [[nodiscard]] QString signature(const QByteArray& package) const;
+    [[nodiscard]] QString publicKey() const { return base64(m_publicKey); }
+    [[nodiscard]] QString signature(const QByteArray& package) const
+    {
+        std::array<unsigned char, crypto_sign_BYTES> signature;
+        crypto_sign_detached(signature.data(), nullptr,
+                             reinterpret_cast<const unsigned char*>(package.constData()),
+                             static_cast<unsigned long long>(package.size()), m_secretKey.data());
+        return base64(signature);
+    }
 
 private:
-    // As libsodium makes them.
-    std::array<unsigned char, 32> m_publicKey{};
-    std::array<unsigned char, 64> m_secretKey{};
+    static QString base64(std::span<const unsigned char> bytes)
+    {
+        const QByteArrayView view(bytes.data(), bytes.size());
+        return QString::fromLatin1(view.toByteArray().toBase64());
+    }
+
+    std::array<unsigned char, crypto_sign_PUBLICKEYBYTES> m_publicKey{};
+    std::array<unsigned char, crypto_sign_SECRETKEYBYTES> m_secretKey{};
 };
 
 } // namespace trovell::test

@@ -7,8 +7,7 @@
 #include "support/UpdatePublisher.h"
 #include "support/UpdateServer.h"
 
-#include <QStringList>
-#include <QTemporaryDir>
+#include <QTest>
 
 #include <memory>
 
@@ -18,19 +17,58 @@ struct UpdateWorld {
     inline static const QString feedPath = u"/feed.xml"_qs;
     inline static const QString packagePath = u"/files/trovell-2.0_amd64.deb"_qs;
 
-    UpdateWorld(const TestAuthority& authority, const QSslConfiguration& serverConfiguration);
+    UpdateWorld(const TestAuthority& authority, const QSslConfiguration& serverConfiguration)
+        : server(serverConfiguration)
+    {
+        environment = standardUpdateEnvironment(u"1.5"_qs, [this](const QString& path) {
+            openedPackages.append(path);
+            return hasInstaller;
+        });
+        environment.downloadFolder = folder.filePath(u"trovell/update"_qs);
+        environment.tls = authority.clientConfiguration();
+        item = {.address = server.url(packagePath).toString(),
+                .length = QString::number(package.size()),
+                .signature = publisher.signature(package),
+                .notes = u"What is <b>new</b>"_qs};
+        publish();
+    }
 
-    /// Serves the package, and the feed with the item as it is now.
-    void publish();
-    void changeItem(QString PublishedItem::*field, const QString& value);
     void serveFeed(const ServedFile& file) { server.serve(feedPath, file); }
     void servePackage(const ServedFile& file) { server.serve(packagePath, file); }
+    /// Serves the package, and the feed with the item as it is now.
+    void publish()
+    {
+        serveFeed({.body = feedOf({item})});
+        servePackage({.body = package});
+    }
+    void changeItem(QString PublishedItem::*field, const QString& value)
+    {
+        item.*field = value;
+        publish();
+    }
 
-    [[nodiscard]] std::unique_ptr<Updater> makeUpdater() const;
+    [[nodiscard]] std::unique_ptr<Updater> makeUpdater() const
+    {
+        return std::make_unique<Updater>(server.url(feedPath), publisher.publicKey(), environment);
+    }
+
     /// What lies in the private folder.
-    [[nodiscard]] QStringList files() const;
+    [[nodiscard]] QStringList files() const
+    {
+        return QDir(environment.downloadFolder)
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    }
+
     /// Failed in the right words, with nothing left on the disk and nothing installed.
-    void verifyFailed(const Updater& updater, UpdateError error) const;
+    void verifyFailed(const Updater& updater, UpdateError error) const
+    {
+        const UpdateState expected{
+            .phase = UpdateState::Phase::failed, .sentence = description(error), .error = error};
+        QVERIFY2(updater.state() == expected, qPrintable(updater.state().sentence));
+        QVERIFY(!expected.sentence.isEmpty());
+        QCOMPARE(files(), QStringList());
+        QVERIFY(openedPackages.isEmpty() || error == UpdateError::installerFailed);
+    }
 
     QTemporaryDir folder;
     UpdatePublisher publisher;
@@ -43,8 +81,21 @@ struct UpdateWorld {
 };
 
 /// To the end of what is going on.
-void wait(const Updater& updater);
-void check(Updater& updater);
-void download(Updater& updater);
+inline void wait(const Updater& updater)
+{
+    QTRY_VERIFY_WITH_TIMEOUT(!updater.isBusy(), 60'000);
+}
+
+inline void check(Updater& updater)
+{
+    updater.check();
+    wait(updater);
+}
+
+inline void download(Updater& updater)
+{
+    updater.download();
+    wait(updater);
+}
 
 } // namespace trovell::test

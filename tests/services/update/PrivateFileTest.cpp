@@ -2,8 +2,7 @@
 
 #include "support/TestFiles.h"
 
-#include <QTemporaryDir>
-#include <QTest>
+#include <QtTest>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -25,10 +24,70 @@ class PrivateFileTest : public QObject {
 
 private Q_SLOTS:
     void init() { m_root = std::make_unique<QTemporaryDir>(); }
-    void isPrivateAndGoesAway();
-    void leavesNothingOfEarlierDownloads();
-    void refusesFoldersOfOthers();
-    void refusesLinks();
+
+    void isPrivateAndGoesAway()
+    {
+        const mode_t mask = ::umask(0);
+        auto file = PrivateFile::create(folder());
+        ::umask(mask);
+        QVERIFY(file.has_value());
+        QCOMPARE(mode((*file)->path()), mode_t(0600));
+        QCOMPARE(mode(folder()), mode_t(0700));
+        QCOMPARE(mode(path(u"cache/trovell"_qs)), mode_t(0700));
+
+        QVERIFY((*file)->append("one ").has_value());
+        QVERIFY((*file)->append("two").has_value());
+        QVERIFY((*file)->close().has_value());
+        QVERIFY((*file)->rename(u"package.deb"_qs).has_value());
+        QCOMPARE(files(), QStringList{u"package.deb"_qs});
+        QCOMPARE(test::readFile((*file)->path()), "one two");
+        file->reset();
+        QVERIFY(files().isEmpty());
+    }
+
+    void leavesNothingOfEarlierDownloads()
+    {
+        QVERIFY(QDir().mkpath(folder()));
+        QVERIFY(::chmod(QFile::encodeName(path(u"cache/trovell"_qs)).constData(), 0777) == 0);
+        QVERIFY(::chmod(QFile::encodeName(folder()).constData(), 0570) == 0);
+        const QString target = test::writeFile(path(u"kept"_qs), "text");
+        QVERIFY(QFile::link(target, folder() + u"/link"_qs));
+        {
+            const auto released = PrivateFile::create(folder());
+            QVERIFY(released.has_value());
+            QCOMPARE(mode(folder()), mode_t(0700));
+            QCOMPARE(mode(path(u"cache/trovell"_qs)), mode_t(0700));
+            (*released)->release();
+        }
+        QCOMPARE(files().size(), 1);
+        QVERIFY(PrivateFile::create(folder()).has_value());
+        QVERIFY(files().isEmpty());
+        QVERIFY(QFile::exists(target));
+    }
+
+    void refusesFoldersOfOthers()
+    {
+        // Root can give a folder away; everybody else has some that are not their own.
+        QVERIFY(QDir().mkpath(folder()));
+        const bool isRoot = ::geteuid() == 0;
+        if (isRoot)
+            QVERIFY(::chown(QFile::encodeName(folder()).constData(), 1, 1) == 0);
+        QCOMPARE(error(isRoot ? folder() : u"/usr/bin"_qs), UpdateError::folderNotPrivate);
+    }
+
+    /// Here to a folder of the user's own, whose files must survive.
+    void refusesLinks()
+    {
+        const QString document = test::writeFile(path(u"documents/update/letter"_qs), "Dear");
+        QVERIFY(QDir().mkpath(path(u"cache"_qs)));
+        QVERIFY(QFile::link(path(u"documents"_qs), path(u"cache/trovell"_qs)));
+        QCOMPARE(error(folder()), UpdateError::folderNotPrivate);
+        QVERIFY(QFile::remove(path(u"cache/trovell"_qs)));
+        QVERIFY(QDir().mkpath(path(u"cache/trovell"_qs)));
+        QVERIFY(QFile::link(path(u"documents/update"_qs), folder()));
+        QCOMPARE(error(folder()), UpdateError::folderNotPrivate);
+        QVERIFY(QFile::exists(document));
+    }
 
 private:
     QString path(const QString& name) const { return m_root->filePath(name); }
@@ -43,70 +102,6 @@ private:
 
     std::unique_ptr<QTemporaryDir> m_root;
 };
-
-void PrivateFileTest::isPrivateAndGoesAway()
-{
-    const mode_t mask = ::umask(0);
-    auto file = PrivateFile::create(folder());
-    ::umask(mask);
-    QVERIFY(file.has_value());
-    QCOMPARE(mode((*file)->path()), mode_t(0600));
-    QCOMPARE(mode(folder()), mode_t(0700));
-    QCOMPARE(mode(path(u"cache/trovell"_qs)), mode_t(0700));
-
-    QVERIFY((*file)->append("one ").has_value());
-    QVERIFY((*file)->append("two").has_value());
-    QVERIFY((*file)->close().has_value());
-    QVERIFY((*file)->rename(u"package.deb"_qs).has_value());
-    QCOMPARE(files(), QStringList{u"package.deb"_qs});
-    QCOMPARE(test::readFile((*file)->path()), "one two");
-    file->reset();
-    QVERIFY(files().isEmpty());
-}
-
-void PrivateFileTest::leavesNothingOfEarlierDownloads()
-{
-    QVERIFY(QDir().mkpath(folder()));
-    QVERIFY(::chmod(QFile::encodeName(path(u"cache/trovell"_qs)).constData(), 0777) == 0);
-    QVERIFY(::chmod(QFile::encodeName(folder()).constData(), 0570) == 0);
-    const QString target = test::writeFile(path(u"kept"_qs), "text");
-    QVERIFY(QFile::link(target, folder() + u"/link"_qs));
-    {
-        const auto released = PrivateFile::create(folder());
-        QVERIFY(released.has_value());
-        QCOMPARE(mode(folder()), mode_t(0700));
-        QCOMPARE(mode(path(u"cache/trovell"_qs)), mode_t(0700));
-        (*released)->release();
-    }
-    QCOMPARE(files().size(), 1);
-    QVERIFY(PrivateFile::create(folder()).has_value());
-    QVERIFY(files().isEmpty());
-    QVERIFY(QFile::exists(target));
-}
-
-void PrivateFileTest::refusesFoldersOfOthers()
-{
-    // Root can give a folder away; everybody else has some that are not their own.
-    QVERIFY(QDir().mkpath(folder()));
-    const bool isRoot = ::geteuid() == 0;
-    if (isRoot)
-        QVERIFY(::chown(QFile::encodeName(folder()).constData(), 1, 1) == 0);
-    QCOMPARE(error(isRoot ? folder() : u"/usr/bin"_qs), UpdateError::folderNotPrivate);
-}
-
-/// Here to a folder of the user's own, whose files must survive.
-void PrivateFileTest::refusesLinks()
-{
-    const QString document = test::writeFile(path(u"documents/update/letter"_qs), "Dear");
-    QVERIFY(QDir().mkpath(path(u"cache"_qs)));
-    QVERIFY(QFile::link(path(u"documents"_qs), path(u"cache/trovell"_qs)));
-    QCOMPARE(error(folder()), UpdateError::folderNotPrivate);
-    QVERIFY(QFile::remove(path(u"cache/trovell"_qs)));
-    QVERIFY(QDir().mkpath(path(u"cache/trovell"_qs)));
-    QVERIFY(QFile::link(path(u"documents/update"_qs), folder()));
-    QCOMPARE(error(folder()), UpdateError::folderNotPrivate);
-    QVERIFY(QFile::exists(document));
-}
 
 QTEST_GUILESS_MAIN(PrivateFileTest)
 #include "PrivateFileTest.moc"

@@ -3,10 +3,7 @@
 #include "services/update/UpdateFeedParser.h"
 #include "support/TestFiles.h"
 
-#include <QFile>
-#include <QProcess>
-#include <QTemporaryDir>
-#include <QTest>
+#include <QtTest>
 
 using namespace trovell;
 
@@ -34,10 +31,93 @@ class SignUpdateTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void keepsThePrivateKeyPrivate();
-    void signsWhatTheUpdaterAccepts();
-    void refuses();
+    void initTestCase()
+    {
+        m_key = path(u"key"_qs);
+        const Run made = signUpdate({u"make-key"_qs, m_key});
+        QCOMPARE(made.exitCode, 0);
+        m_publicKey = made.output.trimmed();
+        QVERIFY(publicKeyFromText(m_publicKey));
+        m_package = write(u"package.deb"_qs, QByteArray(100'000, 'x'));
+    }
+
+    void keepsThePrivateKeyPrivate()
+    {
+        QCOMPARE(QFile::permissions(m_key) & ~(QFile::ReadUser | QFile::WriteUser),
+                 QFile::ReadOwner | QFile::WriteOwner);
+        const QByteArray key = test::readFile(m_key);
+        QCOMPARE(key.size(), 45);
+
+        const QList<QStringList> commands{{u"make-key"_qs, m_key},
+                                          {u"public-key"_qs, m_key},
+                                          {u"sign"_qs, m_key, m_package, u"--version"_qs, u"2"_qs,
+                                           u"--url"_qs, u"https://a.b/c"_qs}};
+        for (const QStringList& command : commands) {
+            const Run run = signUpdate(command);
+            QVERIFY(!(run.output + run.errors).contains(QString::fromLatin1(key.trimmed())));
+        }
+        QCOMPARE(test::readFile(m_key), key);
+        QCOMPARE(signUpdate({u"public-key"_qs, m_key}).output.trimmed(), m_publicKey);
+    }
+
+    void signsWhatTheUpdaterAccepts()
+    {
+        const QString notes = write(u"notes"_qs, "New: <b> & \"quotes\"\n• more\n");
+        const Run run =
+            signUpdate({u"sign"_qs, m_key, m_package, u"--version"_qs, u"2.0.1"_qs, u"--url"_qs,
+                        u"https://updates.example/p?a=1&b=2"_qs, u"--short-version"_qs, u"2"_qs,
+                        u"--minimum-system"_qs, u"2.36"_qs, u"--notes"_qs, notes});
+        QCOMPARE(run.exitCode, 0);
+        const auto items =
+            parseUpdateFeed("<rss xmlns:trovell='urn:x-trovell:update-feed'><channel>" +
+                            run.output.toUtf8() + "</channel></rss>");
+        QVERIFY(items.has_value());
+        QCOMPARE(items->size(), 1);
+        const QString signature = items->first().signature;
+        const UpdateItem expected{.version = *ReleaseVersion::parse(u"2.0.1"_qs),
+                                  .shortVersion = u"2"_qs,
+                                  .notes = u"New: <b> & \"quotes\"\n• more"_qs,
+                                  .address = QUrl(u"https://updates.example/p?a=1&b=2"_qs),
+                                  .lengthBytes = 100'000,
+                                  .signature = signature,
+                                  .minimumSystemVersion = ReleaseVersion::parse(u"2.36"_qs)};
+        QCOMPARE(items->first(), expected);
+        QVERIFY(verifyPackage(m_package, *signatureFromText(signature),
+                              *publicKeyFromText(m_publicKey)));
+
+        const QString other = write(u"other.deb"_qs, QByteArray(100'000, 'y'));
+        for (const QString& package : {m_package, other})
+            QCOMPARE(signUpdate({u"verify"_qs, m_publicKey, package, signature}).exitCode,
+                     package == other);
+    }
+
+    void refuses()
+    {
+        const auto sign = [this](const QString& key, const QString& package, const QString& version,
+                                 const QString& url) {
+            return QStringList{u"sign"_qs, key,         package, u"--version"_qs,
+                               version,    u"--url"_qs, url};
+        };
+        const QString url = u"https://a.b/c"_qs;
+        const QString open = write(u"open"_qs, QByteArray(43, 'A') + "=\n");
+        QFile(open).setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup);
+        const QString malformed = write(u"malformed"_qs, QByteArray(42, 'A') + "==\n");
+        QFile(malformed).setPermissions(QFile::ReadOwner);
+
+        QCOMPARE(signUpdate({}).exitCode, 2);
+        const QList<QStringList> refused{{u"make-key"_qs, m_package}, // exists
+                                         sign(open, m_package, u"2"_qs, url),
+                                         sign(malformed, m_package, u"2"_qs, url),
+                                         sign(m_key, m_package, u"two"_qs, url),
+                                         sign(m_key, m_package, u"2"_qs, u"http://a.b/c"_qs),
+                                         sign(m_key, m_package, u"2"_qs, url) +
+                                             QStringList{u"--notes"_qs, path(u"none"_qs)}};
+        for (const QStringList& arguments : refused) {
+            const Run run = signUpdate(arguments);
+            QCOMPARE(run.exitCode, 1);
+            QVERIFY(run.output.isEmpty() && !run.errors.isEmpty());
+        }
+    }
 
 private:
     QString path(const QString& name) const { return m_folder.filePath(name); }
@@ -51,92 +131,6 @@ private:
     QString m_package;
     QString m_publicKey;
 };
-
-void SignUpdateTest::initTestCase()
-{
-    m_key = path(u"key"_qs);
-    const Run made = signUpdate({u"make-key"_qs, m_key});
-    QCOMPARE(made.exitCode, 0);
-    m_publicKey = made.output.trimmed();
-    QVERIFY(publicKeyFromText(m_publicKey));
-    m_package = write(u"package.deb"_qs, QByteArray(100'000, 'x'));
-}
-
-void SignUpdateTest::keepsThePrivateKeyPrivate()
-{
-    QCOMPARE(QFile::permissions(m_key) & ~(QFile::ReadUser | QFile::WriteUser),
-             QFile::ReadOwner | QFile::WriteOwner);
-    const QByteArray key = test::readFile(m_key);
-    QCOMPARE(key.size(), 45);
-
-    const QList<QStringList> commands{
-        {u"make-key"_qs, m_key},
-        {u"public-key"_qs, m_key},
-        {u"sign"_qs, m_key, m_package, u"--version"_qs, u"2"_qs, u"--url"_qs, u"https://a.b/c"_qs}};
-    for (const QStringList& command : commands) {
-        const Run run = signUpdate(command);
-        QVERIFY(!(run.output + run.errors).contains(QString::fromLatin1(key.trimmed())));
-    }
-    QCOMPARE(test::readFile(m_key), key);
-    QCOMPARE(signUpdate({u"public-key"_qs, m_key}).output.trimmed(), m_publicKey);
-}
-
-void SignUpdateTest::signsWhatTheUpdaterAccepts()
-{
-    const QString notes = write(u"notes"_qs, "New: <b> & \"quotes\"\n• more\n");
-    const Run run =
-        signUpdate({u"sign"_qs, m_key, m_package, u"--version"_qs, u"2.0.1"_qs, u"--url"_qs,
-                    u"https://updates.example/p?a=1&b=2"_qs, u"--short-version"_qs, u"2"_qs,
-                    u"--minimum-system"_qs, u"2.36"_qs, u"--notes"_qs, notes});
-    QCOMPARE(run.exitCode, 0);
-    const auto items = parseUpdateFeed("<rss xmlns:trovell='urn:x-trovell:update-feed'><channel>" +
-                                       run.output.toUtf8() + "</channel></rss>");
-    QVERIFY(items.has_value());
-    QCOMPARE(items->size(), 1);
-    const QString signature = items->first().signature;
-    const UpdateItem expected{.version = *ReleaseVersion::parse(u"2.0.1"_qs),
-                              .shortVersion = u"2"_qs,
-                              .notes = u"New: <b> & \"quotes\"\n• more"_qs,
-                              .address = QUrl(u"https://updates.example/p?a=1&b=2"_qs),
-                              .lengthBytes = 100'000,
-                              .signature = signature,
-                              .minimumSystemVersion = ReleaseVersion::parse(u"2.36"_qs)};
-    QCOMPARE(items->first(), expected);
-    QVERIFY(
-        verifyPackage(m_package, *signatureFromText(signature), *publicKeyFromText(m_publicKey)));
-
-    const QString other = write(u"other.deb"_qs, QByteArray(100'000, 'y'));
-    for (const QString& package : {m_package, other})
-        QCOMPARE(signUpdate({u"verify"_qs, m_publicKey, package, signature}).exitCode,
-                 package == other);
-}
-
-void SignUpdateTest::refuses()
-{
-    const auto sign = [this](const QString& key, const QString& package, const QString& version,
-                             const QString& url) {
-        return QStringList{u"sign"_qs, key, package, u"--version"_qs, version, u"--url"_qs, url};
-    };
-    const QString url = u"https://a.b/c"_qs;
-    const QString open = write(u"open"_qs, QByteArray(43, 'A') + "=\n");
-    QFile(open).setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup);
-    const QString malformed = write(u"malformed"_qs, QByteArray(42, 'A') + "==\n");
-    QFile(malformed).setPermissions(QFile::ReadOwner);
-
-    QCOMPARE(signUpdate({}).exitCode, 2);
-    const QList<QStringList> refused{{u"make-key"_qs, m_package}, // exists
-                                     sign(open, m_package, u"2"_qs, url),
-                                     sign(malformed, m_package, u"2"_qs, url),
-                                     sign(m_key, m_package, u"two"_qs, url),
-                                     sign(m_key, m_package, u"2"_qs, u"http://a.b/c"_qs),
-                                     sign(m_key, m_package, u"2"_qs, url) +
-                                         QStringList{u"--notes"_qs, path(u"none"_qs)}};
-    for (const QStringList& arguments : refused) {
-        const Run run = signUpdate(arguments);
-        QCOMPARE(run.exitCode, 1);
-        QVERIFY(run.output.isEmpty() && !run.errors.isEmpty());
-    }
-}
 
 QTEST_GUILESS_MAIN(SignUpdateTest)
 #include "SignUpdateTest.moc"

@@ -1,9 +1,10 @@
+// An item with all that it may hold: see SignUpdateTest.
 #include "services/update/UpdateFeedParser.h"
 
 #include "services/update/UpdateChoice.h"
 #include "support/UpdatePublisher.h"
 
-#include <QTest>
+#include <QtTest>
 
 using namespace trovell;
 using namespace trovell::test;
@@ -37,13 +38,6 @@ QList<PublishedItem> manyItems(int count)
     return items;
 }
 
-PublishedItem itemWith(QString PublishedItem::*field, const QString& value)
-{
-    PublishedItem item;
-    item.*field = value;
-    return item;
-}
-
 ReleaseVersion version(const QString& text)
 {
     return *ReleaseVersion::parse(text);
@@ -61,140 +55,118 @@ class UpdateFeedParserTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void readsItems();
-    void readsItemsInPieces();
-    void acceptsWhatIsWithinTheLimits();
-    void refusesItems();
-    void refusesWhatIsNoFeed();
-    void refusesWhatIsTooMuch();
-    void choosesTheNewestThatRuns();
-};
-
-void UpdateFeedParserTest::readsItems()
-{
-    const PublishedItem full{.version = u" 2.1.0 "_qs,
-                             .address = u"https://updates.example/a?b=1&c=2"_qs,
-                             .length = u"5000000000"_qs,
-                             .signature = u"c2ln"_qs,
-                             .shortVersion = u"2.1 “Ünïcode”"_qs,
-                             .notes = u"First line\n  • second & last"_qs,
-                             .minimumSystemVersion = u"2.36"_qs};
-    const auto items = parseUpdateFeed(feedOf({full, itemWith(&PublishedItem::signature, {})}));
-    QVERIFY(items.has_value());
-    QCOMPARE(items->size(), 2);
-    const UpdateItem expected{.version = version(u"2.1"_qs),
-                              .shortVersion = full.shortVersion,
-                              .notes = full.notes,
-                              .address = QUrl(full.address),
-                              .lengthBytes = 5'000'000'000,
-                              .signature = full.signature,
-                              .minimumSystemVersion = version(u"2.36"_qs)};
-    QCOMPARE(items->at(0), expected);
-    QCOMPARE(items->at(1).shortVersion, u"2.0"_qs);
-    QVERIFY(items->at(1).signature.isEmpty());
-    QVERIFY(!items->at(1).minimumSystemVersion);
-}
-
-/// The feed reaches the XML parser in pieces that cut tags, texts and characters anywhere.
-void UpdateFeedParserTest::readsItemsInPieces()
-{
-    for (int shift = 0; shift < 200; shift += 3) {
-        PublishedItem item;
-        item.notes = QString(4'000 + shift, u'€') + u'x';
-        const auto items = parseUpdateFeed(feedOf({item, {.version = u"3"_qs}}));
-        QVERIFY(items.has_value());
-        QCOMPARE(items->at(0).notes, item.notes);
-        QCOMPARE(items->size(), 2);
+    /// The feed reaches the XML parser in pieces that cut tags, texts and characters anywhere.
+    void readsItemsInPieces()
+    {
+        for (int shift = 0; shift < 200; shift += 3) {
+            PublishedItem item{
+                .version = u" 2.1.0 "_qs, .length = u"5000000000"_qs, .signature = {}};
+            item.notes = QString(4'000 + shift, u'€') + u"\n  • x"_qs;
+            const auto items = parseUpdateFeed(feedOf({item, {.version = u"3"_qs}}));
+            QVERIFY(items.has_value());
+            QCOMPARE(items->size(), 2);
+            const UpdateItem expected{.version = version(u"2.1"_qs),
+                                      .shortVersion = u"2.1.0"_qs,
+                                      .notes = item.notes,
+                                      .address = QUrl(item.address),
+                                      .lengthBytes = 5'000'000'000,
+                                      .signature = {},
+                                      .minimumSystemVersion = {}};
+            QCOMPARE(items->at(0), expected);
+        }
     }
-}
 
-void UpdateFeedParserTest::acceptsWhatIsWithinTheLimits()
-{
-    const auto count = [](const QByteArray& feed) {
-        const auto items = parseUpdateFeed(feed);
-        return items ? items->size() : -1;
-    };
-    QCOMPARE(count("\xEF\xBB\xBF" + feedOf({PublishedItem()})), 1);
-    QCOMPARE(count(inChannel("<y:item xmlns:y='other'><y:version>1</y:version></y:item>")), 0);
-    QCOMPARE(count(feedOf(manyItems(feedlimits::items))), feedlimits::items);
-    QCOMPARE(count(inChannel(nested("x", feedlimits::depth - 2))), 0);
-    QCOMPARE(count(inChannel(manyAttributes(feedlimits::attributesOfAnElement))), 0);
-}
+    void acceptsWhatIsWithinTheLimits()
+    {
+        const auto count = [](const QByteArray& feed) {
+            const auto items = parseUpdateFeed(feed);
+            return items ? items->size() : -1;
+        };
+        QCOMPARE(count("\xEF\xBB\xBF" + feedOf({PublishedItem()})), 1);
+        QCOMPARE(count(inChannel("<y:item xmlns:y='other'><y:version>1</y:version></y:item>")), 0);
+        QCOMPARE(count(feedOf(manyItems(feedlimits::items))), feedlimits::items);
+        QCOMPARE(count(inChannel(nested("x", feedlimits::depth - 2))), 0);
+        QCOMPARE(count(inChannel(manyAttributes(feedlimits::attributesOfAnElement))), 0);
+    }
 
-void UpdateFeedParserTest::refusesItems()
-{
-    const auto refused = [](QString PublishedItem::*field, const QString& value) {
-        return isRefused(feedOf({{.version = u"1"_qs}, itemWith(field, value)}),
-                         UpdateError::feedMalformed);
-    };
-    QVERIFY(refused(&PublishedItem::version, {}));
-    QVERIFY(refused(&PublishedItem::version, u"latest"_qs));
-    for (const QString& length : {u""_qs, u"0"_qs, u"-1"_qs, u"1e3"_qs, u"9223372036854775808"_qs})
-        QVERIFY2(refused(&PublishedItem::length, length), qPrintable(length));
-    QVERIFY(refused(&PublishedItem::shortVersion, QString(101, u'x')));
-    for (const QString& extra :
-         {u"<trovell:version>3</trovell:version>"_qs, u"<description>a <b>b</b></description>"_qs,
-          u"<description>&nbsp;</description>"_qs})
-        QVERIFY2(refused(&PublishedItem::extra, extra), qPrintable(extra));
-    QVERIFY(isRefused(feedOf({{}, {.version = u"2.0.0"_qs}}), UpdateError::feedRepeatsVersion));
-}
+    void refusesItems()
+    {
+        const auto refused = [](const PublishedItem& item) {
+            return isRefused(feedOf({{.version = u"1"_qs}, item}), UpdateError::feedMalformed);
+        };
+        QVERIFY(refused({.version = {}}));
+        QVERIFY(refused({.version = u"latest"_qs}));
+        for (const QString& length :
+             {u""_qs, u"0"_qs, u"-1"_qs, u"1e3"_qs, u"9223372036854775808"_qs})
+            QVERIFY2(refused({.length = length}), qPrintable(length));
+        QVERIFY(refused({.shortVersion = QString(101, u'x')}));
+        for (const QString& extra :
+             {u"<trovell:version>3</trovell:version>"_qs,
+              u"<description>a <b>b</b></description>"_qs, u"<description>&nbsp;</description>"_qs})
+            QVERIFY2(refused({.extra = extra}), qPrintable(extra));
+        QVERIFY(isRefused(feedOf({{}, {.version = u"2.0.0"_qs}}), UpdateError::feedRepeatsVersion));
+    }
 
-void UpdateFeedParserTest::refusesWhatIsNoFeed()
-{
-    const QByteArray one = feedOf({PublishedItem()});
-    for (const QByteArray& feed : {QByteArray(), QByteArray("<html><channel/></html>"),
-                                   one + QByteArray(10'000, ' ') + "text", inChannel("&#0;")})
-        QVERIFY2(isRefused(feed, UpdateError::feedMalformed), feed.left(100).constData());
-    for (const char* feed :
-         {"<!DOCTYPE rss [<!ENTITY x SYSTEM 'file:///etc/passwd'>]><rss>&x;</rss>",
-          "<!DOCTYPE rss [<!ENTITY a 'aaaaaaaaaa'><!ENTITY b '&a;&a;&a;'>]><rss>&b;</rss>"})
-        QVERIFY2(isRefused(feed, UpdateError::feedDeclaresEntities), feed);
-    for (const QByteArray& feed :
-         {QByteArray(one).replace("Trovell<", "\xFC<"), inChannel("\xC0\xAF")})
-        QVERIFY(isRefused(feed, UpdateError::feedNotUtf8));
-}
+    void refusesWhatIsNoFeed()
+    {
+        const QByteArray one = feedOf({PublishedItem()});
+        for (const QByteArray& feed : {QByteArray(), QByteArray("<html><channel/></html>"),
+                                       one + QByteArray(10'000, ' ') + "text", inChannel("&#0;")})
+            QVERIFY2(isRefused(feed, UpdateError::feedMalformed), feed.left(100).constData());
+        for (const char* feed :
+             {"<!DOCTYPE rss [<!ENTITY x SYSTEM 'file:///etc/passwd'>]><rss>&x;</rss>",
+              "<!DOCTYPE rss [<!ENTITY a 'aaaaaaaaaa'><!ENTITY b '&a;&a;&a;'>]><rss>&b;</rss>"})
+            QVERIFY2(isRefused(feed, UpdateError::feedDeclaresEntities), feed);
+        for (const QByteArray& feed :
+             {QByteArray(one).replace("Trovell<", "\xFC<"), inChannel("\xC0\xAF")})
+            QVERIFY(isRefused(feed, UpdateError::feedNotUtf8));
+    }
 
-void UpdateFeedParserTest::refusesWhatIsTooMuch()
-{
-    const QString longNotes =
-        u"<description>"_qs + u"<![CDATA[xxxxxxxxxx]]> "_qs.repeated(9'000) + u"</description>"_qs;
-    // The tag of a megabyte would take half a minute if the XML parser were given all of it at
-    // once.
-    for (const QByteArray& feed :
-         {inChannel(nested("x", feedlimits::depth - 1)), QByteArray("<rss>").repeated(100'000),
-          inChannel(manyAttributes(feedlimits::attributesOfAnElement + 1)),
-          inChannel(manyAttributes(90'000)),
-          inChannel(QByteArray("<x/>").repeated(feedlimits::elements)),
-          feedOf(manyItems(feedlimits::items + 1)), "<!--" + QByteArray(100'000, ' ') + "--><rss/>",
-          feedOf({itemWith(&PublishedItem::extra, longNotes)})})
-        QVERIFY2(isRefused(feed, UpdateError::feedTooComplex), feed.left(100).constData());
-    QVERIFY(isRefused(inChannel(QByteArray(feedlimits::bytes, ' ')), UpdateError::feedTooLarge));
-}
+    void refusesWhatIsTooMuch()
+    {
+        const QString longNotes = u"<description>"_qs +
+                                  u"<![CDATA[xxxxxxxxxx]]> "_qs.repeated(9'000) +
+                                  u"</description>"_qs;
+        // The tag of a megabyte would take half a minute if the XML parser were given all of it at
+        // once.
+        for (const QByteArray& feed :
+             {inChannel(nested("x", feedlimits::depth - 1)), QByteArray("<rss>").repeated(100'000),
+              inChannel(manyAttributes(feedlimits::attributesOfAnElement + 1)),
+              inChannel(manyAttributes(90'000)),
+              inChannel(QByteArray("<x/>").repeated(feedlimits::elements)),
+              feedOf(manyItems(feedlimits::items + 1)),
+              "<!--" + QByteArray(100'000, ' ') + "--><rss/>", feedOf({{.extra = longNotes}})})
+            QVERIFY2(isRefused(feed, UpdateError::feedTooComplex), feed.left(100).constData());
+        QVERIFY(
+            isRefused(inChannel(QByteArray(feedlimits::bytes, ' ')), UpdateError::feedTooLarge));
+    }
 
-void UpdateFeedParserTest::choosesTheNewestThatRuns()
-{
-    // Offered are versions, or version@minimum system version.
-    const auto choice = [](const QStringList& offered) {
-        QList<PublishedItem> published;
-        for (const QString& text : offered)
-            published.append({.version = text.section(u'@', 0, 0),
-                              .minimumSystemVersion = text.section(u'@', 1, 1)});
-        const auto items = parseUpdateFeed(feedOf(published));
-        const UpdateChoice made = chooseUpdate(*items, version(u"1.5"_qs), version(u"2.36"_qs));
-        return made.item ? made.item->shortVersion : made.reason;
-    };
-    QCOMPARE(choice({u"1.9"_qs, u"1.10"_qs, u"1.10-rc"_qs, u"0.1"_qs}), u"1.10"_qs);
-    QCOMPARE(choice({u"3@2.37"_qs, u"2@2.36"_qs}), u"2"_qs);
-    const QString newest = u"You have the newest version of Trovell."_qs;
-    QCOMPARE(choice({}), newest);
-    QCOMPARE(choice({u"1.5.0"_qs}), newest);
-    QCOMPARE(
-        choice({u"1.4"_qs, u"1.5-rc1"_qs}),
-        u"You have a newer version of Trovell than the newest one offered, which is 1.5-rc1."_qs);
-    QCOMPARE(choice({u"2@2.37"_qs, u"1.4"_qs}),
-             u"Trovell 2 needs a newer system than this one. You have the newest version that runs "
-             u"here."_qs);
-}
+    void choosesTheNewestThatRuns()
+    {
+        // Offered are versions, or version@minimum system version.
+        const auto choice = [](const QStringList& offered) {
+            QList<PublishedItem> published;
+            for (const QString& text : offered)
+                published.append({.version = text.section(u'@', 0, 0),
+                                  .minimumSystemVersion = text.section(u'@', 1, 1)});
+            const auto items = parseUpdateFeed(feedOf(published));
+            const UpdateChoice made = chooseUpdate(*items, version(u"1.5"_qs), version(u"2.36"_qs));
+            return made.item ? made.item->shortVersion : made.reason;
+        };
+        QCOMPARE(choice({u"1.9"_qs, u"1.10"_qs, u"1.10-rc"_qs, u"0.1"_qs}), u"1.10"_qs);
+        QCOMPARE(choice({u"3@2.37"_qs, u"2@2.36"_qs}), u"2"_qs);
+        const QString newest = u"You have the newest version of Trovell."_qs;
+        QCOMPARE(choice({}), newest);
+        QCOMPARE(choice({u"1.5.0"_qs}), newest);
+        QCOMPARE(
+            choice({u"1.4"_qs, u"1.5-rc1"_qs}),
+            u"You have a newer version of Trovell than the newest one offered, which is 1.5-rc1."_qs);
+        QCOMPARE(
+            choice({u"2@2.37"_qs, u"1.4"_qs}),
+            u"Trovell 2 needs a newer system than this one. You have the newest version that runs "
+            u"here."_qs);
+    }
+};
 
 QTEST_GUILESS_MAIN(UpdateFeedParserTest)
 #include "UpdateFeedParserTest.moc"
