@@ -2,13 +2,9 @@
 
 #include "app/TerminationSignals.h"
 #include "model/WorkspaceStore.h"
+#include "support/TestFiles.h"
 #include "support/VirtualDesktop.h"
 
-#include <QDir>
-#include <QFile>
-#include <QProcess>
-#include <QRegularExpression>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <csignal>
@@ -48,21 +44,74 @@ QStringList saidBy(QProcess& program)
     return lines;
 }
 
-QString nameOfFirst(const QString& folder)
-{
-    const auto store = WorkspaceStore::open(folder);
-    return store ? (*store)->mainContext().workspaces().first()->name() : QString();
-}
-
 } // namespace
 
 class ProgramTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void savesWhenAskedToEnd();
-    void saysWhyItCannotStart();
-    void endsInAnOrderlyWay();
+    void savesWhenAskedToEnd()
+    {
+        const QTemporaryDir folder;
+        {
+            const auto store = WorkspaceStore::open(folder.path());
+            QVERIFY(store);
+            (*store)->mainContext().insert(std::make_unique<TrovellWorkspace>(WorkspaceValues()));
+            QVERIFY((*store)->mainContext().save());
+        }
+        QProcess child;
+        child.start(QCoreApplication::applicationFilePath(), {childArgument, folder.path()});
+        QVERIFY(child.waitForReadyRead());
+        kill(pid_t(child.processId()), SIGTERM);
+        QVERIFY(child.waitForFinished());
+        QCOMPARE(child.exitStatus(), QProcess::NormalExit);
+        const auto store = WorkspaceStore::open(folder.path());
+        QVERIFY(store);
+        QCOMPARE((*store)->mainContext().workspaces().first()->name(), u"Changed"_qs);
+    }
+
+    void saysWhyItCannotStart()
+    {
+        const QTemporaryDir home;
+        const QDir folder(home.filePath(u"data/trovell"_qs));
+        QVERIFY(folder.mkpath(u"."_qs) && WorkspaceStore::open(folder.path()));
+        // Whatever the store's file is named.
+        const QStringList files = folder.entryList(QDir::Files);
+        for (const QString& name : files)
+            test::writeFile(folder.filePath(name), "This is no store.");
+        QProcess program;
+        program.setReadChannel(QProcess::StandardError);
+        startProgram(program, home);
+        QVERIFY(program.waitForReadyRead());
+        const QString message = saidBy(program).join(u'\n');
+        QVERIFY2(message.startsWith(u"Trovell could not open its local workspace store: "_qs),
+                 qPrintable(message));
+        // The same stands in a window until somebody has read it.
+        QVERIFY(!program.waitForFinished(300));
+        program.terminate();
+        QVERIFY(program.waitForFinished());
+        QCOMPARE(program.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(program.exitCode(), EXIT_FAILURE);
+    }
+
+    void endsInAnOrderlyWay()
+    {
+        const QTemporaryDir home;
+        QProcess program;
+        startProgram(program, home);
+        QTRY_VERIFY(!QDir(home.filePath(u"data/trovell"_qs)).isEmpty());
+        QTest::qWait(300);
+        QCOMPARE(program.state(), QProcess::Running);
+        program.terminate();
+        QVERIFY(program.waitForFinished());
+        QCOMPARE(program.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(program.exitCode(), 0);
+        // Nothing was said, and nothing but the store was written: the guide does not count as
+        // seen.
+        QCOMPARE(saidBy(program), QStringList());
+        QCOMPARE(QDir(home.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+                 QStringList{u"data"_qs});
+    }
 
 private:
     /// The program itself, with its own folders.
@@ -81,73 +130,6 @@ private:
         QVERIFY(program.waitForStarted());
     }
 };
-
-void ProgramTest::savesWhenAskedToEnd()
-{
-    const QTemporaryDir folder;
-    {
-        const auto store = WorkspaceStore::open(folder.path());
-        QVERIFY(store);
-        (*store)->mainContext().insert(std::make_unique<TrovellWorkspace>(WorkspaceValues()));
-        QVERIFY((*store)->mainContext().save());
-    }
-    QProcess child;
-    child.start(QCoreApplication::applicationFilePath(), {childArgument, folder.path()});
-    QVERIFY(child.waitForReadyRead());
-    kill(pid_t(child.processId()), SIGTERM);
-    QVERIFY(child.waitForFinished());
-    QCOMPARE(child.exitStatus(), QProcess::NormalExit);
-    QCOMPARE(nameOfFirst(folder.path()), u"Changed"_qs);
-}
-
-void ProgramTest::saysWhyItCannotStart()
-{
-    const QTemporaryDir home;
-    const QByteArray content("This is no store.");
-    QDir().mkpath(home.filePath(u"data/trovell"_qs));
-    // Whatever the store's file is named: everything of its folder is in the way.
-    {
-        QVERIFY(WorkspaceStore::open(home.filePath(u"data/trovell"_qs)));
-        const QDir folder(home.filePath(u"data/trovell"_qs));
-        const QStringList files = folder.entryList(QDir::Files);
-        for (const QString& name : files) {
-            QFile file(folder.filePath(name));
-            QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-            file.write(content);
-        }
-    }
-    QProcess program;
-    program.setReadChannel(QProcess::StandardError);
-    startProgram(program, home);
-    QVERIFY(program.waitForReadyRead());
-    const QString message = saidBy(program).join(u'\n');
-    QVERIFY2(message.startsWith(u"Trovell could not open its local workspace store: "_qs),
-             qPrintable(message));
-    // The same stands in a window until somebody has read it.
-    QVERIFY(!program.waitForFinished(300));
-    program.terminate();
-    QVERIFY(program.waitForFinished());
-    QCOMPARE(program.exitStatus(), QProcess::NormalExit);
-    QCOMPARE(program.exitCode(), EXIT_FAILURE);
-}
-
-void ProgramTest::endsInAnOrderlyWay()
-{
-    const QTemporaryDir home;
-    QProcess program;
-    startProgram(program, home);
-    QTRY_VERIFY(!QDir(home.filePath(u"data/trovell"_qs)).isEmpty());
-    QTest::qWait(300);
-    QCOMPARE(program.state(), QProcess::Running);
-    program.terminate();
-    QVERIFY(program.waitForFinished());
-    QCOMPARE(program.exitStatus(), QProcess::NormalExit);
-    QCOMPARE(program.exitCode(), 0);
-    // Nothing was said, and nothing but the store was written: the guide does not count as seen.
-    QCOMPARE(saidBy(program), QStringList());
-    QCOMPARE(QDir(home.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
-             QStringList{u"data"_qs});
-}
 
 int main(int argc, char** argv)
 {

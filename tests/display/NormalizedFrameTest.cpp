@@ -1,6 +1,5 @@
 #include "display/NormalizedFrame.h"
 
-#include <QRandomGenerator>
 #include <QtTest>
 
 using namespace trovell;
@@ -26,84 +25,78 @@ class NormalizedFrameTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void aReferenceWithoutAreaIsHarmless();
-    void clampsIntoTheReference();
-    void assignsAWindowToTheDisplayItCoversMost();
-    void flipsAtTheMainDisplay();
-    void randomFramesKeepTheirInvariants();
+    void aReferenceWithoutAreaIsHarmless()
+    {
+        const QRectF frame(10, 20, 30, 40);
+        for (const QRectF& reference : {QRectF(5, 5, 0, 100), QRectF(5, 5, 100, 0)}) {
+            QCOMPARE(normalizeFrame(frame, reference), (NormalizedFrame{0, 0, 1, 1}));
+            QCOMPARE(clampedFrame(frame, reference, 240, 160), frame);
+        }
+    }
+
+    void clampsIntoTheReference()
+    {
+        const QRectF desktop(0, 25, 1440, 875);
+        const auto clamped = [](const QRectF& frame, const QRectF& reference) {
+            return clampedFrame(frame, reference, 240, 160);
+        };
+        QCOMPARE(clamped({1400, 880, 40, 20}, desktop), QRectF(1200, 740, 240, 160));
+        QCOMPARE(clamped({-200, 100, 3000, 600}, desktop), QRectF(0, 100, 1440, 600));
+        QCOMPARE(clamped({9e9, -9e9, 800, 600}, desktop), QRectF(640, 25, 800, 600));
+        QCOMPARE(clamped({0, 0, 500, 500}, {0, 0, 200, 100}), QRectF(0, 0, 200, 100));
+    }
+
+    void assignsAWindowToTheDisplayItCoversMost()
+    {
+        const auto left = display({0, 0, 1000, 1000});
+        const auto right = display({1000, 0, 1000, 1000});
+        QCOMPARE(displayContaining({900, 0, 300, 100}, {left, right}), std::optional(right));
+        QCOMPARE(displayContaining({900, 0, 200, 100}, {left, right}), std::optional(left));
+        QCOMPARE(displayContaining({900, 0, 200, 100}, {right, left}), std::optional(right));
+        QCOMPARE(displayContaining({5000, 5000, 200, 100}, {left, right}), std::optional(left));
+    }
+
+    void flipsAtTheMainDisplay()
+    {
+        const QRectF mainFrame(0, 0, 1512, 982);
+        QCOMPARE(screenFrameFromAccessibility({100, 30, 800, 600}, mainFrame),
+                 QRectF(100, 352, 800, 600));
+        const auto other = display({-100, -100, 100, 100});
+        QCOMPARE(mainDisplayFrame({other, display(mainFrame, true)}), mainFrame);
+        QCOMPARE(mainDisplayFrame({other}), other.frame);
+        QCOMPARE(screenFrameFromAccessibility({1, 2, 3, 4}, mainDisplayFrame({})),
+                 QRectF(1, -6, 3, 4));
+    }
+
+    void randomFramesKeepTheirInvariants()
+    {
+        const quint32 seed = QRandomGenerator::global()->generate();
+        qInfo("seed %u", seed);
+        QRandomGenerator random(seed);
+        for (int round = 0; round < 2000; ++round) {
+            // Whole pixels, as desktops report them.
+            const QRectF visible(random.bounded(-4000, 4000), random.bounded(-4000, 4000),
+                                 random.bounded(1, 5000), random.bounded(1, 5000));
+            const QRectF frame(random.bounded(-9000, 9000), random.bounded(-9000, 9000),
+                               random.bounded(81, 6000), random.bounded(61, 6000));
+            const QRectF again = denormalizeFrame(normalizeFrame(frame, visible), visible);
+            QCOMPARE(again.toRect(), frame.toRect());
+
+            const NormalizedFrame anywhere{randomLength(random, -3, 3), randomLength(random, -3, 3),
+                                           randomLength(random, 0, 3), randomLength(random, 0, 3)};
+            const QRectF placed =
+                clampedFrame(denormalizeFrame(anywhere, visible), visible, 240, 160);
+            const QRectF tolerant = visible.adjusted(-1e-9, -1e-9, 1e-9, 1e-9);
+            QVERIFY(tolerant.contains(placed));
+            QVERIFY(placed.width() >= std::min(240.0, visible.width()));
+            QVERIFY(placed.height() >= std::min(160.0, visible.height()));
+
+            QCOMPARE(
+                accessibilityFrameFromScreen(screenFrameFromAccessibility(frame, visible), visible),
+                frame);
+        }
+    }
 };
-
-void NormalizedFrameTest::aReferenceWithoutAreaIsHarmless()
-{
-    const QRectF frame(10, 20, 30, 40);
-    for (const QRectF& reference : {QRectF(5, 5, 0, 100), QRectF(5, 5, 100, 0)}) {
-        QCOMPARE(normalizeFrame(frame, reference), (NormalizedFrame{0, 0, 1, 1}));
-        QCOMPARE(clampedFrame(frame, reference, 240, 160), frame);
-    }
-}
-
-void NormalizedFrameTest::clampsIntoTheReference()
-{
-    const QRectF desktop(0, 25, 1440, 875);
-    const auto clamped = [](const QRectF& frame, const QRectF& reference) {
-        return clampedFrame(frame, reference, 240, 160);
-    };
-    QCOMPARE(clamped({100, 100, 800, 600}, desktop), QRectF(100, 100, 800, 600));
-    QCOMPARE(clamped({1400, 880, 40, 20}, desktop), QRectF(1200, 740, 240, 160));
-    QCOMPARE(clamped({-200, 100, 3000, 600}, desktop), QRectF(0, 100, 1440, 600));
-    QCOMPARE(clamped({9e9, -9e9, 800, 600}, desktop), QRectF(640, 25, 800, 600));
-    QCOMPARE(clamped({0, 0, 500, 500}, {0, 0, 200, 100}), QRectF(0, 0, 200, 100));
-}
-
-void NormalizedFrameTest::assignsAWindowToTheDisplayItCoversMost()
-{
-    const auto left = display({0, 0, 1000, 1000});
-    const auto right = display({1000, 0, 1000, 1000});
-    QVERIFY(!displayContaining({0, 0, 10, 10}, {}));
-    QCOMPARE(displayContaining({900, 0, 300, 100}, {left, right}), std::optional(right));
-    QCOMPARE(displayContaining({900, 0, 200, 100}, {left, right}), std::optional(left));
-    QCOMPARE(displayContaining({900, 0, 200, 100}, {right, left}), std::optional(right));
-    QCOMPARE(displayContaining({5000, 5000, 200, 100}, {left, right}), std::optional(left));
-}
-
-void NormalizedFrameTest::flipsAtTheMainDisplay()
-{
-    const QRectF mainFrame(0, 0, 1512, 982);
-    QCOMPARE(screenFrameFromAccessibility({100, 30, 800, 600}, mainFrame),
-             QRectF(100, 352, 800, 600));
-    const auto other = display({-100, -100, 100, 100});
-    QCOMPARE(mainDisplayFrame({other, display(mainFrame, true)}), mainFrame);
-    QCOMPARE(mainDisplayFrame({other}), other.frame);
-    QCOMPARE(screenFrameFromAccessibility({1, 2, 3, 4}, mainDisplayFrame({})), QRectF(1, -6, 3, 4));
-}
-
-void NormalizedFrameTest::randomFramesKeepTheirInvariants()
-{
-    const quint32 seed = QRandomGenerator::global()->generate();
-    qInfo("seed %u", seed);
-    QRandomGenerator random(seed);
-    for (int round = 0; round < 2000; ++round) {
-        // Whole pixels, as desktops report them.
-        const QRectF visible(random.bounded(-4000, 4000), random.bounded(-4000, 4000),
-                             random.bounded(1, 5000), random.bounded(1, 5000));
-        const QRectF frame(random.bounded(-9000, 9000), random.bounded(-9000, 9000),
-                           random.bounded(81, 6000), random.bounded(61, 6000));
-        const QRectF again = denormalizeFrame(normalizeFrame(frame, visible), visible);
-        QCOMPARE(again.toRect(), frame.toRect());
-
-        const NormalizedFrame anywhere{randomLength(random, -3, 3), randomLength(random, -3, 3),
-                                       randomLength(random, 0, 3), randomLength(random, 0, 3)};
-        const QRectF placed = clampedFrame(denormalizeFrame(anywhere, visible), visible, 240, 160);
-        const QRectF tolerant = visible.adjusted(-1e-9, -1e-9, 1e-9, 1e-9);
-        QVERIFY(tolerant.contains(placed));
-        QVERIFY(placed.width() >= std::min(240.0, visible.width()));
-        QVERIFY(placed.height() >= std::min(160.0, visible.height()));
-
-        QCOMPARE(
-            accessibilityFrameFromScreen(screenFrameFromAccessibility(frame, visible), visible),
-            frame);
-    }
-}
 
 QTEST_GUILESS_MAIN(NormalizedFrameTest)
 #include "NormalizedFrameTest.moc"

@@ -4,7 +4,7 @@
 #include "model/WorkspaceItem.h"
 #include "support/FakeResourceSystem.h"
 
-#include <QTest>
+#include <QtTest>
 
 #include <qcoro/qcorotask.h>
 
@@ -17,12 +17,12 @@ namespace {
 const QUrl oldURL(u"file:///old/report.odt"_qs);
 const QUrl newURL(u"file:///new/report.odt"_qs);
 
-WorkspaceItemValues itemOfType(const QString& type, const QUrl& url)
+WorkspaceItemValues itemOfType(const QString& type, const QString& url)
 {
     WorkspaceItemValues values;
     values.typeRawValue = type;
     values.displayName = u"Report"_qs;
-    values.urlString = url.toString(QUrl::FullyEncoded);
+    values.urlString = url;
     return values;
 }
 
@@ -48,123 +48,115 @@ class ResourceOpeningServiceTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void findsTheResource();
-    void opensByType_data();
-    void opensByType();
-    void survivesTheDeletionOfTheItem();
-};
+    void findsTheResource()
+    {
+        const QUrl gone(u"file:///gone"_qs);
+        const QUrl remote(u"sftp://host/x"_qs);
+        const QUrl unmarkable(u"file:///unmarkable"_qs);
+        const auto verify = [&](const QByteArray& bookmark, const QString& urlString,
+                                const QUrl& opened, const QByteArray& bookmarkAfterwards) {
+            Desktop desktop;
+            desktop.system.addBookmark("fresh", newURL);
+            desktop.system.addBookmark("stale", newURL, true);
+            desktop.system.addBookmark("stuck", unmarkable, true);
+            desktop.system.refuseToBookmark(unmarkable);
+            WorkspaceItemValues values = itemOfType(u"file"_qs, urlString);
+            if (!bookmark.isNull())
+                values.bookmarkData = bookmark;
+            WorkspaceItem item(values);
+            const LaunchResult result = desktop.open(item);
+            QCOMPARE(item.bookmarkData().value_or(QByteArray()), bookmarkAfterwards);
+            QCOMPARE(desktop.system.openedResources(),
+                     opened.isEmpty() ? QList<QUrl>() : QList{opened});
+            QCOMPARE(result.kind, opened.isEmpty() ? LaunchResultKind::skippedMissingResource
+                                                   : LaunchResultKind::opened);
+            QCOMPARE(result.detail.value_or(QString()),
+                     opened.isEmpty() ? missingText(urlString) : QString());
+        };
+        verify("fresh", gone.toString(), newURL, "fresh");
+        verify("stale", gone.toString(), newURL, "bookmark of file:///new/report.odt");
+        verify("stuck", oldURL.toString(), oldURL, "stuck");
+        verify("nonsense", gone.toString(), {}, "nonsense");
+        verify("", oldURL.toString(), oldURL, {});
+        verify({}, gone.toString(), {}, {});
+        verify({}, remote.toString(), remote, {});
+        verify({}, u"http://a b"_qs, {}, {});
+    }
 
-void ResourceOpeningServiceTest::findsTheResource()
-{
-    const QUrl gone(u"file:///gone"_qs);
-    const QUrl remote(u"sftp://host/x"_qs);
-    const QUrl unmarkable(u"file:///unmarkable"_qs);
-    const auto verify = [&](const QByteArray& bookmark, const QString& urlString,
-                            const QUrl& opened, const QByteArray& bookmarkAfterwards) {
+    void opensByType_data()
+    {
+        using enum LaunchResultKind;
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<QString>("url"); // nothing is at /gone, and some refuse to open
+        QTest::addColumn<QString>("bundleIdentifier");
+        QTest::addColumn<LaunchResultKind>("kind");
+        QTest::addColumn<QString>("detail");
+
+        const QString running = u"org.example.Editor"_qs;
+        const QString refusal = u"macOS could not open Report."_qs;
+        const auto row = [](const char* type, const char* url, const QString& identifier,
+                            LaunchResultKind kind, const QString& detail = {}) {
+            QTest::addRow("%s %s %s", type, url, qPrintable(identifier))
+                << QString::fromLatin1(type) << QString::fromLatin1(url) << identifier << kind
+                << detail;
+        };
+        row("application", "file:///apps/x", u"org.example.Player"_qs, launched);
+        row("application", "file:///apps/x", running, alreadyRunning);
+        row("application", "file:///refused", {}, failed, refusal);
+        row("folder", "file:///gone/x%20y", {}, skippedMissingResource,
+            missingText(u"file:///gone/x%20y"_qs));
+        row("file", "file:///refused", {}, failed, refusal);
+        row("Application", "file:///x", running, opened);
+        row("webLink", "https://wiki.local", {}, opened);
+        row("webLink", "https://wiki.refused", {}, failed, refusal);
+        row("webLink", "ftp://wiki.local", {}, failed,
+            description(URLValidationError::unsupportedScheme));
+        row("webLink", "", {}, failed, description(URLValidationError::empty));
+    }
+
+    void opensByType()
+    {
+        QFETCH(QString, type);
+        QFETCH(QString, url);
+        QFETCH(QString, bundleIdentifier);
+        QFETCH(LaunchResultKind, kind);
         Desktop desktop;
-        desktop.system.addBookmark("fresh", newURL);
-        desktop.system.addBookmark("stale", newURL, true);
-        desktop.system.addBookmark("stuck", unmarkable, true);
-        desktop.system.refuseToBookmark(unmarkable);
-        WorkspaceItemValues values = itemOfType(u"file"_qs, {});
-        values.urlString = urlString;
-        if (!bookmark.isNull())
-            values.bookmarkData = bookmark;
+        if (!url.contains(u"/gone"))
+            desktop.existing = QUrl(url);
+        if (url.contains(u"refused"))
+            desktop.system.refuseToOpen(QUrl(url));
+        WorkspaceItemValues values = itemOfType(type, url);
+        if (!bundleIdentifier.isEmpty())
+            values.bundleIdentifier = bundleIdentifier;
         WorkspaceItem item(values);
+
         const LaunchResult result = desktop.open(item);
-        QCOMPARE(item.bookmarkData().value_or(QByteArray()), bookmarkAfterwards);
-        QCOMPARE(desktop.system.openedResources(),
-                 opened.isEmpty() ? QList<QUrl>() : QList{opened});
-        QCOMPARE(result.kind, opened.isEmpty() ? LaunchResultKind::skippedMissingResource
-                                               : LaunchResultKind::opened);
-        QCOMPARE(result.detail.value_or(QString()),
-                 opened.isEmpty() ? missingText(urlString) : QString());
-    };
-    verify("fresh", gone.toString(), newURL, "fresh");
-    verify("stale", gone.toString(), newURL, "bookmark of file:///new/report.odt");
-    verify("stuck", oldURL.toString(), oldURL, "stuck");
-    verify("nonsense", gone.toString(), {}, "nonsense");
-    verify("", oldURL.toString(), oldURL, {});
-    verify({}, gone.toString(), {}, {});
-    verify({}, remote.toString(), remote, {});
-    verify({}, u"http://a b"_qs, {}, {});
-}
 
-void ResourceOpeningServiceTest::opensByType_data()
-{
-    using enum LaunchResultKind;
-    QTest::addColumn<QString>("type");
-    QTest::addColumn<QString>("url"); // nothing is at /gone, and some refuse to open
-    QTest::addColumn<QString>("bundleIdentifier");
-    QTest::addColumn<LaunchResultKind>("kind");
-    QTest::addColumn<QString>("detail");
+        QCOMPARE(result.kind, kind);
+        QCOMPARE(result.name, u"Report"_qs);
+        QTEST(result.detail.value_or(QString()), "detail");
+        QVERIFY(!result.id.isNull() && result.id != item.id());
+        const bool isLaunched = kind == LaunchResultKind::launched;
+        const bool isOpened = isLaunched || kind == LaunchResultKind::opened;
+        QCOMPARE(desktop.system.opened(), isOpened ? QList{QUrl(url)} : QList<QUrl>());
+        QCOMPARE(!desktop.system.openedApplications().isEmpty(), isLaunched);
+    }
 
-    const QString running = u"org.example.Editor"_qs;
-    const QString refusal = u"macOS could not open Report."_qs;
-    const auto row = [](const char* type, const char* url, const QString& identifier,
-                        LaunchResultKind kind, const QString& detail = {}) {
-        QTest::addRow("%s %s %s", type, url, qPrintable(identifier))
-            << QString::fromLatin1(type) << QString::fromLatin1(url) << identifier << kind
-            << detail;
-    };
-    row("application", "file:///apps/x", u"org.example.Player"_qs, launched);
-    row("application", "file:///apps/x", running, alreadyRunning);
-    row("application", "file:///refused", {}, failed, refusal);
-    row("folder", "file:///x", {}, opened);
-    row("folder", "file:///gone/x%20y", {}, skippedMissingResource,
-        missingText(u"file:///gone/x%20y"_qs));
-    row("file", "file:///x", running, opened);
-    row("file", "file:///refused", {}, failed, refusal);
-    row("Application", "file:///x", running, opened);
-    row("webLink", "https://wiki.local", {}, opened);
-    row("webLink", "https://wiki.refused", {}, failed, refusal);
-    row("webLink", "ftp://wiki.local", {}, failed,
-        description(URLValidationError::unsupportedScheme));
-    row("webLink", "", {}, failed, description(URLValidationError::empty));
-}
+    void survivesTheDeletionOfTheItem()
+    {
+        Desktop desktop;
+        desktop.system.addBookmark("stale", newURL, true);
+        WorkspaceItemValues values = itemOfType(u"file"_qs, oldURL.toString());
+        values.bookmarkData = "stale";
+        auto item = std::make_unique<WorkspaceItem>(values);
 
-void ResourceOpeningServiceTest::opensByType()
-{
-    QFETCH(QString, type);
-    QFETCH(QString, url);
-    QFETCH(QString, bundleIdentifier);
-    QFETCH(LaunchResultKind, kind);
-    Desktop desktop;
-    if (!url.contains(u"/gone"))
-        desktop.existing = QUrl(url);
-    if (url.contains(u"refused"))
-        desktop.system.refuseToOpen(QUrl(url));
-    WorkspaceItemValues values = itemOfType(type, QUrl(url));
-    if (!bundleIdentifier.isEmpty())
-        values.bundleIdentifier = bundleIdentifier;
-    WorkspaceItem item(values);
+        auto task = desktop.service.open(*item);
+        item.reset();
 
-    const LaunchResult result = desktop.open(item);
-
-    QCOMPARE(result.kind, kind);
-    QCOMPARE(result.name, u"Report"_qs);
-    QTEST(result.detail.value_or(QString()), "detail");
-    QVERIFY(!result.id.isNull() && result.id != item.id());
-    const bool isLaunched = kind == LaunchResultKind::launched;
-    const bool isOpened = isLaunched || kind == LaunchResultKind::opened;
-    QCOMPARE(desktop.system.opened(), isOpened ? QList{QUrl(url)} : QList<QUrl>());
-    QCOMPARE(!desktop.system.openedApplications().isEmpty(), isLaunched);
-}
-
-void ResourceOpeningServiceTest::survivesTheDeletionOfTheItem()
-{
-    Desktop desktop;
-    desktop.system.addBookmark("stale", newURL, true);
-    WorkspaceItemValues values = itemOfType(u"file"_qs, oldURL);
-    values.bookmarkData = "stale";
-    auto item = std::make_unique<WorkspaceItem>(values);
-
-    auto task = desktop.service.open(*item);
-    item.reset();
-
-    QCOMPARE(QCoro::waitFor(std::move(task)).kind, LaunchResultKind::opened);
-    QCOMPARE(desktop.system.openedResources(), QList{newURL});
-}
+        QCOMPARE(QCoro::waitFor(std::move(task)).kind, LaunchResultKind::opened);
+        QCOMPARE(desktop.system.openedResources(), QList{newURL});
+    }
+};
 
 QTEST_GUILESS_MAIN(ResourceOpeningServiceTest)
 #include "ResourceOpeningServiceTest.moc"

@@ -7,15 +7,12 @@
 #include "support/FakeResourceSystem.h"
 #include "support/FakeWindowSystem.h"
 
-#include <QSignalSpy>
 #include <QtTest>
 
 using namespace trovell;
 using namespace std::chrono_literals;
 
 namespace {
-
-constexpr double timeoutSeconds = 10;
 
 struct Desktop {
     FakeClock clock;
@@ -26,28 +23,34 @@ struct Desktop {
         [](const QUrl&) { return true; }};
     WindowRestoreService restorer{windows};
     WorkspaceLauncher launcher{opener, restorer, windows, clock};
-    TrovellWorkspace workspace{WorkspaceValues()};
+    std::unique_ptr<TrovellWorkspace> workspace =
+        std::make_unique<TrovellWorkspace>(WorkspaceValues());
 
-    WorkspaceItem& addItem(const QString& name, WorkspaceItemType type, bool isEnabled = true)
+    void addItem(const QString& name, WorkspaceItemType type, bool isEnabled = true)
     {
         WorkspaceItemValues values;
         values.typeRawValue = rawValue(type);
         values.displayName = name;
-        values.sortOrder = workspace.itemCount();
+        values.sortOrder = workspace->itemCount();
         values.urlString = u"file:///things/%1"_qs.arg(name);
         values.isEnabled = isEnabled;
         if (type == WorkspaceItemType::application)
             values.bundleIdentifier = name;
-        return workspace.appendItem(std::make_unique<WorkspaceItem>(values));
+        workspace->appendItem(std::make_unique<WorkspaceItem>(values));
     }
 
     void addPlacement(const QString& application, const std::optional<QString>& title,
                       qint64 index = 0, bool isEnabled = true)
     {
-        workspace.appendPlacement(std::make_unique<WindowPlacement>(
+        workspace->appendPlacement(std::make_unique<WindowPlacement>(
             application, application.toUpper(), title, u"AXWindow"_qs, std::nullopt, index,
             NormalizedFrame{0, 0, 0.5, 0.5}, QRectF(0, 0, 100, 100),
             windows.displays.first().fingerprint, isEnabled));
+    }
+
+    void start(bool isTrusted = true, double timeout = 10, const std::stop_token& stop = {})
+    {
+        launcher.start(workspace.get(), isTrusted, timeout, stop);
     }
 
     /// Lets the launch run until `count` applications sleep between two passes or it ends.
@@ -85,169 +88,188 @@ class WorkspaceLauncherTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void opensItemsThenRestoresWindows();
-    void waitsForLateWindowsUntilTheDeadline();
-    void reportsApplicationsInPlacementOrder();
-    void withoutTrustNoWindowIsTouched();
-    void aSecondStartIsIgnored();
-    void shortTimeoutsBecomeOneSecond();
-    void survivesADeletedWorkspace();
-    void stopsWaitingWhenAsked();
-};
+    void opensItemsThenRestoresWindows()
+    {
+        Desktop desktop;
+        desktop.windows.addWindow(u"editor"_qs, {.title = u"Notes"_qs});
+        desktop.windows.addWindow(u"player"_qs, {});
+        desktop.addItem(u"editor"_qs, WorkspaceItemType::application);
+        desktop.addItem(u"folder"_qs, WorkspaceItemType::folder);
+        desktop.addItem(u"off"_qs, WorkspaceItemType::file, false);
+        desktop.addItem(u"player"_qs, WorkspaceItemType::application);
+        desktop.addPlacement(u"editor"_qs, u"Notes"_qs);
+        desktop.addPlacement(u"editor"_qs, u"Other"_qs, 1, false);
+        QSignalSpy reports(&desktop.launcher, &WorkspaceLauncher::latestReportChanged);
+        QSignalSpy states(&desktop.launcher, &WorkspaceLauncher::isLaunchingChanged);
+        const QDateTime before = desktop.workspace->updatedAt();
 
-void WorkspaceLauncherTest::opensItemsThenRestoresWindows()
-{
-    Desktop desktop;
-    desktop.windows.addWindow(u"editor"_qs, {.title = u"Notes"_qs});
-    desktop.windows.addWindow(u"player"_qs, {});
-    desktop.addItem(u"editor"_qs, WorkspaceItemType::application);
-    desktop.addItem(u"folder"_qs, WorkspaceItemType::folder);
-    desktop.addItem(u"off"_qs, WorkspaceItemType::file, false);
-    desktop.addItem(u"player"_qs, WorkspaceItemType::application);
-    desktop.addPlacement(u"editor"_qs, u"Notes"_qs);
-    desktop.addPlacement(u"editor"_qs, u"Other"_qs, 1, false);
-    QSignalSpy reports(&desktop.launcher, &WorkspaceLauncher::latestReportChanged);
-    QSignalSpy states(&desktop.launcher, &WorkspaceLauncher::isLaunchingChanged);
-    const QDateTime before = desktop.workspace.updatedAt();
-
-    desktop.launcher.start(&desktop.workspace, true, timeoutSeconds);
-    QVERIFY(desktop.launcher.isLaunching());
-    desktop.runToEnd(0);
-    QCOMPARE(desktop.report(), (QStringList{u"editor: alreadyRunning"_qs, u"folder: opened"_qs,
-                                            u"player: alreadyRunning"_qs, u"Notes: restored"_qs}));
-    QCOMPARE(desktop.resources.opened(), QList<QUrl>{QUrl(u"file:///things/folder"_qs)});
-    // The first application of the workspace ends in front.
-    QCOMPARE(desktop.windows.activated, (QStringList{u"player"_qs, u"editor"_qs}));
-    QCOMPARE(desktop.launcher.latestWorkspaceID(), desktop.workspace.id());
-    QCOMPARE(desktop.workspace.lastLaunchedAt(), desktop.clock.now());
-    QVERIFY(desktop.workspace.updatedAt() != before);
-    QCOMPARE(reports.size(), 1);
-    QCOMPARE(states.size(), 2);
-}
-
-void WorkspaceLauncherTest::waitsForLateWindowsUntilTheDeadline()
-{
-    Desktop desktop;
-    desktop.addPlacement(u"editor"_qs, u"Late"_qs, 0);
-    desktop.addPlacement(u"editor"_qs, u"Never"_qs, 1);
-    desktop.addPlacement(u"absent"_qs, std::nullopt, 2);
-    desktop.launcher.start(&desktop.workspace, true, timeoutSeconds);
-    desktop.settle(2);
-    for (int quarter = 0; quarter < 8; ++quarter) {
-        desktop.clock.advance(250ms);
-        desktop.settle(2);
+        desktop.start();
+        QVERIFY(desktop.launcher.isLaunching());
+        desktop.runToEnd(0);
+        QCOMPARE(desktop.report(),
+                 (QStringList{u"editor: alreadyRunning"_qs, u"folder: opened"_qs,
+                              u"player: alreadyRunning"_qs, u"Notes: restored"_qs}));
+        QCOMPARE(desktop.resources.opened(), QList<QUrl>{QUrl(u"file:///things/folder"_qs)});
+        // The first application of the workspace ends in front.
+        QCOMPARE(desktop.windows.activated, (QStringList{u"player"_qs, u"editor"_qs}));
+        QCOMPARE(desktop.launcher.latestWorkspaceID(), desktop.workspace->id());
+        QCOMPARE(desktop.workspace->lastLaunchedAt(), desktop.clock.now());
+        QVERIFY(desktop.workspace->updatedAt() != before);
+        QCOMPARE(reports.size(), 1);
+        QCOMPARE(states.size(), 2);
     }
-    desktop.windows.addWindow(u"editor"_qs, {.title = u"Late"_qs});
-    const QDateTime start = desktop.clock.now().addMSecs(-2000);
-    desktop.runToEnd(2);
-    QCOMPARE(desktop.report(),
-             (QStringList{u"Late: restored"_qs,
-                          u"Never: timedOut A safe matching window was not found yet."_qs,
-                          u"ABSENT: timedOut The application is not running yet."_qs}));
-    QCOMPARE(start.msecsTo(desktop.clock.now()), 10'000);
-    // One pass at once and one per quarter second, the deadline included: 41 for each.
-    QCOMPARE(desktop.clock.sleepCount(), 80);
-}
 
-void WorkspaceLauncherTest::reportsApplicationsInPlacementOrder()
-{
-    Desktop desktop;
-    desktop.addPlacement(u"slow"_qs, u"First"_qs, 0);
-    desktop.addPlacement(u"quick"_qs, u"Q"_qs, 1);
-    desktop.addPlacement(u"slow"_qs, u"Second"_qs, 2);
-    desktop.windows.addWindow(u"quick"_qs, {.title = u"Q"_qs});
-    desktop.launcher.start(&desktop.workspace, true, timeoutSeconds);
-    desktop.settle(1);
-    desktop.windows.addWindow(u"slow"_qs, {.title = u"Second"_qs});
-    desktop.clock.advance(250ms);
-    desktop.settle(1);
-    desktop.windows.addWindow(u"slow"_qs, {.title = u"First"_qs});
-    desktop.runToEnd(1);
-    // In the order in which they were completed within an application.
-    QCOMPARE(desktop.report(),
-             (QStringList{u"Second: restored"_qs, u"First: restored"_qs, u"Q: restored"_qs}));
-}
+    void waitsForLateWindowsUntilTheDeadline()
+    {
+        Desktop desktop;
+        desktop.addPlacement(u"editor"_qs, u"Late"_qs, 0);
+        desktop.addPlacement(u"editor"_qs, u"Never"_qs, 1);
+        desktop.addPlacement(u"absent"_qs, std::nullopt, 2);
+        desktop.start();
+        desktop.settle(2);
+        for (int quarter = 0; quarter < 8; ++quarter) {
+            desktop.clock.advance(250ms);
+            desktop.settle(2);
+        }
+        desktop.windows.addWindow(u"editor"_qs, {.title = u"Late"_qs});
+        const QDateTime start = desktop.clock.now().addMSecs(-2000);
+        desktop.runToEnd(2);
+        QCOMPARE(desktop.report(),
+                 (QStringList{u"Late: restored"_qs,
+                              u"Never: timedOut A safe matching window was not found yet."_qs,
+                              u"ABSENT: timedOut The application is not running yet."_qs}));
+        QCOMPARE(start.msecsTo(desktop.clock.now()), 10'000);
+        // One pass at once and one per quarter second, the deadline included: 41 for each.
+        QCOMPARE(desktop.clock.sleepCount(), 80);
+    }
 
-void WorkspaceLauncherTest::withoutTrustNoWindowIsTouched()
-{
-    Desktop desktop;
-    desktop.windows.addWindow(u"editor"_qs, {.title = u"Notes"_qs});
-    desktop.addItem(u"editor"_qs, WorkspaceItemType::application);
-    desktop.addPlacement(u"editor"_qs, u"Notes"_qs);
-    desktop.addPlacement(u"editor"_qs, u"More"_qs, 1);
-    desktop.launcher.start(&desktop.workspace, false, timeoutSeconds);
-    desktop.runToEnd(0);
-    QCOMPARE(desktop.report(),
-             (QStringList{u"editor: alreadyRunning"_qs,
-                          u"Window layout: skippedNoPermission "
-                          "Grant Accessibility access to restore saved windows."_qs}));
-    QVERIFY(desktop.windows.activated.isEmpty());
-    QCOMPARE(desktop.windows.readCount(), 0);
-}
+    void reportsApplicationsInPlacementOrder()
+    {
+        Desktop desktop;
+        desktop.addPlacement(u"slow"_qs, u"First"_qs, 0);
+        desktop.addPlacement(u"quick"_qs, u"Q"_qs, 1);
+        desktop.addPlacement(u"slow"_qs, u"Second"_qs, 2);
+        desktop.windows.addWindow(u"quick"_qs, {.title = u"Q"_qs});
+        desktop.start();
+        desktop.settle(1);
+        desktop.windows.addWindow(u"slow"_qs, {.title = u"Second"_qs});
+        desktop.clock.advance(250ms);
+        desktop.settle(1);
+        desktop.windows.addWindow(u"slow"_qs, {.title = u"First"_qs});
+        desktop.runToEnd(1);
+        // In the order in which they were completed within an application.
+        QCOMPARE(desktop.report(),
+                 (QStringList{u"Second: restored"_qs, u"First: restored"_qs, u"Q: restored"_qs}));
+    }
 
-void WorkspaceLauncherTest::aSecondStartIsIgnored()
-{
-    Desktop desktop;
-    desktop.addItem(u"off"_qs, WorkspaceItemType::file, false);
-    desktop.launcher.start(&desktop.workspace, true, timeoutSeconds);
-    desktop.runToEnd(0);
-    QVERIFY(desktop.launcher.latestReport()->results.isEmpty());
-    QVERIFY(desktop.workspace.lastLaunchedAt());
+    void withoutTrustNoWindowIsTouched()
+    {
+        Desktop desktop;
+        desktop.windows.addWindow(u"editor"_qs, {.title = u"Notes"_qs});
+        desktop.addItem(u"editor"_qs, WorkspaceItemType::application);
+        desktop.addPlacement(u"editor"_qs, u"Notes"_qs);
+        desktop.addPlacement(u"editor"_qs, u"More"_qs, 1);
+        desktop.start(false);
+        desktop.runToEnd(0);
+        QCOMPARE(desktop.report(),
+                 (QStringList{u"editor: alreadyRunning"_qs,
+                              u"Window layout: skippedNoPermission "
+                              "Grant Accessibility access to restore saved windows."_qs}));
+        QVERIFY(desktop.windows.activated.isEmpty());
+        QCOMPARE(desktop.windows.readCount(), 0);
+    }
 
-    const auto report = desktop.launcher.latestReport();
-    desktop.addPlacement(u"absent"_qs, std::nullopt);
-    desktop.launcher.start(&desktop.workspace, true, timeoutSeconds);
-    desktop.settle(1);
-    TrovellWorkspace other{WorkspaceValues()};
-    desktop.launcher.start(&other, true, timeoutSeconds);
-    QCOMPARE(desktop.launcher.latestReport(), report);
-    QVERIFY(!other.lastLaunchedAt());
-    desktop.runToEnd(1);
-    QCOMPARE(desktop.launcher.latestWorkspaceID(), desktop.workspace.id());
-}
+    void aSecondStartIsIgnored()
+    {
+        Desktop desktop;
+        desktop.addItem(u"off"_qs, WorkspaceItemType::file, false);
+        desktop.start();
+        desktop.runToEnd(0);
+        QVERIFY(desktop.launcher.latestReport()->results.isEmpty());
+        QVERIFY(desktop.workspace->lastLaunchedAt());
 
-void WorkspaceLauncherTest::shortTimeoutsBecomeOneSecond()
-{
-    for (const double timeout : {-5.0, 0.5, double(qQNaN())}) {
+        const auto report = desktop.launcher.latestReport();
+        desktop.addPlacement(u"absent"_qs, std::nullopt);
+        desktop.start();
+        desktop.settle(1);
+        TrovellWorkspace other{WorkspaceValues()};
+        desktop.launcher.start(&other, true, 10);
+        QCOMPARE(desktop.launcher.latestReport(), report);
+        QVERIFY(!other.lastLaunchedAt());
+        desktop.runToEnd(1);
+        QCOMPARE(desktop.launcher.latestWorkspaceID(), desktop.workspace->id());
+    }
+
+    void shortTimeoutsBecomeOneSecond()
+    {
+        for (const double timeout : {-5.0, 0.5, double(qQNaN())}) {
+            Desktop desktop;
+            desktop.addPlacement(u"absent"_qs, std::nullopt);
+            const QDateTime start = desktop.clock.now();
+            desktop.start(true, timeout);
+            desktop.runToEnd(1);
+            QCOMPARE(start.msecsTo(desktop.clock.now()), 1000);
+        }
+    }
+
+    void survivesADeletedWorkspace()
+    {
+        Desktop desktop;
+        const QUuid id = desktop.workspace->id();
+        desktop.addPlacement(u"absent"_qs, std::nullopt);
+        desktop.start(true, qInf());
+        desktop.settle(1);
+        desktop.workspace.reset();
+        desktop.windows.addWindow(u"absent"_qs, {});
+        desktop.runToEnd(1);
+        QCOMPARE(desktop.report(), QStringList{u"ABSENT: restored"_qs});
+        QCOMPARE(desktop.launcher.latestWorkspaceID(), id);
+    }
+
+    void stopsWaitingWhenAsked()
+    {
         Desktop desktop;
         desktop.addPlacement(u"absent"_qs, std::nullopt);
-        const QDateTime start = desktop.clock.now();
-        desktop.launcher.start(&desktop.workspace, true, timeout);
-        desktop.runToEnd(1);
-        QCOMPARE(start.msecsTo(desktop.clock.now()), 1000);
+        std::stop_source stop;
+        desktop.start(true, 10, stop.get_token());
+        desktop.settle(1);
+        stop.request_stop();
+        desktop.clock.advance(250ms);
+        QTRY_VERIFY(!desktop.launcher.isLaunching());
+        QCOMPARE(desktop.report(),
+                 QStringList{u"ABSENT: timedOut The application is not running yet."_qs});
     }
-}
 
-void WorkspaceLauncherTest::survivesADeletedWorkspace()
-{
-    Desktop desktop;
-    auto workspace = std::make_unique<TrovellWorkspace>(WorkspaceValues());
-    const QUuid id = workspace->id();
-    workspace->appendPlacement(std::make_unique<WindowPlacement>(
-        u"absent"_qs, u"Absent"_qs, std::nullopt, std::nullopt, std::nullopt, 0, NormalizedFrame(),
-        QRectF(), DisplayFingerprint(), true));
-    desktop.launcher.start(workspace.get(), true, qInf());
-    desktop.settle(1);
-    workspace.reset();
-    desktop.windows.addWindow(u"absent"_qs, {});
-    desktop.runToEnd(1);
-    QCOMPARE(desktop.report(), QStringList{u"Absent: restored"_qs});
-    QCOMPARE(desktop.launcher.latestWorkspaceID(), id);
-}
-
-void WorkspaceLauncherTest::stopsWaitingWhenAsked()
-{
-    Desktop desktop;
-    desktop.addPlacement(u"absent"_qs, std::nullopt);
-    std::stop_source stop;
-    desktop.launcher.start(&desktop.workspace, true, timeoutSeconds, stop.get_token());
-    desktop.settle(1);
-    stop.request_stop();
-    desktop.clock.advance(250ms);
-    QTRY_VERIFY(!desktop.launcher.isLaunching());
-    QCOMPARE(desktop.report(),
-             QStringList{u"ABSENT: timedOut The application is not running yet."_qs});
-}
+    void summarisesItsReport()
+    {
+        using enum LaunchResultKind;
+        const auto verify = [](const QList<LaunchResultKind>& kinds, const QString& sentence,
+                               qint64 unresolved = 0, qint64 skipped = 0) {
+            WorkspaceLaunchReport report;
+            for (const LaunchResultKind kind : kinds)
+                report.results.append(makeLaunchResult(QStringLiteral("x"), kind));
+            const LaunchSummary summary = report.summary();
+            QCOMPARE(summary.formatted(summary.key), sentence);
+            QCOMPARE(report.unresolvedCount(), unresolved);
+            QCOMPARE(report.skippedCount(), skipped);
+        };
+        verify({}, u"Completed 0 actions successfully."_qs);
+        verify({launched, alreadyRunning, opened, restored, restored},
+               u"Completed 5 actions and restored 2 windows."_qs);
+        verify({opened, opened, skippedMissingResource},
+               u"Completed 2 actions. Review 1 skipped or failed items."_qs, 1, 1);
+        verify({launched, restored, timedOut},
+               u"Completed 2 actions. 1 windows restored. Review 1 skipped or failed items."_qs, 1,
+               1);
+        verify({skippedNoPermission}, u"Completed 0 actions. Review 1 skipped or failed items."_qs,
+               0, 1);
+        verify({failed, windowNotFound},
+               u"Completed 0 actions. Review 2 skipped or failed items."_qs, 2, 1);
+        // A translation with more places than numbers.
+        QCOMPARE((LaunchSummary{u"%lld"_qs, {12, -3}}.formatted(u"%lld%lld%lld"_qs)),
+                 u"12-3%lld"_qs);
+    }
+};
 
 QTEST_GUILESS_MAIN(WorkspaceLauncherTest)
 #include "WorkspaceLauncherTest.moc"

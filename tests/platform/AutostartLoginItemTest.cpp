@@ -1,16 +1,12 @@
 #include "platform/freedesktop/AutostartLoginItem.h"
 
 #include "support/PrivateSession.h"
+#include "support/TestFiles.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QProcess>
 #include <QtTest>
 
-#include <sys/stat.h>
-
 using namespace trovell;
+using enum LoginItemStatus;
 using trovell::test::PrivateSession;
 
 namespace {
@@ -44,184 +40,164 @@ class AutostartLoginItemTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void tellsTheStatus();
-    void ignoresWhatIsNoEntry();
-    void needsTheProgramToBeInstalled();
-    void switchesOnAndOff();
-    void writesAValidEntry();
-    void keepsWhatTheUserWrote();
-    void switchesASystemEntryOff();
-    void leavesFilesBehindLinksAlone();
-    void saysWhyItFailed();
+    void init()
+    {
+        m_session.reset();
+        m_session = std::make_unique<PrivateSession>();
+        m_session->write(installedFile, installed);
+        qputenv("XDG_CURRENT_DESKTOP", "ubuntu:GNOME");
+    }
+
+    void tellsTheStatus()
+    {
+        const auto status = [this](const QByteArray& user, const QByteArray& system = {}) {
+            init();
+            if (!user.isEmpty())
+                m_session->write(userFile, user);
+            if (!system.isEmpty())
+                m_session->write(systemFile, system);
+            return m_item.status();
+        };
+        QCOMPARE(status({}, plain + "Hidden=true\n"), requiresApproval);
+        QCOMPARE(status("[Desktop Entry]\nHidden=true\n", plain), requiresApproval);
+        QCOMPARE(status(plain, plain + "Hidden=true\n"), enabled);
+        QCOMPARE(status(QByteArray(plain).replace("\n", "\r\n")), enabled);
+        // Without Exec it is not started.
+        QCOMPARE(status("[Desktop Entry]\nType=Application\nName=T\n"), requiresApproval);
+        for (const char* key :
+             {"Hidden = 1 ", "X-MATE-Autostart-enabled=false", "OnlyShowIn=KDE;XFCE;",
+              "OnlyShowIn=", "NotShowIn=GNOME;", "TryExec=/nothing/there"})
+            QVERIFY2(status(plain + key + '\n') == requiresApproval, key);
+        for (const char* key : {"Hidden=maybe", "OnlyShowIn=KDE;GNOME", "NotShowIn=KDE;",
+                                "TryExec=sh", "[Desktop Action x]\nHidden=true"})
+            QVERIFY2(status(plain + key + '\n') == enabled, key);
+    }
+
+    void ignoresWhatIsNoEntry()
+    {
+        for (const QByteArray& user : {QByteArray(""), QByteArray("Exec=trovell\n"),
+                                       QByteArray("\x89PNG\r\n\0\0\0\rIHDR", 14)}) {
+            m_session->write(userFile, user);
+            QCOMPARE(m_item.status(), notRegistered);
+            QVERIFY(m_item.unregisterLoginItem());
+            QCOMPARE(content(userFile), user);
+            QVERIFY(m_item.registerLoginItem());
+            QCOMPARE(content(userFile), plain);
+        }
+    }
+
+    void needsTheProgramToBeInstalled()
+    {
+        // A user can remove what the system has installed.
+        m_session->addDesktopFile(id, "Hidden=true");
+        QCOMPARE(m_item.status(), notFound);
+        const auto result = m_item.registerLoginItem();
+        QCOMPARE(result.error(), u"app.trovell.Trovell.desktop: No such file or directory"_qs);
+        QVERIFY(!QFileInfo::exists(path(userFile)));
+        // What starts at login can still be switched off.
+        m_session->write(userFile, plain);
+        QCOMPARE(m_item.status(), enabled);
+        QCOMPARE(statusSwitchedOff(), requiresApproval);
+    }
+
+    void switchesOnAndOff()
+    {
+        // Switched off by nobody, by GNOME, by Xfce or KDE, for other desktops.
+        for (const char* keys : {"", "X-GNOME-Autostart-enabled=false\n", "Hidden=true\n",
+                                 "OnlyShowIn=KDE;\nNotShowIn=GNOME;\n"}) {
+            if (*keys != '\0')
+                m_session->write(userFile, plain + keys);
+            for (int round = 0; round < 2; ++round) {
+                QCOMPARE(statusSwitchedOn(), enabled);
+                QCOMPARE(content(userFile), plain);
+            }
+            for (int round = 0; round < 2; ++round) {
+                QCOMPARE(statusSwitchedOff(), notRegistered);
+                QVERIFY(QDir(path(u"config/autostart"_qs)).isEmpty());
+            }
+        }
+        QVERIFY(m_item.registerLoginItem());
+        QProcess validator;
+        validator.start(u"desktop-file-validate"_qs, {path(userFile)});
+        QVERIFY(validator.waitForFinished());
+        QCOMPARE(validator.readAll(), QByteArray());
+        QCOMPARE(validator.exitCode(), 0);
+        QVERIFY(!(QFile::permissions(path(userFile)) &
+                  (QFile::ExeOwner | QFile::WriteGroup | QFile::WriteOther)));
+    }
+
+    void keepsWhatTheUserWrote()
+    {
+        for (const QByteArray& entry :
+             {customized, QByteArray(plain).replace("Exec=", "Exec=nice "),
+              plain + "X-KDE-autostart-phase=2\n"}) {
+            m_session->write(userFile, entry);
+            QCOMPARE(statusSwitchedOff(), requiresApproval);
+            const QByteArray off = content(userFile);
+            QCOMPARE(withoutBlankLines(off).replace("Hidden=true\n", ""), withoutBlankLines(entry));
+            QVERIFY(m_item.unregisterLoginItem());
+            QCOMPARE(content(userFile), off);
+            QVERIFY(m_item.registerLoginItem());
+            QCOMPARE(withoutBlankLines(content(userFile)), withoutBlankLines(entry));
+        }
+    }
+
+    void switchesASystemEntryOff()
+    {
+        m_session->write(systemFile, plain);
+        QVERIFY(m_item.registerLoginItem());
+        QVERIFY(!QFileInfo::exists(path(userFile)));
+        // The second time, removing the user's entry would bring the system's back.
+        for (int round = 0; round < 2; ++round) {
+            QCOMPARE(statusSwitchedOff(), requiresApproval);
+            QCOMPARE(statusSwitchedOn(), enabled);
+        }
+        QCOMPARE(content(systemFile), plain);
+    }
+
+    void leavesFilesBehindLinksAlone()
+    {
+        QDir().mkpath(path(u"config/autostart"_qs));
+        QVERIFY(QFile::link(path(installedFile), path(userFile)));
+        QCOMPARE(m_item.status(), enabled);
+        QVERIFY(m_item.unregisterLoginItem());
+        QVERIFY(!QFileInfo(path(userFile)).isSymLink());
+        QCOMPARE(content(installedFile), installed);
+    }
+
+    void saysWhyItFailed()
+    {
+        const std::pair<QString, QString> obstacles[]{
+            {userFile + u"/folder"_qs, u"Is a directory"_qs},
+            {u"config/autostart"_qs, u"Not a directory"_qs}};
+        for (const auto& [obstacle, reason] : obstacles) {
+            init();
+            m_session->write(obstacle, "");
+            QCOMPARE(m_item.status(), notRegistered);
+            const auto registered = m_item.registerLoginItem();
+            QVERIFY(!registered && registered.error().endsWith(reason));
+            m_session->write(systemFile, plain);
+            const auto unregistered = m_item.unregisterLoginItem();
+            QVERIFY(!unregistered && unregistered.error().endsWith(reason));
+            QCOMPARE(m_item.status(), enabled);
+        }
+    }
 
 private:
     QString path(const QString& name) const { return m_session->path(name); }
-    QByteArray content(const QString& name) const
+    LoginItemStatus statusSwitchedOn()
     {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        return m_item.registerLoginItem() ? m_item.status() : notFound;
     }
+    LoginItemStatus statusSwitchedOff()
+    {
+        return m_item.unregisterLoginItem() ? m_item.status() : notFound;
+    }
+    QByteArray content(const QString& name) const { return test::readFile(path(name)); }
 
     std::unique_ptr<PrivateSession> m_session;
-    const AutostartLoginItem m_item{id};
-    AutostartLoginItem m_changes{id};
+    AutostartLoginItem m_item{id};
 };
-
-void AutostartLoginItemTest::init()
-{
-    m_session.reset();
-    m_session = std::make_unique<PrivateSession>();
-    m_session->write(installedFile, installed);
-    qputenv("XDG_CURRENT_DESKTOP", "ubuntu:GNOME");
-}
-
-void AutostartLoginItemTest::tellsTheStatus()
-{
-    using enum LoginItemStatus;
-    const auto status = [this](const QByteArray& user, const QByteArray& system = {}) {
-        init();
-        if (!user.isEmpty())
-            m_session->write(userFile, user);
-        if (!system.isEmpty())
-            m_session->write(systemFile, system);
-        return m_item.status();
-    };
-    QCOMPARE(status({}), notRegistered);
-    QCOMPARE(status({}, plain), enabled);
-    QCOMPARE(status({}, plain + "Hidden=true\n"), requiresApproval);
-    QCOMPARE(status("[Desktop Entry]\nHidden=true\n", plain), requiresApproval);
-    QCOMPARE(status(plain, plain + "Hidden=true\n"), enabled);
-    QCOMPARE(status(QByteArray(plain).replace("\n", "\r\n")), enabled);
-    // Without Exec it is not started.
-    QCOMPARE(status("[Desktop Entry]\nType=Application\nName=T\n"), requiresApproval);
-    for (const char* key :
-         {"Hidden = 1 ", "X-GNOME-Autostart-enabled=false", "X-MATE-Autostart-enabled=false",
-          "OnlyShowIn=KDE;XFCE;", "OnlyShowIn=", "NotShowIn=GNOME;", "TryExec=/nothing/there"})
-        QVERIFY2(status(plain + key + '\n') == requiresApproval, key);
-    for (const char* key : {"Hidden=maybe", "OnlyShowIn=KDE;GNOME", "NotShowIn=KDE;", "TryExec=sh",
-                            "[Desktop Action x]\nHidden=true"})
-        QVERIFY2(status(plain + key + '\n') == enabled, key);
-}
-
-void AutostartLoginItemTest::ignoresWhatIsNoEntry()
-{
-    for (const QByteArray& user : {QByteArray(""), QByteArray("Exec=trovell\n"),
-                                   QByteArray("\x89PNG\r\n\0\0\0\rIHDR", 14)}) {
-        m_session->write(userFile, user);
-        QCOMPARE(m_item.status(), LoginItemStatus::notRegistered);
-        QVERIFY(m_changes.unregisterLoginItem());
-        QCOMPARE(content(userFile), user);
-        QVERIFY(m_changes.registerLoginItem());
-        QCOMPARE(content(userFile), plain);
-    }
-}
-
-void AutostartLoginItemTest::needsTheProgramToBeInstalled()
-{
-    // A user can remove what the system has installed.
-    m_session->addDesktopFile(id, "Hidden=true");
-    QCOMPARE(m_item.status(), LoginItemStatus::notFound);
-    const auto result = m_changes.registerLoginItem();
-    QCOMPARE(result.error(), u"app.trovell.Trovell.desktop: No such file or directory"_qs);
-    QVERIFY(!QFileInfo::exists(path(userFile)));
-    // What starts at login can still be switched off.
-    m_session->write(userFile, plain);
-    QCOMPARE(m_item.status(), LoginItemStatus::enabled);
-    QVERIFY(m_changes.unregisterLoginItem());
-    QCOMPARE(m_item.status(), LoginItemStatus::requiresApproval);
-}
-
-void AutostartLoginItemTest::switchesOnAndOff()
-{
-    // Switched off by nobody, by GNOME, by Xfce or KDE, for other desktops.
-    for (const char* keys : {"", "X-GNOME-Autostart-enabled=false\n", "Hidden=true\n",
-                             "OnlyShowIn=KDE;\nNotShowIn=GNOME;\n"}) {
-        if (*keys != '\0')
-            m_session->write(userFile, plain + keys);
-        for (int round = 0; round < 2; ++round) {
-            QVERIFY(m_changes.registerLoginItem());
-            QCOMPARE(m_item.status(), LoginItemStatus::enabled);
-            QCOMPARE(content(userFile), plain);
-        }
-        for (int round = 0; round < 2; ++round) {
-            QVERIFY(m_changes.unregisterLoginItem());
-            QCOMPARE(m_item.status(), LoginItemStatus::notRegistered);
-            QVERIFY(QDir(path(u"config/autostart"_qs)).isEmpty());
-        }
-    }
-}
-
-void AutostartLoginItemTest::writesAValidEntry()
-{
-    QVERIFY(m_changes.registerLoginItem());
-    QProcess validator;
-    validator.start(u"desktop-file-validate"_qs, {path(userFile)});
-    QVERIFY(validator.waitForFinished());
-    QCOMPARE(validator.readAll(), QByteArray());
-    QCOMPARE(validator.exitCode(), 0);
-    struct stat status = {};
-    QCOMPARE(stat(QFile::encodeName(path(userFile)).constData(), &status), 0);
-    QCOMPARE(status.st_mode & 0133U, 0U);
-}
-
-void AutostartLoginItemTest::keepsWhatTheUserWrote()
-{
-    for (const QByteArray& entry : {customized, QByteArray(plain).replace("Exec=", "Exec=nice "),
-                                    plain + "X-KDE-autostart-phase=2\n"}) {
-        m_session->write(userFile, entry);
-        QVERIFY(m_changes.unregisterLoginItem());
-        QCOMPARE(m_item.status(), LoginItemStatus::requiresApproval);
-        const QByteArray off = content(userFile);
-        QCOMPARE(withoutBlankLines(off).replace("Hidden=true\n", ""), withoutBlankLines(entry));
-        QVERIFY(m_changes.unregisterLoginItem());
-        QCOMPARE(content(userFile), off);
-        QVERIFY(m_changes.registerLoginItem());
-        QCOMPARE(withoutBlankLines(content(userFile)), withoutBlankLines(entry));
-    }
-}
-
-void AutostartLoginItemTest::switchesASystemEntryOff()
-{
-    m_session->write(systemFile, plain);
-    QVERIFY(m_changes.registerLoginItem());
-    QVERIFY(!QFileInfo::exists(path(userFile)));
-    QVERIFY(m_changes.unregisterLoginItem());
-    QCOMPARE(m_item.status(), LoginItemStatus::requiresApproval);
-    QVERIFY(m_changes.registerLoginItem());
-    QCOMPARE(m_item.status(), LoginItemStatus::enabled);
-    // Removing the user's entry would bring the system's back.
-    QVERIFY(m_changes.unregisterLoginItem());
-    QCOMPARE(m_item.status(), LoginItemStatus::requiresApproval);
-    QCOMPARE(content(systemFile), plain);
-}
-
-void AutostartLoginItemTest::leavesFilesBehindLinksAlone()
-{
-    QDir().mkpath(path(u"config/autostart"_qs));
-    QVERIFY(QFile::link(path(installedFile), path(userFile)));
-    QCOMPARE(m_item.status(), LoginItemStatus::enabled);
-    QVERIFY(m_changes.unregisterLoginItem());
-    QVERIFY(!QFileInfo(path(userFile)).isSymLink());
-    QCOMPARE(content(installedFile), installed);
-}
-
-void AutostartLoginItemTest::saysWhyItFailed()
-{
-    const std::pair<QString, QString> obstacles[]{{userFile + u"/folder"_qs, u"Is a directory"_qs},
-                                                  {u"config/autostart"_qs, u"Not a directory"_qs}};
-    for (const auto& [obstacle, reason] : obstacles) {
-        init();
-        m_session->write(obstacle, "");
-        QCOMPARE(m_item.status(), LoginItemStatus::notRegistered);
-        const auto registered = m_changes.registerLoginItem();
-        QVERIFY(!registered && registered.error().endsWith(reason));
-        m_session->write(systemFile, plain);
-        const auto unregistered = m_changes.unregisterLoginItem();
-        QVERIFY(!unregistered && unregistered.error().endsWith(reason));
-        QCOMPARE(m_item.status(), LoginItemStatus::enabled);
-    }
-}
 
 QTEST_GUILESS_MAIN(AutostartLoginItemTest)
 #include "AutostartLoginItemTest.moc"

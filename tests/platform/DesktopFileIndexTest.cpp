@@ -2,12 +2,7 @@
 
 #include "support/PrivateSession.h"
 
-#include <QDir>
-#include <QFile>
-#include <QProcess>
-#include <QTest>
-
-#include <memory>
+#include <QtTest>
 
 #include <unistd.h>
 
@@ -45,162 +40,144 @@ class DesktopFileIndexTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { m_session = std::make_unique<PrivateSession>(); }
-    void identifiesByTheFirstRuleThatFits();
-    void readsPrograms();
-    void readsTheApplicationFolders();
-    void readsFactsOfProcesses();
-    void followsInstallations();
+    void identifiesByTheFirstRuleThatFits()
+    {
+        const DesktopFileTable table({
+            entry("Alpha"),
+            entry("Beta"),
+            entry("editor", "Editor-Bin"),
+            entry("org.kde.kcalc"),
+            entry("says-beta", "Beta"),
+            entry("term-any", "term"),
+            entry("term-exact", "Term"),
+            entry("tool-new-window", "", "/usr/bin/tool", 2),
+            entry("tool-plain", "", "/usr/bin/tool"),
+            entry("twice-shown", "Twice"),
+            concealed(entry("helper", "Helper", "/usr/bin/helper")),
+            concealed(entry("twice-concealed", "Twice")),
+        });
+        const auto verify = [&table](const char* name, const WindowIdentity& identity,
+                                     const char* identifier, const ProcessFacts& process = {}) {
+            const DesktopEntry* found = table.identify(identity, process);
+            QVERIFY2((found ? found->id : QString()) == QString::fromLatin1(identifier), name);
+        };
+        const ProcessFacts launched{"/apps/Alpha.desktop", "/usr/bin/tool"};
+        verify("GTK id", window("Editor-Bin", "", "org.kde.kcalc"), "org.kde.kcalc", launched);
+        verify("GTK id is exact", window("Editor-Bin", "", "org.kde.KCalc"), "editor");
+        verify("launched", window("Editor-Bin"), "Alpha", launched);
+        verify("launched file was replaced", window("Editor-Bin"), "Alpha",
+               {"/old/Alpha.desktop", {}});
+        verify("launched file is gone", window("Editor-Bin"), "editor", {"/apps/gone.desktop", {}});
+        verify("WM class", window("Editor-Bin"), "editor", {{}, "/usr/bin/tool"});
+        verify("WM class in another case", window("TERM"), "term-any");
+        verify("WM class of the instance", window("Other", "Editor-Bin"), "editor");
+        verify("class before instance", window("Term", "Editor-Bin"), "term-exact");
+        verify("exact instance before another case", window("TERM", "Editor-Bin"), "editor");
+        verify("WM class before id", window("Beta"), "says-beta");
+        verify("id", window("Alpha"), "Alpha");
+        verify("id of the instance", window("Other", "alpha"), "Alpha");
+        verify("end of the id", window("kcalc"), "org.kde.kcalc");
+        verify("end of the id is no instance", window("Other", "kcalc"), "");
+        verify("concealed WM class", window("Helper"), "helper");
+        verify("shown one first", window("Twice"), "twice-shown");
+        verify("program", window("Other"), "tool-plain", {{}, "/usr/bin/tool"});
+        verify("unknown program", window("Other"), "", {{}, "/usr/bin/other"});
+    }
+
+    void readsPrograms()
+    {
+        for (const char* name : {"real", "wine64-preloader", "lua5.3", "luakit", "two words"})
+            m_session.addRecorder(QString::fromLatin1(name));
+        QFile::link(u"real"_qs, m_session.path(u"bin/alias"_qs));
+        QFile::link(u"real"_qs, m_session.path(u"bin/python3"_qs));
+        const std::tuple<QByteArray, QString, int> cases[]{
+            {"BIN/real %U", u"bin/real"_qs, 0},
+            {"BIN/real --new-window %F", u"bin/real"_qs, 2},
+            {"BIN/alias", u"bin/real"_qs, 1},
+            {"\"BIN/two words\" %u", u"bin/two words"_qs, 0},
+            {"BIN/luakit", u"bin/luakit"_qs, 0},
+            {"BIN/python3 script.py", {}, 0},
+            {"BIN/wine64-preloader game.exe", {}, 0},
+            {"BIN/lua5.3 script.lua", {}, 0},
+            {"env A=b BIN/real", {}, 0},
+            {"sh -c BIN/real", {}, 0}};
+        for (const auto& [exec, program, rank] : cases) {
+            m_session.addDesktopFile(
+                u"program"_qs,
+                "Exec=" + QByteArray(exec).replace("BIN", m_session.path(u"bin"_qs).toUtf8()));
+            const auto read = [] {
+                const DesktopFileTable table(loadDesktopEntries());
+                const DesktopEntry* found = table.entry(u"program"_qs);
+                return found ? std::pair(found->program, found->programRank)
+                             : std::pair(QByteArray("?"), 0);
+            };
+            const QByteArray expected =
+                program.isEmpty() ? QByteArray() : m_session.path(program).toUtf8();
+            // GIO takes a moment to notice a change.
+            QTRY_COMPARE(read(), std::pair(expected, rank));
+        }
+    }
+
+    void followsTheApplicationFolders()
+    {
+        DesktopFileIndex index;
+        QVERIFY(!index.identify(window("Changed")));
+        const QByteArray application = "[Desktop Entry]\nType=Application\nExec=true\nName=";
+        m_session.write(u"share/applications/changed.desktop"_qs, application + "System\n");
+        m_session.write(u"data/applications/changed.desktop"_qs,
+                        application + "User\nStartupWMClass=Changed\n");
+        m_session.write(u"share/applications/deleted.desktop"_qs, application + "x\n");
+        m_session.write(u"data/applications/deleted.desktop"_qs, application + "x\nHidden=true\n");
+        m_session.write(u"share/applications/folder/part.desktop"_qs, application + "Part\n");
+        m_session.write(u"share/applications/a.concealed.desktop"_qs,
+                        application + "x\nNoDisplay=true\n");
+        m_session.write(u"share/applications/broken.desktop"_qs, "[Desktop Entry\nType=Appl");
+
+        // GIO notices the changes of each folder by itself.
+        QTRY_VERIFY(index.application(u"folder-part"_qs));
+        QTRY_VERIFY(index.identify(window("Changed")));
+        const auto changed = index.application(u"changed"_qs);
+        QCOMPARE(changed->name, u"User"_qs);
+        QCOMPARE(changed->url,
+                 QUrl::fromLocalFile(m_session.path(u"data/applications/changed.desktop"_qs)));
+        QCOMPARE(index.identify(window("Changed")), changed);
+        QVERIFY(!index.application(u"deleted"_qs));
+        QVERIFY(!index.application(u"broken"_qs));
+        QVERIFY(index.application(u"a.concealed"_qs));
+
+        QStringList visible;
+        for (const ApplicationIdentity& identity : index.visibleApplications())
+            visible.append(identity.bundleIdentifier);
+        QVERIFY(visible.contains(u"folder-part"_qs) && !visible.contains(u"a.concealed"_qs));
+        QVERIFY(std::ranges::is_sorted(visible));
+
+        QVERIFY(QFile::remove(m_session.path(u"data/applications/changed.desktop"_qs)));
+        QTRY_COMPARE(index.application(u"changed"_qs).value_or(ApplicationIdentity()).name,
+                     u"System"_qs);
+    }
+
+    void readsFactsOfProcesses()
+    {
+        // A child inherits what was said of its parent.
+        for (const QString& launched : {u"$$"_qs, QString::number(getpid())}) {
+            QProcess process;
+            process.start(
+                u"sh"_qs,
+                {u"-c"_qs, u"export GIO_LAUNCHED_DESKTOP_FILE=/apps/x.desktop "
+                           "GIO_LAUNCHED_DESKTOP_FILE_PID=%1; exec sleep 60"_qs.arg(launched)});
+            QVERIFY(process.waitForStarted());
+            const auto pid = static_cast<qint32>(process.processId());
+            QTRY_VERIFY(readProcessFacts(pid).executable.endsWith("sleep"));
+            QCOMPARE(readProcessFacts(pid).launchedDesktopFile,
+                     launched == u"$$" ? QByteArray("/apps/x.desktop") : QByteArray());
+            process.kill();
+            process.waitForFinished();
+        }
+    }
 
 private:
-    std::unique_ptr<PrivateSession> m_session;
+    PrivateSession m_session;
 };
-
-void DesktopFileIndexTest::identifiesByTheFirstRuleThatFits()
-{
-    const DesktopFileTable table({
-        entry("Alpha"),
-        entry("Beta"),
-        entry("editor", "Editor-Bin"),
-        entry("org.kde.kcalc"),
-        entry("says-beta", "Beta"),
-        entry("term-any", "term"),
-        entry("term-exact", "Term"),
-        entry("tool-new-window", "", "/usr/bin/tool", 2),
-        entry("tool-plain", "", "/usr/bin/tool"),
-        entry("twice-shown", "Twice"),
-        concealed(entry("helper", "Helper", "/usr/bin/helper")),
-        concealed(entry("twice-concealed", "Twice")),
-    });
-    const auto verify = [&table](const char* name, const WindowIdentity& identity,
-                                 const char* identifier, const ProcessFacts& process = {}) {
-        const DesktopEntry* found = table.identify(identity, process);
-        QVERIFY2((found ? found->id : QString()) == QString::fromLatin1(identifier), name);
-    };
-    const ProcessFacts launched{"/apps/Alpha.desktop", "/usr/bin/tool"};
-    verify("GTK id", window("Editor-Bin", "", "org.kde.kcalc"), "org.kde.kcalc", launched);
-    verify("GTK id is exact", window("Editor-Bin", "", "org.kde.KCalc"), "editor");
-    verify("launched", window("Editor-Bin"), "Alpha", launched);
-    verify("launched file was replaced", window("Editor-Bin"), "Alpha", {"/old/Alpha.desktop", {}});
-    verify("launched file is gone", window("Editor-Bin"), "editor", {"/apps/gone.desktop", {}});
-    verify("WM class", window("Editor-Bin"), "editor", {{}, "/usr/bin/tool"});
-    verify("WM class in another case", window("TERM"), "term-any");
-    verify("WM class of the instance", window("Other", "Editor-Bin"), "editor");
-    verify("class before instance", window("Term", "Editor-Bin"), "term-exact");
-    verify("exact instance before another case", window("TERM", "Editor-Bin"), "editor");
-    verify("WM class before id", window("Beta"), "says-beta");
-    verify("id", window("Alpha"), "Alpha");
-    verify("id of the instance", window("Other", "alpha"), "Alpha");
-    verify("end of the id", window("kcalc"), "org.kde.kcalc");
-    verify("end of the id is no instance", window("Other", "kcalc"), "");
-    verify("concealed WM class", window("Helper"), "helper");
-    verify("shown one first", window("Twice"), "twice-shown");
-    verify("program", window("Other"), "tool-plain", {{}, "/usr/bin/tool"});
-    verify("unknown program", window("Other"), "", {{}, "/usr/bin/other"});
-}
-
-void DesktopFileIndexTest::readsPrograms()
-{
-    for (const char* name : {"real", "wine64-preloader", "lua5.3", "luakit", "two words"})
-        m_session->addRecorder(QString::fromLatin1(name));
-    QFile::link(u"real"_qs, m_session->path(u"bin/alias"_qs));
-    QFile::link(u"real"_qs, m_session->path(u"bin/python3"_qs));
-    const std::tuple<QByteArray, QString, int> cases[]{
-        {"BIN/real %U", u"bin/real"_qs, 0},
-        {"BIN/real --new-window %F", u"bin/real"_qs, 2},
-        {"BIN/alias", u"bin/real"_qs, 1},
-        {"\"BIN/two words\" %u", u"bin/two words"_qs, 0},
-        {"BIN/luakit", u"bin/luakit"_qs, 0},
-        {"BIN/python3 script.py", {}, 0},
-        {"BIN/wine64-preloader game.exe", {}, 0},
-        {"BIN/lua5.3 script.lua", {}, 0},
-        {"env A=b BIN/real", {}, 0},
-        {"sh -c BIN/real", {}, 0}};
-    for (const auto& [exec, program, rank] : cases) {
-        m_session->addDesktopFile(
-            u"program"_qs,
-            "Exec=" + QByteArray(exec).replace("BIN", m_session->path(u"bin"_qs).toUtf8()));
-        const auto read = [] {
-            const DesktopFileTable table(loadDesktopEntries());
-            const DesktopEntry* found = table.entry(u"program"_qs);
-            return found ? std::pair(found->program, found->programRank)
-                         : std::pair(QByteArray("?"), 0);
-        };
-        const QByteArray expected =
-            program.isEmpty() ? QByteArray() : m_session->path(program).toUtf8();
-        // GIO takes a moment to notice a change.
-        QTRY_COMPARE(read(), std::pair(expected, rank));
-    }
-}
-
-void DesktopFileIndexTest::readsTheApplicationFolders()
-{
-    const QByteArray application = "[Desktop Entry]\nType=Application\nExec=true\nName=";
-    m_session->write(u"share/applications/changed.desktop"_qs, application + "System\n");
-    m_session->write(u"data/applications/changed.desktop"_qs,
-                     application + "User\nStartupWMClass=Changed\n");
-    m_session->write(u"share/applications/deleted.desktop"_qs, application + "x\n");
-    m_session->write(u"data/applications/deleted.desktop"_qs, application + "x\nHidden=true\n");
-    m_session->write(u"share/applications/folder/part.desktop"_qs, application + "Part\n");
-    m_session->write(u"share/applications/a.concealed.desktop"_qs,
-                     application + "x\nNoDisplay=true\n");
-    m_session->write(u"share/applications/broken.desktop"_qs, "[Desktop Entry\nType=Appl");
-
-    DesktopFileIndex index;
-    // GIO notices the changes of each folder by itself.
-    QTRY_VERIFY(index.application(u"folder-part"_qs));
-    QTRY_VERIFY(index.identify(window("Changed")));
-    const auto changed = index.application(u"changed"_qs);
-    QCOMPARE(changed->name, u"User"_qs);
-    QCOMPARE(changed->url,
-             QUrl::fromLocalFile(m_session->path(u"data/applications/changed.desktop"_qs)));
-    QCOMPARE(index.identify(window("Changed")), changed);
-    QVERIFY(!index.application(u"deleted"_qs));
-    QVERIFY(!index.application(u"broken"_qs));
-    QVERIFY(index.application(u"a.concealed"_qs));
-
-    QStringList visible;
-    for (const ApplicationIdentity& identity : index.visibleApplications())
-        visible.append(identity.bundleIdentifier);
-    QVERIFY(visible.contains(u"folder-part"_qs) && !visible.contains(u"a.concealed"_qs));
-    QStringList sorted = visible;
-    sorted.sort();
-    QCOMPARE(visible, sorted);
-}
-
-void DesktopFileIndexTest::readsFactsOfProcesses()
-{
-    QProcess process;
-    process.start(u"sh"_qs, {u"-c"_qs, u"export GIO_LAUNCHED_DESKTOP_FILE=/apps/x.desktop "
-                                       "GIO_LAUNCHED_DESKTOP_FILE_PID=$$; exec sleep 60"_qs});
-    QVERIFY(process.waitForStarted());
-    const auto pid = static_cast<qint32>(process.processId());
-    QTRY_COMPARE(readProcessFacts(pid).launchedDesktopFile, QByteArray("/apps/x.desktop"));
-    QVERIFY(readProcessFacts(pid).executable.startsWith('/'));
-    process.kill();
-    process.waitForFinished();
-
-    // A child inherits what was said of its parent.
-    qputenv("GIO_LAUNCHED_DESKTOP_FILE", "/apps/x.desktop");
-    qputenv("GIO_LAUNCHED_DESKTOP_FILE_PID", QByteArray::number(getpid()));
-    process.start(u"sleep"_qs, {u"60"_qs});
-    QVERIFY(process.waitForStarted());
-    const auto child = static_cast<qint32>(process.processId());
-    QTRY_VERIFY(readProcessFacts(child).executable.endsWith("sleep"));
-    QCOMPARE(readProcessFacts(child).launchedDesktopFile, QByteArray());
-    process.kill();
-    process.waitForFinished();
-}
-
-void DesktopFileIndexTest::followsInstallations()
-{
-    DesktopFileIndex index;
-    QVERIFY(!index.identify(window("Newcomer")));
-    const QString file = m_session->addDesktopFile(u"org.example.Newcomer"_qs, "Exec=true");
-    QTRY_VERIFY(index.identify(window("Newcomer")));
-    QVERIFY(QFile::remove(file));
-    QTRY_VERIFY(!index.identify(window("Newcomer")));
-}
 
 QTEST_GUILESS_MAIN(DesktopFileIndexTest)
 #include "DesktopFileIndexTest.moc"

@@ -3,7 +3,7 @@
 
 #include "platform/x11/FrameNegotiation.h"
 
-#include <QTest>
+#include <QtTest>
 
 using namespace trovell;
 using namespace std::chrono_literals;
@@ -16,14 +16,9 @@ constexpr PixelRectangle target = {100, 100, 700, 500};
 constexpr PixelRectangle elsewhere = {0, 0, 300, 200};
 constexpr FrameExtents titleBar = {1, 1, 22, 5};
 
-WindowReading plain(const PixelRectangle& frame)
+WindowReading plain(const PixelRectangle& frame, bool isFilling = false)
 {
-    return {{frame, {}, {}}, {}, false};
-}
-
-WindowReading filling(const PixelRectangle& frame)
-{
-    return {{frame, {}, {}}, {}, true};
+    return {{frame, {}, {}}, {}, isFilling};
 }
 
 /// A negotiation with a clock.
@@ -75,131 +70,118 @@ class FrameNegotiationTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void terminalInPlaceIsLeftAlone();
-    void requestThatWasDroppedIsMadeDifferent();
-    void extentsThatComeLateAreCorrected();
-    void onlyTheSizeMayBeItsOwnChoice();
-    void statesAreTakenOffFirst();
-    void silenceIsARefusal();
-    void busyManagerIsNotPressed();
-    void restlessWindowEndsTheDialogue();
-    void windowThatVanishesIsARefusal();
-};
+    void terminalInPlaceIsLeftAlone()
+    {
+        // It shows whole cells, so it is a little smaller than the frame.
+        WindowReading terminal = {{{101, 122, 694, 472}, titleBar, {}}, {}, false};
+        terminal.hints.widthIncrement = 6;
+        terminal.hints.heightIncrement = 13;
+        terminal.hints.baseWidth = terminal.hints.baseHeight = 4;
+        QCOMPARE(Dialogue(terminal).step(), Step::wait);
+    }
 
-void FrameNegotiationTest::terminalInPlaceIsLeftAlone()
-{
-    // It shows whole cells, so it is a little smaller than the frame.
-    WindowReading terminal = {{{101, 122, 694, 472}, titleBar, {}}, {}, false};
-    terminal.hints.widthIncrement = 6;
-    terminal.hints.heightIncrement = 13;
-    terminal.hints.baseWidth = terminal.hints.baseHeight = 4;
-    QCOMPARE(Dialogue(terminal).step(), Step::wait);
-}
+    void requestThatWasDroppedIsMadeDifferent()
+    {
+        Dialogue dialogue(plain(elsewhere));
+        QCOMPARE(dialogue.step(), Step::move);
+        QCOMPARE(dialogue.stepsDuring(200ms), QList<Step>{Step::moveAround});
+        dialogue.becomes(plain(target));
+        dialogue.step();
+        QVERIFY(dialogue.isAccepted());
+    }
 
-void FrameNegotiationTest::requestThatWasDroppedIsMadeDifferent()
-{
-    Dialogue dialogue(plain(elsewhere));
-    QCOMPARE(dialogue.step(), Step::move);
-    QCOMPARE(dialogue.stepsDuring(200ms), QList<Step>{Step::moveAround});
-    dialogue.becomes(plain(target));
-    dialogue.step();
-    QVERIFY(dialogue.isAccepted());
-}
+    void extentsThatComeLateAreCorrected()
+    {
+        Dialogue dialogue(plain(elsewhere));
+        dialogue.step();
+        WindowReading late = plain(target);
+        late.window.decorations = titleBar;
+        dialogue.becomes(late);
+        QCOMPARE(dialogue.step(), Step::wait); // it may not be at rest yet
+        QCOMPARE(dialogue.stepAfter(100ms), Step::move);
+        late.window.client = {101, 122, 698, 473};
+        dialogue.becomes(late);
+        dialogue.step();
+        QVERIFY(dialogue.isAccepted());
+    }
 
-void FrameNegotiationTest::extentsThatComeLateAreCorrected()
-{
-    Dialogue dialogue(plain(elsewhere));
-    dialogue.step();
-    WindowReading late = plain(target);
-    late.window.decorations = titleBar;
-    dialogue.becomes(late);
-    QCOMPARE(dialogue.step(), Step::wait); // it may not be at rest yet
-    QCOMPARE(dialogue.stepAfter(100ms), Step::move);
-    late.window.client = {101, 122, 698, 473};
-    dialogue.becomes(late);
-    dialogue.step();
-    QVERIFY(dialogue.isAccepted());
-}
+    void onlyTheSizeMayBeItsOwnChoice()
+    {
+        Dialogue sized(plain(elsewhere));
+        sized.step();
+        sized.becomes(plain({100, 100, 640, 480}));
+        QCOMPARE(sized.stepsDuring(1000ms), (QList<Step>{Step::move, Step::moveAround}));
+        QVERIFY(sized.isAccepted());
 
-void FrameNegotiationTest::onlyTheSizeMayBeItsOwnChoice()
-{
-    Dialogue sized(plain(elsewhere));
-    sized.step();
-    sized.becomes(plain({100, 100, 640, 480}));
-    QCOMPARE(sized.stepsDuring(1000ms), (QList<Step>{Step::move, Step::moveAround}));
-    QVERIFY(sized.isAccepted());
+        Dialogue placed(plain(elsewhere));
+        placed.step();
+        placed.becomes(plain({0, 100, 700, 500}));
+        placed.stepsDuring(1000ms);
+        QVERIFY(placed.isRefused());
+    }
 
-    Dialogue placed(plain(elsewhere));
-    placed.step();
-    placed.becomes(plain({0, 100, 700, 500}));
-    placed.stepsDuring(1000ms);
-    QVERIFY(placed.isRefused());
-}
-
-void FrameNegotiationTest::statesAreTakenOffFirst()
-{
-    Dialogue dialogue(filling(target));
-    QCOMPARE(dialogue.step(), Step::takeOffStates);
-    QCOMPARE(dialogue.stepAfter(30ms), Step::wait);
-    dialogue.becomes(plain(elsewhere));
-    QCOMPARE(dialogue.step(), Step::move);
-    dialogue.becomes(plain(target));
-    // Some programs change their shadow once more.
-    QCOMPARE(dialogue.step(), Step::wait);
-    QVERIFY(!dialogue.isAccepted());
-    dialogue.becomes(plain({100, 100, 600, 400}));
-    QCOMPARE(dialogue.stepAfter(100ms), Step::move);
-    dialogue.becomes(plain(target));
-    QCOMPARE(dialogue.stepAfter(100ms), Step::wait);
-    QVERIFY(dialogue.isAccepted());
-    QVERIFY(dialogue.negotiation().hadFillingState());
-}
-
-void FrameNegotiationTest::silenceIsARefusal()
-{
-    Dialogue dialogue(plain({100, 100, 300, 200})); // where it is asked to be, in another size
-    QCOMPARE(dialogue.step(), Step::move);
-    const QList<Step> later = dialogue.stepsDuring(1500ms);
-    QCOMPARE(later, (QList<Step>{Step::moveAround, Step::moveAround}));
-    QVERIFY(dialogue.isRefused());
-
-    Dialogue filled(filling(target)); // a state that stays
-    QCOMPARE(filled.stepsDuring(1500ms), QList<Step>(3, Step::takeOffStates));
-    QVERIFY(filled.isRefused());
-}
-
-void FrameNegotiationTest::busyManagerIsNotPressed()
-{
-    Dialogue dialogue(plain(elsewhere));
-    QCOMPARE(dialogue.step(), Step::move);
-    for (int other = 0; other < 8; ++other) {
+    void statesAreTakenOffFirst()
+    {
+        Dialogue dialogue(plain(target, true));
+        QCOMPARE(dialogue.step(), Step::takeOffStates);
+        QCOMPARE(dialogue.stepAfter(30ms), Step::wait);
+        dialogue.becomes(plain(elsewhere));
+        QCOMPARE(dialogue.step(), Step::move);
+        dialogue.becomes(plain(target));
+        // Some programs change their shadow once more.
+        QCOMPARE(dialogue.step(), Step::wait);
+        QVERIFY(!dialogue.isAccepted());
+        dialogue.becomes(plain({100, 100, 600, 400}));
+        QCOMPARE(dialogue.stepAfter(100ms), Step::move);
+        dialogue.becomes(plain(target));
         QCOMPARE(dialogue.stepAfter(100ms), Step::wait);
-        dialogue.othersProgress();
+        QVERIFY(dialogue.isAccepted());
+        QVERIFY(dialogue.negotiation().hadFillingState());
     }
-    QCOMPARE(dialogue.stepAfter(150ms), Step::moveAround);
-}
 
-void FrameNegotiationTest::restlessWindowEndsTheDialogue()
-{
-    Dialogue dialogue(plain(elsewhere));
-    dialogue.step();
-    for (int width = 300; !dialogue.negotiation().isOver(); ++width) {
-        QVERIFY(width < 400);
-        dialogue.becomes(plain({100, 100, width, 200}));
-        dialogue.stepAfter(50ms);
+    void silenceIsARefusal()
+    {
+        Dialogue dialogue(plain({100, 100, 300, 200})); // where it is asked to be, in another size
+        QCOMPARE(dialogue.step(), Step::move);
+        const QList<Step> later = dialogue.stepsDuring(1500ms);
+        QCOMPARE(later, (QList<Step>{Step::moveAround, Step::moveAround}));
+        QVERIFY(dialogue.isRefused());
+
+        Dialogue filled(plain(target, true)); // a state that stays
+        QCOMPARE(filled.stepsDuring(1500ms), QList<Step>(3, Step::takeOffStates));
+        QVERIFY(filled.isRefused());
+
+        Dialogue vanishing(plain(elsewhere));
+        vanishing.step();
+        vanishing.becomes(std::nullopt);
+        QCOMPARE(vanishing.step(), Step::wait);
+        QVERIFY(vanishing.isRefused());
     }
-    // It took the position, and it shows that the size is its own business.
-    QVERIFY(dialogue.isAccepted());
-}
 
-void FrameNegotiationTest::windowThatVanishesIsARefusal()
-{
-    Dialogue dialogue(plain(elsewhere));
-    dialogue.step();
-    dialogue.becomes(std::nullopt);
-    QCOMPARE(dialogue.step(), Step::wait);
-    QVERIFY(dialogue.isRefused());
-}
+    void busyManagerIsNotPressed()
+    {
+        Dialogue dialogue(plain(elsewhere));
+        QCOMPARE(dialogue.step(), Step::move);
+        for (int other = 0; other < 8; ++other) {
+            QCOMPARE(dialogue.stepAfter(100ms), Step::wait);
+            dialogue.othersProgress();
+        }
+        QCOMPARE(dialogue.stepAfter(150ms), Step::moveAround);
+    }
+
+    void restlessWindowEndsTheDialogue()
+    {
+        Dialogue dialogue(plain(elsewhere));
+        dialogue.step();
+        for (int width = 300; !dialogue.negotiation().isOver(); ++width) {
+            QVERIFY(width < 400);
+            dialogue.becomes(plain({100, 100, width, 200}));
+            dialogue.stepAfter(50ms);
+        }
+        // It took the position, and it shows that the size is its own business.
+        QVERIFY(dialogue.isAccepted());
+    }
+};
 
 QTEST_GUILESS_MAIN(FrameNegotiationTest)
 #include "FrameNegotiationTest.moc"

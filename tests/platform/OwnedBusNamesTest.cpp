@@ -4,7 +4,7 @@
 #include "support/BusClient.h"
 #include "support/PrivateSession.h"
 
-#include <QTest>
+#include <QtTest>
 
 #include <memory>
 
@@ -17,59 +17,56 @@ class OwnedBusNamesTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void tellsWhatRuns();
+    void initTestCase()
+    {
+        m_session.addDesktopFile(u"org.example.Player"_qs, "Exec=true");
+        m_session.addDesktopFile(u"org.example.Silent"_qs, "Exec=true");
+        m_session.addDesktopFile(u"org.example.Agent"_qs, "Exec=true\nNoDisplay=true");
+        m_session.addDesktopFile(u"nodots"_qs, "Exec=true");
+    }
+
+    void tellsWhatRuns()
+    {
+        QVERIFY(m_session.startBus());
+        const QString service = m_session.addRecorder(u"service"_qs);
+        m_session.write(u"data/dbus-1/services/org.example.Silent.service"_qs,
+                        "[D-BUS Service]\nName=org.example.Silent\nExec=" + service.toUtf8() +
+                            "\n");
+        const BusClient agent("org.example.Agent");
+        const BusClient stranger("org.example.NotInstalled");
+        auto player = std::make_unique<BusClient>("org.example.Player");
+
+        DesktopFileIndex installed;
+        // Destroyed before it is connected: nothing may come back to it.
+        std::make_unique<OwnedBusNames>(installed).reset();
+        const OwnedBusNames names(installed);
+        QTRY_VERIFY(names.isConnected());
+
+        const auto found = names.find(u"org.example.Player"_qs);
+        QVERIFY(found);
+        QCOMPARE(found->processIdentifier, static_cast<qint32>(getpid()));
+        QVERIFY(found->isRegular && found->windows.isEmpty());
+        QCOMPARE(found->bundleIdentifier, u"org.example.Player"_qs);
+        QCOMPARE(found->localizedName, u"org.example.Player"_qs);
+        QCOMPARE(found->bundleURL, installed.application(u"org.example.Player"_qs)->url.toString());
+        QVERIFY(names.find(u"org.example.Agent"_qs));
+        for (const QString& other : {u"org.example.Silent"_qs, u"org.example.NotInstalled"_qs,
+                                     u"nodots"_qs, u"not a name"_qs, u":1.1"_qs, QString()})
+            QVERIFY2(!names.find(other), qPrintable(other));
+
+        const auto running = names.list();
+        QCOMPARE(running.size(), 1);
+        QCOMPARE(running.first().bundleIdentifier, u"org.example.Player"_qs);
+
+        player.reset();
+        QTRY_VERIFY(!names.find(u"org.example.Player"_qs));
+        QVERIFY(names.list().isEmpty());
+        QVERIFY(!m_session.recorded(service));
+    }
 
 private:
-    std::unique_ptr<PrivateSession> m_session;
+    PrivateSession m_session;
 };
-
-void OwnedBusNamesTest::initTestCase()
-{
-    m_session = std::make_unique<PrivateSession>();
-    m_session->addDesktopFile(u"org.example.Player"_qs, "Exec=true");
-    m_session->addDesktopFile(u"org.example.Silent"_qs, "Exec=true");
-    m_session->addDesktopFile(u"org.example.Agent"_qs, "Exec=true\nNoDisplay=true");
-    m_session->addDesktopFile(u"nodots"_qs, "Exec=true");
-}
-
-void OwnedBusNamesTest::tellsWhatRuns()
-{
-    QVERIFY(m_session->startBus());
-    const QString service = m_session->addRecorder(u"service"_qs);
-    m_session->write(u"data/dbus-1/services/org.example.Silent.service"_qs,
-                     "[D-BUS Service]\nName=org.example.Silent\nExec=" + service.toUtf8() + "\n");
-    const BusClient agent("org.example.Agent");
-    const BusClient stranger("org.example.NotInstalled");
-    auto player = std::make_unique<BusClient>("org.example.Player");
-
-    DesktopFileIndex installed;
-    // Destroyed before it is connected: nothing may come back to it.
-    std::make_unique<OwnedBusNames>(installed).reset();
-    const OwnedBusNames names(installed);
-    QTRY_VERIFY(names.isConnected());
-
-    const auto found = names.find(u"org.example.Player"_qs);
-    QVERIFY(found);
-    QCOMPARE(found->processIdentifier, static_cast<qint32>(getpid()));
-    QVERIFY(found->isRegular && found->windows.isEmpty());
-    QCOMPARE(found->bundleIdentifier, u"org.example.Player"_qs);
-    QCOMPARE(found->localizedName, u"org.example.Player"_qs);
-    QCOMPARE(found->bundleURL, installed.application(u"org.example.Player"_qs)->url.toString());
-    QVERIFY(names.find(u"org.example.Agent"_qs));
-    for (const QString& other : {u"org.example.Silent"_qs, u"org.example.NotInstalled"_qs,
-                                 u"nodots"_qs, u"not a name"_qs, u":1.1"_qs, QString()})
-        QVERIFY2(!names.find(other), qPrintable(other));
-
-    const auto running = names.list();
-    QCOMPARE(running.size(), 1);
-    QCOMPARE(running.first().bundleIdentifier, u"org.example.Player"_qs);
-
-    player.reset();
-    QTRY_VERIFY(!names.find(u"org.example.Player"_qs));
-    QVERIFY(names.list().isEmpty());
-    QVERIFY(!m_session->recorded(service));
-}
 
 QTEST_GUILESS_MAIN(OwnedBusNamesTest)
 #include "OwnedBusNamesTest.moc"

@@ -2,8 +2,7 @@
 
 #include "display/NormalizedFrame.h"
 
-#include <QRandomGenerator>
-#include <QTest>
+#include <QtTest>
 
 using namespace trovell;
 
@@ -33,89 +32,83 @@ class X11WindowGeometryTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void visibleFrameHasDecorationsAndNoShadow();
-    void sizeHintsFillInForEachOther();
-    void sizesAreRoundedToTheHints();
-    void requestNamesTheFrameCornerAndTheClientSize();
-    void savingAndRestoringNeverDrifts();
-};
-
-void X11WindowGeometryTest::visibleFrameHasDecorationsAndNoShadow()
-{
-    QCOMPARE(visibleFrame({{101, 122, 400, 300}, titleBar, {}}),
-             (PixelRectangle{100, 100, 402, 327}));
-    QCOMPARE(visibleFrame({{-16, -10, 822, 642}, {}, shadow}), (PixelRectangle{45, 45, 700, 520}));
-}
-
-void X11WindowGeometryTest::sizeHintsFillInForEachOther()
-{
-    const SizeHints onlyMinimum = makeSizeHints(hintNumbers(minimumFlag, {{5, 40}, {6, 30}}));
-    QCOMPARE(onlyMinimum.baseWidth, 40);
-    QCOMPARE(onlyMinimum.baseHeight, 30);
-    // Values without their flag, a short property and an increment of zero are not to be trusted.
-    QCOMPARE(makeSizeHints(hintNumbers(0, {{5, 40}, {7, 50}, {9, 7}, {15, 9}})), SizeHints());
-    QCOMPARE(makeSizeHints({incrementsFlag}), SizeHints());
-    QCOMPARE(makeSizeHints({}), SizeHints());
-}
-
-void X11WindowGeometryTest::sizesAreRoundedToTheHints()
-{
-    const SizeHints terminal =
-        makeSizeHints(hintNumbers(minimumFlag | incrementsFlag | baseFlag,
-                                  {{5, 10}, {6, 17}, {9, 6}, {10, 13}, {15, 4}, {16, 4}}));
-    const SizeHints fixed = makeSizeHints(
-        hintNumbers(minimumFlag | maximumFlag, {{5, 300}, {6, 200}, {7, 300}, {8, 200}}));
-    const std::tuple<SizeHints, QSize, QSize> cases[]{
-        {SizeHints(), {333, 222}, {333, 222}}, {SizeHints(), {-20, 0}, {1, 1}},
-        {terminal, {484, 316}, {484, 316}},    {terminal, {485, 328}, {484, 316}},
-        {terminal, {483, 315}, {478, 303}},    {terminal, {1, 1}, {10, 17}},
-        {fixed, {800, 800}, {300, 200}},       {fixed, {100, 100}, {300, 200}}};
-    for (const auto& [hints, wanted, allowed] : cases) {
-        QCOMPARE(withAllowedSize({7, 8, wanted.width(), wanted.height()}, hints),
-                 (PixelRectangle{7, 8, allowed.width(), allowed.height()}));
-        // The decorations do not count as part of a cell.
-        const PixelRectangle target = {7, 8, wanted.width() + 2, wanted.height() + 27};
-        QCOMPARE(allowedFrame(target, {{}, titleBar, {}}, hints),
-                 (PixelRectangle{7, 8, allowed.width() + 2, allowed.height() + 27}));
+    void sizeHintsFillInForEachOther()
+    {
+        const SizeHints onlyMinimum = makeSizeHints(hintNumbers(minimumFlag, {{5, 40}, {6, 30}}));
+        QCOMPARE(onlyMinimum.baseWidth, 40);
+        QCOMPARE(onlyMinimum.baseHeight, 30);
+        // Values without their flag, a short property and an increment of zero are not to be
+        // trusted.
+        QCOMPARE(makeSizeHints(hintNumbers(0, {{5, 40}, {7, 50}, {9, 7}, {15, 9}})), SizeHints());
+        QCOMPARE(makeSizeHints({incrementsFlag}), SizeHints());
+        QCOMPARE(makeSizeHints({}), SizeHints());
     }
-}
 
-void X11WindowGeometryTest::requestNamesTheFrameCornerAndTheClientSize()
-{
-    const PixelRectangle target = {200, 150, 700, 520};
-    constexpr quint32 flags = 1 | 0xf00 | 0x2000; // north-west, all four, from a pager
-    QCOMPARE(moveResizeData(target, {{}, titleBar, {}}, {}),
-             (std::array<quint32, 5>{flags, 200, 150, 698, 493}));
-    // The window reaches beyond what is seen of it.
-    QCOMPARE(moveResizeData(target, {{}, {}, shadow}, {}),
-             (std::array<quint32, 5>{flags, 139, 95, 822, 642}));
-    const auto left = moveResizeData({-50, 0, 100, 100}, {}, {}, 1);
-    QCOMPARE(static_cast<qint32>(left[1]), -49);
-}
-
-void X11WindowGeometryTest::savingAndRestoringNeverDrifts()
-{
-    const quint32 seed = QRandomGenerator::global()->generate();
-    qInfo("seed %u", seed);
-    QRandomGenerator random(seed);
-    const QRectF display(0, 0, 1600, 1024);
-    for (int round = 0; round < 2000; ++round) {
-        const QPoint origin(random.bounded(4000), random.bounded(-2000, 2000));
-        const QRectF visible(random.bounded(1000), random.bounded(1000), random.bounded(1, 5000),
-                             random.bounded(1, 5000));
-        const PixelRectangle window = {random.bounded(-3000, 6000), random.bounded(-3000, 6000),
-                                       random.bounded(1, 5000), random.bounded(1, 5000)};
-        PixelRectangle now = window;
-        for (int cycle = 0; cycle < 3; ++cycle) {
-            const QRectF screenFrame =
-                screenFrameFromAccessibility(accessibilityFrameFromRoot(now, origin), display);
-            const QRectF restored = denormalizeFrame(normalizeFrame(screenFrame, visible), visible);
-            now =
-                rootFrameFromAccessibility(accessibilityFrameFromScreen(restored, display), origin);
+    void sizesAreRoundedToTheHints()
+    {
+        const SizeHints terminal =
+            makeSizeHints(hintNumbers(minimumFlag | incrementsFlag | baseFlag,
+                                      {{5, 10}, {6, 17}, {9, 6}, {10, 13}, {15, 4}, {16, 4}}));
+        const SizeHints fixed = makeSizeHints(
+            hintNumbers(minimumFlag | maximumFlag, {{5, 300}, {6, 200}, {7, 300}, {8, 200}}));
+        const std::tuple<SizeHints, QSize, QSize> cases[]{
+            {SizeHints(), {333, 222}, {333, 222}}, {SizeHints(), {-20, 0}, {1, 1}},
+            {terminal, {484, 316}, {484, 316}},    {terminal, {485, 328}, {484, 316}},
+            {terminal, {483, 315}, {478, 303}},    {terminal, {1, 1}, {10, 17}},
+            {fixed, {800, 800}, {300, 200}},       {fixed, {100, 100}, {300, 200}}};
+        for (const auto& [hints, wanted, allowed] : cases) {
+            QCOMPARE(withAllowedSize({7, 8, wanted.width(), wanted.height()}, hints),
+                     (PixelRectangle{7, 8, allowed.width(), allowed.height()}));
+            // The decorations do not count as part of a cell.
+            const PixelRectangle target = {7, 8, wanted.width() + 2, wanted.height() + 27};
+            QCOMPARE(allowedFrame(target, {{}, titleBar, {}}, hints),
+                     (PixelRectangle{7, 8, allowed.width() + 2, allowed.height() + 27}));
         }
-        QCOMPARE(now, window);
     }
-}
+
+    void requestNamesTheFrameCornerAndTheClientSize()
+    {
+        QCOMPARE(visibleFrame({{101, 122, 400, 300}, titleBar, {}}),
+                 (PixelRectangle{100, 100, 402, 327}));
+        QCOMPARE(visibleFrame({{-16, -10, 822, 642}, {}, shadow}),
+                 (PixelRectangle{45, 45, 700, 520}));
+
+        const PixelRectangle target = {200, 150, 700, 520};
+        constexpr quint32 flags = 1 | 0xf00 | 0x2000; // north-west, all four, from a pager
+        QCOMPARE(moveResizeData(target, {{}, titleBar, {}}, {}),
+                 (std::array<quint32, 5>{flags, 200, 150, 698, 493}));
+        // The window reaches beyond what is seen of it.
+        QCOMPARE(moveResizeData(target, {{}, {}, shadow}, {}),
+                 (std::array<quint32, 5>{flags, 139, 95, 822, 642}));
+        const auto left = moveResizeData({-50, 0, 100, 100}, {}, {}, 1);
+        QCOMPARE(static_cast<qint32>(left[1]), -49);
+    }
+
+    void savingAndRestoringNeverDrifts()
+    {
+        const quint32 seed = QRandomGenerator::global()->generate();
+        qInfo("seed %u", seed);
+        QRandomGenerator random(seed);
+        const QRectF display(0, 0, 1600, 1024);
+        for (int round = 0; round < 2000; ++round) {
+            const QPoint origin(random.bounded(4000), random.bounded(-2000, 2000));
+            const QRectF visible(random.bounded(1000), random.bounded(1000),
+                                 random.bounded(1, 5000), random.bounded(1, 5000));
+            const PixelRectangle window = {random.bounded(-3000, 6000), random.bounded(-3000, 6000),
+                                           random.bounded(1, 5000), random.bounded(1, 5000)};
+            PixelRectangle now = window;
+            for (int cycle = 0; cycle < 3; ++cycle) {
+                const QRectF screenFrame =
+                    screenFrameFromAccessibility(accessibilityFrameFromRoot(now, origin), display);
+                const QRectF restored =
+                    denormalizeFrame(normalizeFrame(screenFrame, visible), visible);
+                now = rootFrameFromAccessibility(accessibilityFrameFromScreen(restored, display),
+                                                 origin);
+            }
+            QCOMPARE(now, window);
+        }
+    }
+};
 
 QTEST_GUILESS_MAIN(X11WindowGeometryTest)
 #include "X11WindowGeometryTest.moc"

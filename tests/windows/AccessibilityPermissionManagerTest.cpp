@@ -2,7 +2,6 @@
 
 #include "support/FakeClock.h"
 
-#include <QSignalSpy>
 #include <QtTest>
 
 using namespace trovell;
@@ -16,13 +15,21 @@ struct Desktop {
     int checkCount = 0;
     int promptCount = 0;
     QList<QUrl> openedURLs;
-    QUrl settingsURL{u"settings:windows"_qs};
-
-    AccessibilityPermissionManager::Platform platform()
-    {
-        return {[this] { return ++checkCount >= grantedAtCheck; },
+    const QUrl settingsURL{u"settings:windows"_qs};
+    FakeClock clock;
+    std::unique_ptr<AccessibilityPermissionManager> manager =
+        std::make_unique<AccessibilityPermissionManager>(
+            AccessibilityPermissionManager::Platform{
+                [this] { return ++checkCount >= grantedAtCheck; },
                 [this] { return ++promptCount > 0 && checkCount >= grantedAtCheck; },
-                [this](const QUrl& url) { openedURLs.append(url); }, settingsURL};
+                [this](const QUrl& url) { openedURLs.append(url); }, settingsURL},
+            clock);
+
+    /// Half a second passes, and everything that wakes up runs.
+    void pass()
+    {
+        clock.advance(500ms);
+        QCoreApplication::processEvents();
     }
 };
 
@@ -32,74 +39,53 @@ class AccessibilityPermissionManagerTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { m_clock = std::make_unique<FakeClock>(); }
-    void noticesTheGrantAfterTheSettingsWereOpened();
-    void pollsOnceAndForTwoMinutes();
-    void survivesItsPoll();
-
-private:
-    /// Half a second passes, and everything that wakes up runs.
-    void pass()
+    void noticesTheGrantAfterTheSettingsWereOpened()
     {
-        m_clock->advance(500ms);
-        QCoreApplication::processEvents();
+        Desktop desktop;
+        QSignalSpy changes(desktop.manager.get(),
+                           &AccessibilityPermissionManager::isTrustedChanged);
+        desktop.grantedAtCheck = desktop.checkCount + 3;
+        desktop.manager->openSystemSettings();
+        QCOMPARE(desktop.openedURLs, QList<QUrl>{desktop.settingsURL});
+        QVERIFY(!desktop.manager->isTrusted());
+        desktop.pass();
+        QVERIFY(desktop.manager->isTrusted());
+        QCOMPARE(changes.size(), 1);
+        const int checkCount = desktop.checkCount;
+        desktop.pass();
+        QCOMPARE(desktop.checkCount, checkCount);
+        // A grant that is withdrawn is noticed at the next question and not polled for.
+        desktop.grantedAtCheck = 1'000'000;
+        desktop.manager->refresh();
+        QVERIFY(!desktop.manager->isTrusted());
+        QCOMPARE(desktop.clock.sleeperCount(), 0);
     }
 
-    std::unique_ptr<FakeClock> m_clock;
+    void pollsOnceAndForTwoMinutes()
+    {
+        Desktop desktop;
+        desktop.manager->openSystemSettings();
+        desktop.manager->requestAccess();
+        QCOMPARE(desktop.promptCount, 1);
+        desktop.pass(); // the first poll wakes up for the last time
+        QCOMPARE(desktop.clock.sleeperCount(), 1);
+
+        int checkCount = desktop.checkCount;
+        for (int i = 0; i < 300; ++i)
+            desktop.pass();
+        // The second poll's first two checks were made before the count was taken.
+        QCOMPARE(desktop.checkCount, checkCount + 238);
+        QVERIFY(!desktop.manager->isTrusted());
+        QCOMPARE(desktop.clock.sleeperCount(), 0);
+
+        // A poll may outlive its manager.
+        desktop.manager->startPolling();
+        desktop.manager.reset();
+        checkCount = desktop.checkCount;
+        desktop.pass();
+        QCOMPARE(desktop.checkCount, checkCount);
+    }
 };
-
-void AccessibilityPermissionManagerTest::noticesTheGrantAfterTheSettingsWereOpened()
-{
-    Desktop desktop;
-    AccessibilityPermissionManager manager(desktop.platform(), *m_clock);
-    QSignalSpy changes(&manager, &AccessibilityPermissionManager::isTrustedChanged);
-    desktop.grantedAtCheck = desktop.checkCount + 3;
-    manager.openSystemSettings();
-    QCOMPARE(desktop.openedURLs, QList<QUrl>{desktop.settingsURL});
-    QVERIFY(!manager.isTrusted());
-    pass();
-    QVERIFY(manager.isTrusted());
-    QCOMPARE(changes.size(), 1);
-    const int checkCount = desktop.checkCount;
-    pass();
-    QCOMPARE(desktop.checkCount, checkCount);
-    // A grant that is withdrawn is noticed at the next question and not polled for.
-    desktop.grantedAtCheck = 1'000'000;
-    manager.refresh();
-    QVERIFY(!manager.isTrusted());
-    QCOMPARE(m_clock->sleeperCount(), 0);
-}
-
-void AccessibilityPermissionManagerTest::pollsOnceAndForTwoMinutes()
-{
-    Desktop desktop;
-    AccessibilityPermissionManager manager(desktop.platform(), *m_clock);
-    manager.openSystemSettings();
-    manager.requestAccess();
-    QCOMPARE(desktop.promptCount, 1);
-    pass(); // the first poll wakes up for the last time
-    QCOMPARE(m_clock->sleeperCount(), 1);
-
-    const int checkCount = desktop.checkCount;
-    for (int i = 0; i < 300; ++i)
-        pass();
-    // The second poll's first two checks were made before the count was taken.
-    QCOMPARE(desktop.checkCount, checkCount + 238);
-    QVERIFY(!manager.isTrusted());
-    QCOMPARE(m_clock->sleeperCount(), 0);
-}
-
-void AccessibilityPermissionManagerTest::survivesItsPoll()
-{
-    Desktop desktop;
-    {
-        AccessibilityPermissionManager manager(desktop.platform(), *m_clock);
-        manager.startPolling();
-    }
-    const int checkCount = desktop.checkCount;
-    pass();
-    QCOMPARE(desktop.checkCount, checkCount);
-}
 
 QTEST_GUILESS_MAIN(AccessibilityPermissionManagerTest)
 #include "AccessibilityPermissionManagerTest.moc"

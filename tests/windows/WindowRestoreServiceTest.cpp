@@ -35,127 +35,109 @@ class WindowRestoreServiceTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void placesAWindow();
-    void finalFailuresNameTheApplication();
-    void waitsForWhatIsNotThereYet();
-    void callsOfOneTurnReadTheDesktopTogether();
-    void findsTheBestRemainingDisplay();
-    void keepsFramesFiniteAndInside();
+    void finalFailuresNameTheApplication()
+    {
+        FakeWindowSystem desktop;
+        desktop.addWindow(u"editor"_qs, {.title = u"Notes"_qs, .refusesFrames = true});
+        const auto saved = placement(desktop, u"Notes"_qs);
+        const auto outcome = [&] {
+            const auto attempt = restore(desktop, {saved, placement(desktop, u"None"_qs)});
+            const LaunchResult result = attempt.completed.value(saved.id);
+            return u"%1 %2: %3"_qs.arg(result.name, rawValue(result.kind),
+                                       result.detail.value_or(QString()));
+        };
+        QCOMPARE(outcome(), u"Editor failed: macOS refused the window position change."_qs);
+        const int readCount = desktop.readCount();
+        desktop.displays.clear();
+        QCOMPARE(outcome(), u"Editor failed: No display is available."_qs);
+        desktop.trusted = false;
+        QCOMPARE(outcome(),
+                 u"Editor skippedNoPermission: Allow Accessibility access before capturing "
+                 "or restoring windows."_qs);
+        QCOMPARE(desktop.readCount(), readCount);
+    }
+
+    void waitsForWhatIsNotThereYet()
+    {
+        FakeWindowSystem desktop;
+        const auto first = placement(desktop, u"Notes"_qs, 0);
+        const auto second = placement(desktop, u"Notes"_qs, 1);
+        auto attempt = restore(desktop, {first, second});
+        QVERIFY(attempt.completed.isEmpty());
+        QCOMPARE(attempt.retryableDetails.value(second.id),
+                 u"The application is not running yet."_qs);
+
+        desktop.addWindow(u"editor"_qs, {.title = u"Notes"_qs, .isMinimized = true});
+        const auto window = desktop.addWindow(u"editor"_qs, {.title = u"notes"_qs});
+        attempt = restore(desktop, {second, first});
+        QCOMPARE(attempt.completed.keys(), QList<QUuid>{first.id});
+        const LaunchResult result = attempt.completed.value(first.id);
+        QCOMPARE(result.kind, LaunchResultKind::restored);
+        QCOMPARE(result.name, u"Notes"_qs);
+        QCOMPARE(result.detail, std::nullopt);
+        QCOMPARE(desktop.window(window).frame, QRectF(720, 25, 720, 437.5));
+        QCOMPARE(attempt.retryableDetails.value(second.id),
+                 u"A safe matching window was not found yet."_qs);
+    }
+
+    void callsOfOneTurnReadTheDesktopTogether()
+    {
+        FakeWindowSystem desktop;
+        WindowRestoreService service(desktop);
+        auto notes = placement(desktop, u"Notes"_qs);
+        auto mail = placement(desktop, u"Inbox"_qs);
+        mail.bundleIdentifier = u"mail"_qs;
+        auto absent = placement(desktop, u"Song"_qs);
+        absent.bundleIdentifier = u"player"_qs;
+        desktop.addWindow(u"editor"_qs, {.title = u"Notes"_qs});
+        auto ofEditor = service.restorePlacements({notes});
+        auto ofMail = service.restorePlacements({mail});
+        auto ofPlayer = service.restorePlacements({absent});
+        // Appears after it was asked for, and before the reading.
+        const auto inbox = desktop.addWindow(u"mail"_qs, {.title = u"Inbox"_qs});
+        QCOMPARE(QCoro::waitFor(ofMail).completed.value(mail.id).kind, LaunchResultKind::restored);
+        QCOMPARE(QCoro::waitFor(ofEditor).completed.value(notes.id).kind,
+                 LaunchResultKind::restored);
+        QCOMPARE(QCoro::waitFor(ofPlayer).retryableDetails.keys(), QList<QUuid>{absent.id});
+        QCOMPARE(desktop.readCount(), 1);
+
+        // A later call never gets an earlier reading.
+        desktop.removeWindow(inbox);
+        QVERIFY(QCoro::waitFor(service.restorePlacements({mail})).completed.isEmpty());
+        desktop.addWindow(u"mail"_qs, {.title = u"Inbox"_qs});
+        QCOMPARE(QCoro::waitFor(service.restorePlacements({mail})).completed.size(), 1);
+    }
+
+    void findsTheBestRemainingDisplay()
+    {
+        FakeWindowSystem desktop;
+        auto saved = placement(desktop, u"Notes"_qs);
+        saved.displayFingerprint.localizedName = u"Gone"_qs;
+        saved.displayFingerprint.isMain = false;
+        saved.displayFingerprint.relativeX = 1440;
+        const auto right =
+            desktop.display(u"Right"_qs, {1440, 200, 800, 600}, {1440, 240, 800, 500}, false);
+        desktop.displays.append(right);
+        // Fractions of its visible frame, in the coordinates of the main display's top.
+        QCOMPARE(restoreTarget(saved, desktop.displays), QRectF(1840, 160, 400, 250));
+        saved.normalizedFrame = {0.9, 0.0, 0.05, 0.05};
+        QCOMPARE(restoreTarget(saved, desktop.displays), QRectF(2000, 500, 240, 160));
+        QVERIFY(!restoreTarget(saved, {}));
+    }
+
+    void keepsFramesFiniteAndInside()
+    {
+        const FakeWindowSystem desktop;
+        for (const double value : {qQNaN(), qInf(), -qInf(), 1e300, -5.0})
+            for (const auto member : {&NormalizedFrame::x, &NormalizedFrame::y,
+                                      &NormalizedFrame::width, &NormalizedFrame::height}) {
+                auto saved = placement(desktop, u"Notes"_qs);
+                saved.normalizedFrame.*member = value;
+                const auto target = restoreTarget(saved, desktop.displays);
+                QVERIFY(target && QRectF(0, 25, 1440, 875).contains(*target));
+            }
+    }
 };
-
-void WindowRestoreServiceTest::placesAWindow()
-{
-    FakeWindowSystem desktop;
-    const auto titled = desktop.addWindow(u"editor"_qs, {.title = u"Notes"_qs});
-    const auto saved = placement(desktop, u"notes"_qs);
-    const auto attempt = restore(desktop, {saved});
-    QCOMPARE(desktop.window(titled).frame, QRectF(720, 25, 720, 437.5));
-    const LaunchResult result = attempt.completed.value(saved.id);
-    QCOMPARE(result.kind, LaunchResultKind::restored);
-    QCOMPARE(result.name, u"notes"_qs);
-    QCOMPARE(result.detail, std::nullopt);
-    QVERIFY(attempt.retryableDetails.isEmpty());
-}
-
-void WindowRestoreServiceTest::finalFailuresNameTheApplication()
-{
-    FakeWindowSystem desktop;
-    desktop.addWindow(u"editor"_qs, {.title = u"Notes"_qs, .refusesFrames = true});
-    const auto saved = placement(desktop, u"Notes"_qs);
-    const auto outcome = [&] {
-        const auto attempt = restore(desktop, {saved, placement(desktop, u"None"_qs)});
-        const LaunchResult result = attempt.completed.value(saved.id);
-        return QStringList{result.name, rawValue(result.kind), result.detail.value_or(QString())};
-    };
-    QCOMPARE(outcome(), (QStringList{u"Editor"_qs, u"failed"_qs,
-                                     u"macOS refused the window position change."_qs}));
-    const int readCount = desktop.readCount();
-    desktop.displays.clear();
-    QCOMPARE(outcome(), (QStringList{u"Editor"_qs, u"failed"_qs, u"No display is available."_qs}));
-    desktop.trusted = false;
-    QCOMPARE(
-        outcome(),
-        (QStringList{u"Editor"_qs, u"skippedNoPermission"_qs,
-                     u"Allow Accessibility access before capturing or restoring windows."_qs}));
-    QCOMPARE(desktop.readCount(), readCount);
-}
-
-void WindowRestoreServiceTest::waitsForWhatIsNotThereYet()
-{
-    FakeWindowSystem desktop;
-    const auto first = placement(desktop, u"Notes"_qs, 0);
-    const auto second = placement(desktop, u"Notes"_qs, 1);
-    auto attempt = restore(desktop, {first, second});
-    QVERIFY(attempt.completed.isEmpty());
-    QCOMPARE(attempt.retryableDetails.value(second.id), u"The application is not running yet."_qs);
-
-    desktop.addWindow(u"editor"_qs, {.title = u"Notes"_qs, .isMinimized = true});
-    desktop.addWindow(u"editor"_qs, {.title = u"Notes"_qs});
-    attempt = restore(desktop, {second, first});
-    QCOMPARE(attempt.completed.keys(), QList<QUuid>{first.id});
-    QCOMPARE(attempt.retryableDetails.value(second.id),
-             u"A safe matching window was not found yet."_qs);
-}
-
-void WindowRestoreServiceTest::callsOfOneTurnReadTheDesktopTogether()
-{
-    FakeWindowSystem desktop;
-    WindowRestoreService service(desktop);
-    auto notes = placement(desktop, u"Notes"_qs);
-    auto mail = placement(desktop, u"Inbox"_qs);
-    mail.bundleIdentifier = u"mail"_qs;
-    auto absent = placement(desktop, u"Song"_qs);
-    absent.bundleIdentifier = u"player"_qs;
-    desktop.addWindow(u"editor"_qs, {.title = u"Notes"_qs});
-    auto ofEditor = service.restorePlacements({notes});
-    auto ofMail = service.restorePlacements({mail});
-    auto ofPlayer = service.restorePlacements({absent});
-    // Appears after it was asked for, and before the reading.
-    const auto inbox = desktop.addWindow(u"mail"_qs, {.title = u"Inbox"_qs});
-    QCOMPARE(QCoro::waitFor(ofMail).completed.value(mail.id).kind, LaunchResultKind::restored);
-    QCOMPARE(QCoro::waitFor(ofEditor).completed.value(notes.id).kind, LaunchResultKind::restored);
-    QCOMPARE(QCoro::waitFor(ofPlayer).retryableDetails.keys(), QList<QUuid>{absent.id});
-    QCOMPARE(desktop.readCount(), 1);
-
-    // A later call never gets an earlier reading.
-    desktop.removeWindow(inbox);
-    QVERIFY(QCoro::waitFor(service.restorePlacements({mail})).completed.isEmpty());
-    desktop.addWindow(u"mail"_qs, {.title = u"Inbox"_qs});
-    QCOMPARE(QCoro::waitFor(service.restorePlacements({mail})).completed.size(), 1);
-}
-
-void WindowRestoreServiceTest::findsTheBestRemainingDisplay()
-{
-    FakeWindowSystem desktop;
-    auto saved = placement(desktop, u"Notes"_qs);
-    saved.displayFingerprint.localizedName = u"Gone"_qs;
-    saved.displayFingerprint.isMain = false;
-    saved.displayFingerprint.relativeX = 1440;
-    const auto right =
-        desktop.display(u"Right"_qs, {1440, 200, 800, 600}, {1440, 240, 800, 500}, false);
-    desktop.displays.append(right);
-    // Fractions of its visible frame, in the coordinates of the main display's top.
-    QCOMPARE(restoreTarget(saved, desktop.displays), QRectF(1840, 160, 400, 250));
-    saved.normalizedFrame = {0.9, 0.0, 0.05, 0.05};
-    QCOMPARE(restoreTarget(saved, desktop.displays), QRectF(2000, 500, 240, 160));
-    QVERIFY(!restoreTarget(saved, {}));
-}
-
-void WindowRestoreServiceTest::keepsFramesFiniteAndInside()
-{
-    const QRectF visible(0, 25, 1440, 875);
-    for (const double value : {qQNaN(), qInf(), -qInf(), 1e300, -5.0})
-        for (double NormalizedFrame::*member :
-             {&NormalizedFrame::x, &NormalizedFrame::y, &NormalizedFrame::width,
-              &NormalizedFrame::height}) {
-            FakeWindowSystem desktop;
-            auto saved = placement(desktop, u"Notes"_qs);
-            saved.normalizedFrame.*member = value;
-            const auto window = desktop.addWindow(u"editor"_qs, {.title = u"Notes"_qs});
-            QCOMPARE(restore(desktop, {saved}).completed.size(), 1);
-            QVERIFY(visible.contains(desktop.window(window).frame));
-        }
-}
 
 QTEST_GUILESS_MAIN(WindowRestoreServiceTest)
 #include "WindowRestoreServiceTest.moc"
