@@ -282,7 +282,7 @@ void GlobalHotKeysTest::followsTheLayout()
     QTRY_COMPARE(freeKeys(), (Keycodes{10, 11}));
     QCOMPARE(triggeredBy({10, 13, 14, 15, 17, 18}, 12), (QList{3, 1, 2, 4}));
     m_desktop->run("setxkbmap", {"fr"});
-    QTRY_COMPARE(freeKeys(), Keycodes{});
+    QTRY_VERIFY(freeKeys().isEmpty());
     QVERIFY(m_other->isFree(17));
     QCOMPARE(triggeredBy({10, 11, 12, 13, 17}), (QList{1, 2, 3, 4}));
 }
