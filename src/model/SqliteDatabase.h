@@ -26,8 +26,8 @@ public:
 
     [[nodiscard]] bool isReadOnly() const;
 
-    /// Reads the file once from its beginning to its end, so that the system's cache holds it when
-    /// the pages are asked for one by one. Without effect on what is read later, nor on errors.
+    /// Asks the system to read the whole file into its cache, before the pages are wanted one by
+    /// one. Returns at once; without effect on what is read later, nor on errors.
     void readAhead();
 
     /// Runs statements separated by semicolons and passes over their rows.
