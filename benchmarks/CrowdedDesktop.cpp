@@ -8,7 +8,7 @@
 
 namespace trovell::bench {
 
-CrowdedDesktop::CrowdedDesktop() : m_desktop(test::WindowManager::openbox) {}
+CrowdedDesktop::CrowdedDesktop(test::WindowManager windowManager) : m_desktop(windowManager) {}
 
 QString CrowdedDesktop::bundleIdentifier(int application)
 {

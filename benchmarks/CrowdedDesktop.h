@@ -10,7 +10,7 @@ namespace trovell::bench {
 
 class CrowdedDesktop {
 public:
-    CrowdedDesktop();
+    explicit CrowdedDesktop(test::WindowManager windowManager = test::WindowManager::openbox);
 
     /// Empty when the desktop runs.
     [[nodiscard]] QString error() const { return m_desktop.error(); }
