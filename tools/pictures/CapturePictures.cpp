@@ -37,6 +37,13 @@ QImage loading(Stage& stage)
     return stage.pictureNow(stage.window());
 }
 
+void openTextEditor(Stage& stage)
+{
+    stage.desktop().openWindow(Application::textEditor, u"Chapter 4 – Draft.md"_qs, 0,
+                               {0.02, 0.04, 0.5, 0.92});
+    stage.desktop().openWindow(Application::textEditor, u"Notes.md"_qs, 1, {0.03, 0.54, 0.46, 0.4});
+}
+
 QImage creating(Stage& stage)
 {
     stage.desktop().openWritingWindows();
@@ -50,9 +57,7 @@ QImage creating(Stage& stage)
 
 QImage updating(Stage& stage)
 {
-    stage.desktop().openWindow(Application::textEditor, u"Chapter 4 – Draft.md"_qs, 0,
-                               {0.02, 0.04, 0.5, 0.92});
-    stage.desktop().openWindow(Application::textEditor, u"Notes.md"_qs, 1, {0.03, 0.54, 0.46, 0.4});
+    openTextEditor(stage);
     stage.desktop().openWindow(Application::firefox, u"Reference – Firefox"_qs, 0,
                                {0.535, 0.04, 0.445, 0.92});
     openSheet(stage, Kind::updateLayout);
@@ -90,9 +95,7 @@ QImage updatingWithNoneOpen(Stage& stage)
 
 QImage savingAsNew(Stage& stage)
 {
-    stage.desktop().openWindow(Application::textEditor, u"Chapter 4 – Draft.md"_qs, 0,
-                               {0.02, 0.04, 0.5, 0.92});
-    stage.desktop().openWindow(Application::textEditor, u"Notes.md"_qs, 1, {0.03, 0.54, 0.46, 0.4});
+    openTextEditor(stage);
     openSheet(stage, Kind::saveAsNew);
     stage.type(u"Workspace name"_qs, u"Writing Variant"_qs);
     return stage.picture();

@@ -66,8 +66,9 @@ public:
             return processes;
         auto each = xcb_res_query_client_ids_ids_iterator(reply.get());
         for (; each.rem > 0; xcb_res_client_id_value_next(&each)) {
-            if (xcb_res_client_id_value_value_length(each.data) > 0)
-                processes.insert(m_connection.clientOf(each.data->spec.client),
+            const auto& [owner, byteCount] = *each.data;
+            if (byteCount >= sizeof(quint32))
+                processes.insert(m_connection.clientOf(owner.client),
                                  static_cast<qint32>(*xcb_res_client_id_value_value(each.data)));
         }
         return processes;
