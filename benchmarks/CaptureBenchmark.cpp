@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "CaptureBenchmark.h"
 #include "app/AppConfiguration.h"
 
@@ -10,6 +12,8 @@
 #include <QCoro/QCoroTask>
 
 namespace trovell::bench {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -57,33 +61,31 @@ RoundTrips countRoundTrips(X11WindowSystem& system, const WindowCaptureService& 
 void reportTimes(Report& report, int windows, const std::vector<Samples>& samples)
 {
     const double ratio = medianRatio(samples[1], samples[0]);
-    const QString what = QStringLiteral("Capturing %1 windows").arg(windows);
-    const QString peer = QStringLiteral("wmctrl -lGxp: ") + formatSpread(samples[1]);
+    const QString what = u"Capturing %1 windows"_s.arg(windows);
+    const QString peer = u"wmctrl -lGxp: "_s + formatSpread(samples[1]);
     report.add({.what = what,
                 .trovell = formatSpread(samples[0]),
                 .peer = peer,
-                .ratio = formatRatio(ratio) + QStringLiteral(" faster"),
-                .budget = QStringLiteral("≥ 10× faster"),
+                .ratio = formatRatio(ratio) + u" faster"_s,
+                .budget = u"≥ 10× faster"_s,
                 .isMet = ratio >= 10});
     if (windows == 200)
-        report.add({.what = what + QStringLiteral(", the time itself"),
+        report.add({.what = what + u", the time itself"_s,
                     .trovell = formatSpread(samples[0]),
-                    .budget = QStringLiteral("≤ 15 ms"),
+                    .budget = u"≤ 15 ms"_s,
                     .isMet = median(samples[0]) <= 0.015});
-    report.add(
-        {.what = what + QStringLiteral(" in a process just started"),
-         .trovell = formatSpread(samples[2]),
-         .peer = peer,
-         .ratio = formatRatio(medianRatio(samples[1], samples[2])) + QStringLiteral(" faster")});
+    report.add({.what = what + u" in a process just started"_s,
+                .trovell = formatSpread(samples[2]),
+                .peer = peer,
+                .ratio = formatRatio(medianRatio(samples[1], samples[2])) + u" faster"_s});
 }
 
 void reportRoundTrips(Report& report, int windows, RoundTrips trips)
 {
-    report.add({.what = QStringLiteral("Waits for the X server, %1 windows").arg(windows),
-                .trovell = QStringLiteral("%1 for the windows, %2 for a whole capture")
-                               .arg(trips.windows)
+    report.add({.what = u"Waits for the X server, %1 windows"_s.arg(windows),
+                .trovell = u"%1 for the windows, %2 for a whole capture"_s.arg(trips.windows)
                                .arg(trips.wholeCapture),
-                .budget = QStringLiteral("≤ 2 for the windows"),
+                .budget = u"≤ 2 for the windows"_s,
                 .isMet = trips.windows <= 2});
 }
 
@@ -92,7 +94,7 @@ void measureWindows(Report& report, CrowdedDesktop& crowd, int windows)
     const WindowCaptureService& service = crowd.session().dependencies().windowCapture();
     auto* system = dynamic_cast<X11WindowSystem*>(&crowd.session().windowSystem());
     if (!system)
-        return report.fail(QStringLiteral("The X11 adapter"));
+        return report.fail(u"The X11 adapter"_s);
     bool isWrong = false;
     const auto timed = [&](auto&& capture) {
         return secondsOf([&] { isWrong |= capture() != windows; });
@@ -105,7 +107,7 @@ void measureWindows(Report& report, CrowdedDesktop& crowd, int windows)
                             [&] { return timed(&capturedWindowsFromNothing); }});
     const QByteArray listed = crowd.desktop().run("wmctrl", {"-lGxp"});
     if (isWrong || listed.count('\n') != windows)
-        report.fail(QStringLiteral("Capturing exactly %1 windows").arg(windows));
+        report.fail(u"Capturing exactly %1 windows"_s.arg(windows));
     reportTimes(report, windows, samples);
     reportRoundTrips(report, windows, countRoundTrips(*system, service));
 }
@@ -115,14 +117,12 @@ void measureWindows(Report& report, CrowdedDesktop& crowd, int windows)
 void measureCapture(Report& report)
 {
     report.beginSection(
-        QStringLiteral("Capture"),
-        QStringLiteral(
-            "WindowCaptureService with the X11 adapter, from the call to the sorted list of "
-            "applications, on a connection that is open and knows the applications. wmctrl is "
-            "timed "
-            "from its start to its exit, its output thrown away. Five windows per application, "
-            "openbox. Medians of %1 rounds, quartiles in brackets.")
-            .arg(rounds));
+        u"Capture"_s,
+        u"WindowCaptureService with the X11 adapter, from the call to the sorted list of "
+        "applications, on a connection that is open and knows the applications. wmctrl is "
+        "timed "
+        "from its start to its exit, its output thrown away. Five windows per application, "
+        "openbox. Medians of %1 rounds, quartiles in brackets."_s.arg(rounds));
     CrowdedDesktop crowd;
     if (!crowd.error().isEmpty())
         return report.fail(crowd.error());
@@ -130,7 +130,7 @@ void measureCapture(Report& report)
     for (const int windows : {10, 50, 200}) {
         const int wanted = windows / windowsPerApplication;
         if (!crowd.openApplications(applications, wanted - applications, windowsPerApplication))
-            return report.fail(QStringLiteral("Opening %1 windows").arg(windows));
+            return report.fail(u"Opening %1 windows"_s.arg(windows));
         applications = wanted;
         measureWindows(report, crowd, windows);
     }

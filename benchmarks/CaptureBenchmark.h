@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // How long it takes to read all windows.
 #pragma once
 

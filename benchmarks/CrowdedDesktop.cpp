@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "CrowdedDesktop.h"
 
 #include "Titles.h"
@@ -8,11 +10,13 @@
 
 namespace trovell::bench {
 
+using namespace Qt::StringLiterals;
+
 CrowdedDesktop::CrowdedDesktop(test::WindowManager windowManager) : m_desktop(windowManager) {}
 
 QString CrowdedDesktop::bundleIdentifier(int application)
 {
-    return QStringLiteral("org.example.Application%1").arg(application);
+    return u"org.example.Application%1"_s.arg(application);
 }
 
 QString CrowdedDesktop::windowTitle(int application, int window)
@@ -52,14 +56,13 @@ test::LayoutSession& CrowdedDesktop::session()
 
 void CrowdedDesktop::installDesktopFile(int application) const
 {
-    const QString folder = m_desktop.homePath() + QStringLiteral("/.local/share/applications");
+    const QString folder = m_desktop.homePath() + u"/.local/share/applications"_s;
     QDir().mkpath(folder);
     const QString identifier = bundleIdentifier(application);
-    QFile file(folder + u'/' + identifier + QStringLiteral(".desktop"));
+    QFile file(folder + u'/' + identifier + u".desktop"_s);
     if (file.open(QIODevice::WriteOnly))
-        file.write(QStringLiteral("[Desktop Entry]\nType=Application\nName=Application %1\n"
-                                  "Exec=true\nStartupWMClass=%2\n")
-                       .arg(application)
+        file.write(u"[Desktop Entry]\nType=Application\nName=Application %1\n"
+                   "Exec=true\nStartupWMClass=%2\n"_s.arg(application)
                        .arg(identifier)
                        .toUtf8());
 }

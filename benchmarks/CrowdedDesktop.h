@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // A virtual desktop with many windows of many applications, and the product at work on it.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "InterfaceBenchmark.h"
 
 #include "ProgramRun.h"
@@ -6,6 +8,8 @@
 #include <QThread>
 
 namespace trovell::bench {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -24,10 +28,10 @@ struct Starts {
 double startOnce(test::VirtualDesktop& desktop, bool isCold, Report& report)
 {
     if (isCold && !dropCaches())
-        report.fail(QStringLiteral("Dropping the caches, which needs root"));
+        report.fail(u"Dropping the caches, which needs root"_s);
     const ProgramRun program(desktop);
     if (!program.secondsToPaint())
-        report.fail(QStringLiteral("Starting the program"));
+        report.fail(u"Starting the program"_s);
     return program.secondsToPaint().value_or(0);
 }
 
@@ -42,31 +46,31 @@ void addStarts(Report& report, const Starts& starts, const QString& kind, double
 {
     report.add({.what = kind,
                 .trovell = formatSpread(starts.few),
-                .budget = QStringLiteral("≤ ") + formatSeconds(budget),
+                .budget = u"≤ "_s + formatSeconds(budget),
                 .isMet = median(starts.few) <= budget});
     const double later = median(starts.many) - median(starts.few);
-    report.add({.what = kind + QStringLiteral(", 1,000 workspaces"),
+    report.add({.what = kind + u", 1,000 workspaces"_s,
                 .trovell = formatSpread(starts.many),
-                .ratio = formatSeconds(later) + QStringLiteral(" later"),
-                .budget = QStringLiteral("≤ 150 ms later"),
+                .ratio = formatSeconds(later) + u" later"_s,
+                .budget = u"≤ 150 ms later"_s,
                 .isMet = later <= 0.150});
 }
 
 void addMemory(Report& report, const QString& what, double megabytes, double budget)
 {
     report.add({.what = what,
-                .trovell = QStringLiteral("%1 MB").arg(megabytes, 0, 'f', 1),
-                .budget = QStringLiteral("< %1 MB").arg(budget),
+                .trovell = u"%1 MB"_s.arg(megabytes, 0, 'f', 1),
+                .budget = u"< %1 MB"_s.arg(budget),
                 .isMet = megabytes < budget});
 }
 
 void addIdle(Report& report, const QString& what, const IdleCost& cost)
 {
     report.add({.what = what,
-                .trovell = QStringLiteral("%1 % of one core, %2 wake-ups a second")
+                .trovell = u"%1 % of one core, %2 wake-ups a second"_s
                                .arg(100 * cost.shareOfCore, 0, 'f', 3)
                                .arg(cost.wakeUpsPerSecond, 0, 'f', 2),
-                .budget = QStringLiteral("< 0.1 %, no wake-ups"),
+                .budget = u"< 0.1 %, no wake-ups"_s,
                 .isMet = cost.shareOfCore < 0.001 && cost.wakeUpsPerSecond == 0});
 }
 
@@ -75,31 +79,29 @@ void addIdle(Report& report, const QString& what, const IdleCost& cost)
 void measureInterface(Report& report)
 {
     report.beginSection(
-        QStringLiteral("The program"),
-        QStringLiteral(
-            "From the start of the process until its main window stands painted on the "
-            "screen (openbox, Xorg with the dummy driver); cold: the system's file cache "
-            "dropped before. Medians of %1 starts, quartiles in brackets. Idle: %2 "
-            "seconds in which nobody touches it. Memory: proportional set size.")
-            .arg(rounds)
+        u"The program"_s,
+        u"From the start of the process until its main window stands painted on the "
+        "screen (openbox, Xorg with the dummy driver); cold: the system's file cache "
+        "dropped before. Medians of %1 starts, quartiles in brackets. Idle: %2 "
+        "seconds in which nobody touches it. Memory: proportional set size."_s.arg(rounds)
             .arg(idleSeconds));
     test::VirtualDesktop few(test::WindowManager::openbox);
     test::VirtualDesktop many(test::WindowManager::openbox);
     if (!few.isReady() || !many.isReady())
         return report.fail(few.error() + many.error());
     if (!prepareHome(few, 3) || !prepareHome(many, manyWorkspaces))
-        return report.fail(QStringLiteral("Preparing the stores"));
-    addStarts(report, start(few, many, false, report), QStringLiteral("Warm start"), 0.200);
-    addStarts(report, start(few, many, true, report), QStringLiteral("Cold start"), 0.350);
+        return report.fail(u"Preparing the stores"_s);
+    addStarts(report, start(few, many, false, report), u"Warm start"_s, 0.200);
+    addStarts(report, start(few, many, true, report), u"Cold start"_s, 0.350);
 
     ProgramRun program(few);
     QThread::sleep(settlingSeconds);
-    addMemory(report, QStringLiteral("Memory, main window open"), program.megabytes(), 90);
-    addIdle(report, QStringLiteral("Idle, main window open"), program.idle(idleSeconds));
+    addMemory(report, u"Memory, main window open"_s, program.megabytes(), 90);
+    addIdle(report, u"Idle, main window open"_s, program.idle(idleSeconds));
     program.closeMainWindow();
     QThread::sleep(settlingSeconds);
-    addMemory(report, QStringLiteral("Memory, closed to the tray"), program.megabytes(), 75);
-    addIdle(report, QStringLiteral("Idle, closed to the tray"), program.idle(idleSeconds));
+    addMemory(report, u"Memory, closed to the tray"_s, program.megabytes(), 75);
+    addIdle(report, u"Idle, closed to the tray"_s, program.idle(idleSeconds));
 }
 
 } // namespace trovell::bench

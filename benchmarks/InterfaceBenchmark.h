@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // What the program itself costs a user: its start, its idling and its memory.
 #pragma once
 

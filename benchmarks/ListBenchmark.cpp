@@ -1,17 +1,21 @@
+// SPDX-License-Identifier: MIT
+
 #include "ListBenchmark.h"
 
 #include "Samples.h"
 #include "ShownProduct.h"
 #include "StoreWorkload.h"
+#include "views/editor/WorkspaceEditorView.h"
+#include "views/main/MainWorkspaceView.h"
+#include "views/main/WorkspaceSidebarList.h"
 #include "views/style/TextField.h"
-#include "views/workspace/MainWorkspaceView.h"
-#include "views/workspace/WorkspaceEditorView.h"
-#include "views/workspace/WorkspaceSidebarList.h"
 
 #include <QTemporaryDir>
 #include <QWheelEvent>
 
 namespace trovell::bench {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -56,11 +60,11 @@ void turnWheel(QAbstractScrollArea& area)
 void addRow(Report& report, const QString& what, const Samples& samples, double budget)
 {
     const double slow = quantile(samples, 0.95);
-    report.add({.what = what,
-                .trovell = QStringLiteral("%1, 95 of 100 within %2")
-                               .arg(formatSpread(samples), formatSeconds(slow)),
-                .budget = QStringLiteral("95 of 100 ≤ ") + formatSeconds(budget),
-                .isMet = slow <= budget});
+    report.add(
+        {.what = what,
+         .trovell = u"%1, 95 of 100 within %2"_s.arg(formatSpread(samples), formatSeconds(slow)),
+         .budget = u"95 of 100 ≤ "_s + formatSeconds(budget),
+         .isMet = slow <= budget});
 }
 
 void measureWindow(Report& report, const ViewEnvironment& environment)
@@ -73,35 +77,33 @@ void measureWindow(Report& report, const ViewEnvironment& environment)
     view.show();
     QApplication::processEvents();
     auto& list = *view.findChild<WorkspaceSidebarList*>();
-    addRow(report, QStringLiteral("One notch of the wheel over the list"),
+    addRow(report, u"One notch of the wheel over the list"_s,
            repeat(view, [&list] { turnWheel(list); }), frame);
-    addRow(report, QStringLiteral("Selecting the next workspace"),
+    addRow(report, u"Selecting the next workspace"_s,
            repeat(view, [&list] { press(list, Qt::Key_Down); }), turn);
     WorkspaceEditorView editor(environment, nullptr, &view);
     editor.open();
     QApplication::processEvents();
     auto& name = *editor.findChild<TextField*>();
-    addRow(report, QStringLiteral("A letter typed in the editor's sheet"),
-           repeat(view, [&name] { press(name, Qt::Key_A, QStringLiteral("a")); }), frame);
+    addRow(report, u"A letter typed in the editor's sheet"_s,
+           repeat(view, [&name] { press(name, Qt::Key_A, u"a"_s); }), frame);
 }
 
 } // namespace
 
 void measureList(Report& report)
 {
-    report.beginSection(
-        QStringLiteral("The main window with 1,000 workspaces"),
-        QStringLiteral("From an input until the whole window has been painted anew into memory; "
-                       "20 items and 20 placements in each workspace. Medians of %1 inputs, "
-                       "quartiles in brackets.")
-            .arg(steps));
+    report.beginSection(u"The main window with 1,000 workspaces"_s,
+                        u"From an input until the whole window has been painted anew into memory; "
+                        "20 items and 20 placements in each workspace. Medians of %1 inputs, "
+                        "quartiles in brackets."_s.arg(steps));
     const QTemporaryDir folder;
     if (!createStore(folder.path(), workspaceCount))
-        return report.fail(QStringLiteral("Creating the store"));
+        return report.fail(u"Creating the store"_s);
     const auto store = openStore(folder.path());
     CrowdedDesktop crowd;
     if (!store || !crowd.error().isEmpty())
-        return report.fail(QStringLiteral("Opening the store on a desktop: ") + crowd.error());
+        return report.fail(u"Opening the store on a desktop: "_s + crowd.error());
     ShownProduct product(crowd.session(), (*store)->mainContext());
     measureWindow(report, product.environment());
 }

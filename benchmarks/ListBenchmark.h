@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // How smoothly the main window works with a thousand workspaces.
 #pragma once
 

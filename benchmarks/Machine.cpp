@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "Machine.h"
 
 #include <QFile>
@@ -10,21 +12,23 @@
 
 namespace trovell::bench {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString processorName()
 {
-    QFile file(QStringLiteral("/proc/cpuinfo"));
+    QFile file(u"/proc/cpuinfo"_s);
     if (!file.open(QIODevice::ReadOnly))
         return QSysInfo::currentCpuArchitecture();
-    const QRegularExpression line(QStringLiteral("model name\\s*: (.*)"));
+    const QRegularExpression line(u"model name\\s*: (.*)"_s);
     const auto match = line.match(QString::fromUtf8(file.readAll()));
     return match.hasMatch() ? match.captured(1).trimmed() : QSysInfo::currentCpuArchitecture();
 }
 
 bool isVirtual()
 {
-    QFile file(QStringLiteral("/proc/cpuinfo"));
+    QFile file(u"/proc/cpuinfo"_s);
     return file.open(QIODevice::ReadOnly) && file.readAll().contains(" hypervisor");
 }
 
@@ -37,13 +41,12 @@ double memoryGigabytes()
 
 QString describeMachine()
 {
-    return QStringLiteral("%1 with %2 cores (%3) and %4 GB of memory, without a GPU in use; %5, "
-                          "Linux %6")
-        .arg(isVirtual() ? QStringLiteral("a virtual machine") : QStringLiteral("a machine"))
-        .arg(QThread::idealThreadCount())
-        .arg(processorName())
-        .arg(memoryGigabytes(), 0, 'f', 0)
-        .arg(QSysInfo::prettyProductName(), QSysInfo::kernelVersion());
+    return u"%1 with %2 cores (%3) and %4 GB of memory, without a GPU in use; %5, "
+           "Linux %6"_s.arg(isVirtual() ? u"a virtual machine"_s : u"a machine"_s)
+               .arg(QThread::idealThreadCount())
+               .arg(processorName())
+               .arg(memoryGigabytes(), 0, 'f', 0)
+               .arg(QSysInfo::prettyProductName(), QSysInfo::kernelVersion());
 }
 
 double loadAverage()

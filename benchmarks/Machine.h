@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The machine that the figures belong to, in words.
 #pragma once
 

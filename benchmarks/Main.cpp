@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Runs the benchmarks and prints their figures. A missed budget is printed as such and is no
 // failure; the exit code is 1 only when something did not run.
 
@@ -19,6 +21,8 @@
 #include <QFile>
 #include <QTextStream>
 
+using namespace Qt::StringLiterals;
+
 using namespace trovell::bench;
 
 namespace {
@@ -37,14 +41,13 @@ constexpr Benchmark benchmarks[] = {
 QString describeRun()
 {
     const double load = loadAverage();
-    const QString text =
-        QStringLiteral("Measured on %1, on %2. One minute's load average at the start: %3.")
-            .arg(QDate::currentDate().toString(Qt::ISODate), describeMachine())
-            .arg(load, 0, 'f', 1);
+    const QString text = u"Measured on %1, on %2. One minute's load average at the start: %3."_s
+                             .arg(QDate::currentDate().toString(Qt::ISODate), describeMachine())
+                             .arg(load, 0, 'f', 1);
     constexpr double busy = 0.7;
     return load < busy ? text
-                       : text + QStringLiteral(" The machine was busy with other things: times are "
-                                               "longer than they would be, ratios are less exact.");
+                       : text + u" The machine was busy with other things: times are "
+                                "longer than they would be, ratios are less exact."_s;
 }
 
 /// Replaces what stands between the two marks of the document.
@@ -83,15 +86,13 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     if (const QStringList arguments = QCoreApplication::arguments();
-        arguments.value(1) == QStringLiteral("--probe-store"))
+        arguments.value(1) == u"--probe-store"_s)
         return runStoreProbe(arguments.value(2));
     QCommandLineParser parser;
-    const QCommandLineOption document(QStringLiteral("write-doc"),
-                                      QStringLiteral("Write the tables into this document."),
-                                      QStringLiteral("path"));
+    const QCommandLineOption document(u"write-doc"_s, u"Write the tables into this document."_s,
+                                      u"path"_s);
     parser.addOption(document);
-    parser.addPositionalArgument(QStringLiteral("benchmarks"),
-                                 QStringLiteral("Which to run; all without."));
+    parser.addPositionalArgument(u"benchmarks"_s, u"Which to run; all without."_s);
     parser.addHelpOption();
     parser.process(application);
 
@@ -101,6 +102,6 @@ int main(int argc, char** argv)
     run(parser.positionalArguments(), report);
     if (parser.isSet(document) &&
         !writeInto(parser.value(document), description + u'\n' + report.markdown()))
-        report.fail(QStringLiteral("Writing ") + parser.value(document));
+        report.fail(u"Writing "_s + parser.value(document));
     return report.hasFailed() ? 1 : 0;
 }

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // How long it takes to pair saved placements with windows.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "MoveWatcher.h"
 
 #include <chrono>

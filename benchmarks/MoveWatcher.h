@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Tells when windows stand still after they were moved. It only listens while others work, and
 // takes the events when it is asked, so that it costs those who are measured nothing.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Runs another program as people's scripts do, and times it from its start to its exit.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "ProcessorTime.h"
 
 #include <QFile>
@@ -10,6 +12,8 @@
 
 namespace trovell::bench {
 
+using namespace Qt::StringLiterals;
+
 double ownProcessorSeconds()
 {
     rusage usage = {};
@@ -20,7 +24,7 @@ double ownProcessorSeconds()
 
 double processorSeconds(pid_t process)
 {
-    QFile file(QStringLiteral("/proc/%1/stat").arg(process));
+    QFile file(u"/proc/%1/stat"_s.arg(process));
     if (!file.open(QIODevice::ReadOnly))
         return 0;
     // proc(5): fields 14 and 15; the name in field 2 may hold spaces.

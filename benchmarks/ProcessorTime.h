@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // How much processor time processes have used.
 #pragma once
 

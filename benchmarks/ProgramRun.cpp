@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "ProgramRun.h"
 
 #include "StoreWorkload.h"
@@ -11,6 +13,8 @@
 #include <unistd.h>
 
 namespace trovell::bench {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -37,7 +41,7 @@ bool waitForPaint(test::VirtualDesktop& desktop)
 /// One line of a file of the process, as a number.
 qint64 number(qint64 process, const QString& file, const QByteArray& key)
 {
-    QFile source(u"/proc/%1/%2"_qs.arg(process).arg(file));
+    QFile source(u"/proc/%1/%2"_s.arg(process).arg(file));
     if (!source.open(QIODevice::ReadOnly))
         return 0;
     const QList<QByteArray> lines = source.readAll().split('\n');
@@ -57,12 +61,12 @@ struct Activity {
 QHash<QString, Activity> activities(qint64 process)
 {
     QHash<QString, Activity> found;
-    const QString tasks = u"/proc/%1/task"_qs.arg(process);
+    const QString tasks = u"/proc/%1/task"_s.arg(process);
     const QStringList threads = QDir(tasks).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
     for (const QString& thread : threads) {
-        const QString task = u"task/"_qs + thread;
-        found.insert(thread, {number(process, task + u"/schedstat"_qs, {}),
-                              number(process, task + u"/status"_qs, "voluntary_ctxt_switches:")});
+        const QString task = u"task/"_s + thread;
+        found.insert(thread, {number(process, task + u"/schedstat"_s, {}),
+                              number(process, task + u"/status"_s, "voluntary_ctxt_switches:")});
     }
     return found;
 }
@@ -71,11 +75,11 @@ QHash<QString, Activity> activities(qint64 process)
 
 bool prepareHome(const test::VirtualDesktop& desktop, int workspaceCount)
 {
-    const QString data = desktop.homePath() + u"/.local/share/trovell"_qs;
+    const QString data = desktop.homePath() + u"/.local/share/trovell"_s;
     QDir(data).removeRecursively();
-    const QString configuration = desktop.homePath() + u"/.config/trovell"_qs;
+    const QString configuration = desktop.homePath() + u"/.config/trovell"_s;
     QDir().mkpath(configuration);
-    QFile preferences(configuration + u"/preferences.json"_qs);
+    QFile preferences(configuration + u"/preferences.json"_s);
     return preferences.open(QIODevice::WriteOnly) &&
            preferences.write(R"({"onboarding.completed": true})") > 0 &&
            createStore(data, workspaceCount);
@@ -84,7 +88,7 @@ bool prepareHome(const test::VirtualDesktop& desktop, int workspaceCount)
 bool dropCaches()
 {
     ::sync();
-    QFile switches(u"/proc/sys/vm/drop_caches"_qs);
+    QFile switches(u"/proc/sys/vm/drop_caches"_s);
     return switches.open(QIODevice::WriteOnly) && switches.write("3") == 1 && switches.flush();
 }
 
@@ -119,7 +123,7 @@ IdleCost ProgramRun::idle(double seconds) const
 
 double ProgramRun::megabytes() const
 {
-    return double(number(m_process->processId(), u"smaps_rollup"_qs, "Pss:")) / 1e3;
+    return double(number(m_process->processId(), u"smaps_rollup"_s, "Pss:")) / 1e3;
 }
 
 void ProgramRun::closeMainWindow()

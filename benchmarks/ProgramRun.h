@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The program in a process of its own, timed and weighed from outside.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "Report.h"
 
 #include <QTextStream>
@@ -6,13 +8,15 @@
 
 namespace trovell::bench {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString verdict(const Row& row)
 {
     if (!row.isMet)
         return {};
-    return *row.isMet ? QStringLiteral("met") : QStringLiteral("MISSED");
+    return *row.isMet ? u"met"_s : u"MISSED"_s;
 }
 
 QStringList cells(const Row& row)
@@ -22,9 +26,8 @@ QStringList cells(const Row& row)
 
 const QStringList& headings()
 {
-    static const QStringList texts = {QStringLiteral("Measured"),      QStringLiteral("Trovell"),
-                                      QStringLiteral("Compared with"), QStringLiteral("Ratio"),
-                                      QStringLiteral("Budget"),        QStringLiteral("Result")};
+    static const QStringList texts = {u"Measured"_s, u"Trovell"_s, u"Compared with"_s,
+                                      u"Ratio"_s,    u"Budget"_s,  u"Result"_s};
     return texts;
 }
 
@@ -40,7 +43,7 @@ QList<qsizetype> columnWidths(const QList<QStringList>& table)
 
 QString markdownLine(const QStringList& line)
 {
-    return QStringLiteral("| ") + line.join(QStringLiteral(" | ")) + QStringLiteral(" |\n");
+    return u"| "_s + line.join(u" | "_s) + u" |\n"_s;
 }
 
 } // namespace
@@ -95,11 +98,11 @@ QString Report::markdown() const
 {
     QString text = u'\n' + summary() + u'\n';
     for (const QString& failure : m_failures)
-        text += QStringLiteral("\nDid not run: ") + failure + u'\n';
+        text += u"\nDid not run: "_s + failure + u'\n';
     for (const Section& section : m_sections) {
-        text += QStringLiteral("\n### %1\n\n%2\n\n").arg(section.title, section.method);
+        text += u"\n### %1\n\n%2\n\n"_s.arg(section.title, section.method);
         text += markdownLine(headings());
-        text += markdownLine(QStringList(headings().size(), QStringLiteral("---")));
+        text += markdownLine(QStringList(headings().size(), u"---"_s));
         for (const Row& row : section.rows)
             text += markdownLine(cells(row));
     }
@@ -120,7 +123,7 @@ QString Report::summary() const
 {
     const QList<Row> rows = rowsWithBudget();
     const auto met = std::ranges::count(rows, std::optional(true), &Row::isMet);
-    return QStringLiteral("%1 of %2 budgets met.").arg(met).arg(rows.size());
+    return u"%1 of %2 budgets met."_s.arg(met).arg(rows.size());
 }
 
 } // namespace trovell::bench

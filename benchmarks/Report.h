@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The outcome of a run: sections of rows, each with its figure, what it is compared with, and its
 // budget. Printed section by section, and written into a document as Markdown.
 #pragma once

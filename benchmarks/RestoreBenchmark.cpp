@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "RestoreBenchmark.h"
 
 #include "MoveWatcher.h"
@@ -10,6 +12,8 @@
 #include <algorithm>
 
 namespace trovell::bench {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -107,10 +111,8 @@ private:
 
 QString describe(const Exactness& exactness)
 {
-    const QString count = QStringLiteral("%1 of %2 exact").arg(exactness.exact).arg(windowCount);
-    return exactness.worst == 0
-               ? count
-               : count + QStringLiteral(", worst off by %1 px").arg(exactness.worst);
+    const QString count = u"%1 of %2 exact"_s.arg(exactness.exact).arg(windowCount);
+    return exactness.worst == 0 ? count : count + u", worst off by %1 px"_s.arg(exactness.worst);
 }
 
 struct Race {
@@ -138,7 +140,7 @@ Row comparedWith(const QString& what, const Race& race, const QString& peer, con
             .peer = peer + formatSpread(seconds),
             .ratio = formatRatio(ratio)};
     if (hasBudget) {
-        row.budget = QStringLiteral("≤ 1.3×");
+        row.budget = u"≤ 1.3×"_s;
         row.isMet = ratio <= 1.3;
     }
     return row;
@@ -147,64 +149,60 @@ Row comparedWith(const QString& what, const Race& race, const QString& peer, con
 void reportTimes(Report& report, const QString& what, const Race& race)
 {
     // Before a window has moved: its requests are only on their way.
-    report.add(comparedWith(what, race, QStringLiteral("one xdotool, to its exit: "),
-                            race.seconds[1], false));
-    report.add(comparedWith(what, race,
-                            QStringLiteral("one xdotool, until no window moves any more: "),
+    report.add(comparedWith(what, race, u"one xdotool, to its exit: "_s, race.seconds[1], false));
+    report.add(comparedWith(what, race, u"one xdotool, until no window moves any more: "_s,
                             untilRest(race.xdotool), true));
     report.add(comparedWith(what, race,
-                            QStringLiteral("the same requests sent blindly, until no window moves "
-                                           "any more: "),
+                            u"the same requests sent blindly, until no window moves "
+                            "any more: "_s,
                             untilRest(race.blind), false));
     // Its last move is still under way when the last call returns.
     const Samples wmctrl = untilRest(race.wmctrl);
     const double ratio = medianRatio(wmctrl, race.seconds[0]);
     report.add({.what = what,
                 .trovell = formatSpread(race.seconds[0]),
-                .peer = QStringLiteral("200 × wmctrl -i -r … -e …, until no window moves any "
-                                       "more: %1 (to the last one's exit: %2)")
-                            .arg(formatSpread(wmctrl), formatSpread(race.seconds[2])),
-                .ratio = formatRatio(ratio) + QStringLiteral(" faster"),
-                .budget = QStringLiteral("≥ 3× faster"),
+                .peer = u"200 × wmctrl -i -r … -e …, until no window moves any "
+                        "more: %1 (to the last one's exit: %2)"_s.arg(
+                            formatSpread(wmctrl), formatSpread(race.seconds[2])),
+                .ratio = formatRatio(ratio) + u" faster"_s,
+                .budget = u"≥ 3× faster"_s,
                 .isMet = ratio >= 3});
 }
 
 void reportFrames(Report& report, const Race& race)
 {
-    report.add({.what = QStringLiteral("Frames afterwards, worst round"),
+    report.add({.what = u"Frames afterwards, worst round"_s,
                 .trovell = describe(race.trovell.worst),
-                .peer = QStringLiteral("xdotool: %1; wmctrl: %2")
-                            .arg(describe(race.xdotool.worst), describe(race.wmctrl.worst)),
-                .budget = QStringLiteral("200 of 200"),
+                .peer = u"xdotool: %1; wmctrl: %2"_s.arg(describe(race.xdotool.worst),
+                                                         describe(race.wmctrl.worst)),
+                .budget = u"200 of 200"_s,
                 .isMet = race.trovell.worst.exact == windowCount});
-    report.add({.what = QStringLiteral("Windows reported as refused, all rounds"),
+    report.add({.what = u"Windows reported as refused, all rounds"_s,
                 .trovell = QString::number(race.trovell.refusals),
-                .budget = QStringLiteral("0"),
+                .budget = u"0"_s,
                 .isMet = race.trovell.refusals == 0});
 }
 
 void measureApplications(Report& report, int applications, test::WindowManager windowManager)
 {
-    const QString what =
-        QStringLiteral("%1: 200 windows of %2")
-            .arg(QLatin1String(test::windowManagerName(windowManager)),
-                 applications == 1 ? QStringLiteral("one application")
-                                   : QStringLiteral("%1 applications").arg(applications));
+    const QString what = u"%1: 200 windows of %2"_s.arg(
+        QLatin1String(test::windowManagerName(windowManager)),
+        applications == 1 ? u"one application"_s : u"%1 applications"_s.arg(applications));
     CrowdedDesktop crowd(windowManager);
     if (!crowd.error().isEmpty())
         return report.fail(crowd.error());
     if (!crowd.openApplications(0, applications, windowCount / applications))
-        return report.fail(QStringLiteral("Opening the windows to restore"));
+        return report.fail(u"Opening the windows to restore"_s);
     Contest contest(crowd, applications);
     if (!contest.isComplete())
-        return report.fail(QStringLiteral("Finding the windows to restore"));
+        return report.fail(u"Finding the windows to restore"_s);
     Race race;
     race.seconds = interleave(rounds, {[&] { return contest.runTrovell(race.trovell); },
                                        [&] { return contest.runXdotool(race.xdotool); },
                                        [&] { return contest.runWmctrl(race.wmctrl); },
                                        [&] { return contest.runBlindly(race.blind); }});
     if (contest.hasFailed())
-        report.fail(what + QStringLiteral(": some peer failed"));
+        report.fail(what + u": some peer failed"_s);
     reportTimes(report, what, race);
     reportFrames(report, race);
 }
@@ -214,14 +212,12 @@ void measureApplications(Report& report, int applications, test::WindowManager w
 void measureRestore(Report& report)
 {
     report.beginSection(
-        QStringLiteral("Restore"),
-        QStringLiteral(
-            "WindowRestoreService over 200 windows: read, match, move, and verify until every "
-            "frame reads back exactly. Two layouts on two displays alternate, so every pass moves "
-            "and resizes every window. The peers get the same frames and do not verify; they are "
-            "timed to their exit and until no window moves any more. Afterwards the frames are "
-            "read by independent code. Medians of %1 rounds, quartiles in brackets.")
-            .arg(rounds));
+        u"Restore"_s,
+        u"WindowRestoreService over 200 windows: read, match, move, and verify until every "
+        "frame reads back exactly. Two layouts on two displays alternate, so every pass moves "
+        "and resizes every window. The peers get the same frames and do not verify; they are "
+        "timed to their exit and until no window moves any more. Afterwards the frames are "
+        "read by independent code. Medians of %1 rounds, quartiles in brackets."_s.arg(rounds));
     for (const auto windowManager : {test::WindowManager::openbox, test::WindowManager::xfwm4}) {
         for (const int applications : {1, 20})
             measureApplications(report, applications, windowManager);

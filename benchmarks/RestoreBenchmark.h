@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // How long it takes to put all windows in place.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "RestoreWorkload.h"
 
 #include "platform/x11/X11WindowGeometry.h"
@@ -6,6 +8,8 @@
 #include <cstdlib>
 
 namespace trovell::bench {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -136,8 +140,8 @@ WindowPlacementSnapshot RestoreWorkload::placement(int layout, qsizetype index) 
             .bundleIdentifier = CrowdedDesktop::bundleIdentifier(window.application),
             .applicationName = {},
             .windowTitleHint = window.title,
-            .windowRole = QStringLiteral("AXWindow"),
-            .windowSubrole = QStringLiteral("AXStandardWindow"),
+            .windowRole = u"AXWindow"_s,
+            .windowSubrole = u"AXStandardWindow"_s,
             .windowIndexHint = window.indexInApplication,
             .normalizedFrame = normalizeFrame(screenFrame, display.visibleFrame),
             .absoluteFrame = screenFrame,

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Two layouts of the same windows, and what each contestant needs to bring about one of them.
 #pragma once
 

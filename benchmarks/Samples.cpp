@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "Samples.h"
 
 #include <algorithm>
@@ -8,6 +10,8 @@
 #include <time.h>
 
 namespace trovell::bench {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -112,8 +116,7 @@ QString formatSpread(const Samples& seconds)
     const auto part = [&](double fraction) {
         return threeDigits(quantile(seconds, fraction) / unit.seconds);
     };
-    return QStringLiteral("%1 %2 (%3–%4)")
-        .arg(part(0.5), QString::fromUtf8(unit.name), part(0.25), part(0.75));
+    return u"%1 %2 (%3–%4)"_s.arg(part(0.5), QString::fromUtf8(unit.name), part(0.25), part(0.75));
 }
 
 QString formatRatio(double ratio)

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // What repeated measurements gave, and how contestants are measured so that a busy moment of the
 // machine hits all of them. Times are in seconds.
 #pragma once

@@ -1,14 +1,18 @@
+// SPDX-License-Identifier: MIT
+
 #include "SheetBenchmark.h"
 
 #include "Samples.h"
 #include "ShownProduct.h"
-#include "views/workspace/CapturedWindowRow.h"
-#include "views/workspace/WorkspaceCaptureView.h"
+#include "views/capture/CapturedWindowRow.h"
+#include "views/capture/WorkspaceCaptureView.h"
 
 #include <QElapsedTimer>
 #include <QMainWindow>
 
 namespace trovell::bench {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -52,7 +56,7 @@ void addRow(Report& report, const QString& what, const Samples& samples)
 {
     report.add({.what = what,
                 .trovell = formatSpread(samples),
-                .budget = QStringLiteral("≤ 150 ms"),
+                .budget = u"≤ 150 ms"_s,
                 .isMet = median(samples) <= 0.150});
 }
 
@@ -61,16 +65,15 @@ void addRow(Report& report, const QString& what, const Samples& samples)
 void measureSheet(Report& report)
 {
     report.beginSection(
-        QStringLiteral("The capture sheet"),
-        QStringLiteral("From the request to the list, with 200 real windows of 40 applications on "
-                       "an X server; the sheet itself is painted into memory. Medians of %1 "
-                       "openings, quartiles in brackets.")
-            .arg(rounds));
+        u"The capture sheet"_s,
+        u"From the request to the list, with 200 real windows of 40 applications on "
+        "an X server; the sheet itself is painted into memory. Medians of %1 "
+        "openings, quartiles in brackets."_s.arg(rounds));
     CrowdedDesktop crowd;
     if (!crowd.error().isEmpty())
         return report.fail(crowd.error());
     if (!crowd.openApplications(0, applicationCount, windowsEach))
-        return report.fail(QStringLiteral("Opening the windows to capture"));
+        return report.fail(u"Opening the windows to capture"_s);
     ShownProduct product(crowd.session(), crowd.session().context());
     QMainWindow window;
     window.resize(1180, 760);
@@ -81,16 +84,16 @@ void measureSheet(Report& report)
     for (int round = 0; round < rounds; ++round) {
         const Opening opening = openSheet(product.environment(), window);
         if (opening.allRowsThere == 0)
-            return report.fail(QStringLiteral("Listing the windows in the sheet"));
+            return report.fail(u"Listing the windows in the sheet"_s);
         painted.push_back(opening.firstRowsPainted);
         complete.push_back(opening.allRowsThere);
         turns.push_back(opening.longestTurn);
     }
-    addRow(report, QStringLiteral("First windows painted"), painted);
-    addRow(report, QStringLiteral("All 200 windows listed"), complete);
-    report.add({.what = QStringLiteral("Longest turn of the event loop meanwhile"),
+    addRow(report, u"First windows painted"_s, painted);
+    addRow(report, u"All 200 windows listed"_s, complete);
+    report.add({.what = u"Longest turn of the event loop meanwhile"_s,
                 .trovell = formatSpread(turns),
-                .budget = QStringLiteral("≤ 50 ms"),
+                .budget = u"≤ 50 ms"_s,
                 .isMet = median(turns) <= 0.050});
 }
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // How soon the capture sheet shows what is open.
 #pragma once
 

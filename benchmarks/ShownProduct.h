@@ -1,10 +1,12 @@
+// SPDX-License-Identifier: MIT
+//
 // What a view needs to be measured: the product at work on a virtual desktop, its views painted
 // into memory. Main thread.
 #pragma once
 
 #include "CrowdedDesktop.h"
-#include "views/ViewEnvironment.h"
-#include "views/workspace/ApplicationIcons.h"
+#include "views/shared/ApplicationIcons.h"
+#include "views/shared/ViewEnvironment.h"
 
 #include <QApplication>
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "StoreBenchmark.h"
 
 #include "Samples.h"
@@ -8,6 +10,8 @@
 #include <QTemporaryDir>
 
 namespace trovell::bench {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -21,10 +25,10 @@ using Edit = void (*)(StoreContext& context, TrovellWorkspace& workspace, int ro
 /// What a start and a small correction write.
 void editALittle(StoreContext& /*context*/, TrovellWorkspace& workspace, int round)
 {
-    workspace.setName(QStringLiteral("Edited %1").arg(round));
+    workspace.setName(u"Edited %1"_s.arg(round));
     workspace.setUpdatedAt(QDateTime::currentDateTimeUtc());
-    workspace.sortedItems().first()->setDisplayName(QStringLiteral("Item %1").arg(round));
-    workspace.sortedPlacements().first()->setWindowTitleHint(QStringLiteral("T %1").arg(round));
+    workspace.sortedItems().first()->setDisplayName(u"Item %1"_s.arg(round));
+    workspace.sortedPlacements().first()->setWindowTitleHint(u"T %1"_s.arg(round));
 }
 
 /// What taking the layout anew writes.
@@ -93,52 +97,51 @@ struct Probes {
 
 QString megabytes(const Samples& samples)
 {
-    return QStringLiteral("%1 MB").arg(median(samples), 0, 'f', 1);
+    return u"%1 MB"_s.arg(median(samples), 0, 'f', 1);
 }
 
 void reportOpening(Report& report, const Probes& large, const Probes& cold, const Probes& small)
 {
-    const QString peer = QStringLiteral("10 workspaces: ");
-    report.add({.what = QStringLiteral("Opening and listing"),
+    const QString peer = u"10 workspaces: "_s;
+    report.add({.what = u"Opening and listing"_s,
                 .trovell = formatSpread(large.listingSeconds),
                 .peer = peer + formatSpread(small.listingSeconds),
                 .ratio = formatRatio(medianRatio(large.listingSeconds, small.listingSeconds)),
-                .budget = QStringLiteral("< 400 ms"),
+                .budget = u"< 400 ms"_s,
                 .isMet = median(large.listingSeconds) < 0.4});
-    report.add({.what = QStringLiteral("The same with the file not in the system's cache"),
+    report.add({.what = u"The same with the file not in the system's cache"_s,
                 .trovell = formatSpread(cold.listingSeconds),
-                .budget = QStringLiteral("< 400 ms"),
+                .budget = u"< 400 ms"_s,
                 .isMet = median(cold.listingSeconds) < 0.4});
-    report.add({.what = QStringLiteral("Listing names and counts, of an open store"),
+    report.add({.what = u"Listing names and counts, of an open store"_s,
                 .trovell = formatSpread(large.listAloneSeconds),
                 .peer = peer + formatSpread(small.listAloneSeconds)});
-    report.add({.what = QStringLiteral("Selecting a workspace: reading its items and placements"),
+    report.add({.what = u"Selecting a workspace: reading its items and placements"_s,
                 .trovell = formatSpread(large.selectingSeconds),
                 .peer = peer + formatSpread(small.selectingSeconds),
                 .ratio = formatRatio(medianRatio(large.selectingSeconds, small.selectingSeconds))});
-    report.add({.what = QStringLiteral("Opening and loading everything"),
+    report.add({.what = u"Opening and loading everything"_s,
                 .trovell = formatSpread(large.allSeconds),
-                .peer = QStringLiteral("listing: ") + formatSpread(large.listingSeconds),
+                .peer = u"listing: "_s + formatSpread(large.listingSeconds),
                 .ratio = formatRatio(medianRatio(large.allSeconds, large.listingSeconds))});
 }
 
 void reportMemory(Report& report, const Probes& large)
 {
-    report.add({.what = QStringLiteral("Memory with everything loaded"),
+    report.add({.what = u"Memory with everything loaded"_s,
                 .trovell = megabytes(large.allMegabytes),
-                .budget = QStringLiteral("< 120 MB"),
+                .budget = u"< 120 MB"_s,
                 .isMet = median(large.allMegabytes) < 120});
     const double share = median(large.listingMegabytes) / median(large.allMegabytes);
-    report.add({.what = QStringLiteral("Memory after listing"),
+    report.add({.what = u"Memory after listing"_s,
                 .trovell = megabytes(large.listingMegabytes),
-                .peer = QStringLiteral("everything: ") + megabytes(large.allMegabytes),
+                .peer = u"everything: "_s + megabytes(large.allMegabytes),
                 .ratio = formatRatio(share),
-                .budget = QStringLiteral("no items loaded: < 0.25×"),
+                .budget = u"no items loaded: < 0.25×"_s,
                 .isMet = share < 0.25});
-    report.add(
-        {.what = QStringLiteral("Read from the file by opening, which verifies it, and listing"),
-         .trovell = megabytes(large.listingMegabytesRead),
-         .peer = QStringLiteral("everything: ") + megabytes(large.allMegabytesRead)});
+    report.add({.what = u"Read from the file by opening, which verifies it, and listing"_s,
+                .trovell = megabytes(large.listingMegabytesRead),
+                .peer = u"everything: "_s + megabytes(large.allMegabytesRead)});
 }
 
 void measureOpening(Report& report, const Stores& stores)
@@ -152,7 +155,7 @@ void measureOpening(Report& report, const Stores& stores)
     constexpr size_t wanted = probeRounds + 1;
     if (large.listingSeconds.size() + cold.listingSeconds.size() + small.listingSeconds.size() !=
         3 * wanted)
-        report.fail(QStringLiteral("Some probes of the store"));
+        report.fail(u"Some probes of the store"_s);
     reportOpening(report, large, cold, small);
     reportMemory(report, large);
 }
@@ -162,26 +165,26 @@ void measureSaving(Report& report, const Stores& stores, bool isDurable)
     SavedStore large(stores.large, isDurable);
     SavedStore small(stores.small, isDurable);
     if (!large.isOpen() || !small.isOpen())
-        return report.fail(QStringLiteral("Opening the stores to save"));
+        return report.fail(u"Opening the stores to save"_s);
     const auto measure = [&](const QString& what, Edit edit) {
         const auto samples = interleave(
             saveRounds, {[&] { return large.save(edit); }, [&] { return small.save(edit); }});
         const double ratio = medianRatio(samples[0], samples[1]);
-        Row row{.what = what + (isDurable ? QStringLiteral(", with the disk's sync")
-                                          : QStringLiteral(", without the disk's sync")),
+        Row row{.what = what +
+                        (isDurable ? u", with the disk's sync"_s : u", without the disk's sync"_s),
                 .trovell = formatSpread(samples[0]),
-                .peer = QStringLiteral("10 workspaces: ") + formatSpread(samples[1]),
+                .peer = u"10 workspaces: "_s + formatSpread(samples[1]),
                 .ratio = formatRatio(ratio)};
         if (!isDurable) {
-            row.budget = QStringLiteral("≤ 1.5×, < 10 ms");
+            row.budget = u"≤ 1.5×, < 10 ms"_s;
             row.isMet = ratio <= 1.5 && median(samples[0]) < 0.01;
         }
         report.add(row);
     };
-    measure(QStringLiteral("Saving one edited workspace"), &editALittle);
-    measure(QStringLiteral("Saving 20 replaced placements"), &replacePlacements);
+    measure(u"Saving one edited workspace"_s, &editALittle);
+    measure(u"Saving 20 replaced placements"_s, &replacePlacements);
     if (large.hasFailed() || small.hasFailed())
-        report.fail(QStringLiteral("Some saves"));
+        report.fail(u"Some saves"_s);
 }
 
 } // namespace
@@ -189,21 +192,16 @@ void measureSaving(Report& report, const Stores& stores, bool isDurable)
 void measureStore(Report& report)
 {
     report.beginSection(
-        QStringLiteral("Store"),
-        QStringLiteral(
-            "A store of 1,000 workspaces with 20 items and 20 placements each beside one "
-            "of 10 workspaces, in turn. Opening: %1 fresh processes each, memory as the "
-            "growth of the process's proportional set size. Saving: %2 saves, each of "
-            "another workspace. Medians, quartiles in brackets.")
-            .arg(probeRounds)
-            .arg(saveRounds));
+        u"Store"_s, u"A store of 1,000 workspaces with 20 items and 20 placements each beside one "
+                    "of 10 workspaces, in turn. Opening: %1 fresh processes each, memory as the "
+                    "growth of the process's proportional set size. Saving: %2 saves, each of "
+                    "another workspace. Medians, quartiles in brackets."_s.arg(probeRounds)
+                        .arg(saveRounds));
     // Beside the program, where it is on a disk; temporary folders often are not.
-    const QTemporaryDir folder(QCoreApplication::applicationDirPath() +
-                               QStringLiteral("/store-XXXXXX"));
-    const Stores stores{folder.filePath(QStringLiteral("large")),
-                        folder.filePath(QStringLiteral("small"))};
+    const QTemporaryDir folder(QCoreApplication::applicationDirPath() + u"/store-XXXXXX"_s);
+    const Stores stores{folder.filePath(u"large"_s), folder.filePath(u"small"_s)};
     if (!createStore(stores.large, largeCount) || !createStore(stores.small, smallCount))
-        return report.fail(QStringLiteral("Creating the stores"));
+        return report.fail(u"Creating the stores"_s);
     measureOpening(report, stores);
     measureSaving(report, stores, false);
     measureSaving(report, stores, true);

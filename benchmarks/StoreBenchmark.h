@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // What a large store costs: opening, listing, loading, memory and saving.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "StoreProbe.h"
 
 #include "Samples.h"
@@ -14,12 +16,14 @@
 
 namespace trovell::bench {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The number behind `name` in one of the process's files below /proc/self.
 double processNumber(const char* file, const QByteArray& name)
 {
-    QFile source(QStringLiteral("/proc/self/") + QString::fromLatin1(file));
+    QFile source(u"/proc/self/"_s + QString::fromLatin1(file));
     if (!source.open(QIODevice::ReadOnly))
         return 0;
     const QList<QByteArray> lines = source.readAll().split('\n');
@@ -87,7 +91,7 @@ std::optional<StoreProbe> probeStore(const QString& folder, bool isCold)
             makeCold(file.filePath());
     }
     QProcess child;
-    child.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--probe-store"), folder});
+    child.start(QCoreApplication::applicationFilePath(), {u"--probe-store"_s, folder});
     if (!child.waitForFinished() || child.exitCode() != 0)
         return std::nullopt;
     const QList<QByteArray> lines = child.readAllStandardOutput().split('\n');

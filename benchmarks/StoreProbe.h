@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Opens a store in a process of its own and tells what that cost: time, memory and bytes read.
 // A process that has opened one before would no longer show it.
 #pragma once

@@ -1,24 +1,27 @@
+// SPDX-License-Identifier: MIT
+
 #include "StoreWorkload.h"
 
 #include "Titles.h"
 
 namespace trovell::bench {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 std::unique_ptr<WorkspaceItem> makeItem(int index)
 {
     WorkspaceItemValues values;
-    const QString name = QStringLiteral("Quarterly report %1.odt").arg(index);
+    const QString name = u"Quarterly report %1.odt"_s.arg(index);
     values.displayName = name;
     values.sortOrder = index;
     values.isEnabled = index % 7 != 0;
     if (index % 4 == 0) {
         values.typeRawValue = rawValue(WorkspaceItemType::webLink);
-        values.urlString =
-            QStringLiteral("https://www.example.org/projects/trovell/%1?view=list").arg(index);
+        values.urlString = u"https://www.example.org/projects/trovell/%1?view=list"_s.arg(index);
     } else {
-        const QString path = QStringLiteral("/home/anna/Documents/Projects/2024/") + name;
+        const QString path = u"/home/anna/Documents/Projects/2024/"_s + name;
         values.typeRawValue = rawValue(WorkspaceItemType::file);
         values.urlString = QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded);
         values.bookmarkData = QByteArray(40, 'b') + path.toUtf8();
@@ -28,13 +31,13 @@ std::unique_ptr<WorkspaceItem> makeItem(int index)
 
 DisplayFingerprint sampleFingerprint()
 {
-    return {QStringLiteral("DEL DELL U2720Q"), 3840, 2160, 3840, 2160, 1, 0, 0, true};
+    return {u"DEL DELL U2720Q"_s, 3840, 2160, 3840, 2160, 1, 0, 0, true};
 }
 
 std::unique_ptr<TrovellWorkspace> makeWorkspace(int number)
 {
     auto workspace = std::make_unique<TrovellWorkspace>(
-        WorkspaceValues{.name = QStringLiteral("Workspace %1").arg(number), .sortOrder = number});
+        WorkspaceValues{.name = u"Workspace %1"_s.arg(number), .sortOrder = number});
     for (int index = 0; index < itemsPerWorkspace; ++index)
         workspace->appendItem(makeItem(index));
     for (int index = 0; index < placementsPerWorkspace; ++index)
@@ -65,9 +68,8 @@ bool createStore(const QString& folder, int workspaceCount)
 std::unique_ptr<WindowPlacement> makeSamplePlacement(int index)
 {
     return std::make_unique<WindowPlacement>(
-        QStringLiteral("org.example.Application%1").arg(index / 4),
-        QStringLiteral("Application %1").arg(index / 4), realisticTitle(index),
-        QStringLiteral("AXWindow"), QStringLiteral("AXStandardWindow"), index,
+        u"org.example.Application%1"_s.arg(index / 4), u"Application %1"_s.arg(index / 4),
+        realisticTitle(index), u"AXWindow"_s, u"AXStandardWindow"_s, index,
         NormalizedFrame{0.01 * index, 0.02 * index, 0.4, 0.5},
         QRectF(38.4 * index, 43.2 * index, 1536, 1080), sampleFingerprint(), index % 5 != 0);
 }

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Stores of any size to measure with, filled as people's stores are.
 #pragma once
 

@@ -1,24 +1,28 @@
+// SPDX-License-Identifier: MIT
+
 #include "Titles.h"
 
 #include <QStringList>
 
 namespace trovell::bench {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const QStringList& realisticForms()
 {
     static const QStringList forms = {
-        QStringLiteral("Meeting notes week %1 - Mousepad"),
-        QStringLiteral("Inbox (%1) - anna@example.org - Mail"),
-        QStringLiteral("~/projects/trovell/src : bash — Terminal %1"),
-        QStringLiteral("Pull request #%1: Say why a window was refused · trovell · Web Browser"),
-        QStringLiteral("Übersicht_%1.ods — Tabellen"),
-        QStringLiteral("WindowRestoreService.cpp (%1) - trovell - Code Editor"),
-        QStringLiteral("Résumé version %1 – Text Editor"),
-        QStringLiteral("設計メモ %1 - Notes"),
-        QStringLiteral("Invoice-2024-%1.pdf"),
-        QStringLiteral("Downloads %1"),
+        u"Meeting notes week %1 - Mousepad"_s,
+        u"Inbox (%1) - anna@example.org - Mail"_s,
+        u"~/projects/trovell/src : bash — Terminal %1"_s,
+        u"Pull request #%1: Say why a window was refused · trovell · Web Browser"_s,
+        u"Übersicht_%1.ods — Tabellen"_s,
+        u"WindowRestoreService.cpp (%1) - trovell - Code Editor"_s,
+        u"Résumé version %1 – Text Editor"_s,
+        u"設計メモ %1 - Notes"_s,
+        u"Invoice-2024-%1.pdf"_s,
+        u"Downloads %1"_s,
     };
     return forms;
 }
@@ -34,11 +38,11 @@ QString longTitle(int index)
 {
     QStringList words;
     for (int number = 0; number < 40; ++number) {
-        words.append(QStringLiteral("Größe%1").arg(number));
-        words.append(QStringLiteral("résumé%1x%2").arg(index).arg(number));
-        words.append(QStringLiteral("обзор%1y%2").arg(index).arg(number));
+        words.append(u"Größe%1"_s.arg(number));
+        words.append(u"résumé%1x%2"_s.arg(index).arg(number));
+        words.append(u"обзор%1y%2"_s.arg(index).arg(number));
     }
-    return words.join(QStringLiteral(" — "));
+    return words.join(u" — "_s);
 }
 
 QString repetitiveTitle(int index)

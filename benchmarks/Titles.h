@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Window titles to measure with.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "WaitingBenchmark.h"
 
 #include "CrowdedDesktop.h"
@@ -7,6 +9,8 @@
 #include <QCoro/QCoroTask>
 
 namespace trovell::bench {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -22,12 +26,12 @@ std::unique_ptr<TrovellWorkspace> makeWorkspace(int firstApplication)
     auto workspace = std::make_unique<TrovellWorkspace>(WorkspaceValues());
     for (int application = 0; application < applicationCount; ++application) {
         for (int window = 0; window < windowsEach; ++window) {
-            const auto title = QStringLiteral("Zzyzx %1 qwrt").arg(window);
+            const auto title = u"Zzyzx %1 qwrt"_s.arg(window);
             workspace->appendPlacement(std::make_unique<WindowPlacement>(
-                CrowdedDesktop::bundleIdentifier(firstApplication + application),
-                QStringLiteral("Application"), title, QStringLiteral("AXWindow"),
-                QStringLiteral("AXStandardWindow"), window, NormalizedFrame{0, 0, 0.5, 0.5},
-                QRectF(0, 0, 800, 500), fallbackFingerprint(), true));
+                CrowdedDesktop::bundleIdentifier(firstApplication + application), u"Application"_s,
+                title, u"AXWindow"_s, u"AXStandardWindow"_s, window,
+                NormalizedFrame{0, 0, 0.5, 0.5}, QRectF(0, 0, 800, 500), fallbackFingerprint(),
+                true));
         }
     }
     return workspace;
@@ -56,7 +60,7 @@ bool wait(WorkspaceLauncher& launcher, TrovellWorkspace& workspace, pid_t server
 
 QString percent(const Samples& shares)
 {
-    return QStringLiteral("%1 % of one core").arg(100 * median(shares), 0, 'f', 2);
+    return u"%1 % of one core"_s.arg(100 * median(shares), 0, 'f', 2);
 }
 
 void measureVariant(Report& report, CrowdedDesktop& crowd, const QString& what,
@@ -71,8 +75,8 @@ void measureVariant(Report& report, CrowdedDesktop& crowd, const QString& what,
     }
     report.add({.what = what,
                 .trovell = percent(shares.ownProcess),
-                .peer = QStringLiteral("the X server meanwhile: ") + percent(shares.server),
-                .budget = QStringLiteral("< 3 %"),
+                .peer = u"the X server meanwhile: "_s + percent(shares.server),
+                .budget = u"< 3 %"_s,
                 .isMet = median(shares.ownProcess) < budgetShare});
 }
 
@@ -81,20 +85,18 @@ void measureVariant(Report& report, CrowdedDesktop& crowd, const QString& what,
 void measureWaiting(Report& report)
 {
     report.beginSection(
-        QStringLiteral("Waiting"),
-        QStringLiteral(
-            "A start of a workspace with 20 applications of 10 placements, none of which "
-            "appears within its timeout of %1 seconds, on a desktop with 200 windows: "
-            "processor time of the whole process, medians of %2 starts.")
-            .arg(waitSeconds)
+        u"Waiting"_s,
+        u"A start of a workspace with 20 applications of 10 placements, none of which "
+        "appears within its timeout of %1 seconds, on a desktop with 200 windows: "
+        "processor time of the whole process, medians of %2 starts."_s.arg(waitSeconds)
             .arg(rounds));
     CrowdedDesktop crowd;
     if (!crowd.error().isEmpty())
         return report.fail(crowd.error());
     if (!crowd.openApplications(0, applicationCount, windowsEach))
-        return report.fail(QStringLiteral("Opening the windows to wait beside"));
-    measureVariant(report, crowd, QStringLiteral("Applications that do not run"), applicationCount);
-    measureVariant(report, crowd, QStringLiteral("Applications with 10 other windows each"), 0);
+        return report.fail(u"Opening the windows to wait beside"_s);
+    measureVariant(report, crowd, u"Applications that do not run"_s, applicationCount);
+    measureVariant(report, crowd, u"Applications with 10 other windows each"_s, 0);
 }
 
 } // namespace trovell::bench

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // What it costs to wait for windows that do not come.
 #pragma once
 

@@ -1,3 +1,5 @@
+# SPDX-License-Identifier: MIT
+#
 # Translations: the keys are collected from the sources, the tables in translations/ compiled into
 # the program, and two test languages made from the keys. A file translations/trovell_<language>.ts
 # adds a language; nothing else names it.

@@ -1,6 +1,10 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/AppAppearance.h"
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 QList<AppAppearance> allAppearances()
 {
@@ -11,11 +15,11 @@ QString rawValue(AppAppearance appearance)
 {
     switch (appearance) {
     case AppAppearance::light:
-        return QStringLiteral("light");
+        return u"light"_s;
     case AppAppearance::system:
-        return QStringLiteral("system");
+        return u"system"_s;
     case AppAppearance::dark:
-        return QStringLiteral("dark");
+        return u"dark"_s;
     }
     Q_UNREACHABLE();
 }
@@ -34,11 +38,11 @@ QString displayName(AppAppearance appearance)
 {
     switch (appearance) {
     case AppAppearance::light:
-        return QStringLiteral("Light");
+        return u"Light"_s;
     case AppAppearance::system:
-        return QStringLiteral("System");
+        return u"System"_s;
     case AppAppearance::dark:
-        return QStringLiteral("Dark");
+        return u"Dark"_s;
     }
     Q_UNREACHABLE();
 }

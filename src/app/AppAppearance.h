@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The colour appearance that the user chooses for the windows. Plain values,
 // any thread.
 #pragma once

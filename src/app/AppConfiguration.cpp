@@ -1,23 +1,27 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/AppConfiguration.h"
 
 #include "services/update/BuiltInUpdateSource.h"
 
 namespace trovell {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 AppConfiguration makeConfiguration()
 {
     return {
-        .bundleIdentifier = QStringLiteral("app.trovell.Trovell"),
-        .motto = QStringLiteral("Your Mac, ready in one click."),
-        .supportURL = pageURL(QStringLiteral("https://trovell.app/support")),
-        .privacyURL = pageURL(QStringLiteral("https://trovell.app/privacy")),
-        .termsURL = pageURL(QStringLiteral("https://trovell.app/terms")),
+        .bundleIdentifier = u"app.trovell.Trovell"_s,
+        .motto = u"Your Mac, ready in one click."_s,
+        .supportURL = pageURL(u"https://trovell.app/support"_s),
+        .privacyURL = pageURL(u"https://trovell.app/privacy"_s),
+        .termsURL = pageURL(u"https://trovell.app/terms"_s),
         .sparkleAppcastURL = builtInFeedAddress(),
         .sparklePublicKey = builtInPublicKey(),
-        .shortVersion = QStringLiteral(TROVELL_VERSION),
-        .buildNumber = QStringLiteral(TROVELL_BUILD_NUMBER),
+        .shortVersion = QString::fromUtf8(TROVELL_VERSION),
+        .buildNumber = QString::fromUtf8(TROVELL_BUILD_NUMBER),
     };
 }
 
@@ -31,14 +35,14 @@ const AppConfiguration& appConfiguration()
 
 QString versionText(const AppConfiguration& configuration)
 {
-    return QStringLiteral("%1 (%2)").arg(configuration.shortVersion.value_or(QStringLiteral("1.0")),
-                                         configuration.buildNumber.value_or(QStringLiteral("1")));
+    return u"%1 (%2)"_s.arg(configuration.shortVersion.value_or(u"1.0"_s),
+                            configuration.buildNumber.value_or(u"1"_s));
 }
 
 QUrl pageURL(const QString& text)
 {
     const QUrl url(text, QUrl::StrictMode);
-    return url.isValid() && !url.isEmpty() ? url : QUrl(QStringLiteral("file:///"));
+    return url.isValid() && !url.isEmpty() ? url : QUrl(u"file:///"_s);
 }
 
 } // namespace trovell

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // What is fixed about the program when it is built: who it is and where its pages are. Any thread.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/AppDependencies.h"
 
 #include "app/AppConfiguration.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The long-lived services, created once in a fixed order and handed to everything that needs them.
 // Nothing else creates one. Main thread.
 #pragma once

@@ -1,19 +1,22 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/AppFolders.h"
 
 #include <QStandardPaths>
 
 namespace trovell {
 
+using namespace Qt::StringLiterals;
+
 QString dataFolder()
 {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
-           QStringLiteral("/trovell");
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/trovell"_s;
 }
 
 QString preferencesFile()
 {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-           QStringLiteral("/trovell/preferences.json");
+           u"/trovell/preferences.json"_s;
 }
 
 } // namespace trovell

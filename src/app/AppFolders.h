@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Where the program keeps what it keeps, by the XDG Base Directory Specification. Any thread.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The interface language that the user chooses. Plain values, any thread.
 #pragma once
 

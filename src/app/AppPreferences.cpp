@@ -1,17 +1,21 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/AppPreferences.h"
 
 #include "app/PreferenceStore.h"
 
 namespace trovell {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString appearanceKey = QStringLiteral("preferences.appearance");
-const QString languageKey = QStringLiteral("preferences.language");
-const QString showMenuBarKey = QStringLiteral("preferences.showMenuBar");
-const QString keepRunningKey = QStringLiteral("preferences.keepRunning");
-const QString launchTimeoutKey = QStringLiteral("preferences.launchTimeout");
-const QString automaticUpdatesKey = QStringLiteral("preferences.automaticUpdates");
+const QString appearanceKey = u"preferences.appearance"_s;
+const QString languageKey = u"preferences.language"_s;
+const QString showMenuBarKey = u"preferences.showMenuBar"_s;
+const QString keepRunningKey = u"preferences.keepRunning"_s;
+const QString launchTimeoutKey = u"preferences.launchTimeout"_s;
+const QString automaticUpdatesKey = u"preferences.automaticUpdates"_s;
 
 constexpr double defaultLaunchTimeout = 10.0;
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The user's application-wide choices. A new value is in force, stored and announced the moment it
 // is assigned. Main thread.
 #pragma once

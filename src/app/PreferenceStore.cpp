@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/PreferenceStore.h"
 
 #include <QDir>
@@ -7,6 +9,8 @@
 #include <QSaveFile>
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 PreferenceStore::PreferenceStore(const QString& filePath) : m_filePath(filePath)
 {
@@ -32,7 +36,7 @@ void PreferenceStore::write()
     const QDir folder = QFileInfo(m_filePath).dir();
     if (!folder.exists() && QDir().mkpath(folder.path()))
         QFile::setPermissions(folder.path(), ownerOnly | QFileDevice::ExeOwner);
-    if (m_isDamaged && QFile::rename(m_filePath, m_filePath + QStringLiteral(".damaged")))
+    if (m_isDamaged && QFile::rename(m_filePath, m_filePath + u".damaged"_s))
         m_isDamaged = false;
 
     QSaveFile file(m_filePath);

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The user's settings as typed values under dotted keys, in one JSON file that is replaced
 // atomically at every change. A text is never taken for a boolean or a number. Main thread.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Lets the signals that ask a process to end (SIGTERM, SIGINT, SIGHUP) end the event loop in an
 // orderly way, so that everything unsaved is saved. One per process; main thread.
 #pragma once

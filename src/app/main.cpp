@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The program: one instance per session, which opens the store and serves until it is asked to end.
 // What is unsaved then is saved when the store closes.
 
@@ -14,6 +16,8 @@
 
 #include <future>
 
+using namespace Qt::StringLiterals;
+
 using namespace trovell;
 
 namespace {
@@ -22,7 +26,7 @@ namespace {
 int failToStart(const QString& reason)
 {
     QTextStream(stderr) << reason << Qt::endl;
-    QMessageBox message(QMessageBox::Critical, u"Trovell"_qs, reason);
+    QMessageBox message(QMessageBox::Critical, u"Trovell"_s, reason);
     message.show();
     QApplication::exec();
     return EXIT_FAILURE;

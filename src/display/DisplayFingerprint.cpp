@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "display/DisplayFingerprint.h"
 
 #include <QHash>
@@ -8,6 +10,8 @@
 #include <optional>
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -67,15 +71,15 @@ QByteArray encodeFingerprint(const DisplayFingerprint& fingerprint)
     if (!isFinite(fingerprint))
         return {};
     const QJsonObject object{
-        {QStringLiteral("localizedName"), fingerprint.localizedName},
-        {QStringLiteral("pixelWidth"), fingerprint.pixelWidth},
-        {QStringLiteral("pixelHeight"), fingerprint.pixelHeight},
-        {QStringLiteral("pointWidth"), fingerprint.pointWidth},
-        {QStringLiteral("pointHeight"), fingerprint.pointHeight},
-        {QStringLiteral("backingScaleFactor"), fingerprint.backingScaleFactor},
-        {QStringLiteral("relativeX"), fingerprint.relativeX},
-        {QStringLiteral("relativeY"), fingerprint.relativeY},
-        {QStringLiteral("isMain"), fingerprint.isMain},
+        {u"localizedName"_s, fingerprint.localizedName},
+        {u"pixelWidth"_s, fingerprint.pixelWidth},
+        {u"pixelHeight"_s, fingerprint.pixelHeight},
+        {u"pointWidth"_s, fingerprint.pointWidth},
+        {u"pointHeight"_s, fingerprint.pointHeight},
+        {u"backingScaleFactor"_s, fingerprint.backingScaleFactor},
+        {u"relativeX"_s, fingerprint.relativeX},
+        {u"relativeY"_s, fingerprint.relativeY},
+        {u"isMain"_s, fingerprint.isMain},
     };
     return QJsonDocument(object).toJson(QJsonDocument::Compact);
 }
@@ -89,7 +93,7 @@ DisplayFingerprint decodeFingerprint(const QByteArray& data)
 DisplayFingerprint fallbackFingerprint()
 {
     DisplayFingerprint fingerprint;
-    fingerprint.localizedName = QStringLiteral("Display");
+    fingerprint.localizedName = u"Display"_s;
     fingerprint.isMain = true;
     return fingerprint;
 }

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The identity of a display, stored with each saved window so that the display can be
 // recognised again. Plain values, any thread.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "display/DisplaySnapshot.h"
 
 #include "display/Rectangle.h"

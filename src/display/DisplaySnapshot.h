@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The attached displays as plain values, and the choice of the attached display that best fits
 // a saved one. Any thread.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Window frames relative to the usable area of a display, and the conversions between the two
 // coordinate systems of the desktop. Pure arithmetic on doubles, any thread.
 //

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Exact comparison of rectangles: the toolkit's own equality is approximate.
 #pragma once
 

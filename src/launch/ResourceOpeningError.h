@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Why a launch item could not be opened. A plain value; any thread.
 #pragma once
 

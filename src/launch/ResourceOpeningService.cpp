@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "launch/ResourceOpeningService.h"
 
 #include "launch/URLValidation.h"

@@ -1,10 +1,12 @@
+// SPDX-License-Identifier: MIT
+//
 // Opens one launch item of a workspace and tells the outcome as a line of the launch report.
 // Main thread, unless said otherwise.
 #pragma once
 
-#include "launch/LaunchResult.h"
 #include "launch/ResourceOpeningError.h"
 #include "launch/ResourceSystem.h"
+#include "results/LaunchResult.h"
 #include "support/Expected.h"
 
 #include <QByteArray>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Opening and finding things through the desktop, as launching needs it.
 #pragma once
 

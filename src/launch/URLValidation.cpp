@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "launch/URLValidation.h"
 
 #include <QRegularExpression>
@@ -6,6 +8,8 @@
 #include <optional>
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -18,10 +22,10 @@ struct ParsedURL {
 /// Percent-encodes what RFC 3986 does not allow in a component; existing escapes stay.
 QString encodedComponent(const QString& text, const QByteArray& allowedDelimiters)
 {
-    static const QRegularExpression escapedEscape(u"%25([0-9A-Fa-f]{2})"_qs);
+    static const QRegularExpression escapedEscape(u"%25([0-9A-Fa-f]{2})"_s);
     QString encoded =
         QString::fromLatin1(QUrl::toPercentEncoding(text, "!$&'()*+,;=:" + allowedDelimiters));
-    return encoded.replace(escapedEscape, u"%\\1"_qs);
+    return encoded.replace(escapedEscape, u"%\\1"_s);
 }
 
 bool hasAcceptableCharacters(const QString& text)
@@ -37,7 +41,7 @@ bool hasAcceptableCharacters(const QString& text)
 bool setAuthority(ParsedURL& parsed, const QString& authority)
 {
     static const QRegularExpression pattern(
-        u"^(?:([^@]*)@)?(\\[[^\\[\\]@]*\\]|[^:@\\[\\]]*)(?::([0-9]*))?$"_qs);
+        u"^(?:([^@]*)@)?(\\[[^\\[\\]@]*\\]|[^:@\\[\\]]*)(?::([0-9]*))?$"_s);
     const QRegularExpressionMatch match = pattern.match(authority);
     const QString port = match.captured(3);
     bool isPortNumber = true;
@@ -59,7 +63,7 @@ std::optional<ParsedURL> parsedURL(const QString& text)
 {
     // RFC 3986, appendix B, with the scheme's own grammar.
     static const QRegularExpression pattern(
-        u"^(?:([A-Za-z][A-Za-z0-9+.-]*):)(//([^/?#]*))?([^?#]*)(\\?([^#]*))?(#(.*))?$"_qs);
+        u"^(?:([A-Za-z][A-Za-z0-9+.-]*):)(//([^/?#]*))?([^?#]*)(\\?([^#]*))?(#(.*))?$"_s);
     const QRegularExpressionMatch match = pattern.match(text);
     if (!match.hasMatch() || !hasAcceptableCharacters(text))
         return std::nullopt;
@@ -88,11 +92,11 @@ QString description(URLValidationError error)
 {
     switch (error) {
     case URLValidationError::empty:
-        return u"Enter a web address."_qs;
+        return u"Enter a web address."_s;
     case URLValidationError::invalid:
-        return u"Enter a valid web address."_qs;
+        return u"Enter a valid web address."_s;
     case URLValidationError::unsupportedScheme:
-        return u"Trovell supports HTTP and HTTPS links."_qs;
+        return u"Trovell supports HTTP and HTTPS links."_s;
     }
     Q_UNREACHABLE();
 }
@@ -102,7 +106,7 @@ Expected<QUrl, URLValidationError> validatedWebURL(const QString& text)
     const QString trimmed = text.trimmed();
     if (trimmed.isEmpty())
         return Unexpected(URLValidationError::empty);
-    const QString candidate = trimmed.contains(u"://") ? trimmed : u"https://"_qs + trimmed;
+    const QString candidate = trimmed.contains(u"://") ? trimmed : u"https://"_s + trimmed;
 
     const std::optional<ParsedURL> parsed = parsedURL(candidate);
     if (!parsed)

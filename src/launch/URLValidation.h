@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Turns what the user typed as a web link into an absolute http or https address. Pure; any thread.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "launch/WorkspaceLauncher.h"
 
 #include "model/TrovellWorkspace.h"
@@ -12,6 +14,8 @@
 #include <vector>
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -83,14 +87,13 @@ LaunchResult timedOutResult(const WindowPlacementSnapshot& snapshot,
 {
     return makeLaunchResult(
         snapshot.windowTitleHint.value_or(snapshot.applicationName), LaunchResultKind::timedOut,
-        lastRetryTexts.value(snapshot.id,
-                             QStringLiteral("The window did not appear before the timeout.")));
+        lastRetryTexts.value(snapshot.id, u"The window did not appear before the timeout."_s));
 }
 
 LaunchResult noPermissionResult()
 {
-    return makeLaunchResult(QStringLiteral("Window layout"), LaunchResultKind::skippedNoPermission,
-                            QStringLiteral("Grant Accessibility access to restore saved windows."));
+    return makeLaunchResult(u"Window layout"_s, LaunchResultKind::skippedNoPermission,
+                            u"Grant Accessibility access to restore saved windows."_s);
 }
 
 } // namespace

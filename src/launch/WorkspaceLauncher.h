@@ -1,10 +1,12 @@
+// SPDX-License-Identifier: MIT
+//
 // Starts a workspace: opens its items in order, then waits for the saved windows of all its
 // applications at once and moves them into place, brings the applications forward and publishes a
 // report. The one service behind every way of starting a workspace. Main thread.
 #pragma once
 
 #include "launch/ResourceOpeningService.h"
-#include "launch/WorkspaceLaunchReport.h"
+#include "results/WorkspaceLaunchReport.h"
 #include "support/Clock.h"
 #include "windows/WindowRestoreService.h"
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Writes what changed in the records of a context to the database. Main thread only.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "model/CommitLog.h"
 
 namespace trovell {

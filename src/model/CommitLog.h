@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Saves whose outcome is known even when the disk fails in the middle of the commit. Main thread
 // only.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "model/Record.h"
 
 #include "model/TrovellWorkspace.h"

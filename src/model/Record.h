@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // What the persistent records have in common: writes are observed, and the values last saved are
 // remembered until the changes are saved or rolled back. Main thread only.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Which column holds which attribute, in the order of the current schema's tables. Any thread.
 #pragma once
 

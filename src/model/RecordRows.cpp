@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "model/RecordRows.h"
 
 #include "model/RecordColumns.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Reads and writes the values of records as rows of the current schema. Main thread only.
 #pragma once
 

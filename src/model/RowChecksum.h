@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The checksum that every stored row carries. SQLite's own check finds a damaged structure but not
 // a flipped bit in the middle of a text; this does. Any thread.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "model/ShortcutDefinition.h"
 
 #include <QHash>
@@ -7,6 +9,8 @@
 #include <limits>
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -29,9 +33,9 @@ size_t qHash(const ShortcutDefinition& shortcut, size_t seed) noexcept
 QByteArray encodeShortcut(const ShortcutDefinition& shortcut)
 {
     const QJsonObject object{
-        {QStringLiteral("keyCode"), static_cast<qint64>(shortcut.keyCode)},
-        {QStringLiteral("modifiers"), static_cast<qint64>(shortcut.modifiers)},
-        {QStringLiteral("displayValue"), shortcut.displayValue},
+        {u"keyCode"_s, static_cast<qint64>(shortcut.keyCode)},
+        {u"modifiers"_s, static_cast<qint64>(shortcut.modifiers)},
+        {u"displayValue"_s, shortcut.displayValue},
     };
     return QJsonDocument(object).toJson(QJsonDocument::Compact);
 }

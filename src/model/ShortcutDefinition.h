@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // A global keyboard shortcut and its stored form. Plain values, any thread.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "model/SqliteDatabase.h"
 
 #include "model/RowChecksum.h"

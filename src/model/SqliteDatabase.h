@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // A connection to the store's file. One thread at a time.
 #pragma once
 

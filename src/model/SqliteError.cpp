@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "model/SqliteError.h"
 
 #include <sqlite3.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // SQLite's result codes in the store's terms. Any thread.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "model/SqliteStatement.h"
 
 #include "model/SqliteError.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // One use of a prepared statement: bind, step, read. Main thread only.
 #pragma once
 

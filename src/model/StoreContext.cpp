@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "model/StoreContext.h"
 
 #include "model/ChangeWriter.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The one working copy of the stored workspaces, shared by everything that shows or changes them.
 // Main thread only.
 #pragma once

@@ -1,39 +1,42 @@
+// SPDX-License-Identifier: MIT
+
 #include "model/StoreError.h"
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 QString description(StoreError error)
 {
     switch (error) {
     case StoreError::inaccessible:
-        return QStringLiteral("The workspace file or its folder could not be opened.");
+        return u"The workspace file or its folder could not be opened."_s;
     case StoreError::readOnly:
-        return QStringLiteral("The workspace file or its folder is read-only.");
+        return u"The workspace file or its folder is read-only."_s;
     case StoreError::inUse:
-        return QStringLiteral("The workspaces are in use by another running copy of Trovell.");
+        return u"The workspaces are in use by another running copy of Trovell."_s;
     case StoreError::notAStore:
-        return QStringLiteral("The workspace file was not made by Trovell.");
+        return u"The workspace file was not made by Trovell."_s;
     case StoreError::unknownSchema:
-        return QStringLiteral("The workspace file was made by a version of Trovell that this "
-                              "version does not know.");
+        return u"The workspace file was made by a version of Trovell that this "
+               "version does not know."_s;
     case StoreError::damaged:
-        return QStringLiteral("The workspace file is damaged.");
+        return u"The workspace file is damaged."_s;
     case StoreError::diskFull:
-        return QStringLiteral("There is not enough space left on the disk.");
+        return u"There is not enough space left on the disk."_s;
     case StoreError::diskFailure:
-        return QStringLiteral("The disk failed to read or write the workspaces.");
+        return u"The disk failed to read or write the workspaces."_s;
     case StoreError::duplicateIdentifier:
-        return QStringLiteral("An entry with the same identity is already stored.");
+        return u"An entry with the same identity is already stored."_s;
     case StoreError::outOfMemory:
-        return QStringLiteral("There is not enough memory left.");
+        return u"There is not enough memory left."_s;
     }
     Q_UNREACHABLE();
 }
 
 QString storeOpeningFailureText(StoreError error)
 {
-    return QStringLiteral("Trovell could not open its local workspace store: ") +
-           description(error);
+    return u"Trovell could not open its local workspace store: "_s + description(error);
 }
 
 } // namespace trovell

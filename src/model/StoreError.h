@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Why the workspaces could not be opened, read or saved, in words for the user. Any thread.
 #pragma once
 

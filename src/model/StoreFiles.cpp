@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "model/StoreFiles.h"
 
 #include <QFile>
@@ -10,6 +12,8 @@
 #include <unistd.h>
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -79,12 +83,12 @@ StoreFiles::StoreFiles(const QString& folder) : m_folder(folder) {}
 
 QString StoreFiles::storePath() const
 {
-    return m_folder + QStringLiteral("/workspaces.store");
+    return m_folder + u"/workspaces.store"_s;
 }
 
 QString StoreFiles::markerPath() const
 {
-    return m_folder + QStringLiteral("/workspaces.created");
+    return m_folder + u"/workspaces.created"_s;
 }
 
 Expected<void, StoreError> StoreFiles::prepare() const

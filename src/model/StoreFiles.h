@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The store's place in the file system: private to the user, and never replaced. Any thread.
 #pragma once
 

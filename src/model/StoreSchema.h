@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Brings an open database to the current schema: creates the tables of a new store, checks an
 // existing one for damage and migrates an older one. Main thread only.
 #pragma once

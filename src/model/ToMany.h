@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The records of one kind that a workspace owns, in the order in which they were appended. Stored
 // ones are read when they are first asked for. Main thread only.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "model/TrovellMigrationPlan.h"
 
 #include "model/TrovellSchemaV1.h"

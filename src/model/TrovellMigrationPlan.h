@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // All schemas the store ever had and the way between them. A version 2 adds its schema at the end
 // and a stage from version 1.
 #pragma once

@@ -1,6 +1,10 @@
+// SPDX-License-Identifier: MIT
+
 #include "model/TrovellSchemaV1.h"
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -74,8 +78,7 @@ VersionedSchema TrovellSchemaV1::schema()
 {
     return {
         .version = QVersionNumber(1, 0, 0),
-        .models = {QStringLiteral("TrovellWorkspace"), QStringLiteral("WorkspaceItem"),
-                   QStringLiteral("WindowPlacement")},
+        .models = {u"TrovellWorkspace"_s, u"WorkspaceItem"_s, u"WindowPlacement"_s},
         .statements = {workspaceTable, itemTable, placementTable, commitTable, itemIndex,
                        placementIndex},
         .initialStatements = {"INSERT INTO StoreCommit(number) VALUES(0)"},

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Version 1.0.0 of the store's schema. It describes files that exist, so it never changes: another
 // form is another version.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // A workspace: a named set of launch items and a saved window layout, which it owns. Main thread
 // only.
 #pragma once
@@ -14,13 +16,15 @@
 
 namespace trovell {
 
+using namespace Qt::StringLiterals;
+
 struct WorkspaceValues {
     QUuid id = QUuid::createUuid();
     QString name = {};
     /// Name of the symbol shown beside the workspace.
-    QString symbolName = QStringLiteral("rectangle.3.group");
+    QString symbolName = u"rectangle.3.group"_s;
     /// Identifier of its accent colour.
-    QString accentIdentifier = QStringLiteral("blue");
+    QString accentIdentifier = u"blue"_s;
     /// Position in every list of workspaces, ascending; gaps are allowed.
     qint64 sortOrder = 0;
     /// Instants in UTC.

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // How a form of the store's file is described, and how older forms become the current one. Plain
 // values, any thread.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "model/WindowPlacement.h"
 
 namespace trovell {

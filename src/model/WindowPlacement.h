@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // One saved window: where it stood, on which display, and how to find it again. Main thread only.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "model/WorkspaceChoices.h"
 
 #include "model/TrovellWorkspace.h"
@@ -6,6 +8,8 @@
 
 namespace trovell {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Control and Option, in the mask's own bits.
@@ -13,7 +17,7 @@ constexpr quint32 controlOption = 0x1000 | 0x0800;
 
 std::optional<ShortcutDefinition> controlOptionShortcut(quint32 keyCode, char16_t digit)
 {
-    return ShortcutDefinition{keyCode, controlOption, QStringLiteral("⌃⌥") + QChar(digit)};
+    return ShortcutDefinition{keyCode, controlOption, u"⌃⌥"_s + QChar(digit)};
 }
 
 } // namespace
@@ -21,14 +25,8 @@ std::optional<ShortcutDefinition> controlOptionShortcut(quint32 keyCode, char16_
 const QStringList& symbols()
 {
     static const QStringList names{
-        QStringLiteral("rectangle.3.group"),
-        QStringLiteral("briefcase"),
-        QStringLiteral("paintbrush"),
-        QStringLiteral("hammer"),
-        QStringLiteral("book"),
-        QStringLiteral("music.note"),
-        QStringLiteral("terminal"),
-        QStringLiteral("network"),
+        u"rectangle.3.group"_s, u"briefcase"_s, u"paintbrush"_s, u"hammer"_s, u"book"_s,
+        u"music.note"_s,        u"terminal"_s,  u"network"_s,
     };
     return names;
 }
@@ -36,8 +34,7 @@ const QStringList& symbols()
 const QStringList& accents()
 {
     static const QStringList identifiers{
-        QStringLiteral("blue"),  QStringLiteral("indigo"), QStringLiteral("purple"),
-        QStringLiteral("green"), QStringLiteral("orange"),
+        u"blue"_s, u"indigo"_s, u"purple"_s, u"green"_s, u"orange"_s,
     };
     return identifiers;
 }
@@ -80,7 +77,7 @@ bool shortcutConflict(const ShortcutDefinition& chosen, const std::optional<QUui
 
 QString shortcutConflictText()
 {
-    return QStringLiteral("That shortcut is already assigned to another workspace.");
+    return u"That shortcut is already assigned to another workspace."_s;
 }
 
 } // namespace trovell

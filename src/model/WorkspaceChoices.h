@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The fixed lists from which a workspace's look and global shortcut are picked, and the rule that
 // two workspaces may not share a shortcut. Main thread.
 #pragma once

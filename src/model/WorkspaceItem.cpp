@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "model/WorkspaceItem.h"
 
 namespace trovell {

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // One thing a workspace opens: an application, a folder, a file or a web link. Main thread only.
 #pragma once
 

@@ -1,6 +1,10 @@
+// SPDX-License-Identifier: MIT
+
 #include "model/WorkspaceItemType.h"
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 const QList<WorkspaceItemType>& allWorkspaceItemTypes()
 {
@@ -17,13 +21,13 @@ QString rawValue(WorkspaceItemType type)
 {
     switch (type) {
     case WorkspaceItemType::application:
-        return QStringLiteral("application");
+        return u"application"_s;
     case WorkspaceItemType::folder:
-        return QStringLiteral("folder");
+        return u"folder"_s;
     case WorkspaceItemType::file:
-        return QStringLiteral("file");
+        return u"file"_s;
     case WorkspaceItemType::webLink:
-        return QStringLiteral("webLink");
+        return u"webLink"_s;
     }
     Q_UNREACHABLE();
 }

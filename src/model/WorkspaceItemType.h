@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The kinds of launch item. Stored as text; plain values, any thread.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // A list of all workspaces that follows the store. Main thread only.
 #pragma once
 

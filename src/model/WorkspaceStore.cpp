@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "model/WorkspaceStore.h"
 
 #include "model/StoreFiles.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The store of all workspaces: one SQLite file in a folder of its own, opened once and held
 // exclusively until the end. Main thread only, but for the preparation.
 #pragma once

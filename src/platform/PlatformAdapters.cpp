@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/PlatformAdapters.h"
 
 #include "platform/freedesktop/AutostartLoginItem.h"
@@ -12,11 +14,13 @@
 
 namespace trovell {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 bool isWaylandSession()
 {
-    return qEnvironmentVariable("XDG_SESSION_TYPE") == QStringLiteral("wayland") ||
+    return qEnvironmentVariable("XDG_SESSION_TYPE") == u"wayland"_s ||
            !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
 }
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The adapters to the desktop that this session runs on. Main thread.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/GlobalHotKeyManager.h"
 
 #include "model/TrovellWorkspace.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Turns the shortcuts of workspaces into system-wide hot keys and answers their presses. Main
 // thread only.
 #pragma once

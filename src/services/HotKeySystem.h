@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The desktop's system-wide hot keys: key combinations that reach this program whichever
 // application is in front. Main thread only.
 #pragma once

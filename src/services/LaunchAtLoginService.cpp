@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/LaunchAtLoginService.h"
 
 namespace trovell {

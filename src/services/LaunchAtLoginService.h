@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Whether the program starts when the user logs in, as the settings show and change it. Keeps no
 // setting of its own: the desktop's answer is the only truth. Main thread only.
 #pragma once

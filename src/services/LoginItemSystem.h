@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The desktop's list of programs that it starts when the user logs in, as far as it concerns this
 // program. Main thread only.
 #pragma once

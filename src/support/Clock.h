@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Time as the services see it, so that every poll and deadline can be tested without waiting.
 // Used on the main thread.
 #pragma once

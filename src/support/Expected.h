@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The result of an operation that can fail: a value, or one member of an error enumeration.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "support/SystemClock.h"
 
 #include <QPromise>

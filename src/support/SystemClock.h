@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The clock of the running program: the system's wall clock and the event loop's precise timers.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Knows whether windows of other applications can be read and moved, asks for it, and, once the
 // user was sent to the settings, keeps checking for two minutes. Main thread.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "windows/CapturedApplication.h"
 
 #include "display/NormalizedFrame.h"

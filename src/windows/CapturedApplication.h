@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The windows that were open at a capture, grouped by application, and the user's choice among
 // them. Plain values; `makePlacement` belongs to the main thread, like every record.
 #pragma once

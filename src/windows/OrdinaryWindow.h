@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Which windows count: the ordinary windows of an application are the ones that are captured, and
 // only they are restored. Any thread.
 #pragma once

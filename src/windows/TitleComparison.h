@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // How alike titles are, worked out for many placements and many windows with as little work as
 // possible for each pair. Titles are normalized ones. Pure, any thread.
 #pragma once

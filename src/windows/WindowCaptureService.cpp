@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "windows/WindowCaptureService.h"
 
 #include "display/NormalizedFrame.h"
@@ -10,6 +12,8 @@
 #include <algorithm>
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -63,7 +67,7 @@ CapturedApplication makeCapturedApplication(const RunningApplication& applicatio
 {
     CapturedApplication captured;
     captured.bundleIdentifier = application.bundleIdentifier.value_or(QString());
-    captured.applicationName = application.localizedName.value_or(QStringLiteral("Application"));
+    captured.applicationName = application.localizedName.value_or(u"Application"_s);
     captured.applicationURLString = application.bundleURL;
     const QRectF mainFrame = mainDisplayFrame(displays);
     for (qsizetype index = 0; index < windows.size(); ++index) {

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Reads the ordinary windows of the running applications. Called on the main thread; the windows
 // themselves are read on a worker.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "windows/WindowMatching.h"
 
 #include "windows/TitleComparison.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Pairs saved placements with live windows. Window identities do not survive a relaunch, so the
 // pairing goes by title, role, subrole and position in the window list, and rather leaves a
 // placement unpaired than gives it a window that merely happens to exist. Pure, any thread.

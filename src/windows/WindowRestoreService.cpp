@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "windows/WindowRestoreService.h"
 
 #include "display/Rectangle.h"
@@ -13,6 +15,8 @@
 #include <cmath>
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -39,14 +43,14 @@ LaunchResult failure(const WindowPlacementSnapshot& placement, LaunchResultKind 
 
 LaunchResult noDisplayResult(const WindowPlacementSnapshot& placement)
 {
-    return failure(placement, LaunchResultKind::failed, QStringLiteral("No display is available."));
+    return failure(placement, LaunchResultKind::failed, u"No display is available."_s);
 }
 
 LaunchResult movedResult(const WindowPlacementSnapshot& placement, bool isAccepted)
 {
     if (!isAccepted)
         return failure(placement, LaunchResultKind::failed,
-                       QStringLiteral("macOS refused the window position change."));
+                       u"macOS refused the window position change."_s);
     return makeLaunchResult(placement.windowTitleHint.value_or(placement.applicationName),
                             LaunchResultKind::restored);
 }
@@ -67,8 +71,7 @@ WindowRestoreAttempt withoutApplication(const Placements& placements)
     requireUniqueIds(placements);
     WindowRestoreAttempt attempt;
     for (const WindowPlacementSnapshot& placement : placements)
-        attempt.retryableDetails.insert(placement.id,
-                                        QStringLiteral("The application is not running yet."));
+        attempt.retryableDetails.insert(placement.id, u"The application is not running yet."_s);
     return attempt;
 }
 
@@ -124,8 +127,8 @@ WindowRestorePlan makePlan(const Placements& placements, const QList<WindowAttri
     for (const WindowPlacementSnapshot& placement : placements) {
         const auto assignment = assignments.constFind(placement.id);
         if (assignment == assignments.constEnd()) {
-            plan.attempt.retryableDetails.insert(
-                placement.id, QStringLiteral("A safe matching window was not found yet."));
+            plan.attempt.retryableDetails.insert(placement.id,
+                                                 u"A safe matching window was not found yet."_s);
             continue;
         }
         const std::optional<QRectF> target = restoreTarget(placement, displays);

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Puts an application's windows back where a workspace saved them. One call is one attempt: the
 // launcher decides whether to try again. Called on the main thread; the windows themselves are
 // read and moved on a worker.
@@ -5,7 +7,7 @@
 
 #include "display/DisplaySnapshot.h"
 #include "display/NormalizedFrame.h"
-#include "launch/LaunchResult.h"
+#include "results/LaunchResult.h"
 #include "windows/WindowSystem.h"
 
 #include <QCoro/QCoroTask>

@@ -1,14 +1,18 @@
+// SPDX-License-Identifier: MIT
+
 #include "windows/WindowServiceError.h"
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 QString description(WindowServiceError error)
 {
     switch (error) {
     case WindowServiceError::accessibilityPermissionMissing:
-        return QStringLiteral("Allow Accessibility access before capturing or restoring windows.");
+        return u"Allow Accessibility access before capturing or restoring windows."_s;
     case WindowServiceError::noWindows:
-        return QStringLiteral("No ordinary application windows were available to capture.");
+        return u"No ordinary application windows were available to capture."_s;
     }
     Q_UNREACHABLE();
 }

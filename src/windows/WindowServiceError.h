@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Why windows could not be captured or restored. Any thread.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The desktop's window control, as capture and restore need it: which applications run, which
 // windows they have, and putting windows in place. Each desktop has its own adapter.
 //

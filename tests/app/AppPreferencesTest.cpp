@@ -1,9 +1,15 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/AppPreferences.h"
 
 #include "app/PreferenceStore.h"
 #include "support/TestFiles.h"
 
 #include <QtTest>
+
+using namespace Qt::StringLiterals;
+
+using namespace Qt::StringLiterals;
 
 using namespace trovell;
 using namespace trovell::test;
@@ -30,13 +36,13 @@ private Q_SLOTS:
         PreferenceStore store(path());
         const AppPreferences preferences(store);
         QCOMPARE(preferences.appearance(), AppAppearance::dark);
-        QCOMPARE(localeTag(preferences.language()), u"pt-BR"_qs);
+        QCOMPARE(localeTag(preferences.language()), u"pt-BR"_s);
         QVERIFY(!preferences.showMenuBarItem());
         QVERIFY(!preferences.keepRunningAfterClose());
         QCOMPARE(preferences.launchTimeout(), 30.0);
         QVERIFY(!preferences.automaticallyCheckForUpdates());
         QVERIFY(terminatesAfterLastWindowClosed(store));
-        QVERIFY(store.value(u"onboarding.completed"_qs).toBool());
+        QVERIFY(store.value(u"onboarding.completed"_s).toBool());
         constexpr auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther |
                                 QFile::WriteOther | QFile::ExeGroup | QFile::ExeOther;
         QVERIFY(!(QFile::permissions(path()) & others));
@@ -71,15 +77,12 @@ private Q_SLOTS:
         writeFile(path(), damaged);
         PreferenceStore store(path());
         AppPreferences(store).setLaunchTimeout(9);
-        QCOMPARE(readFile(path() + u".damaged"_qs), damaged);
-        QCOMPARE(PreferenceStore(path()).value(u"preferences.launchTimeout"_qs).toDouble(), 9.0);
+        QCOMPARE(readFile(path() + u".damaged"_s), damaged);
+        QCOMPARE(PreferenceStore(path()).value(u"preferences.launchTimeout"_s).toDouble(), 9.0);
     }
 
 private:
-    [[nodiscard]] QString path() const
-    {
-        return m_folder->filePath(u"trovell/preferences.json"_qs);
-    }
+    [[nodiscard]] QString path() const { return m_folder->filePath(u"trovell/preferences.json"_s); }
 
     std::unique_ptr<QTemporaryDir> m_folder;
 };

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The program as a process: what it says when it cannot start, and what it saves when it ends.
 
 #include "app/TerminationSignals.h"
@@ -9,11 +11,13 @@
 
 #include <csignal>
 
+using namespace Qt::StringLiterals;
+
 using namespace trovell;
 
 namespace {
 
-const auto childArgument = QStringLiteral("--change-and-wait");
+const auto childArgument = u"--change-and-wait"_s;
 
 /// Runs as a process of its own: changes a workspace and saves nothing.
 int changeAndWait(int argc, char** argv)
@@ -25,7 +29,7 @@ int changeAndWait(int argc, char** argv)
     const auto store = WorkspaceStore::open(application.arguments().at(2), options);
     if (!store)
         return EXIT_FAILURE;
-    (*store)->mainContext().workspaces().first()->setName(u"Changed"_qs);
+    (*store)->mainContext().workspaces().first()->setName(u"Changed"_s);
     QFile output;
     if (output.open(stdout, QIODevice::WriteOnly))
         output.write("ready\n");
@@ -37,7 +41,7 @@ int changeAndWait(int argc, char** argv)
 QStringList saidBy(QProcess& program)
 {
     static const QRegularExpression ofTheScreen(
-        u"This plugin does not support|systemTrayWindowChanged"_qs);
+        u"This plugin does not support|systemTrayWindowChanged"_s);
     QStringList lines =
         QString::fromUtf8(program.readAllStandardError()).split(u'\n', Qt::SkipEmptyParts);
     lines.removeIf([](const QString& line) { return line.contains(ofTheScreen); });
@@ -67,14 +71,14 @@ private Q_SLOTS:
         QCOMPARE(child.exitStatus(), QProcess::NormalExit);
         const auto store = WorkspaceStore::open(folder.path());
         QVERIFY(store);
-        QCOMPARE((*store)->mainContext().workspaces().first()->name(), u"Changed"_qs);
+        QCOMPARE((*store)->mainContext().workspaces().first()->name(), u"Changed"_s);
     }
 
     void saysWhyItCannotStart()
     {
         const QTemporaryDir home;
-        const QDir folder(home.filePath(u"data/trovell"_qs));
-        QVERIFY(folder.mkpath(u"."_qs) && WorkspaceStore::open(folder.path()));
+        const QDir folder(home.filePath(u"data/trovell"_s));
+        QVERIFY(folder.mkpath(u"."_s) && WorkspaceStore::open(folder.path()));
         // Whatever the store's file is named.
         const QStringList files = folder.entryList(QDir::Files);
         for (const QString& name : files)
@@ -84,7 +88,7 @@ private Q_SLOTS:
         startProgram(program, home);
         QVERIFY(program.waitForReadyRead());
         const QString message = saidBy(program).join(u'\n');
-        QVERIFY2(message.startsWith(u"Trovell could not open its local workspace store: "_qs),
+        QVERIFY2(message.startsWith(u"Trovell could not open its local workspace store: "_s),
                  qPrintable(message));
         // The same stands in a window until somebody has read it.
         QVERIFY(!program.waitForFinished(300));
@@ -99,7 +103,7 @@ private Q_SLOTS:
         const QTemporaryDir home;
         QProcess program;
         startProgram(program, home);
-        QTRY_VERIFY(!QDir(home.filePath(u"data/trovell"_qs)).isEmpty());
+        QTRY_VERIFY(!QDir(home.filePath(u"data/trovell"_s)).isEmpty());
         QTest::qWait(300);
         QCOMPARE(program.state(), QProcess::Running);
         program.terminate();
@@ -110,7 +114,7 @@ private Q_SLOTS:
         // seen.
         QCOMPARE(saidBy(program), QStringList());
         QCOMPARE(QDir(home.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
-                 QStringList{u"data"_qs});
+                 QStringList{u"data"_s});
     }
 
 private:
@@ -118,13 +122,13 @@ private:
     static void startProgram(QProcess& program, const QTemporaryDir& home)
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.remove(u"DISPLAY"_qs);
-        environment.remove(u"WAYLAND_DISPLAY"_qs);
-        environment.insert(u"QT_QPA_PLATFORM"_qs, u"offscreen"_qs);
-        environment.insert(u"XDG_RUNTIME_DIR"_qs, home.path());
-        environment.insert(u"HOME"_qs, home.path());
-        environment.insert(u"XDG_DATA_HOME"_qs, home.filePath(u"data"_qs));
-        environment.insert(u"XDG_CONFIG_HOME"_qs, home.filePath(u"config"_qs));
+        environment.remove(u"DISPLAY"_s);
+        environment.remove(u"WAYLAND_DISPLAY"_s);
+        environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
+        environment.insert(u"XDG_RUNTIME_DIR"_s, home.path());
+        environment.insert(u"HOME"_s, home.path());
+        environment.insert(u"XDG_DATA_HOME"_s, home.filePath(u"data"_s));
+        environment.insert(u"XDG_CONFIG_HOME"_s, home.filePath(u"config"_s));
         program.setProcessEnvironment(environment);
         program.start(QString::fromLocal8Bit(test::productPath()), QStringList());
         QVERIFY(program.waitForStarted());

@@ -1,3 +1,5 @@
+# SPDX-License-Identifier: MIT
+
 """Rejects temporaries inside co_await expressions: GCC 12 destroys a capturing lambda or a braced
 temporary that is written there twice. They must be named first.
 

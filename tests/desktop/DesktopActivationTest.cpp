@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Opening the program through the desktop: this test's own program is the instance, installed with
 // the real service file on a private session bus.
 
@@ -8,6 +10,10 @@
 
 #include <QCoreApplication>
 #include <QTest>
+
+using namespace Qt::StringLiterals;
+
+using namespace Qt::StringLiterals;
 
 using namespace trovell;
 using namespace trovell::test;
@@ -69,15 +75,15 @@ void DesktopActivationTest::init()
     m_desktop = std::make_unique<VirtualDesktop>(WindowManager::none);
     QVERIFY2(m_desktop->isReady(), qPrintable(m_desktop->error()));
     const QString home = m_desktop->homePath();
-    m_record = home + u"/record"_qs;
+    m_record = home + u"/record"_s;
     m_program =
-        writeProgram(home + u"/bin/trovell"_qs,
+        writeProgram(home + u"/bin/trovell"_s,
                      "#!/bin/sh\nexec '" + QCoreApplication::applicationFilePath().toUtf8() + "' " +
                          instanceOption + " '" + m_record.toUtf8() + "'\n");
-    m_desktop->environment().insert(u"PATH"_qs, home + u"/bin:"_qs + qEnvironmentVariable("PATH"));
+    m_desktop->environment().insert(u"PATH"_s, home + u"/bin:"_s + qEnvironmentVariable("PATH"));
 
     const QString service = QFINDTESTDATA("../../packaging/app.trovell.Trovell.service.in");
-    writeFile(home + u"/.local/share/dbus-1/services/app.trovell.Trovell.service"_qs,
+    writeFile(home + u"/.local/share/dbus-1/services/app.trovell.Trovell.service"_s,
               readFile(service).replace("@CMAKE_INSTALL_FULL_BINDIR@", home.toUtf8() + "/bin"));
 }
 

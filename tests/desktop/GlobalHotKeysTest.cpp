@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Hot keys from the key press to the trigger, on a real X server and window manager. The keys are
 // pressed by another program, by their place on the keyboard: what a digit's key is depends on the
 // layout.

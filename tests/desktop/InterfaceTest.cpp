@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The program as people use it, on a real desktop with real applications: from the first start to a
 // desktop brought back, and what they do after that.
 
@@ -6,20 +8,22 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace trovell;
 using namespace trovell::test;
 
 namespace {
 
-const QString button = QStringLiteral("push button");
-const QString menuButton = QStringLiteral("button menu");
-const QString field = QStringLiteral("text");
-const QString menuItem = QStringLiteral("menu item");
-const QString checkBox = QStringLiteral("check box");
-const QString listItem = QStringLiteral("list item");
-const QString label = QStringLiteral("label");
+const QString button = u"push button"_s;
+const QString menuButton = u"button menu"_s;
+const QString field = u"text"_s;
+const QString menuItem = u"menu item"_s;
+const QString checkBox = u"check box"_s;
+const QString listItem = u"list item"_s;
+const QString label = u"label"_s;
 
-const QJsonObject onboarded{{QStringLiteral("onboarding.completed"), true}};
+const QJsonObject onboarded{{u"onboarding.completed"_s, true}};
 
 } // namespace
 
@@ -89,12 +93,12 @@ QRect InterfaceTest::frameOf(const QString& title) const
 /// With the capture sheet that the add menu opens.
 void InterfaceTest::captureAs(const QString& name)
 {
-    QVERIFY(m_trovell->click(menuButton, u"Add Workspace"_qs));
-    QVERIFY(m_trovell->click(menuItem, u"Capture Current Workspace"_qs));
-    QVERIFY(m_trovell->click(field, u"Workspace name"_qs));
+    QVERIFY(m_trovell->click(menuButton, u"Add Workspace"_s));
+    QVERIFY(m_trovell->click(menuItem, u"Capture Current Workspace"_s));
+    QVERIFY(m_trovell->click(field, u"Workspace name"_s));
     m_trovell->type(name);
-    QVERIFY(m_trovell->click(button, u"Save Workspace"_qs));
-    QVERIFY(m_trovell->hides(button, u"Save Workspace"_qs));
+    QVERIFY(m_trovell->click(button, u"Save Workspace"_s));
+    QVERIFY(m_trovell->hides(button, u"Save Workspace"_s));
 }
 
 bool InterfaceTest::startOnboarded()
@@ -107,7 +111,7 @@ void InterfaceTest::openAndCapture()
 {
     openTerminals();
     QVERIFY(startOnboarded());
-    captureAs(u"Work"_qs);
+    captureAs(u"Work"_s);
 }
 
 void InterfaceTest::closeMainWindow()
@@ -123,21 +127,21 @@ void InterfaceTest::firstRunToRestoredWorkspace()
     const auto saved = m_desktop->inspector().framesByTitle();
     QVERIFY(m_trovell->start());
 
-    QVERIFY(m_trovell->shows(label, u"Welcome to Trovell"_qs));
+    QVERIFY(m_trovell->shows(label, u"Welcome to Trovell"_s));
     m_trovell->press("Return"); // windows can be controlled here, so the second step is left out
-    QVERIFY(m_trovell->click(button, u"Create Workspace"_qs));
-    QVERIFY(m_trovell->hides(button, u"Create Workspace"_qs));
-    QVERIFY(m_trovell->find(listItem, u"My Workspace"_qs));
+    QVERIFY(m_trovell->click(button, u"Create Workspace"_s));
+    QVERIFY(m_trovell->hides(button, u"Create Workspace"_s));
+    QVERIFY(m_trovell->find(listItem, u"My Workspace"_s));
 
-    captureAs(u"Evening"_qs);
-    QVERIFY(m_trovell->shows(label, u"Evening captured."_qs));
+    captureAs(u"Evening"_s);
+    QVERIFY(m_trovell->shows(label, u"Evening captured."_s));
 
     DesktopInspector& inspector = m_desktop->inspector();
     inspector.moveWindow(inspector.windowTitled(u"Log")->id, QRect(30, 500, 300, 200));
     inspector.close(inspector.waitForWindowOfClass(u"Mousepad").id);
     QVERIFY(waitUntil([&] { return inspector.windows().size() == 2; })); // the log and our own
-    QVERIFY(m_trovell->click(button, u"Start Workspace"_qs));
-    QVERIFY(m_trovell->shows(label, u"Workspace ready"_qs));
+    QVERIFY(m_trovell->click(button, u"Start Workspace"_s));
+    QVERIFY(m_trovell->shows(label, u"Workspace ready"_s));
     for (auto window = saved.cbegin(); window != saved.cend(); ++window)
         QTRY_COMPARE(frameOf(window.key()), window.value());
 }
@@ -152,15 +156,15 @@ void InterfaceTest::updatesALayoutWhileAnApplicationIsClosed()
     inspector.close(inspector.waitForWindowOfClass(u"Mousepad").id);
     const QRect log = inspector.waitForRest(inspector.windowTitled(u"Log")->id).frame;
 
-    QVERIFY(m_trovell->click(button, u"Save Layout"_qs));
-    QVERIFY(m_trovell->shows(label, u"Not Currently Detected"_qs));
+    QVERIFY(m_trovell->click(button, u"Save Layout"_s));
+    QVERIFY(m_trovell->shows(label, u"Not Currently Detected"_s));
     m_trovell->press("Return");
-    QVERIFY(m_trovell->shows(label, u"Work layout updated."_qs));
+    QVERIFY(m_trovell->shows(label, u"Work layout updated."_s));
 
     inspector.moveWindow(inspector.windowTitled(u"Log")->id, QRect(30, 30, 300, 200));
-    QVERIFY(m_trovell->click(button, u"Start Workspace"_qs));
-    QVERIFY(m_trovell->shows(label, u"Workspace ready"_qs));
-    QTRY_COMPARE(frameOf(u"Log"_qs), log);
+    QVERIFY(m_trovell->click(button, u"Start Workspace"_s));
+    QVERIFY(m_trovell->shows(label, u"Workspace ready"_s));
+    QTRY_COMPARE(frameOf(u"Log"_s), log);
     QTRY_COMPARE(inspector.waitForWindowOfClass(u"Mousepad").frame, notes);
 }
 
@@ -170,74 +174,74 @@ void InterfaceTest::savesAVariant()
     DesktopInspector& inspector = m_desktop->inspector();
     inspector.moveWindow(inspector.windowTitled(u"Log")->id, QRect(1000, 500, 500, 300));
     const QRect moved = inspector.waitForRest(inspector.windowTitled(u"Log")->id).frame;
-    QVERIFY(m_trovell->rightClick(listItem, u"Work"_qs));
-    QVERIFY(m_trovell->click(menuItem, u"Save as New Workspace"_qs));
-    QVERIFY(m_trovell->click(button, u"Save Workspace"_qs));
-    QVERIFY(m_trovell->shows(label, u"Work Variant saved as a new workspace."_qs));
+    QVERIFY(m_trovell->rightClick(listItem, u"Work"_s));
+    QVERIFY(m_trovell->click(menuItem, u"Save as New Workspace"_s));
+    QVERIFY(m_trovell->click(button, u"Save Workspace"_s));
+    QVERIFY(m_trovell->shows(label, u"Work Variant saved as a new workspace."_s));
 
     // Each of the two brings back its own layout.
     const auto frameAfterStarting = [&](const QString& workspace) {
         (void)m_trovell->doubleClick(listItem, workspace);
-        (void)m_trovell->shows(label, u"Workspace ready"_qs);
+        (void)m_trovell->shows(label, u"Workspace ready"_s);
         return inspector.waitForRest(inspector.windowTitled(u"Log")->id).frame;
     };
-    QVERIFY(frameAfterStarting(u"Work"_qs) != moved);
-    QCOMPARE(frameAfterStarting(u"Work Variant"_qs), moved);
+    QVERIFY(frameAfterStarting(u"Work"_s) != moved);
+    QCOMPARE(frameAfterStarting(u"Work Variant"_s), moved);
 }
 
 /// In the dialog for files: its field for names has the focus. A first Return may only take what
 /// the field completes.
 void InterfaceTest::chooseFile(const QString& title, const QString& path)
 {
-    QVERIFY(m_trovell->shows(u"dialog"_qs, title));
+    QVERIFY(m_trovell->shows(u"dialog"_s, title));
     m_trovell->type(path);
-    for (int attempt = 0; attempt < 3 && m_trovell->showsNow(u"dialog"_qs, title); ++attempt) {
+    for (int attempt = 0; attempt < 3 && m_trovell->showsNow(u"dialog"_s, title); ++attempt) {
         m_trovell->press("Return");
         QTest::qWait(400);
     }
-    QVERIFY(m_trovell->hides(u"dialog"_qs, title));
+    QVERIFY(m_trovell->hides(u"dialog"_s, title));
 }
 
 void InterfaceTest::addsEveryKindOfItem()
 {
-    const QString folder = m_desktop->homePath() + u"/Receipts"_qs;
+    const QString folder = m_desktop->homePath() + u"/Receipts"_s;
     QDir().mkpath(folder);
-    const QString file = writeFile(m_desktop->homePath() + u"/list.txt"_qs, {});
+    const QString file = writeFile(m_desktop->homePath() + u"/list.txt"_s, {});
     QVERIFY(startOnboarded());
 
-    QVERIFY(m_trovell->click(button, u"New Empty Workspace"_qs));
-    QVERIFY(m_trovell->click(field, u"Workspace name"_qs));
-    m_trovell->type(u"Errands"_qs);
+    QVERIFY(m_trovell->click(button, u"New Empty Workspace"_s));
+    QVERIFY(m_trovell->click(field, u"Workspace name"_s));
+    m_trovell->type(u"Errands"_s);
     const auto add = [this](const QString& kind) {
-        return m_trovell->click(menuButton, u"Add Item"_qs) && m_trovell->click(menuItem, kind);
+        return m_trovell->click(menuButton, u"Add Item"_s) && m_trovell->click(menuItem, kind);
     };
-    QVERIFY(add(u"Folder…"_qs));
-    chooseFile(u"Choose Folders"_qs, folder);
-    QVERIFY(m_trovell->shows(button, u"Remove Receipts"_qs));
-    QVERIFY(add(u"File…"_qs));
-    chooseFile(u"Choose Files"_qs, file);
-    QVERIFY(m_trovell->shows(button, u"Remove list.txt"_qs));
-    QVERIFY(add(u"Web Link…"_qs));
-    QVERIFY(m_trovell->shows(label, u"Add Web Link"_qs));
-    m_trovell->type(u"example.com/shop"_qs);
+    QVERIFY(add(u"Folder…"_s));
+    chooseFile(u"Choose Folders"_s, folder);
+    QVERIFY(m_trovell->shows(button, u"Remove Receipts"_s));
+    QVERIFY(add(u"File…"_s));
+    chooseFile(u"Choose Files"_s, file);
+    QVERIFY(m_trovell->shows(button, u"Remove list.txt"_s));
+    QVERIFY(add(u"Web Link…"_s));
+    QVERIFY(m_trovell->shows(label, u"Add Web Link"_s));
+    m_trovell->type(u"example.com/shop"_s);
     m_trovell->press("Return");
-    QVERIFY(m_trovell->shows(button, u"Remove example.com"_qs));
-    QVERIFY(add(u"Application…"_qs));
-    QVERIFY(m_trovell->shows(listItem, u"Mousepad"_qs));
-    m_trovell->type(u"mousep"_qs);
+    QVERIFY(m_trovell->shows(button, u"Remove example.com"_s));
+    QVERIFY(add(u"Application…"_s));
+    QVERIFY(m_trovell->shows(listItem, u"Mousepad"_s));
+    m_trovell->type(u"mousep"_s);
     m_trovell->press("Return");
-    QVERIFY(m_trovell->shows(button, u"Remove Mousepad"_qs));
-    QVERIFY(m_trovell->click(button, u"Save"_qs));
-    QVERIFY(m_trovell->shows(label, u"Errands created."_qs));
+    QVERIFY(m_trovell->shows(button, u"Remove Mousepad"_s));
+    QVERIFY(m_trovell->click(button, u"Save"_s));
+    QVERIFY(m_trovell->shows(label, u"Errands created."_s));
 
     // A file that is gone is marked, and found again by the user.
-    QVERIFY(QFile::rename(file, folder + u"/list.txt"_qs));
-    QVERIFY(m_trovell->click(button, u"Edit"_qs));
-    QVERIFY(m_trovell->click(button, u"Locate Again"_qs));
-    chooseFile(u"Locate Again"_qs, folder + u"/list.txt"_qs);
-    QVERIFY(m_trovell->hides(button, u"Locate Again"_qs));
-    QVERIFY(m_trovell->click(button, u"Save"_qs));
-    QVERIFY(m_trovell->shows(label, u"Errands saved."_qs));
+    QVERIFY(QFile::rename(file, folder + u"/list.txt"_s));
+    QVERIFY(m_trovell->click(button, u"Edit"_s));
+    QVERIFY(m_trovell->click(button, u"Locate Again"_s));
+    chooseFile(u"Locate Again"_s, folder + u"/list.txt"_s);
+    QVERIFY(m_trovell->hides(button, u"Locate Again"_s));
+    QVERIFY(m_trovell->click(button, u"Save"_s));
+    QVERIFY(m_trovell->shows(label, u"Errands saved."_s));
 }
 
 void InterfaceTest::startsAndQuitsFromTheTray()
@@ -247,8 +251,8 @@ void InterfaceTest::startsAndQuitsFromTheTray()
     DesktopInspector& inspector = m_desktop->inspector();
     QVERIFY(waitUntil([&] { return inspector.selectionOwner("_NET_SYSTEM_TRAY_S0") != 0; }));
     QVERIFY(startOnboarded());
-    captureAs(u"Work"_qs);
-    const QRect log = frameOf(u"Log"_qs);
+    captureAs(u"Work"_s);
+    const QRect log = frameOf(u"Log"_s);
     closeMainWindow();
     QVERIFY(m_trovell->isRunning());
     inspector.moveWindow(inspector.windowTitled(u"Log")->id, QRect(30, 500, 300, 200));
@@ -260,17 +264,17 @@ void InterfaceTest::startsAndQuitsFromTheTray()
     const QByteArrayList clickIcon{"mousemove", "--window", icon.split('\n').first(), "8", "8",
                                    "click",     "1"};
     m_desktop->run("xdotool", clickIcon);
-    QVERIFY(m_trovell->click(menuItem, u"Work"_qs));
-    QTRY_COMPARE_WITH_TIMEOUT(frameOf(u"Log"_qs), log, 15'000);
+    QVERIFY(m_trovell->click(menuItem, u"Work"_s));
+    QTRY_COMPARE_WITH_TIMEOUT(frameOf(u"Log"_s), log, 15'000);
     m_desktop->run("xdotool", clickIcon);
-    QVERIFY(m_trovell->click(menuItem, u"Open Trovell"_qs));
-    QVERIFY(m_trovell->shows(label, u"Workspace ready"_qs));
+    QVERIFY(m_trovell->click(menuItem, u"Open Trovell"_s));
+    QVERIFY(m_trovell->shows(label, u"Workspace ready"_s));
 
     m_desktop->run("xdotool", clickIcon);
-    QVERIFY(m_trovell->click(menuItem, u"Quit Trovell"_qs));
+    QVERIFY(m_trovell->click(menuItem, u"Quit Trovell"_s));
     QVERIFY(m_trovell->ends());
     QVERIFY(m_trovell->start());
-    QVERIFY(m_trovell->shows(listItem, u"Work"_qs));
+    QVERIFY(m_trovell->shows(listItem, u"Work"_s));
     QTRY_VERIFY(inspector.windowTitled(u"Trovell")->isActive);
     m_trovell->press("ctrl+q");
     QVERIFY(m_trovell->ends());
@@ -280,10 +284,10 @@ void InterfaceTest::endsWithItsLastWindowIfToldSo()
 {
     DesktopInspector& inspector = m_desktop->inspector();
     QJsonObject preferences = onboarded;
-    preferences.insert(u"preferences.keepRunning"_qs, false);
+    preferences.insert(u"preferences.keepRunning"_s, false);
     m_trovell->setPreferences(preferences);
     QVERIFY(m_trovell->start());
-    QVERIFY(m_trovell->click(button, u"Settings"_qs));
+    QVERIFY(m_trovell->click(button, u"Settings"_s));
     closeMainWindow();
     QTest::qWait(300);
     QVERIFY(m_trovell->isRunning()); // the settings are still open
@@ -294,11 +298,11 @@ void InterfaceTest::endsWithItsLastWindowIfToldSo()
 void InterfaceTest::changesLanguageAndAppearanceLive()
 {
     // A table that someone dropped into their data folder.
-    writeFile(m_desktop->homePath() + u"/.local/share/trovell/translations/trovell_de.qm"_qs,
-              readFile(QStringLiteral(TROVELL_TEST_LANGUAGES) + u"/trovell_en_XA.qm"_qs));
+    writeFile(m_desktop->homePath() + u"/.local/share/trovell/translations/trovell_de.qm"_s,
+              readFile(QString::fromUtf8(TROVELL_TEST_LANGUAGES) + u"/trovell_en_XA.qm"_s));
     QVERIFY(startOnboarded());
-    QVERIFY(m_trovell->click(button, u"Settings"_qs));
-    QVERIFY(m_trovell->shows(u"combo box"_qs, u"Appearance"_qs));
+    QVERIFY(m_trovell->click(button, u"Settings"_s));
+    QVERIFY(m_trovell->shows(u"combo box"_s, u"Appearance"_s));
     // To the other display: what is covered has no pixels.
     DesktopInspector& inspector = m_desktop->inspector();
     const quint32 settings = inspector.waitForWindow(u"Settings").id;
@@ -310,12 +314,12 @@ void InterfaceTest::changesLanguageAndAppearanceLive()
         return inspector.pixel(window->id, QPoint(100, 500)) & 0xFF;
     };
     QTRY_VERIFY(brightness() > 200);
-    QVERIFY(m_trovell->click(u"combo box"_qs, u"Appearance"_qs));
-    QVERIFY(m_trovell->click(menuItem, u"Dark"_qs));
+    QVERIFY(m_trovell->click(u"combo box"_s, u"Appearance"_s));
+    QVERIFY(m_trovell->click(menuItem, u"Dark"_s));
     QTRY_VERIFY(brightness() < 60);
-    QVERIFY(m_trovell->click(u"combo box"_qs, u"Language"_qs));
-    QVERIFY(m_trovell->click(menuItem, u"Deutsch"_qs));
-    QVERIFY(m_trovell->hides(button, u"New Empty Workspace"_qs)); // in the window behind
+    QVERIFY(m_trovell->click(u"combo box"_s, u"Language"_s));
+    QVERIFY(m_trovell->click(menuItem, u"Deutsch"_s));
+    QVERIFY(m_trovell->hides(button, u"New Empty Workspace"_s)); // in the window behind
     QVERIFY(m_trovell->isRunning());
 }
 
@@ -334,19 +338,19 @@ void InterfaceTest::isOneInstance()
 void InterfaceTest::answersGlobalKeysWithTheWindowClosed()
 {
     openAndCapture();
-    QVERIFY(m_trovell->click(button, u"Edit"_qs));
-    QVERIFY(m_trovell->click(u"combo box"_qs, u"Shortcut"_qs));
-    QVERIFY(m_trovell->click(menuItem, u"Ctrl+Alt+3"_qs));
-    QVERIFY(m_trovell->click(button, u"Save"_qs));
-    QVERIFY(m_trovell->shows(label, u"Work saved."_qs));
+    QVERIFY(m_trovell->click(button, u"Edit"_s));
+    QVERIFY(m_trovell->click(u"combo box"_s, u"Shortcut"_s));
+    QVERIFY(m_trovell->click(menuItem, u"Ctrl+Alt+3"_s));
+    QVERIFY(m_trovell->click(button, u"Save"_s));
+    QVERIFY(m_trovell->shows(label, u"Work saved."_s));
 
     DesktopInspector& inspector = m_desktop->inspector();
-    const QRect log = frameOf(u"Log"_qs);
+    const QRect log = frameOf(u"Log"_s);
     closeMainWindow();
     inspector.moveWindow(inspector.windowTitled(u"Log")->id, QRect(30, 500, 300, 200));
     inspector.waitForRest();
     m_trovell->press("ctrl+alt+3");
-    QTRY_COMPARE_WITH_TIMEOUT(frameOf(u"Log"_qs), log, 15'000);
+    QTRY_COMPARE_WITH_TIMEOUT(frameOf(u"Log"_s), log, 15'000);
 }
 
 QTEST_GUILESS_MAIN(InterfaceTest)

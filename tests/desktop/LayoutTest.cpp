@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Saved layouts on real servers under real window managers: everything comes back where it stood.
 
 #include "support/LayoutSession.h"
@@ -5,6 +7,8 @@
 #include <QTest>
 
 #include <csignal>
+
+using namespace Qt::StringLiterals;
 
 using namespace trovell;
 using namespace trovell::test;
@@ -65,7 +69,7 @@ struct SavedLayout {
     {
         QStringList lines;
         for (auto i = frames.keyBegin(); i != frames.keyEnd(); ++i)
-            lines.append(*i + u": restored"_qs);
+            lines.append(*i + u": restored"_s);
         return lines;
     }
     QStringList start(double timeoutSeconds = 5)
@@ -135,8 +139,8 @@ void LayoutTest::bringsEveryWindowBack()
     inspector.minimize(minimised);
     QVERIFY(waitUntil([&] { return inspector.window(minimised)->isMinimized; }));
     QStringList expected = saved.restoredLines();
-    expected.replace(expected.indexOf(u"Terminal: restored"_qs),
-                     u"Terminal: timedOut A safe matching window was not found yet."_qs);
+    expected.replace(expected.indexOf(u"Terminal: restored"_s),
+                     u"Terminal: timedOut A safe matching window was not found yet."_s);
     QCOMPARE(saved.start(1), expected);
     QVERIFY(inspector.window(minimised)->isMinimized);
     inspector.activate(minimised);
@@ -204,7 +208,7 @@ void LayoutTest::tellsWindowsOfOneTitleApart()
     SavedLayout saved(desktop);
     const auto before = inspector.windows();
     scatter(desktop);
-    QCOMPARE(saved.start(), (QStringList{u"Notes: restored"_qs, u"Notes: restored"_qs}));
+    QCOMPARE(saved.start(), (QStringList{u"Notes: restored"_s, u"Notes: restored"_s}));
     const auto now = inspector.windows();
     for (qsizetype index = 0; index < before.size(); ++index)
         QCOMPARE(now.at(index).frame, before.at(index).frame);
@@ -232,7 +236,7 @@ void LayoutTest::placesAProgramThatHasJustStarted()
     VirtualDesktop::kill(first);
     QVERIFY(waitUntil([&] { return inspector.windows().isEmpty(); }));
     desktop.startClient(QByteArrayList{"--title", "Window", "--geometry", "300,200,40,40"} + habit);
-    QCOMPARE(saved.start(), QStringList{u"Window: restored"_qs});
+    QCOMPARE(saved.start(), QStringList{u"Window: restored"_s});
     const quint32 window = inspector.windowTitled(u"Window")->id;
     QVERIFY(waitUntil([&] { return inspector.window(window)->frame == frame; }, 1s));
     // It may put itself back now, and that does not last.
@@ -254,8 +258,8 @@ void LayoutTest::reportsAWindowThatNeverComes()
     desktop.startClient({"--class", "Renamed", "--title", "Gamma Delta"});
     inspector.waitForWindow(u"Gamma Delta");
     QCOMPARE(saved.start(1),
-             (QStringList{u"Alpha Beta: timedOut A safe matching window was not found yet."_qs,
-                          u"Gone: timedOut The application is not running yet."_qs}));
+             (QStringList{u"Alpha Beta: timedOut A safe matching window was not found yet."_s,
+                          u"Gone: timedOut The application is not running yet."_s}));
 }
 
 void LayoutTest::survivesAWindowThatVanishes()
@@ -272,15 +276,15 @@ void LayoutTest::survivesAWindowThatVanishes()
     // Its placement asks for another place than it has now, so that it is moved, and so vanishes.
     const QList<WindowPlacement*> placements = saved.workspace->sortedPlacements();
     for (WindowPlacement* placement : placements) {
-        if (placement->windowTitleHint() == u"Vanishes"_qs)
+        if (placement->windowTitleHint() == u"Vanishes"_s)
             placement->setNormalizedX(placement->normalizedX() + 0.1);
     }
     // Whether it vanished before or after it had arrived is up to chance.
     QStringList lines = saved.start(1);
-    QVERIFY(lines.removeOne(u"Pair: failed macOS refused the window position change."_qs) ||
-            lines.removeOne(u"Vanishes: restored"_qs));
-    QCOMPARE(lines, QStringList{u"Stays: restored"_qs});
-    QCOMPARE(inspector.windowTitled(u"Stays")->frame, saved.frames.value(u"Stays"_qs));
+    QVERIFY(lines.removeOne(u"Pair: failed macOS refused the window position change."_s) ||
+            lines.removeOne(u"Vanishes: restored"_s));
+    QCOMPARE(lines, QStringList{u"Stays: restored"_s});
+    QCOMPARE(inspector.windowTitled(u"Stays")->frame, saved.frames.value(u"Stays"_s));
     QVERIFY(waitUntil([&] { return !inspector.windowTitled(u"Vanishes"); }));
 }
 
@@ -313,16 +317,16 @@ void LayoutTest::opensItemsWithoutAWindowManager()
     SavedLayout saved(desktop);
     WorkspaceItemValues item;
     item.typeRawValue = rawValue(WorkspaceItemType::file);
-    item.displayName = u"Missing"_qs;
-    item.urlString = u"file:///nowhere/at-all"_qs;
+    item.displayName = u"Missing"_s;
+    item.urlString = u"file:///nowhere/at-all"_s;
     saved.workspace->appendItem(std::make_unique<WorkspaceItem>(item));
     desktop.stopWindowManager();
     QVERIFY(!saved.session.windowSystem().isTrusted());
     QCOMPARE(saved.start(),
              (QStringList{u"Missing: skippedMissingResource file:///nowhere/at-all could not be "
-                          "found. Use Locate Again to update it."_qs,
+                          "found. Use Locate Again to update it."_s,
                           u"Window layout: skippedNoPermission Grant Accessibility access to "
-                          "restore saved windows."_qs}));
+                          "restore saved windows."_s}));
     QVERIFY(desktop.startWindowManager(WindowManager::openbox));
     QVERIFY(saved.session.windowSystem().isTrusted());
 }

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The main job with real applications, one process per step: captured and saved by one process,
 // brought back by another.
 
@@ -5,6 +7,10 @@
 #include "support/VirtualDesktop.h"
 
 #include <QTest>
+
+using namespace Qt::StringLiterals;
+
+using namespace Qt::StringLiterals;
 
 using namespace trovell::test;
 
@@ -22,11 +28,11 @@ namespace {
 void installRecorder(const QString& home, const QString& record)
 {
     const QString script =
-        writeProgram(home + u"/recorder"_qs, "#!/bin/sh\necho \"$@\" >>" + record.toUtf8() + "\n");
-    writeFile(home + u"/.local/share/applications/recorder.desktop"_qs,
+        writeProgram(home + u"/recorder"_s, "#!/bin/sh\necho \"$@\" >>" + record.toUtf8() + "\n");
+    writeFile(home + u"/.local/share/applications/recorder.desktop"_s,
               "[Desktop Entry]\nType=Application\nName=Recorder\nNoDisplay=true\nExec=" +
                   script.toUtf8() + " %u\n");
-    writeFile(home + u"/.config/mimeapps.list"_qs,
+    writeFile(home + u"/.config/mimeapps.list"_s,
               "[Default Applications]\ninode/directory=recorder.desktop\n"
               "x-scheme-handler/https=recorder.desktop\ntext/plain=recorder.desktop\n");
 }
@@ -59,7 +65,7 @@ QString runStep(VirtualDesktop& desktop, const QStringList& arguments, int& exit
     QProcess step;
     step.setProcessEnvironment(desktop.environment());
     step.setProcessChannelMode(QProcess::MergedChannels);
-    step.start(QStringLiteral(TROVELL_MAIN_JOB), arguments);
+    step.start(QString::fromUtf8(TROVELL_MAIN_JOB), arguments);
     step.waitForFinished(60'000);
     exitCode = step.exitStatus() == QProcess::NormalExit ? step.exitCode() : -1;
     return QString::fromUtf8(step.readAll());
@@ -71,9 +77,9 @@ void MainJobTest::bringsRealApplicationsBack()
 {
     QFETCH(WindowManager, windowManager);
     START_DESKTOP(windowManager);
-    const QString record = desktop.homePath() + u"/opened"_qs;
+    const QString record = desktop.homePath() + u"/opened"_s;
     installRecorder(desktop.homePath(), record);
-    const QString notes = writeFile(desktop.homePath() + u"/notes.txt"_qs, {});
+    const QString notes = writeFile(desktop.homePath() + u"/notes.txt"_s, {});
 
     // A terminal, GTK 3, GTK 4 and Qt; five windows on two displays.
     desktop.start("xterm", {"-T", "Log", "-geometry", "90x24+40+40"});
@@ -86,30 +92,30 @@ void MainJobTest::bringsRealApplicationsBack()
     const QList<InspectedWindow> windows = inspector.waitForRest();
     for (const InspectedWindow& window : windows)
         ids.insert(window.wmClass.toLower(), window.id);
-    QVERIFY(moveAndWait(inspector, ids.value(u"mousepad"_qs), QRect(700, 100, 640, 420)));
-    QVERIFY(moveAndWait(inspector, ids.value(u"featherpad"_qs), QRect(2000, 520, 600, 400)));
+    QVERIFY(moveAndWait(inspector, ids.value(u"mousepad"_s), QRect(700, 100, 640, 420)));
+    QVERIFY(moveAndWait(inspector, ids.value(u"featherpad"_s), QRect(2000, 520, 600, 400)));
     const auto saved = inspector.framesByTitle();
     QCOMPARE(saved.size(), 5);
 
     int exitCode = 0;
     QString output =
         runStep(desktop,
-                {u"capture"_qs, u"Work"_qs, u"debian-xterm"_qs, u"org.xfce.mousepad"_qs,
-                 u"org.gnome.Calculator"_qs, u"featherpad"_qs, u"--folder"_qs, u"/usr/share"_qs,
-                 u"--file"_qs, notes, u"--link"_qs, u"example.com/shop"_qs},
+                {u"capture"_s, u"Work"_s, u"debian-xterm"_s, u"org.xfce.mousepad"_s,
+                 u"org.gnome.Calculator"_s, u"featherpad"_s, u"--folder"_s, u"/usr/share"_s,
+                 u"--file"_s, notes, u"--link"_s, u"example.com/shop"_s},
                 exitCode);
     QVERIFY2(exitCode == 0, qPrintable(output));
 
-    inspector.maximize(ids.value(u"mousepad"_qs));
+    inspector.maximize(ids.value(u"mousepad"_s));
     inspector.moveWindow(inspector.windowTitled(u"Log")->id, QRect(1900, 400, 300, 200));
     inspector.moveWindow(inspector.windowTitled(u"Shell")->id, QRect(100, 500, 300, 200));
-    inspector.close(ids.value(u"featherpad"_qs));
+    inspector.close(ids.value(u"featherpad"_s));
     // A calculator that has just been started raises and lowers its own minimum size for a while.
-    inspector.moveWindow(ids.value(u"gnome-calculator"_qs), QRect(1900, 300, 360, 500));
+    inspector.moveWindow(ids.value(u"gnome-calculator"_s), QRect(1900, 300, 360, 500));
     QVERIFY(waitUntil([&] { return inspector.windows().size() == 4; }));
 
-    output = runStep(desktop, {u"start"_qs, u"Work"_qs}, exitCode);
-    QVERIFY2(exitCode == 0, qPrintable(output.section(u"Frames after:"_qs, 1)));
+    output = runStep(desktop, {u"start"_s, u"Work"_s}, exitCode);
+    QVERIFY2(exitCode == 0, qPrintable(output.section(u"Frames after:"_s, 1)));
     const QList<InspectedWindow> restored = inspector.windows();
     QCOMPARE(restored.size(), 5);
     for (const InspectedWindow& window : restored) {
@@ -118,8 +124,8 @@ void MainJobTest::bringsRealApplicationsBack()
             QCOMPARE(inspector.framesByTitle(), saved);
     }
     for (const QString& line :
-         {u"launched                  FeatherPad"_qs, u"alreadyRunning            Calculator"_qs,
-          u"alreadyRunning            Mousepad"_qs, u"opened                    example.com"_qs})
+         {u"launched                  FeatherPad"_s, u"alreadyRunning            Calculator"_s,
+          u"alreadyRunning            Mousepad"_s, u"opened                    example.com"_s})
         QVERIFY2(output.contains(line), qPrintable(line + u'\n' + output));
     QVERIFY(waitUntil([&] {
         const QByteArray lines = readFile(record);

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The X11 adapter with real servers, window managers and programs: what it reads, which
 // applications it sees, and where it puts windows.
 
@@ -5,6 +7,10 @@
 #include "support/VirtualDesktop.h"
 
 #include <QTest>
+
+using namespace Qt::StringLiterals;
+
+using namespace Qt::StringLiterals;
 
 using namespace trovell;
 using namespace trovell::test;
@@ -41,7 +47,7 @@ QString identifiers(const QList<RunningApplication>& applications)
 {
     QStringList result;
     for (const RunningApplication& application : applications)
-        result.append(application.bundleIdentifier.value_or(u"-"_qs));
+        result.append(application.bundleIdentifier.value_or(u"-"_s));
     return result.join(u' ');
 }
 
@@ -151,7 +157,7 @@ void X11WindowSystemTest::groupsWindowsByApplication()
         ++askedCount;
         const bool isEditor =
             window.wmClass == u"Editor" || window.gtkApplicationId == u"org.Editor";
-        return isEditor ? std::optional(ApplicationIdentity{u"org.Editor"_qs, u"The Editor"_qs, {}})
+        return isEditor ? std::optional(ApplicationIdentity{u"org.Editor"_s, u"The Editor"_s, {}})
                         : std::nullopt;
     };
     const auto known = [](const QString& identifier) {
@@ -162,20 +168,20 @@ void X11WindowSystemTest::groupsWindowsByApplication()
     };
     BackgroundApplications background;
     background.find = known;
-    background.list = [&] { return QList{known(u"Plain"_qs), known(u"Unseen"_qs)}; };
+    background.list = [&] { return QList{known(u"Plain"_s), known(u"Unseen"_s)}; };
     X11WindowSystem system(desktop.displayName(), identify, background);
     const QList<RunningApplication> applications = system.runningApplications();
-    QCOMPARE(identifiers(applications), u"org.Editor Plain Panel Unseen"_qs);
+    QCOMPARE(identifiers(applications), u"org.Editor Plain Panel Unseen"_s);
     QCOMPARE(applications[0].windows.size(), 2);
-    QCOMPARE(applications[0].localizedName, u"The Editor"_qs);
+    QCOMPARE(applications[0].localizedName, u"The Editor"_s);
     // The server knows better than the program's own claim.
     QCOMPARE(applications[0].processIdentifier, static_cast<qint32>(first.processId()));
     QCOMPARE(applications[1].bundleURL,
              QUrl::fromLocalFile(QString::fromLatin1(scriptedClientPath())).toString());
     QVERIFY(applications[0].isRegular && !applications[2].isRegular);
-    QCOMPARE(system.runningApplications(u"org.Editor"_qs).first().windows, applications[0].windows);
-    QVERIFY(system.runningApplications(u"Plain"_qs).first().processIdentifier != 77);
-    QCOMPARE(system.runningApplications(u"Unseen"_qs).first().processIdentifier, 77);
+    QCOMPARE(system.runningApplications(u"org.Editor"_s).first().windows, applications[0].windows);
+    QVERIFY(system.runningApplications(u"Plain"_s).first().processIdentifier != 77);
+    QCOMPARE(system.runningApplications(u"Unseen"_s).first().processIdentifier, 77);
     QCOMPARE(askedCount, 4); // every window is looked up once in its life
 }
 
@@ -187,13 +193,13 @@ void X11WindowSystemTest::isNotFooledByReusedWindowNumbers()
     inspector.waitForWindow(u"stays");
     QProcess& first = desktop.startClient({"--class", "First", "--title", "first"});
     const quint32 number = inspector.waitForWindow(u"first").id;
-    QCOMPARE(identifiers(system.runningApplications()), u"Stays First"_qs);
+    QCOMPARE(identifiers(system.runningApplications()), u"Stays First"_s);
     VirtualDesktop::kill(first);
     QVERIFY(waitUntil([&] { return inspector.windows().size() == 1; }));
     desktop.startClient({"--class", "Second", "--title", "second"});
     // The same list of the same numbers, and yet another window.
     QCOMPARE(inspector.waitForWindow(u"second").id, number);
-    QCOMPARE(identifiers(system.runningApplications()), u"Stays Second"_qs);
+    QCOMPARE(identifiers(system.runningApplications()), u"Stays Second"_s);
 }
 
 void X11WindowSystemTest::describesDisplays()
@@ -204,7 +210,7 @@ void X11WindowSystemTest::describesDisplays()
     QCOMPARE(displays.size(), 2);
     QCOMPARE(displays[0].frame, QRectF(0, 0, 1600, 1024));
     QCOMPARE(displays[0].visibleFrame, displays[0].frame);
-    QCOMPARE(displays[0].fingerprint.localizedName, u"DUMMY0"_qs);
+    QCOMPARE(displays[0].fingerprint.localizedName, u"DUMMY0"_s);
     QCOMPARE(displays[1].frame, QRectF(1600, 0, 1280, 1024));
     QVERIFY(displays[0].fingerprint.isMain && !displays[1].fingerprint.isMain);
 
@@ -218,7 +224,7 @@ void X11WindowSystemTest::describesDisplays()
     }
     desktop.startClient({"--title", "window", "--geometry", "400,300,1700,200"});
     const InspectedWindow window = inspector.waitForWindow(u"window");
-    const WindowAttributes attributes = windowTitled(system, u"window"_qs);
+    const WindowAttributes attributes = windowTitled(system, u"window"_s);
     QCOMPARE(frameOf(attributes), QRectF(window.frame.translated(-1600, 0)));
     const QRectF wanted(-1500, 40, 500, 400);
     QCOMPARE(system.setWindowFrames({{attributes.handle, wanted}}), QList<bool>{true});
@@ -269,7 +275,7 @@ void X11WindowSystemTest::activatesTheTopmostWindow()
     QVERIFY(waitUntil([&] { return inspector.windowTitled(u"b")->isMinimized; }));
 
     X11WindowSystem system(desktop.displayName(), {}, {});
-    system.activate(system.runningApplications(u"Two"_qs).first());
+    system.activate(system.runningApplications(u"Two"_s).first());
     QVERIFY(waitUntil([&] { return inspector.windowTitled(u"a")->isActive; }));
     QVERIFY(inspector.windowTitled(u"b")->isMinimized);
 }
@@ -286,7 +292,7 @@ void X11WindowSystemTest::placesLastWhatWasAskedLast()
         return inspector.numbers(id, "_NET_WM_DESKTOP") == QList<quint32>{1};
     };
     QVERIFY(waitUntil(isElsewhere));
-    const WindowHandle handle = windowTitled(system, u"young"_qs).handle;
+    const WindowHandle handle = windowTitled(system, u"young"_s).handle;
     // While the first placement is still watched over.
     for (const QRectF frame : {QRectF(700, 400, 500, 450), QRectF(40, 50, 600, 300)})
         QCOMPARE(system.setWindowFrames({{handle, frame}}), QList<bool>{true});

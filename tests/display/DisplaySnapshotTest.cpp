@@ -1,7 +1,13 @@
+// SPDX-License-Identifier: MIT
+//
 // The choice among attached displays: see WindowRestoreServiceTest and LayoutTest.
 #include "display/DisplaySnapshot.h"
 
 #include <QtTest>
+
+using namespace Qt::StringLiterals;
+
+using namespace Qt::StringLiterals;
 
 using namespace trovell;
 
@@ -33,13 +39,12 @@ private Q_SLOTS:
     void positionsAreRelativeToTheMainScreen()
     {
         const QList<Screen> screens{
-            {{-1280, 200, 1280, 1024}, {-1280, 200, 1280, 1000}, 1.5, QStringLiteral("Left")},
-            {{0, 0, 1600, 900}, {0, 30, 1600, 870}, 1, QStringLiteral("Main")},
+            {{-1280, 200, 1280, 1024}, {-1280, 200, 1280, 1000}, 1.5, u"Left"_s},
+            {{0, 0, 1600, 900}, {0, 30, 1600, 870}, 1, u"Main"_s},
         };
         const auto snapshots = makeDisplaySnapshots(screens, 1);
         QCOMPARE(snapshots.at(0).fingerprint,
-                 (DisplayFingerprint{QStringLiteral("Left"), 1920, 1536, 1280, 1024, 1.5, -1280,
-                                     200, false}));
+                 (DisplayFingerprint{u"Left"_s, 1920, 1536, 1280, 1024, 1.5, -1280, 200, false}));
         QVERIFY(snapshots.at(1).fingerprint.isMain);
         QCOMPARE(snapshots.at(1).visibleFrame, QRectF(0, 30, 1600, 870));
 
@@ -57,7 +62,7 @@ private Q_SLOTS:
         };
         QCOMPARE(score([](auto& d) { d.pixelWidth = 7; }), 100.0); // does not count
         QCOMPARE(score([](auto& d) { d.isMain = false; }), 80.0);
-        QCOMPARE(score([](auto& d) { d.localizedName = u"a"_qs; }), 65.0);
+        QCOMPARE(score([](auto& d) { d.localizedName = u"a"_s; }), 65.0);
         QCOMPARE(score([](auto& d) { d.backingScaleFactor = 5; }), 90.0);
         QCOMPARE(score([](auto& d) { d.relativeX = 5000; }), 90.0);
         QCOMPARE(score([](auto& d) { d.relativeX = qQNaN(); }), 90.0);
@@ -67,7 +72,7 @@ private Q_SLOTS:
     void survivesItsStoredForm()
     {
         DisplayFingerprint saved = fingerprint("", 2560.5, 1440, 1.25, -0.1, 1e300, true);
-        saved.localizedName = QStringLiteral("Größe \"27\" 日本\n");
+        saved.localizedName = u"Größe \"27\" 日本\n"_s;
         saved.pixelWidth = 9007199254740993; // beyond what a double can hold
         QCOMPARE(decodeFingerprint(encodeFingerprint(saved)), saved);
         saved.pointWidth = std::numeric_limits<double>::infinity();

@@ -1,6 +1,10 @@
+// SPDX-License-Identifier: MIT
+//
 // Feeds the feed parser with anything, and holds what it accepts against its promises.
 #include "services/update/UpdateChoice.h"
 #include "services/update/UpdateFeedParser.h"
+
+using namespace Qt::StringLiterals;
 
 using namespace trovell;
 
@@ -27,7 +31,7 @@ void requireSound(const QList<UpdateItem>& items)
 
 void requireNoDowngrade(const QList<UpdateItem>& items)
 {
-    const auto program = *ReleaseVersion::parse(QStringLiteral("1.5"));
+    const auto program = *ReleaseVersion::parse(u"1.5"_s);
     const UpdateChoice choice = chooseUpdate(items, program, program);
     require(choice.item.has_value() == choice.reason.isEmpty());
     if (choice.item)

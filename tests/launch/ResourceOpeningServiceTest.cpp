@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "launch/ResourceOpeningService.h"
 
 #include "launch/URLValidation.h"
@@ -10,25 +12,29 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
+using namespace Qt::StringLiterals;
+
 using namespace trovell;
 
 namespace {
 
-const QUrl oldURL(u"file:///old/report.odt"_qs);
-const QUrl newURL(u"file:///new/report.odt"_qs);
+const QUrl oldURL(u"file:///old/report.odt"_s);
+const QUrl newURL(u"file:///new/report.odt"_s);
 
 WorkspaceItemValues itemOfType(const QString& type, const QString& url)
 {
     WorkspaceItemValues values;
     values.typeRawValue = type;
-    values.displayName = u"Report"_qs;
+    values.displayName = u"Report"_s;
     values.urlString = url;
     return values;
 }
 
 QString missingText(const QString& url)
 {
-    return url + u" could not be found. Use Locate Again to update it."_qs;
+    return url + u" could not be found. Use Locate Again to update it."_s;
 }
 
 /// A desktop on which org.example.Editor runs, and one file that exists.
@@ -50,9 +56,9 @@ class ResourceOpeningServiceTest : public QObject {
 private Q_SLOTS:
     void findsTheResource()
     {
-        const QUrl gone(u"file:///gone"_qs);
-        const QUrl remote(u"sftp://host/x"_qs);
-        const QUrl unmarkable(u"file:///unmarkable"_qs);
+        const QUrl gone(u"file:///gone"_s);
+        const QUrl remote(u"sftp://host/x"_s);
+        const QUrl unmarkable(u"file:///unmarkable"_s);
         const auto verify = [&](const QByteArray& bookmark, const QString& urlString,
                                 const QUrl& opened, const QByteArray& bookmarkAfterwards) {
             Desktop desktop;
@@ -60,7 +66,7 @@ private Q_SLOTS:
             desktop.system.addBookmark("stale", newURL, true);
             desktop.system.addBookmark("stuck", unmarkable, true);
             desktop.system.refuseToBookmark(unmarkable);
-            WorkspaceItemValues values = itemOfType(u"file"_qs, urlString);
+            WorkspaceItemValues values = itemOfType(u"file"_s, urlString);
             if (!bookmark.isNull())
                 values.bookmarkData = bookmark;
             WorkspaceItem item(values);
@@ -80,7 +86,7 @@ private Q_SLOTS:
         verify("", oldURL.toString(), oldURL, {});
         verify({}, gone.toString(), {}, {});
         verify({}, remote.toString(), remote, {});
-        verify({}, u"http://a b"_qs, {}, {});
+        verify({}, u"http://a b"_s, {}, {});
     }
 
     void opensByType_data()
@@ -92,19 +98,19 @@ private Q_SLOTS:
         QTest::addColumn<LaunchResultKind>("kind");
         QTest::addColumn<QString>("detail");
 
-        const QString running = u"org.example.Editor"_qs;
-        const QString refusal = u"macOS could not open Report."_qs;
+        const QString running = u"org.example.Editor"_s;
+        const QString refusal = u"macOS could not open Report."_s;
         const auto row = [](const char* type, const char* url, const QString& identifier,
                             LaunchResultKind kind, const QString& detail = {}) {
             QTest::addRow("%s %s %s", type, url, qPrintable(identifier))
                 << QString::fromLatin1(type) << QString::fromLatin1(url) << identifier << kind
                 << detail;
         };
-        row("application", "file:///apps/x", u"org.example.Player"_qs, launched);
+        row("application", "file:///apps/x", u"org.example.Player"_s, launched);
         row("application", "file:///apps/x", running, alreadyRunning);
         row("application", "file:///refused", {}, failed, refusal);
         row("folder", "file:///gone/x%20y", {}, skippedMissingResource,
-            missingText(u"file:///gone/x%20y"_qs));
+            missingText(u"file:///gone/x%20y"_s));
         row("file", "file:///refused", {}, failed, refusal);
         row("Application", "file:///x", running, opened);
         row("webLink", "https://wiki.local", {}, opened);
@@ -133,7 +139,7 @@ private Q_SLOTS:
         const LaunchResult result = desktop.open(item);
 
         QCOMPARE(result.kind, kind);
-        QCOMPARE(result.name, u"Report"_qs);
+        QCOMPARE(result.name, u"Report"_s);
         QTEST(result.detail.value_or(QString()), "detail");
         QVERIFY(!result.id.isNull() && result.id != item.id());
         const bool isLaunched = kind == LaunchResultKind::launched;
@@ -146,7 +152,7 @@ private Q_SLOTS:
     {
         Desktop desktop;
         desktop.system.addBookmark("stale", newURL, true);
-        WorkspaceItemValues values = itemOfType(u"file"_qs, oldURL.toString());
+        WorkspaceItemValues values = itemOfType(u"file"_s, oldURL.toString());
         values.bookmarkData = "stale";
         auto item = std::make_unique<WorkspaceItem>(values);
 

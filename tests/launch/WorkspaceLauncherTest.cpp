@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "launch/WorkspaceLauncher.h"
 
 #include "model/TrovellWorkspace.h"
@@ -8,6 +10,8 @@
 #include "support/FakeWindowSystem.h"
 
 #include <QtTest>
+
+using namespace Qt::StringLiterals;
 
 using namespace trovell;
 using namespace std::chrono_literals;
@@ -32,7 +36,7 @@ struct Desktop {
         values.typeRawValue = rawValue(type);
         values.displayName = name;
         values.sortOrder = workspace->itemCount();
-        values.urlString = u"file:///things/%1"_qs.arg(name);
+        values.urlString = u"file:///things/%1"_s.arg(name);
         values.isEnabled = isEnabled;
         if (type == WorkspaceItemType::application)
             values.bundleIdentifier = name;
@@ -43,7 +47,7 @@ struct Desktop {
                       qint64 index = 0, bool isEnabled = true)
     {
         workspace->appendPlacement(std::make_unique<WindowPlacement>(
-            application, application.toUpper(), title, u"AXWindow"_qs, std::nullopt, index,
+            application, application.toUpper(), title, u"AXWindow"_s, std::nullopt, index,
             NormalizedFrame{0, 0, 0.5, 0.5}, QRectF(0, 0, 100, 100),
             windows.displays.first().fingerprint, isEnabled));
     }
@@ -76,7 +80,7 @@ struct Desktop {
         const QList<LaunchResult> results = launcher.latestReport()->results;
         for (const LaunchResult& line : results)
             lines.append(
-                u"%1: %2 %3"_qs.arg(line.name, rawValue(line.kind), line.detail.value_or(QString()))
+                u"%1: %2 %3"_s.arg(line.name, rawValue(line.kind), line.detail.value_or(QString()))
                     .trimmed());
         return lines;
     }
@@ -91,14 +95,14 @@ private Q_SLOTS:
     void opensItemsThenRestoresWindows()
     {
         Desktop desktop;
-        desktop.windows.addWindow(u"editor"_qs, {.title = u"Notes"_qs});
-        desktop.windows.addWindow(u"player"_qs, {});
-        desktop.addItem(u"editor"_qs, WorkspaceItemType::application);
-        desktop.addItem(u"folder"_qs, WorkspaceItemType::folder);
-        desktop.addItem(u"off"_qs, WorkspaceItemType::file, false);
-        desktop.addItem(u"player"_qs, WorkspaceItemType::application);
-        desktop.addPlacement(u"editor"_qs, u"Notes"_qs);
-        desktop.addPlacement(u"editor"_qs, u"Other"_qs, 1, false);
+        desktop.windows.addWindow(u"editor"_s, {.title = u"Notes"_s});
+        desktop.windows.addWindow(u"player"_s, {});
+        desktop.addItem(u"editor"_s, WorkspaceItemType::application);
+        desktop.addItem(u"folder"_s, WorkspaceItemType::folder);
+        desktop.addItem(u"off"_s, WorkspaceItemType::file, false);
+        desktop.addItem(u"player"_s, WorkspaceItemType::application);
+        desktop.addPlacement(u"editor"_s, u"Notes"_s);
+        desktop.addPlacement(u"editor"_s, u"Other"_s, 1, false);
         QSignalSpy reports(&desktop.launcher, &WorkspaceLauncher::latestReportChanged);
         QSignalSpy states(&desktop.launcher, &WorkspaceLauncher::isLaunchingChanged);
         const QDateTime before = desktop.workspace->updatedAt();
@@ -107,11 +111,11 @@ private Q_SLOTS:
         QVERIFY(desktop.launcher.isLaunching());
         desktop.runToEnd(0);
         QCOMPARE(desktop.report(),
-                 (QStringList{u"editor: alreadyRunning"_qs, u"folder: opened"_qs,
-                              u"player: alreadyRunning"_qs, u"Notes: restored"_qs}));
-        QCOMPARE(desktop.resources.opened(), QList<QUrl>{QUrl(u"file:///things/folder"_qs)});
+                 (QStringList{u"editor: alreadyRunning"_s, u"folder: opened"_s,
+                              u"player: alreadyRunning"_s, u"Notes: restored"_s}));
+        QCOMPARE(desktop.resources.opened(), QList<QUrl>{QUrl(u"file:///things/folder"_s)});
         // The first application of the workspace ends in front.
-        QCOMPARE(desktop.windows.activated, (QStringList{u"player"_qs, u"editor"_qs}));
+        QCOMPARE(desktop.windows.activated, (QStringList{u"player"_s, u"editor"_s}));
         QCOMPARE(desktop.launcher.latestWorkspaceID(), desktop.workspace->id());
         QCOMPARE(desktop.workspace->lastLaunchedAt(), desktop.clock.now());
         QVERIFY(desktop.workspace->updatedAt() != before);
@@ -122,22 +126,22 @@ private Q_SLOTS:
     void waitsForLateWindowsUntilTheDeadline()
     {
         Desktop desktop;
-        desktop.addPlacement(u"editor"_qs, u"Late"_qs, 0);
-        desktop.addPlacement(u"editor"_qs, u"Never"_qs, 1);
-        desktop.addPlacement(u"absent"_qs, std::nullopt, 2);
+        desktop.addPlacement(u"editor"_s, u"Late"_s, 0);
+        desktop.addPlacement(u"editor"_s, u"Never"_s, 1);
+        desktop.addPlacement(u"absent"_s, std::nullopt, 2);
         desktop.start();
         desktop.settle(2);
         for (int quarter = 0; quarter < 8; ++quarter) {
             desktop.clock.advance(250ms);
             desktop.settle(2);
         }
-        desktop.windows.addWindow(u"editor"_qs, {.title = u"Late"_qs});
+        desktop.windows.addWindow(u"editor"_s, {.title = u"Late"_s});
         const QDateTime start = desktop.clock.now().addMSecs(-2000);
         desktop.runToEnd(2);
         QCOMPARE(desktop.report(),
-                 (QStringList{u"Late: restored"_qs,
-                              u"Never: timedOut A safe matching window was not found yet."_qs,
-                              u"ABSENT: timedOut The application is not running yet."_qs}));
+                 (QStringList{u"Late: restored"_s,
+                              u"Never: timedOut A safe matching window was not found yet."_s,
+                              u"ABSENT: timedOut The application is not running yet."_s}));
         QCOMPARE(start.msecsTo(desktop.clock.now()), 10'000);
         // One pass at once and one per quarter second, the deadline included: 41 for each.
         QCOMPARE(desktop.clock.sleepCount(), 80);
@@ -146,35 +150,35 @@ private Q_SLOTS:
     void reportsApplicationsInPlacementOrder()
     {
         Desktop desktop;
-        desktop.addPlacement(u"slow"_qs, u"First"_qs, 0);
-        desktop.addPlacement(u"quick"_qs, u"Q"_qs, 1);
-        desktop.addPlacement(u"slow"_qs, u"Second"_qs, 2);
-        desktop.windows.addWindow(u"quick"_qs, {.title = u"Q"_qs});
+        desktop.addPlacement(u"slow"_s, u"First"_s, 0);
+        desktop.addPlacement(u"quick"_s, u"Q"_s, 1);
+        desktop.addPlacement(u"slow"_s, u"Second"_s, 2);
+        desktop.windows.addWindow(u"quick"_s, {.title = u"Q"_s});
         desktop.start();
         desktop.settle(1);
-        desktop.windows.addWindow(u"slow"_qs, {.title = u"Second"_qs});
+        desktop.windows.addWindow(u"slow"_s, {.title = u"Second"_s});
         desktop.clock.advance(250ms);
         desktop.settle(1);
-        desktop.windows.addWindow(u"slow"_qs, {.title = u"First"_qs});
+        desktop.windows.addWindow(u"slow"_s, {.title = u"First"_s});
         desktop.runToEnd(1);
         // In the order in which they were completed within an application.
         QCOMPARE(desktop.report(),
-                 (QStringList{u"Second: restored"_qs, u"First: restored"_qs, u"Q: restored"_qs}));
+                 (QStringList{u"Second: restored"_s, u"First: restored"_s, u"Q: restored"_s}));
     }
 
     void withoutTrustNoWindowIsTouched()
     {
         Desktop desktop;
-        desktop.windows.addWindow(u"editor"_qs, {.title = u"Notes"_qs});
-        desktop.addItem(u"editor"_qs, WorkspaceItemType::application);
-        desktop.addPlacement(u"editor"_qs, u"Notes"_qs);
-        desktop.addPlacement(u"editor"_qs, u"More"_qs, 1);
+        desktop.windows.addWindow(u"editor"_s, {.title = u"Notes"_s});
+        desktop.addItem(u"editor"_s, WorkspaceItemType::application);
+        desktop.addPlacement(u"editor"_s, u"Notes"_s);
+        desktop.addPlacement(u"editor"_s, u"More"_s, 1);
         desktop.start(false);
         desktop.runToEnd(0);
         QCOMPARE(desktop.report(),
-                 (QStringList{u"editor: alreadyRunning"_qs,
+                 (QStringList{u"editor: alreadyRunning"_s,
                               u"Window layout: skippedNoPermission "
-                              "Grant Accessibility access to restore saved windows."_qs}));
+                              "Grant Accessibility access to restore saved windows."_s}));
         QVERIFY(desktop.windows.activated.isEmpty());
         QCOMPARE(desktop.windows.readCount(), 0);
     }
@@ -182,14 +186,14 @@ private Q_SLOTS:
     void aSecondStartIsIgnored()
     {
         Desktop desktop;
-        desktop.addItem(u"off"_qs, WorkspaceItemType::file, false);
+        desktop.addItem(u"off"_s, WorkspaceItemType::file, false);
         desktop.start();
         desktop.runToEnd(0);
         QVERIFY(desktop.launcher.latestReport()->results.isEmpty());
         QVERIFY(desktop.workspace->lastLaunchedAt());
 
         const auto report = desktop.launcher.latestReport();
-        desktop.addPlacement(u"absent"_qs, std::nullopt);
+        desktop.addPlacement(u"absent"_s, std::nullopt);
         desktop.start();
         desktop.settle(1);
         TrovellWorkspace other{WorkspaceValues()};
@@ -204,7 +208,7 @@ private Q_SLOTS:
     {
         for (const double timeout : {-5.0, 0.5, double(qQNaN())}) {
             Desktop desktop;
-            desktop.addPlacement(u"absent"_qs, std::nullopt);
+            desktop.addPlacement(u"absent"_s, std::nullopt);
             const QDateTime start = desktop.clock.now();
             desktop.start(true, timeout);
             desktop.runToEnd(1);
@@ -216,20 +220,20 @@ private Q_SLOTS:
     {
         Desktop desktop;
         const QUuid id = desktop.workspace->id();
-        desktop.addPlacement(u"absent"_qs, std::nullopt);
+        desktop.addPlacement(u"absent"_s, std::nullopt);
         desktop.start(true, qInf());
         desktop.settle(1);
         desktop.workspace.reset();
-        desktop.windows.addWindow(u"absent"_qs, {});
+        desktop.windows.addWindow(u"absent"_s, {});
         desktop.runToEnd(1);
-        QCOMPARE(desktop.report(), QStringList{u"ABSENT: restored"_qs});
+        QCOMPARE(desktop.report(), QStringList{u"ABSENT: restored"_s});
         QCOMPARE(desktop.launcher.latestWorkspaceID(), id);
     }
 
     void stopsWaitingWhenAsked()
     {
         Desktop desktop;
-        desktop.addPlacement(u"absent"_qs, std::nullopt);
+        desktop.addPlacement(u"absent"_s, std::nullopt);
         std::stop_source stop;
         desktop.start(true, 10, stop.get_token());
         desktop.settle(1);
@@ -237,7 +241,7 @@ private Q_SLOTS:
         desktop.clock.advance(250ms);
         QTRY_VERIFY(!desktop.launcher.isLaunching());
         QCOMPARE(desktop.report(),
-                 QStringList{u"ABSENT: timedOut The application is not running yet."_qs});
+                 QStringList{u"ABSENT: timedOut The application is not running yet."_s});
     }
 
     void summarisesItsReport()
@@ -247,27 +251,26 @@ private Q_SLOTS:
                                qint64 unresolved = 0, qint64 skipped = 0) {
             WorkspaceLaunchReport report;
             for (const LaunchResultKind kind : kinds)
-                report.results.append(makeLaunchResult(QStringLiteral("x"), kind));
+                report.results.append(makeLaunchResult(u"x"_s, kind));
             const LaunchSummary summary = report.summary();
             QCOMPARE(summary.formatted(summary.key), sentence);
             QCOMPARE(report.unresolvedCount(), unresolved);
             QCOMPARE(report.skippedCount(), skipped);
         };
-        verify({}, u"Completed 0 actions successfully."_qs);
+        verify({}, u"Completed 0 actions successfully."_s);
         verify({launched, alreadyRunning, opened, restored, restored},
-               u"Completed 5 actions and restored 2 windows."_qs);
+               u"Completed 5 actions and restored 2 windows."_s);
         verify({opened, opened, skippedMissingResource},
-               u"Completed 2 actions. Review 1 skipped or failed items."_qs, 1, 1);
+               u"Completed 2 actions. Review 1 skipped or failed items."_s, 1, 1);
         verify({launched, restored, timedOut},
-               u"Completed 2 actions. 1 windows restored. Review 1 skipped or failed items."_qs, 1,
+               u"Completed 2 actions. 1 windows restored. Review 1 skipped or failed items."_s, 1,
                1);
-        verify({skippedNoPermission}, u"Completed 0 actions. Review 1 skipped or failed items."_qs,
+        verify({skippedNoPermission}, u"Completed 0 actions. Review 1 skipped or failed items."_s,
                0, 1);
         verify({failed, windowNotFound},
-               u"Completed 0 actions. Review 2 skipped or failed items."_qs, 2, 1);
+               u"Completed 0 actions. Review 2 skipped or failed items."_s, 2, 1);
         // A translation with more places than numbers.
-        QCOMPARE((LaunchSummary{u"%lld"_qs, {12, -3}}.formatted(u"%lld%lld%lld"_qs)),
-                 u"12-3%lld"_qs);
+        QCOMPARE((LaunchSummary{u"%lld"_s, {12, -3}}.formatted(u"%lld%lld%lld"_s)), u"12-3%lld"_s);
     }
 };
 

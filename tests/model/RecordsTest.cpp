@@ -1,8 +1,12 @@
+// SPDX-License-Identifier: MIT
+
 #include "model/TrovellWorkspace.h"
 #include "model/WorkspaceChoices.h"
 
 #include <QSignalSpy>
 #include <QtTest>
+
+using namespace Qt::StringLiterals;
 
 using namespace trovell;
 
@@ -29,37 +33,37 @@ private Q_SLOTS:
 
 void RecordsTest::notifiesOncePerChange()
 {
-    TrovellWorkspace workspace({.name = u"Work"_qs});
-    WorkspaceItem& item = workspace.appendItem(makeItem(u"Notes"_qs, 0));
+    TrovellWorkspace workspace({.name = u"Work"_s});
+    WorkspaceItem& item = workspace.appendItem(makeItem(u"Notes"_s, 0));
     QStringList signalsInOrder;
     connect(&workspace, &TrovellWorkspace::contentChanged, this,
-            [&] { signalsInOrder.append(u"content"_qs); });
-    connect(&workspace, &Record::changed, this, [&] { signalsInOrder.append(u"workspace"_qs); });
-    connect(&item, &Record::changed, this, [&] { signalsInOrder.append(u"item"_qs); });
+            [&] { signalsInOrder.append(u"content"_s); });
+    connect(&workspace, &Record::changed, this, [&] { signalsInOrder.append(u"workspace"_s); });
+    connect(&item, &Record::changed, this, [&] { signalsInOrder.append(u"item"_s); });
 
-    workspace.setName(u"Work"_qs);
+    workspace.setName(u"Work"_s);
     item.setBookmarkData(std::nullopt);
     QCOMPARE(signalsInOrder, QStringList());
     // Empty bytes are a value, none is none.
     item.setBookmarkData(QByteArray());
-    workspace.setName(u"Play"_qs);
-    workspace.appendItem(makeItem(u"Mail"_qs, 1));
-    QCOMPARE(signalsInOrder, QStringList({u"content"_qs, u"item"_qs, u"content"_qs, u"workspace"_qs,
-                                          u"content"_qs, u"workspace"_qs}));
+    workspace.setName(u"Play"_s);
+    workspace.appendItem(makeItem(u"Mail"_s, 1));
+    QCOMPARE(signalsInOrder, QStringList({u"content"_s, u"item"_s, u"content"_s, u"workspace"_s,
+                                          u"content"_s, u"workspace"_s}));
 }
 
 void RecordsTest::decodesShortcuts()
 {
     TrovellWorkspace workspace({});
     for (const ShortcutDefinition& shortcut :
-         {ShortcutDefinition{18, 6144, u"⌃⌥1"_qs}, ShortcutDefinition{4294967295, 0, {}}}) {
+         {ShortcutDefinition{18, 6144, u"⌃⌥1"_s}, ShortcutDefinition{4294967295, 0, {}}}) {
         workspace.setShortcut(shortcut);
         QVERIFY(!workspace.shortcutData()->contains('\n'));
         QCOMPARE(workspace.shortcut(), shortcut);
     }
     workspace.setShortcutData(
         QByteArray(R"({"keyCode":1,"modifiers":2,"displayValue":"x","other":true})"));
-    QCOMPARE(workspace.shortcut(), (ShortcutDefinition{1, 2, u"x"_qs}));
+    QCOMPARE(workspace.shortcut(), (ShortcutDefinition{1, 2, u"x"_s}));
     for (const char* data : {R"({"keyCode":4294967296,"modifiers":0,"displayValue":""})",
                              R"({"keyCode":"18","modifiers":0,"displayValue":""})",
                              R"({"keyCode":18,"modifiers":0})", "[]", "", "\xff\xfe\x01"}) {
@@ -73,7 +77,7 @@ void RecordsTest::sortsStably()
 {
     TrovellWorkspace workspace({});
     for (const auto& [name, order] :
-         {std::pair(u"a"_qs, 2), {u"b"_qs, 0}, {u"c"_qs, 1}, {u"d"_qs, 0}, {u"e"_qs, -3}}) {
+         {std::pair(u"a"_s, 2), {u"b"_s, 0}, {u"c"_s, 1}, {u"d"_s, 0}, {u"e"_s, -3}}) {
         workspace.appendItem(makeItem(name, order));
         // Windows are ordered by index alone, whatever their application.
         workspace.appendPlacement(std::make_unique<WindowPlacement>(
@@ -84,7 +88,7 @@ void RecordsTest::sortsStably()
         names += item->displayName();
     for (const WindowPlacement* placement : workspace.sortedPlacements())
         names += placement->bundleIdentifier();
-    QCOMPARE(names, u"ebdcaebdca"_qs);
+    QCOMPARE(names, u"ebdcaebdca"_s);
 }
 
 void RecordsTest::duplicatesRecords()
@@ -92,7 +96,7 @@ void RecordsTest::duplicatesRecords()
     TrovellWorkspace workspace({});
     const QDateTime created = QDateTime::fromMSecsSinceEpoch(1, Qt::UTC);
     const WorkspaceItem& item = workspace.appendItem(
-        std::make_unique<WorkspaceItem>(WorkspaceItemValues{.typeRawValue = u"a type to come"_qs,
+        std::make_unique<WorkspaceItem>(WorkspaceItemValues{.typeRawValue = u"a type to come"_s,
                                                             .sortOrder = 3,
                                                             .bookmarkData = QByteArray("mark"),
                                                             .isEnabled = false,
@@ -107,7 +111,7 @@ void RecordsTest::duplicatesRecords()
     expected.typeRawValue = rawValue(WorkspaceItemType::file);
     QCOMPARE(copy->values(), expected);
 
-    const WindowPlacement placement({.bundleIdentifier = u"org.example.Editor"_qs,
+    const WindowPlacement placement({.bundleIdentifier = u"org.example.Editor"_s,
                                      .normalizedX = .5,
                                      .displayFingerprintData = "nonsense",
                                      .isEnabled = false});

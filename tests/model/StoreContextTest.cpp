@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "model/StoreFiles.h"
 #include "model/WorkspaceQuery.h"
 #include "model/WorkspaceStore.h"
@@ -9,6 +11,8 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QtTest>
+
+using namespace Qt::StringLiterals;
 
 using namespace trovell;
 using namespace std::chrono_literals;
@@ -77,9 +81,9 @@ void StoreContextTest::init()
 
 void StoreContextTest::keepsEveryValue()
 {
-    TrovellWorkspace& workspace = insert(u"Ünï\u0000code 🗂"_qs, -7, 5);
+    TrovellWorkspace& workspace = insert(u"Ünï\u0000code 🗂"_s, -7, 5);
     workspace.setLastLaunchedAt(QDateTime(QDate(2024, 2, 29), QTime(1, 2, 3, 456), Qt::LocalTime));
-    workspace.setShortcut(ShortcutDefinition{4294967295, 6144, u"⌃⌥1"_qs});
+    workspace.setShortcut(ShortcutDefinition{4294967295, 6144, u"⌃⌥1"_s});
     workspace.setSortOrder(std::numeric_limits<qint64>::min());
     workspace.setCreatedAt({});
     workspace.sortedItems().first()->setBookmarkData(QByteArray(3'000'000, '\xfe'));
@@ -120,23 +124,23 @@ void StoreContextTest::keepsWhatRandomEditsMake()
 
 void StoreContextTest::rollsBackToTheSameObjects()
 {
-    TrovellWorkspace& workspace = insert(u"Work"_qs, 0, 3);
-    TrovellWorkspace& other = insert(u"Other"_qs, 1, 2);
+    TrovellWorkspace& workspace = insert(u"Work"_s, 0, 3);
+    TrovellWorkspace& other = insert(u"Other"_s, 1, 2);
     QVERIFY(context().save());
     const StoreContents saved = contentsOf(context());
     const QList<TrovellWorkspace*> workspaces = context().workspaces();
     const QList<WorkspaceItem*> items = workspace.sortedItems();
     const QList<WindowPlacement*> placements = workspace.sortedPlacements();
 
-    workspace.setName(u"Play"_qs);
-    items[2]->setDisplayName(u"Changed"_qs);
+    workspace.setName(u"Play"_s);
+    items[2]->setDisplayName(u"Changed"_s);
     items[1]->setSortOrder(99);
     context().remove(*items[0]);
     context().remove(*placements[1]);
     workspace.appendItem(items[0]->duplicate());
     context().remove(other);
-    insert(u"New"_qs, 2, 1);
-    QCOMPARE(namesOf(context().workspaces()), QStringList({u"Play"_qs, u"New"_qs}));
+    insert(u"New"_s, 2, 1);
+    QCOMPARE(namesOf(context().workspaces()), QStringList({u"Play"_s, u"New"_s}));
     QVERIFY(items[0]->isRemoved() && other.isRemoved());
 
     QSignalSpy itemChanges(items[2], &Record::changed);
@@ -159,8 +163,8 @@ void StoreContextTest::rollsBackToTheSameObjects()
 
 void StoreContextTest::removesChildrenWithTheirWorkspace()
 {
-    insert(u"Work"_qs, 0, 4);
-    insert(u"Other"_qs, 1, 2);
+    insert(u"Work"_s, 0, 4);
+    insert(u"Other"_s, 1, 2);
     QVERIFY(context().save());
     reopen();
     // Neither read nor named by anyone, the children go nevertheless.
@@ -174,42 +178,42 @@ void StoreContextTest::removesChildrenWithTheirWorkspace()
 
 void StoreContextTest::refusesADuplicateIdAndRecovers()
 {
-    TrovellWorkspace& workspace = insert(u"Work"_qs, 0, 1);
+    TrovellWorkspace& workspace = insert(u"Work"_s, 0, 1);
     QVERIFY(context().save());
     const StoreContents saved = contentsOf(context());
-    workspace.setName(u"Play"_qs);
+    workspace.setName(u"Play"_s);
     workspace.appendItem(
         std::make_unique<WorkspaceItem>(workspace.sortedItems().first()->values()));
     const auto refused = context().save();
     QVERIFY(!refused);
     QCOMPARE(refused.error(), StoreError::duplicateIdentifier);
-    QCOMPARE(workspace.name(), u"Play"_qs);
+    QCOMPARE(workspace.name(), u"Play"_s);
     context().rollback();
     QCOMPARE(contentsOf(context()), saved);
-    workspace.setName(u"Rest"_qs);
+    workspace.setName(u"Rest"_s);
     QVERIFY(context().save());
     reopen();
-    QCOMPARE(namesOf(context().workspaces()), QStringList{u"Rest"_qs});
+    QCOMPARE(namesOf(context().workspaces()), QStringList{u"Rest"_s});
 }
 
 void StoreContextTest::forgetsWhatWasRemovedBeforeItWasSaved()
 {
-    TrovellWorkspace& workspace = insert(u"Work"_qs, 0, 1);
-    const QPointer<TrovellWorkspace> inserted = &insert(u"Never"_qs, 1, 2);
+    TrovellWorkspace& workspace = insert(u"Work"_s, 0, 1);
+    const QPointer<TrovellWorkspace> inserted = &insert(u"Never"_s, 1, 2);
     const QPointer<WorkspaceItem> item = workspace.sortedItems().first();
     context().remove(*inserted);
     context().remove(*item);
     QVERIFY(context().save());
     QVERIFY(inserted && item);
     // A view that still holds them may even write.
-    inserted->setName(u"Late"_qs);
-    item->setDisplayName(u"Late"_qs);
+    inserted->setName(u"Late"_s);
+    item->setDisplayName(u"Late"_s);
     QVERIFY(!context().hasChanges());
     turnEventLoop();
     QVERIFY(!inserted && !item);
     QCOMPARE(workspace.itemCount(), 0);
     reopen();
-    QCOMPARE(namesOf(context().workspaces()), QStringList{u"Work"_qs});
+    QCOMPARE(namesOf(context().workspaces()), QStringList{u"Work"_s});
 }
 
 void StoreContextTest::keepsChangesThatCannotBeSavedByThemselves()
@@ -217,15 +221,15 @@ void StoreContextTest::keepsChangesThatCannotBeSavedByThemselves()
     reopen({.vfsName = m_vfs.name(), .automaticSaveDelay = 1ms});
     QSignalSpy failures(&context(), &StoreContext::automaticSaveFailed);
     m_vfs.arm(StoreFaultVfs::Fault::diskFull, 1, StoreFaultVfs::forEver);
-    TrovellWorkspace& workspace = insert(u"Work"_qs, 0, 1);
+    TrovellWorkspace& workspace = insert(u"Work"_s, 0, 1);
     QTRY_COMPARE(failures.count(), 1);
     QCOMPARE(failures.first().first().value<StoreError>(), StoreError::diskFull);
     QVERIFY(context().hasChanges());
     m_vfs.disarm();
-    workspace.setName(u"Play"_qs);
+    workspace.setName(u"Play"_s);
     QTRY_VERIFY(!context().hasChanges());
     reopen();
-    QCOMPARE(namesOf(context().workspaces()), QStringList{u"Play"_qs});
+    QCOMPARE(namesOf(context().workspaces()), QStringList{u"Play"_s});
 }
 
 void StoreContextTest::announcesOncePerTurn()
@@ -240,7 +244,7 @@ void StoreContextTest::announcesOncePerTurn()
     QCOMPARE(lists.count(), 1);
 
     const QList<TrovellWorkspace*> workspaces = query.workspaces();
-    workspaces[0]->setName(u"renamed"_qs);
+    workspaces[0]->setName(u"renamed"_s);
     turnEventLoop();
     QCOMPARE(lists.count(), 1);
     for (TrovellWorkspace* workspace : workspaces)
@@ -253,10 +257,10 @@ void StoreContextTest::announcesOncePerTurn()
     QCOMPARE(lists.count(), 3);
     QVERIFY(query.workspaces().isEmpty());
 
-    TrovellWorkspace& workspace = insert(u"Work"_qs, 0, 1);
+    TrovellWorkspace& workspace = insert(u"Work"_s, 0, 1);
     turnEventLoop();
     QSignalSpy updates(&query, &WorkspaceQuery::updatedAtChanged);
-    workspace.sortedItems().first()->setDisplayName(u"Changed"_qs);
+    workspace.sortedItems().first()->setDisplayName(u"Changed"_s);
     turnEventLoop();
     QCOMPARE(updates.count(), 0);
     workspace.setUpdatedAt(workspace.updatedAt().addMSecs(1));
@@ -272,7 +276,7 @@ void StoreContextTest::announcesBeforeItDestroys()
 {
     WorkspaceQuery query(context());
     for (const bool isStored : {true, false}) {
-        const QPointer<TrovellWorkspace> workspace = &insert(u"Work"_qs, 0, 1);
+        const QPointer<TrovellWorkspace> workspace = &insert(u"Work"_s, 0, 1);
         QVERIFY(!isStored || context().save());
         turnEventLoop();
         bool wasAlive = false;

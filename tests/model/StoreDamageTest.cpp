@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // A damaged file is refused, or it opens with exactly what was stored. Nothing in between.
 #include "model/StoreFiles.h"
 #include "model/WorkspaceStore.h"
@@ -8,6 +10,8 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QtTest>
+
+using namespace Qt::StringLiterals;
 
 using namespace trovell;
 using namespace trovell::test;
@@ -58,7 +62,7 @@ void StoreDamageTest::initTestCase()
             QVERIFY(store->mainContext().save());
         }
         for (int index = 0; index < 5; ++index)
-            store->mainContext().insert(makeWorkspace(u"Work"_qs, index, 6));
+            store->mainContext().insert(makeWorkspace(u"Work"_s, index, 6));
     }
     m_contents = storedContents(m_folder.path());
     m_bytes = readFile(m_path);

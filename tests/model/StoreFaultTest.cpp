@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Whatever fails at whatever moment, the store keeps the last acknowledged state, or the one that
 // was being saved.
 #include "model/StoreFiles.h"
@@ -8,6 +10,8 @@
 
 #include <QTemporaryDir>
 #include <QtTest>
+
+using namespace Qt::StringLiterals;
 
 using namespace trovell;
 using Fault = StoreFaultVfs::Fault;
@@ -80,7 +84,7 @@ void StoreFaultTest::initTestCase()
     {
         const auto store = openStore(m_original.path());
         for (int index = 0; index < 4; ++index)
-            store->mainContext().insert(makeWorkspace(u"Work"_qs, index, 5));
+            store->mainContext().insert(makeWorkspace(u"Work"_s, index, 5));
     }
     m_originalContents = storedContents(m_original.path());
 }

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The store against other processes: one that holds it, and one that is killed at any moment.
 #include "model/WorkspaceStore.h"
 
@@ -9,6 +11,8 @@
 #include <QtTest>
 
 #include <unistd.h>
+
+using namespace Qt::StringLiterals;
 
 using namespace trovell;
 
@@ -48,7 +52,7 @@ public:
     {
         m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         m_process.start(QCoreApplication::applicationFilePath(),
-                        {u"--edit"_qs, folder, QString::number(seed)});
+                        {u"--edit"_s, folder, QString::number(seed)});
         if (!m_process.waitForStarted())
             qFatal("cannot start the child");
     }
@@ -104,7 +108,7 @@ void StoreProcessTest::refusesASecondProcess()
 {
     const QTemporaryDir folder;
     auto store = openStore(folder.path());
-    store->mainContext().insert(makeWorkspace(u"Work"_qs, 0, 3));
+    store->mainContext().insert(makeWorkspace(u"Work"_s, 0, 3));
     QVERIFY(store->mainContext().save());
     const QByteArray digest = digestOf(contentsOf(store->mainContext()));
     QCOMPARE(Child(folder.path(), 1).readLine(),
@@ -175,7 +179,7 @@ int main(int argc, char** argv)
 {
     QCoreApplication application(argc, argv);
     const QStringList arguments = application.arguments();
-    if (arguments.value(1) == u"--edit"_qs)
+    if (arguments.value(1) == u"--edit"_s)
         return editUntilKilled(arguments.value(2), arguments.value(3).toUInt());
     StoreProcessTest test;
     return QTest::qExec(&test, argc, argv);

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "model/WorkspaceStore.h"
 #include "model/StoreFiles.h"
 #include "model/TrovellSchemaV1.h"
@@ -11,6 +13,8 @@
 #include <QtTest>
 
 #include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
 
 using namespace trovell;
 using namespace trovell::test;
@@ -36,7 +40,7 @@ MigrationPlan planWithVersion2()
     const QByteArray table = "CREATE TABLE Tag(position INTEGER PRIMARY KEY, name TEXT NOT NULL,"
                              " checksum INTEGER NOT NULL) STRICT";
     const QByteArray index = "CREATE INDEX WorkspaceBySymbol ON TrovellWorkspace(symbolName)";
-    second.models.append(u"Tag"_qs);
+    second.models.append(u"Tag"_s);
     second.statements += {table, index};
     const MigrationStage stage{
         QVersionNumber(1, 0, 0),
@@ -73,7 +77,7 @@ private:
     void makeStore()
     {
         const auto store = openStore(m_folder);
-        store->mainContext().insert(makeWorkspace(u"Work"_qs, 0, 3));
+        store->mainContext().insert(makeWorkspace(u"Work"_s, 0, 3));
     }
 
     std::unique_ptr<QTemporaryDir> m_directory;
@@ -84,7 +88,7 @@ private:
 void WorkspaceStoreTest::init()
 {
     m_directory = std::make_unique<QTemporaryDir>();
-    m_folder = m_directory->filePath(u"share/trovell"_qs);
+    m_folder = m_directory->filePath(u"share/trovell"_s);
     m_path = StoreFiles(m_folder).storePath();
 }
 
@@ -92,7 +96,7 @@ void WorkspaceStoreTest::keepsItsFilesPrivate()
 {
     const mode_t previous = ::umask(0);
     const auto store = openStore(m_folder);
-    store->mainContext().insert(makeWorkspace(u"Work"_qs, 0, 3));
+    store->mainContext().insert(makeWorkspace(u"Work"_s, 0, 3));
     QVERIFY(store->mainContext().save());
     ::umask(previous);
     QCOMPARE(QFile::permissions(m_folder), privateFolder);

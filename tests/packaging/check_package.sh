@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
+#
 # Builds the Debian package, installs it into an empty root, starts the program from there on a
 # server of its own, ends it, and removes the package again.
 #

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/freedesktop/AutostartLoginItem.h"
 
 #include "support/PrivateSession.h"
@@ -5,16 +7,20 @@
 
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
+using namespace Qt::StringLiterals;
+
 using namespace trovell;
 using enum LoginItemStatus;
 using trovell::test::PrivateSession;
 
 namespace {
 
-const QString id = u"app.trovell.Trovell"_qs;
-const QString userFile = u"config/autostart/app.trovell.Trovell.desktop"_qs;
-const QString systemFile = u"xdg/autostart/app.trovell.Trovell.desktop"_qs;
-const QString installedFile = u"share/applications/app.trovell.Trovell.desktop"_qs;
+const QString id = u"app.trovell.Trovell"_s;
+const QString userFile = u"config/autostart/app.trovell.Trovell.desktop"_s;
+const QString systemFile = u"xdg/autostart/app.trovell.Trovell.desktop"_s;
+const QString installedFile = u"share/applications/app.trovell.Trovell.desktop"_s;
 
 const QByteArray installed = "[Desktop Entry]\nType=Application\nName=Trovell\n"
                              "Name[el]=\xce\xa4\nExec=trovell\nIcon=app.trovell.Trovell\n"
@@ -92,7 +98,7 @@ private Q_SLOTS:
         m_session->addDesktopFile(id, "Hidden=true");
         QCOMPARE(m_item.status(), notFound);
         const auto result = m_item.registerLoginItem();
-        QCOMPARE(result.error(), u"app.trovell.Trovell.desktop: No such file or directory"_qs);
+        QCOMPARE(result.error(), u"app.trovell.Trovell.desktop: No such file or directory"_s);
         QVERIFY(!QFileInfo::exists(path(userFile)));
         // What starts at login can still be switched off.
         m_session->write(userFile, plain);
@@ -113,12 +119,12 @@ private Q_SLOTS:
             }
             for (int round = 0; round < 2; ++round) {
                 QCOMPARE(statusSwitchedOff(), notRegistered);
-                QVERIFY(QDir(path(u"config/autostart"_qs)).isEmpty());
+                QVERIFY(QDir(path(u"config/autostart"_s)).isEmpty());
             }
         }
         QVERIFY(m_item.registerLoginItem());
         QProcess validator;
-        validator.start(u"desktop-file-validate"_qs, {path(userFile)});
+        validator.start(u"desktop-file-validate"_s, {path(userFile)});
         QVERIFY(validator.waitForFinished());
         QCOMPARE(validator.readAll(), QByteArray());
         QCOMPARE(validator.exitCode(), 0);
@@ -157,7 +163,7 @@ private Q_SLOTS:
 
     void leavesFilesBehindLinksAlone()
     {
-        QDir().mkpath(path(u"config/autostart"_qs));
+        QDir().mkpath(path(u"config/autostart"_s));
         QVERIFY(QFile::link(path(installedFile), path(userFile)));
         QCOMPARE(m_item.status(), enabled);
         QVERIFY(m_item.unregisterLoginItem());
@@ -168,8 +174,8 @@ private Q_SLOTS:
     void saysWhyItFailed()
     {
         const std::pair<QString, QString> obstacles[]{
-            {userFile + u"/folder"_qs, u"Is a directory"_qs},
-            {u"config/autostart"_qs, u"Not a directory"_qs}};
+            {userFile + u"/folder"_s, u"Is a directory"_s},
+            {u"config/autostart"_s, u"Not a directory"_s}};
         for (const auto& [obstacle, reason] : obstacles) {
             init();
             m_session->write(obstacle, "");

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/freedesktop/DesktopFileIndex.h"
 
 #include "support/PrivateSession.h"
@@ -5,6 +7,10 @@
 #include <QtTest>
 
 #include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+using namespace Qt::StringLiterals;
 
 using namespace trovell;
 using trovell::test::PrivateSession;
@@ -88,14 +94,14 @@ private Q_SLOTS:
     {
         for (const char* name : {"real", "wine64-preloader", "lua5.3", "luakit", "two words"})
             m_session.addRecorder(QString::fromLatin1(name));
-        QFile::link(u"real"_qs, m_session.path(u"bin/alias"_qs));
-        QFile::link(u"real"_qs, m_session.path(u"bin/python3"_qs));
+        QFile::link(u"real"_s, m_session.path(u"bin/alias"_s));
+        QFile::link(u"real"_s, m_session.path(u"bin/python3"_s));
         const std::tuple<QByteArray, QString, int> cases[]{
-            {"BIN/real %U", u"bin/real"_qs, 0},
-            {"BIN/real --new-window %F", u"bin/real"_qs, 2},
-            {"BIN/alias", u"bin/real"_qs, 1},
-            {"\"BIN/two words\" %u", u"bin/two words"_qs, 0},
-            {"BIN/luakit", u"bin/luakit"_qs, 0},
+            {"BIN/real %U", u"bin/real"_s, 0},
+            {"BIN/real --new-window %F", u"bin/real"_s, 2},
+            {"BIN/alias", u"bin/real"_s, 1},
+            {"\"BIN/two words\" %u", u"bin/two words"_s, 0},
+            {"BIN/luakit", u"bin/luakit"_s, 0},
             {"BIN/python3 script.py", {}, 0},
             {"BIN/wine64-preloader game.exe", {}, 0},
             {"BIN/lua5.3 script.lua", {}, 0},
@@ -103,11 +109,11 @@ private Q_SLOTS:
             {"sh -c BIN/real", {}, 0}};
         for (const auto& [exec, program, rank] : cases) {
             m_session.addDesktopFile(
-                u"program"_qs,
-                "Exec=" + QByteArray(exec).replace("BIN", m_session.path(u"bin"_qs).toUtf8()));
+                u"program"_s,
+                "Exec=" + QByteArray(exec).replace("BIN", m_session.path(u"bin"_s).toUtf8()));
             const auto read = [] {
                 const DesktopFileTable table(loadDesktopEntries());
-                const DesktopEntry* found = table.entry(u"program"_qs);
+                const DesktopEntry* found = table.entry(u"program"_s);
                 return found ? std::pair(found->program, found->programRank)
                              : std::pair(QByteArray("?"), 0);
             };
@@ -123,48 +129,48 @@ private Q_SLOTS:
         DesktopFileIndex index;
         QVERIFY(!index.identify(window("Changed")));
         const QByteArray application = "[Desktop Entry]\nType=Application\nExec=true\nName=";
-        m_session.write(u"share/applications/changed.desktop"_qs, application + "System\n");
-        m_session.write(u"data/applications/changed.desktop"_qs,
+        m_session.write(u"share/applications/changed.desktop"_s, application + "System\n");
+        m_session.write(u"data/applications/changed.desktop"_s,
                         application + "User\nStartupWMClass=Changed\n");
-        m_session.write(u"share/applications/deleted.desktop"_qs, application + "x\n");
-        m_session.write(u"data/applications/deleted.desktop"_qs, application + "x\nHidden=true\n");
-        m_session.write(u"share/applications/folder/part.desktop"_qs, application + "Part\n");
-        m_session.write(u"share/applications/a.concealed.desktop"_qs,
+        m_session.write(u"share/applications/deleted.desktop"_s, application + "x\n");
+        m_session.write(u"data/applications/deleted.desktop"_s, application + "x\nHidden=true\n");
+        m_session.write(u"share/applications/folder/part.desktop"_s, application + "Part\n");
+        m_session.write(u"share/applications/a.concealed.desktop"_s,
                         application + "x\nNoDisplay=true\n");
-        m_session.write(u"share/applications/broken.desktop"_qs, "[Desktop Entry\nType=Appl");
+        m_session.write(u"share/applications/broken.desktop"_s, "[Desktop Entry\nType=Appl");
 
         // GIO notices the changes of each folder by itself.
-        QTRY_VERIFY(index.application(u"folder-part"_qs));
+        QTRY_VERIFY(index.application(u"folder-part"_s));
         QTRY_VERIFY(index.identify(window("Changed")));
-        const auto changed = index.application(u"changed"_qs);
-        QCOMPARE(changed->name, u"User"_qs);
+        const auto changed = index.application(u"changed"_s);
+        QCOMPARE(changed->name, u"User"_s);
         QCOMPARE(changed->url,
-                 QUrl::fromLocalFile(m_session.path(u"data/applications/changed.desktop"_qs)));
+                 QUrl::fromLocalFile(m_session.path(u"data/applications/changed.desktop"_s)));
         QCOMPARE(index.identify(window("Changed")), changed);
-        QVERIFY(!index.application(u"deleted"_qs));
-        QVERIFY(!index.application(u"broken"_qs));
-        QVERIFY(index.application(u"a.concealed"_qs));
+        QVERIFY(!index.application(u"deleted"_s));
+        QVERIFY(!index.application(u"broken"_s));
+        QVERIFY(index.application(u"a.concealed"_s));
 
         QStringList visible;
         for (const ApplicationIdentity& identity : index.visibleApplications())
             visible.append(identity.bundleIdentifier);
-        QVERIFY(visible.contains(u"folder-part"_qs) && !visible.contains(u"a.concealed"_qs));
+        QVERIFY(visible.contains(u"folder-part"_s) && !visible.contains(u"a.concealed"_s));
         QVERIFY(std::ranges::is_sorted(visible));
 
-        QVERIFY(QFile::remove(m_session.path(u"data/applications/changed.desktop"_qs)));
-        QTRY_COMPARE(index.application(u"changed"_qs).value_or(ApplicationIdentity()).name,
-                     u"System"_qs);
+        QVERIFY(QFile::remove(m_session.path(u"data/applications/changed.desktop"_s)));
+        QTRY_COMPARE(index.application(u"changed"_s).value_or(ApplicationIdentity()).name,
+                     u"System"_s);
     }
 
     void readsFactsOfProcesses()
     {
         // A child inherits what was said of its parent.
-        for (const QString& launched : {u"$$"_qs, QString::number(getpid())}) {
+        for (const QString& launched : {u"$$"_s, QString::number(getpid())}) {
             QProcess process;
             process.start(
-                u"sh"_qs,
-                {u"-c"_qs, u"export GIO_LAUNCHED_DESKTOP_FILE=/apps/x.desktop "
-                           "GIO_LAUNCHED_DESKTOP_FILE_PID=%1; exec sleep 60"_qs.arg(launched)});
+                u"sh"_s,
+                {u"-c"_s, u"export GIO_LAUNCHED_DESKTOP_FILE=/apps/x.desktop "
+                          "GIO_LAUNCHED_DESKTOP_FILE_PID=%1; exec sleep 60"_s.arg(launched)});
             QVERIFY(process.waitForStarted());
             const auto pid = static_cast<qint32>(process.processId());
             QTRY_VERIFY(readProcessFacts(pid).executable.endsWith("sleep"));

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // What the desktop's portal says about looks, from a portal on a bus of its own.
 
 #include "platform/freedesktop/DesktopSettings.h"

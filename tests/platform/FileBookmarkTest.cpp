@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/freedesktop/FileBookmark.h"
 
 #include "platform/freedesktop/FilePath.h"
@@ -10,21 +12,25 @@
 
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
+using namespace Qt::StringLiterals;
+
 using namespace trovell;
 namespace fs = std::filesystem;
 
 namespace {
 
-const QString none = u"none"_qs;
+const QString none = u"none"_s;
 
 QString fresh(const QUrl& url)
 {
-    return u"fresh "_qs + url.toString(QUrl::FullyEncoded);
+    return u"fresh "_s + url.toString(QUrl::FullyEncoded);
 }
 
 QString stale(const QUrl& url)
 {
-    return u"stale "_qs + url.toString(QUrl::FullyEncoded);
+    return u"stale "_s + url.toString(QUrl::FullyEncoded);
 }
 
 /// A private home folder and a place beside it; names are bytes.

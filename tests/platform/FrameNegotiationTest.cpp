@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The dialogue about one window's frame, with window managers and programs of every temper played
 // by the test and time that passes at once.
 

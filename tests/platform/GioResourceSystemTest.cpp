@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/freedesktop/GioResourceSystem.h"
 
 #include "support/PrivateSession.h"
@@ -5,6 +7,10 @@
 #include <QtTest>
 
 #include <sys/wait.h>
+
+using namespace Qt::StringLiterals;
+
+using namespace Qt::StringLiterals;
 
 using namespace trovell;
 using trovell::test::PrivateSession;
@@ -15,58 +21,58 @@ class GioResourceSystemTest : public QObject {
 private Q_SLOTS:
     void initTestCase()
     {
-        const QByteArray viewer = m_session.addRecorder(u"viewer"_qs).toUtf8();
-        m_session.addDesktopFile(u"org.example.Viewer"_qs, "Exec=" + viewer + " %u");
-        const QByteArray editor = m_session.addRecorder(u"editor"_qs).toUtf8();
-        m_session.addDesktopFile(u"org.example.Editor"_qs, "Exec=" + editor + " --new %F");
-        m_session.addDesktopFile(u"org.example.Gone"_qs, "Exec=/nothing/there %u");
-        m_session.setDefault(u"x-scheme-handler/https"_qs, u"org.example.Viewer"_qs);
-        m_session.setDefault(u"inode/directory"_qs, u"org.example.Viewer"_qs);
-        m_session.setDefault(u"text/plain"_qs, u"org.example.Editor"_qs);
-        m_session.setDefault(u"x-scheme-handler/gone"_qs, u"org.example.Gone"_qs);
-        m_session.write(u"notes/todo list 100%.txt"_qs, "Things to do\n");
+        const QByteArray viewer = m_session.addRecorder(u"viewer"_s).toUtf8();
+        m_session.addDesktopFile(u"org.example.Viewer"_s, "Exec=" + viewer + " %u");
+        const QByteArray editor = m_session.addRecorder(u"editor"_s).toUtf8();
+        m_session.addDesktopFile(u"org.example.Editor"_s, "Exec=" + editor + " --new %F");
+        m_session.addDesktopFile(u"org.example.Gone"_s, "Exec=/nothing/there %u");
+        m_session.setDefault(u"x-scheme-handler/https"_s, u"org.example.Viewer"_s);
+        m_session.setDefault(u"inode/directory"_s, u"org.example.Viewer"_s);
+        m_session.setDefault(u"text/plain"_s, u"org.example.Editor"_s);
+        m_session.setDefault(u"x-scheme-handler/gone"_s, u"org.example.Gone"_s);
+        m_session.write(u"notes/todo list 100%.txt"_s, "Things to do\n");
     }
 
     void opensInTheDefaultApplication()
     {
         const auto verify = [this](const QUrl& opened, const QString& recorder,
                                    const QStringList& arguments) {
-            const QString program = m_session.path(u"bin/"_qs + recorder);
-            QFile::remove(program + u".record"_qs);
+            const QString program = m_session.path(u"bin/"_s + recorder);
+            QFile::remove(program + u".record"_s);
             QVERIFY(m_system.openResource(opened));
             QTRY_VERIFY(m_session.recorded(program));
             QCOMPARE(m_session.recorded(program)->arguments, arguments);
         };
-        const QUrl link(u"https://wiki.local/über?a=b&c=%26#d"_qs);
-        const QUrl file = url(u"notes/todo list 100%.txt"_qs);
-        const QUrl folder = url(u"notes"_qs);
-        verify(link, u"viewer"_qs, {QString::fromLatin1(link.toEncoded())});
-        verify(folder, u"viewer"_qs, {folder.toLocalFile()});
-        verify(file, u"editor"_qs, {u"--new"_qs, file.toLocalFile()});
+        const QUrl link(u"https://wiki.local/über?a=b&c=%26#d"_s);
+        const QUrl file = url(u"notes/todo list 100%.txt"_s);
+        const QUrl folder = url(u"notes"_s);
+        verify(link, u"viewer"_s, {QString::fromLatin1(link.toEncoded())});
+        verify(folder, u"viewer"_s, {folder.toLocalFile()});
+        verify(file, u"editor"_s, {u"--new"_s, file.toLocalFile()});
     }
 
     void refusesResources()
     {
         // Missing; without an application; with one whose program is gone; no URL.
         for (const QUrl& refused :
-             {url(u"notes/gone.txt"_qs), QUrl(u"gopher://wiki.local"_qs),
-              QUrl(u"gone://wiki.local"_qs), QUrl(m_session.path(u"notes"_qs)), QUrl()})
+             {url(u"notes/gone.txt"_s), QUrl(u"gopher://wiki.local"_s),
+              QUrl(u"gone://wiki.local"_s), QUrl(m_session.path(u"notes"_s)), QUrl()})
             QVERIFY2(!m_system.openResource(refused), qPrintable(refused.toString()));
     }
 
     void startsApplicationsDetached()
     {
-        const QString program = m_session.addRecorder(u"detached"_qs);
+        const QString program = m_session.addRecorder(u"detached"_s);
         const QString desktopFile =
-            m_session.addDesktopFile(u"detached"_qs, "Exec=" + program.toUtf8() + " --flag %U");
+            m_session.addDesktopFile(u"detached"_s, "Exec=" + program.toUtf8() + " --flag %U");
         qputenv("DESKTOP_STARTUP_ID", "of-this-program");
 
         QVERIFY(m_system.openApplication(QUrl::fromLocalFile(desktopFile)));
         QTRY_VERIFY(m_session.recorded(program));
         const auto start = m_session.recorded(program);
-        QCOMPARE(start->arguments, QStringList{u"--flag"_qs});
+        QCOMPARE(start->arguments, QStringList{u"--flag"_s});
         QCOMPARE(start->sessionId, start->pid);
-        QCOMPARE(start->streams, QStringList(3, u"/dev/null"_qs));
+        QCOMPARE(start->streams, QStringList(3, u"/dev/null"_s));
         QCOMPARE(start->launchedDesktopFile, desktopFile);
         QVERIFY(start->startupId.isEmpty());
         // It is no child of this process: not even a zombie of it is left.
@@ -76,31 +82,31 @@ private Q_SLOTS:
 
     void refusesApplications()
     {
-        const QByteArray exec = "Exec=" + m_session.path(u"bin/viewer"_qs).toUtf8();
+        const QByteArray exec = "Exec=" + m_session.path(u"bin/viewer"_s).toUtf8();
         for (const QByteArray& lines :
              {QByteArray("Comment=nothing"), QByteArray("Exec=/nothing/there"),
               exec + "\nTryExec=/nothing/there", exec + "\nHidden=true",
               exec + "\nPath=/nothing/there"}) {
-            const QString file = m_session.addDesktopFile(u"refused"_qs, lines);
+            const QString file = m_session.addDesktopFile(u"refused"_s, lines);
             QVERIFY2(!m_system.openApplication(QUrl::fromLocalFile(file)), lines.constData());
         }
         const QString link = m_session.write(
-            u"link.desktop"_qs, "[Desktop Entry]\nType=Link\nName=x\nURL=https://wiki.local\n");
+            u"link.desktop"_s, "[Desktop Entry]\nType=Link\nName=x\nURL=https://wiki.local\n");
         for (const QUrl& refused :
-             {QUrl::fromLocalFile(link), url(u"data/applications/missing.desktop"_qs),
-              url(u"bin/viewer"_qs), QUrl()})
+             {QUrl::fromLocalFile(link), url(u"data/applications/missing.desktop"_s),
+              url(u"bin/viewer"_s), QUrl()})
             QVERIFY2(!m_system.openApplication(refused), qPrintable(refused.toString()));
     }
 
     void bookmarksFilesOfTheHome()
     {
-        m_session.write(u"Documents/report.odt"_qs, "text");
-        const auto bookmark = m_system.createBookmark(url(u"Documents/report.odt"_qs));
+        m_session.write(u"Documents/report.odt"_s, "text");
+        const auto bookmark = m_system.createBookmark(url(u"Documents/report.odt"_s));
         QVERIFY(bookmark);
-        QVERIFY(QFile::rename(m_session.path(u"Documents"_qs), m_session.path(u"Archive"_qs)));
+        QVERIFY(QFile::rename(m_session.path(u"Documents"_s), m_session.path(u"Archive"_s)));
         const auto resolved = m_system.resolveBookmark(*bookmark);
         QVERIFY(resolved && resolved->isStale);
-        QCOMPARE(resolved->url, url(u"Archive/report.odt"_qs));
+        QCOMPARE(resolved->url, url(u"Archive/report.odt"_s));
     }
 
 private:

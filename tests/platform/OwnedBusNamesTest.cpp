@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/freedesktop/OwnedBusNames.h"
 
 #include "platform/freedesktop/DesktopFileIndex.h"
@@ -10,6 +12,10 @@
 
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
+using namespace Qt::StringLiterals;
+
 using namespace trovell;
 using namespace trovell::test;
 
@@ -19,17 +25,17 @@ class OwnedBusNamesTest : public QObject {
 private Q_SLOTS:
     void initTestCase()
     {
-        m_session.addDesktopFile(u"org.example.Player"_qs, "Exec=true");
-        m_session.addDesktopFile(u"org.example.Silent"_qs, "Exec=true");
-        m_session.addDesktopFile(u"org.example.Agent"_qs, "Exec=true\nNoDisplay=true");
-        m_session.addDesktopFile(u"nodots"_qs, "Exec=true");
+        m_session.addDesktopFile(u"org.example.Player"_s, "Exec=true");
+        m_session.addDesktopFile(u"org.example.Silent"_s, "Exec=true");
+        m_session.addDesktopFile(u"org.example.Agent"_s, "Exec=true\nNoDisplay=true");
+        m_session.addDesktopFile(u"nodots"_s, "Exec=true");
     }
 
     void tellsWhatRuns()
     {
         QVERIFY(m_session.startBus());
-        const QString service = m_session.addRecorder(u"service"_qs);
-        m_session.write(u"data/dbus-1/services/org.example.Silent.service"_qs,
+        const QString service = m_session.addRecorder(u"service"_s);
+        m_session.write(u"data/dbus-1/services/org.example.Silent.service"_s,
                         "[D-BUS Service]\nName=org.example.Silent\nExec=" + service.toUtf8() +
                             "\n");
         const BusClient agent("org.example.Agent");
@@ -42,24 +48,24 @@ private Q_SLOTS:
         const OwnedBusNames names(installed);
         QTRY_VERIFY(names.isConnected());
 
-        const auto found = names.find(u"org.example.Player"_qs);
+        const auto found = names.find(u"org.example.Player"_s);
         QVERIFY(found);
         QCOMPARE(found->processIdentifier, static_cast<qint32>(getpid()));
         QVERIFY(found->isRegular && found->windows.isEmpty());
-        QCOMPARE(found->bundleIdentifier, u"org.example.Player"_qs);
-        QCOMPARE(found->localizedName, u"org.example.Player"_qs);
-        QCOMPARE(found->bundleURL, installed.application(u"org.example.Player"_qs)->url.toString());
-        QVERIFY(names.find(u"org.example.Agent"_qs));
-        for (const QString& other : {u"org.example.Silent"_qs, u"org.example.NotInstalled"_qs,
-                                     u"nodots"_qs, u"not a name"_qs, u":1.1"_qs, QString()})
+        QCOMPARE(found->bundleIdentifier, u"org.example.Player"_s);
+        QCOMPARE(found->localizedName, u"org.example.Player"_s);
+        QCOMPARE(found->bundleURL, installed.application(u"org.example.Player"_s)->url.toString());
+        QVERIFY(names.find(u"org.example.Agent"_s));
+        for (const QString& other : {u"org.example.Silent"_s, u"org.example.NotInstalled"_s,
+                                     u"nodots"_s, u"not a name"_s, u":1.1"_s, QString()})
             QVERIFY2(!names.find(other), qPrintable(other));
 
         const auto running = names.list();
         QCOMPARE(running.size(), 1);
-        QCOMPARE(running.first().bundleIdentifier, u"org.example.Player"_qs);
+        QCOMPARE(running.first().bundleIdentifier, u"org.example.Player"_s);
 
         player.reset();
-        QTRY_VERIFY(!names.find(u"org.example.Player"_qs));
+        QTRY_VERIFY(!names.find(u"org.example.Player"_s));
         QVERIFY(names.list().isEmpty());
         QVERIFY(!m_session.recorded(service));
     }

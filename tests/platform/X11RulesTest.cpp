@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // What is known of windows, panels, monitors and keyboards without asking a server.
 #include "platform/x11/MonitorName.h"
 #include "platform/x11/X11Applications.h"
@@ -7,6 +9,10 @@
 #include "support/MakeEdid.h"
 
 #include <QtTest>
+
+using namespace Qt::StringLiterals;
+
+using namespace Qt::StringLiterals;
 
 using namespace trovell;
 using trovell::test::makeEdid;
@@ -20,7 +26,7 @@ constexpr QSize screen = {2880, 1224};
 
 IdentifiedWindow window(WindowHandle handle, qint32 process, const QString& identifier)
 {
-    return {handle, process, true, true, {identifier, identifier + u" name"_qs, {}}};
+    return {handle, process, true, true, {identifier, identifier + u" name"_s, {}}};
 }
 
 constexpr quint32 option = 0x0800;
@@ -48,10 +54,10 @@ class X11RulesTest : public QObject {
 private Q_SLOTS:
     void monitorIsNamedByManufacturerAndModel()
     {
-        QCOMPARE(monitorName(makeEdid("DEL", "DELL U2720Q")), u"DELL U2720Q"_qs);
-        QCOMPARE(monitorName(makeEdid("QQZ", "ABCDEFGHIJKLM")), u"QQZ ABCDEFGHIJKLM"_qs);
-        QCOMPARE(monitorName(makeEdid("BOE", "", 0x07c9)), u"BOE 0x07c9"_qs);
-        QCOMPARE(monitorName(makeEdid("GSM", "HDR 4K") + QByteArray(128, '\1')), u"LG HDR 4K"_qs);
+        QCOMPARE(monitorName(makeEdid("DEL", "DELL U2720Q")), u"DELL U2720Q"_s);
+        QCOMPARE(monitorName(makeEdid("QQZ", "ABCDEFGHIJKLM")), u"QQZ ABCDEFGHIJKLM"_s);
+        QCOMPARE(monitorName(makeEdid("BOE", "", 0x07c9)), u"BOE 0x07c9"_s);
+        QCOMPARE(monitorName(makeEdid("GSM", "HDR 4K") + QByteArray(128, '\1')), u"LG HDR 4K"_s);
         QCOMPARE(monitorName(makeEdid("GSM", "HDR 4K").left(127)), QString());
     }
 
@@ -67,19 +73,19 @@ private Q_SLOTS:
         const auto kind = [&atoms](const QList<quint32>& types, bool isTransient = false) {
             const auto found = windowKind(types, isTransient, atoms);
             const QString subrole = found ? subroleOf(*found) : QString();
-            return isOrdinaryKind(found) ? subrole + u", ordinary"_qs : subrole;
+            return isOrdinaryKind(found) ? subrole + u", ordinary"_s : subrole;
         };
         constexpr quint32 unknown = 99999;
-        const QString standard = u"AXStandardWindow, ordinary"_qs;
-        const QString dialog = u"AXDialog, ordinary"_qs;
-        const QString floating = u"AXFloatingWindow"_qs;
+        const QString standard = u"AXStandardWindow, ordinary"_s;
+        const QString dialog = u"AXDialog, ordinary"_s;
+        const QString floating = u"AXFloatingWindow"_s;
         QCOMPARE(kind({}), standard);
         QCOMPARE(kind({}, true), dialog);
         QCOMPARE(kind({atoms.typeNormal}, true), standard);
         QCOMPARE(kind({atoms.typeDialog}), dialog);
         QCOMPARE(kind({unknown}, true), dialog);
         QCOMPARE(kind({atoms.typeUtility}, true), floating);
-        QCOMPARE(kind({atoms.typeSplash}), u"AXSystemDialog"_qs);
+        QCOMPARE(kind({atoms.typeSplash}), u"AXSystemDialog"_s);
         // The first known one counts.
         QCOMPARE(kind({unknown, atoms.typeUtility, atoms.typeNormal}), floating);
         for (const quint32 type : {atoms.typeDock, atoms.typeTooltip})
@@ -97,26 +103,26 @@ private Q_SLOTS:
 
     void oneOrdinaryWindowIsEnough()
     {
-        IdentifiedWindow splash = window(12, 600, u"starting"_qs);
+        IdentifiedWindow splash = window(12, 600, u"starting"_s);
         splash.isOrdinary = false;
         const RunningApplication starting = groupWindows({splash}).first();
         QVERIFY(!starting.isRegular);
         QCOMPARE(starting.windows.size(), 1);
-        QVERIFY(groupWindows({splash, window(13, 700, u"starting"_qs)}).first().isRegular);
+        QVERIFY(groupWindows({splash, window(13, 700, u"starting"_s)}).first().isRegular);
     }
 
     void withoutDesktopFileTheClassIsTheIdentifier()
     {
         const auto self = static_cast<qint32>(QCoreApplication::applicationPid());
-        const auto identity = identityWithoutDesktopFile({self, u"Class"_qs, u"instance"_qs, {}});
-        QCOMPARE(identity.bundleIdentifier, u"Class"_qs);
-        QCOMPARE(identity.name, u"Class"_qs);
+        const auto identity = identityWithoutDesktopFile({self, u"Class"_s, u"instance"_s, {}});
+        QCOMPARE(identity.bundleIdentifier, u"Class"_s);
+        QCOMPARE(identity.name, u"Class"_s);
         QCOMPARE(identity.url, QUrl::fromLocalFile(QCoreApplication::applicationFilePath()));
         const auto identifier = [](qint32 process, const QString& instance) {
             return identityWithoutDesktopFile({process, {}, instance, {}}).bundleIdentifier;
         };
-        QCOMPARE(identifier(0, u"instance"_qs), u"instance"_qs);
-        QCOMPARE(identifier(self, {}), u"X11RulesTest"_qs);
+        QCOMPARE(identifier(0, u"instance"_s), u"instance"_s);
+        QCOMPARE(identifier(self, {}), u"X11RulesTest"_s);
         QCOMPARE(identifier(0, {}), QString());
     }
 

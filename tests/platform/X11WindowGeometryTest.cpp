@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/x11/X11WindowGeometry.h"
 
 #include "display/NormalizedFrame.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Changes in any order, on a real server: see GlobalHotKeysTest.
 #include "services/GlobalHotKeyManager.h"
 

@@ -1,9 +1,15 @@
+// SPDX-License-Identifier: MIT
+//
 // What the settings do with it: see SettingsViewTest.
 #include "services/LaunchAtLoginService.h"
 
 #include "support/FakeLoginItemSystem.h"
 
 #include <QtTest>
+
+using namespace Qt::StringLiterals;
+
+using namespace Qt::StringLiterals;
 
 using namespace trovell;
 
@@ -19,10 +25,10 @@ private Q_SLOTS:
         const QSignalSpy messages(&service, &LaunchAtLoginService::errorMessageChanged);
         system.current = LoginItemStatus::enabled;
         QVERIFY(!service.isEnabled());
-        system.failure = u"Permission denied"_qs;
+        system.failure = u"Permission denied"_s;
         service.setEnabled(false);
         QVERIFY(service.isEnabled() && LaunchAtLoginService(system).isEnabled());
-        QCOMPARE(service.errorMessage(), u"Permission denied"_qs);
+        QCOMPARE(service.errorMessage(), u"Permission denied"_s);
 
         // Each signal comes only when there is something new.
         service.setEnabled(false);

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // A program of its own on the session bus, though in this process: it owns a name. Main thread of a
 // test.
 #pragma once

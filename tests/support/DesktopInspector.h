@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Looks at the windows of a virtual desktop and arranges them, with an X connection of its own and
 // by other ways than the product, so that tests can compare. Main thread of a test.
 //

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // A clock that stands still until a test moves it. Sleepers wake in the order of their times.
 #pragma once
 

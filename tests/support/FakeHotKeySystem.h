@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // A keyboard whose combinations a test presses, and other programs that own some of them. Main
 // thread.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // A login item whose answers a test scripts. Main thread.
 #pragma once
 

@@ -1,6 +1,10 @@
+// SPDX-License-Identifier: MIT
+
 #include "support/FakeResourceSystem.h"
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -47,11 +51,11 @@ std::optional<ApplicationDescription> FakeResourceSystem::describeApplication(co
 {
     if (const auto description = found(m_descriptions, url))
         return description;
-    const QString suffix = QStringLiteral(".desktop");
+    const QString suffix = u".desktop"_s;
     if (!url.fileName().endsWith(suffix))
         return {};
     const QString id = url.fileName().chopped(suffix.size());
-    return ApplicationDescription{id, id, QStringLiteral("folder")};
+    return ApplicationDescription{id, id, u"folder"_s};
 }
 
 QList<InstalledApplication> FakeResourceSystem::installedApplications() const

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // A desktop that opens nothing and remembers what it was asked to open. Set it up before the code
 // under test runs; workers only read it.
 #pragma once

@@ -1,11 +1,15 @@
+// SPDX-License-Identifier: MIT
+
 #include "support/FakeWindowSystem.h"
 
 #include <QMutexLocker>
 
 namespace trovell {
 
+using namespace Qt::StringLiterals;
+
 FakeWindowSystem::FakeWindowSystem()
-    : displays{display(QStringLiteral("Main"), {0, 0, 1440, 900}, {0, 0, 1440, 875}, true)}
+    : displays{display(u"Main"_s, {0, 0, 1440, 900}, {0, 0, 1440, 875}, true)}
 {
 }
 
@@ -18,7 +22,7 @@ RunningApplication& FakeWindowSystem::addApplication(const QString& bundleIdenti
     application.isRegular = true;
     application.bundleIdentifier = bundleIdentifier;
     application.localizedName = name.isEmpty() ? bundleIdentifier : name;
-    application.bundleURL = QStringLiteral("file:///apps/%1.desktop").arg(bundleIdentifier);
+    application.bundleURL = u"file:///apps/%1.desktop"_s.arg(bundleIdentifier);
     m_applications.append(application);
     return m_applications.last();
 }

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // A desktop that a test scripts: applications with windows that can be read and moved, displays
 // that come and go. Counts what is asked of it.
 #pragma once
@@ -10,13 +12,15 @@
 
 namespace trovell {
 
+using namespace Qt::StringLiterals;
+
 class FakeWindowSystem final : public WindowSystem {
 public:
     struct Window {
         QString title = {};
         QRectF frame{100, 100, 600, 400}; ///< accessibility coordinates
-        QString role = QStringLiteral("AXWindow");
-        std::optional<QString> subrole = QStringLiteral("AXStandardWindow");
+        QString role = u"AXWindow"_s;
+        std::optional<QString> subrole = u"AXStandardWindow"_s;
         bool isMinimized = false;
         bool refusesFrames = false;
     };

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // A disk without space: while it lives, no file of this process grows beyond a size. Main thread of
 // a test.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "support/LayoutSession.h"
 
 #include "app/AppConfiguration.h"
@@ -5,11 +7,13 @@
 
 namespace trovell::test {
 
+using namespace Qt::StringLiterals;
+
 LayoutSession::LayoutSession(VirtualDesktop& desktop)
     : m_platform((desktop.enter(), makePlatformAdapters(appConfiguration().bundleIdentifier))),
-      m_defaults(m_folder.filePath(u"preferences.json"_qs)),
+      m_defaults(m_folder.filePath(u"preferences.json"_s)),
       m_dependencies(m_platform, m_defaults, m_clock, appConfiguration()),
-      m_store(openStore(m_folder.filePath(u"store"_qs)))
+      m_store(openStore(m_folder.filePath(u"store"_s)))
 {
 }
 
@@ -36,7 +40,7 @@ QStringList LayoutSession::start(TrovellWorkspace& workspace, double timeoutSeco
     QStringList lines;
     const QList<LaunchResult> results = m_dependencies.launcher().latestReport()->results;
     for (const LaunchResult& result : results)
-        lines.append(QStringLiteral("%1: %2 %3")
+        lines.append(u"%1: %2 %3"_s
                          .arg(result.name, rawValue(result.kind), result.detail.value_or(QString()))
                          .trimmed());
     lines.sort();

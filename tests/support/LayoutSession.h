@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The product at work on a virtual desktop, without its windows: real adapters, a real store, the
 // system's clock. Main thread of a test.
 #pragma once

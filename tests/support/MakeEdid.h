@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The identification block of a monitor (VESA E-EDID 1.3), as far as names go.
 #pragma once
 

@@ -1,8 +1,12 @@
+// SPDX-License-Identifier: MIT
+
 #include "support/PrivateSession.h"
 
 #include "support/TestFiles.h"
 
 namespace trovell::test {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -35,10 +39,10 @@ PrivateSession::PrivateSession()
     set("XDG_CONFIG_DIRS", "xdg");
     set("XDG_CACHE_HOME", "cache");
     set("XDG_RUNTIME_DIR", "run");
-    QDir().mkpath(path(u"data/applications"_qs));
-    QDir().mkpath(path(u"share/applications"_qs));
+    QDir().mkpath(path(u"data/applications"_s));
+    QDir().mkpath(path(u"share/applications"_s));
     // Kinds of files are told as on the machine; only its applications are not there.
-    QFile::link(u"/usr/share/mime"_qs, path(u"share/mime"_qs));
+    QFile::link(u"/usr/share/mime"_s, path(u"share/mime"_s));
     qunsetenv("XDG_CURRENT_DESKTOP");
     qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
 }
@@ -56,18 +60,18 @@ QString PrivateSession::write(const QString& name, const QByteArray& content) co
 
 QString PrivateSession::addDesktopFile(const QString& id, const QByteArray& lines) const
 {
-    return write(u"data/applications/%1.desktop"_qs.arg(id),
+    return write(u"data/applications/%1.desktop"_s.arg(id),
                  "[Desktop Entry]\nType=Application\nName=" + id.toUtf8() + '\n' + lines + '\n');
 }
 
 QString PrivateSession::addRecorder(const QString& name) const
 {
-    return writeProgram(path(u"bin/"_qs + name), recorderScript);
+    return writeProgram(path(u"bin/"_s + name), recorderScript);
 }
 
 std::optional<RecordedStart> PrivateSession::recorded(const QString& recorder) const
 {
-    QStringList lines = QString::fromUtf8(readFile(recorder + u".record"_qs)).split(u'\n');
+    QStringList lines = QString::fromUtf8(readFile(recorder + u".record"_s)).split(u'\n');
     lines.removeLast();
     if (lines.size() < 7)
         return {};
@@ -79,14 +83,14 @@ std::optional<RecordedStart> PrivateSession::recorded(const QString& recorder) c
 void PrivateSession::setDefault(const QString& mimeType, const QString& id)
 {
     m_defaults += mimeType.toUtf8() + '=' + id.toUtf8() + ".desktop\n";
-    write(u"config/mimeapps.list"_qs, "[Default Applications]\n" + m_defaults);
+    write(u"config/mimeapps.list"_s, "[Default Applications]\n" + m_defaults);
 }
 
 bool PrivateSession::startBus()
 {
-    m_bus.start(u"dbus-daemon"_qs,
-                {u"--session"_qs, u"--nofork"_qs, u"--nopidfile"_qs, u"--print-address"_qs,
-                 u"--address=unix:path="_qs + path(u"run/bus"_qs)});
+    m_bus.start(u"dbus-daemon"_s,
+                {u"--session"_s, u"--nofork"_s, u"--nopidfile"_s, u"--print-address"_s,
+                 u"--address=unix:path="_s + path(u"run/bus"_s)});
     if (!m_bus.waitForStarted() || !m_bus.waitForReadyRead())
         return false;
     qputenv("DBUS_SESSION_BUS_ADDRESS", m_bus.readLine().trimmed());

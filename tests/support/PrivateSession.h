@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // A private HOME, application folders and, on demand, a session bus for tests that let GIO start
 // real programs: only what the test installs is installed. Make it before anything uses GIO, which
 // reads the environment once; it stays changed. Main thread of a test.

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "support/RunningTrovell.h"
 
 #include "support/TestFiles.h"
@@ -8,13 +10,15 @@
 
 namespace trovell::test {
 
+using namespace Qt::StringLiterals;
+
 using namespace std::chrono_literals;
 
 RunningTrovell::RunningTrovell(VirtualDesktop& desktop) : m_desktop(desktop)
 {
     QProcessEnvironment& environment = desktop.environment();
-    environment.remove(u"QT_ACCESSIBILITY"_qs);
-    environment.insert(u"QT_LINUX_ACCESSIBILITY_ALWAYS_ON"_qs, u"1"_qs);
+    environment.remove(u"QT_ACCESSIBILITY"_s);
+    environment.insert(u"QT_LINUX_ACCESSIBILITY_ALWAYS_ON"_s, u"1"_s);
 }
 
 RunningTrovell::~RunningTrovell()
@@ -25,7 +29,7 @@ RunningTrovell::~RunningTrovell()
 
 void RunningTrovell::setPreferences(const QJsonObject& preferences) const
 {
-    writeFile(m_desktop.homePath() + u"/.config/trovell/preferences.json"_qs,
+    writeFile(m_desktop.homePath() + u"/.config/trovell/preferences.json"_s,
               QJsonDocument(preferences).toJson());
 }
 
@@ -33,8 +37,8 @@ bool RunningTrovell::start()
 {
     m_process = &m_desktop.start(productPath());
     m_tree = std::make_unique<AccessibleTree>(
-        m_desktop.environment().value(u"DBUS_SESSION_BUS_ADDRESS"_qs).toLatin1());
-    return m_tree->isConnected() && shows(u"frame"_qs, u"Trovell"_qs);
+        m_desktop.environment().value(u"DBUS_SESSION_BUS_ADDRESS"_s).toLatin1());
+    return m_tree->isConnected() && shows(u"frame"_s, u"Trovell"_s);
 }
 
 bool RunningTrovell::end()
@@ -59,7 +63,7 @@ QString RunningTrovell::picture()
     QString text;
     const QList<AccessibleNode> nodes = m_tree->shown(application);
     for (const AccessibleNode& node : nodes)
-        text += u"%1%2 \"%3\"\n"_qs.arg(QString(node.depth * 2, u' '), node.role, node.name);
+        text += u"%1%2 \"%3\"\n"_s.arg(QString(node.depth * 2, u' '), node.role, node.name);
     return text;
 }
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The program on a virtual desktop, worked as a person works it: what it shows is found through its
 // accessible objects; hands are mouse and keyboard of the X server. Main thread of a test.
 #pragma once
@@ -8,6 +10,8 @@
 #include <QJsonObject>
 
 namespace trovell::test {
+
+using namespace Qt::StringLiterals;
 
 class RunningTrovell {
 public:
@@ -72,7 +76,7 @@ public:
     void press(const char* keys) { m_desktop.run("xdotool", {"key", keys}); }
 
 private:
-    static inline const QString application = QStringLiteral("trovell");
+    static inline const QString application = u"trovell"_s;
 
     bool clickMiddle(const QString& role, const QString& name, const QByteArrayList& clicks);
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Workspaces of which only the shortcuts matter. Main thread.
 #pragma once
 

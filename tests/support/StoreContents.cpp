@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "support/StoreContents.h"
 
 #include "model/RecordColumns.h"
@@ -8,6 +10,8 @@
 #include <limits>
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -52,9 +56,9 @@ WorkspaceItemValues itemValues(int index)
 {
     WorkspaceItemValues values{
         .typeRawValue = rawValue(WorkspaceItemType::folder),
-        .displayName = u"Item “%1” — ünï\u0000code 🗂"_qs.arg(index),
+        .displayName = u"Item “%1” — ünï\u0000code 🗂"_s.arg(index),
         .sortOrder = index,
-        .urlString = u"file:///home/someone/Folder%20%1"_qs.arg(index),
+        .urlString = u"file:///home/someone/Folder%20%1"_s.arg(index),
         .isEnabled = index % 2 == 0,
     };
     if (index % 3 == 0)
@@ -62,16 +66,16 @@ WorkspaceItemValues itemValues(int index)
     if (index % 3 == 1)
         values.bundleIdentifier = QString();
     if (index % 4 == 2)
-        values.applicationPath = u"/usr/share/applications/thing.desktop"_qs;
+        values.applicationPath = u"/usr/share/applications/thing.desktop"_s;
     return values;
 }
 
 std::unique_ptr<WindowPlacement> makePlacement(int index)
 {
-    const DisplayFingerprint display{u"Display"_qs, 3840, 2160, 1920, 1080, 2, -0.1, 0, index == 0};
+    const DisplayFingerprint display{u"Display"_s, 3840, 2160, 1920, 1080, 2, -0.1, 0, index == 0};
     auto placement = std::make_unique<WindowPlacement>(
-        u"org.example.Editor"_qs, u"Editor"_qs,
-        index % 2 == 0 ? std::optional(u"Window %1"_qs.arg(index)) : std::nullopt, u"AXWindow"_qs,
+        u"org.example.Editor"_s, u"Editor"_s,
+        index % 2 == 0 ? std::optional(u"Window %1"_s.arg(index)) : std::nullopt, u"AXWindow"_s,
         std::nullopt, index, NormalizedFrame{0.1, -0.0, 1.0 / 3, index * 1.5},
         QRectF(-1e9 / 7, 1e-300, 640, 480.5), display, true);
     placement->setAbsoluteX(index == 1 ? std::numeric_limits<double>::infinity() : 3);
@@ -131,7 +135,7 @@ void StoreEditor::edit(StoreContext& context)
     const QList<TrovellWorkspace*> workspaces = context.workspaces();
     const int choice = workspaces.size() < 3 ? 0 : m_random.bounded(6);
     if (choice == 0) {
-        context.insert(makeWorkspace(u"Workspace %1"_qs.arg(m_random.bounded(1000)),
+        context.insert(makeWorkspace(u"Workspace %1"_s.arg(m_random.bounded(1000)),
                                      workspaces.size(), m_random.bounded(6)));
         return;
     }

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // What a store holds, as plain values that can be compared, and stores to begin with.
 #pragma once
 

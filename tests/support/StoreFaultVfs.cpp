@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "support/StoreFaultVfs.h"
 
 #include <sqlite3.h>

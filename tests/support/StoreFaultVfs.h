@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // An SQLite VFS over the system's own that breaks on demand: operations fail, the disk fills up,
 // folders are read-only. It also knows what a loss of power would take.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // A certificate authority of the test's own, made with the openssl command in a folder that goes
 // with it. Main thread of a test.
 #pragma once
@@ -13,15 +15,17 @@
 
 namespace trovell::test {
 
+using namespace Qt::StringLiterals;
+
 class TestAuthority {
 public:
-    TestAuthority() { makeCertificate(u"authority"_qs, {}); }
+    TestAuthority() { makeCertificate(u"authority"_s, {}); }
 
     /// What a client that trusts only this authority is set up with.
     [[nodiscard]] QSslConfiguration clientConfiguration() const
     {
         QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
-        configuration.setCaCertificates(QSslCertificate::fromPath(path(u"authority.pem"_qs)));
+        configuration.setCaCertificates(QSslCertificate::fromPath(path(u"authority.pem"_s)));
         return configuration;
     }
 
@@ -29,12 +33,12 @@ public:
     /// "DNS:elsewhere.example".
     [[nodiscard]] QSslConfiguration serverConfiguration(const QString& subject) const
     {
-        makeCertificate(u"server"_qs,
-                        u"-CA authority.pem -CAkey authority.key -addext subjectAltName="_qs +
+        makeCertificate(u"server"_s,
+                        u"-CA authority.pem -CAkey authority.key -addext subjectAltName="_s +
                             subject);
         QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
-        configuration.setLocalCertificateChain(QSslCertificate::fromPath(path(u"server.pem"_qs)));
-        configuration.setPrivateKey(QSslKey(readFile(path(u"server.key"_qs)), QSsl::Ec));
+        configuration.setLocalCertificateChain(QSslCertificate::fromPath(path(u"server.pem"_s)));
+        configuration.setPrivateKey(QSslKey(readFile(path(u"server.key"_s)), QSsl::Ec));
         return configuration;
     }
 
@@ -45,7 +49,7 @@ private:
     {
         const QString command =
             u"cd '%1' && openssl req -x509 -newkey ec -pkeyopt ec_paramgen_curve:prime256v1 "
-            u"-nodes -days 7 -keyout %2.key -out %2.pem -subj '/CN=Test %2' %3 2>/dev/null"_qs.arg(
+            u"-nodes -days 7 -keyout %2.key -out %2.pem -subj '/CN=Test %2' %3 2>/dev/null"_s.arg(
                 m_folder.path(), name, options);
         if (std::system(qPrintable(command)) != 0)
             qFatal("failed: %s", qPrintable(command));

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Files that tests read and write.
 #pragma once
 

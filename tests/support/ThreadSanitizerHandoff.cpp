@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Tells the thread sanitizer what a thread pool guarantees: everything done before a task is
 // started is visible to the task. Qt's library is built without the sanitizer, which therefore
 // does not see the locks inside the pool and would report every task as a race.

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The publisher's side of updates: keys, signatures and feeds. Main thread of a test.
 #pragma once
 
@@ -12,12 +14,14 @@
 
 namespace trovell::test {
 
+using namespace Qt::StringLiterals;
+
 /// An item of a feed as it is to be written, right or wrong; what is empty is left out.
 struct PublishedItem {
-    QString version = u"2.0"_qs;
-    QString address = u"https://updates.example/trovell-2.0.deb"_qs;
-    QString length = u"4096"_qs;
-    QString signature = QString(86, u'A') + u"=="_qs;
+    QString version = u"2.0"_s;
+    QString address = u"https://updates.example/trovell-2.0.deb"_s;
+    QString length = u"4096"_s;
+    QString signature = QString(86, u'A') + u"=="_s;
     QString shortVersion = {};
     QString notes = {};
     QString minimumSystemVersion = {};
@@ -27,33 +31,33 @@ struct PublishedItem {
 
 inline QString element(const QString& name, const QString& text)
 {
-    return text.isEmpty() ? QString() : u"<%1>%2</%1>"_qs.arg(name, text.toHtmlEscaped());
+    return text.isEmpty() ? QString() : u"<%1>%2</%1>"_s.arg(name, text.toHtmlEscaped());
 }
 
 inline QString attribute(const QString& name, const QString& text)
 {
-    return text.isEmpty() ? QString() : u" %1=\"%2\""_qs.arg(name, text.toHtmlEscaped());
+    return text.isEmpty() ? QString() : u" %1=\"%2\""_s.arg(name, text.toHtmlEscaped());
 }
 
 inline QString itemText(const PublishedItem& item)
 {
-    return u"<item><title>Trovell</title>"_qs + element(u"trovell:version"_qs, item.version) +
-           element(u"trovell:shortVersion"_qs, item.shortVersion) +
-           element(u"trovell:minimumSystemVersion"_qs, item.minimumSystemVersion) +
-           element(u"description"_qs, item.notes) + u"<enclosure"_qs +
-           attribute(u"url"_qs, item.address) + attribute(u"length"_qs, item.length) +
-           attribute(u"trovell:edSignature"_qs, item.signature) + u"/>"_qs + item.extra +
-           u"</item>\n"_qs;
+    return u"<item><title>Trovell</title>"_s + element(u"trovell:version"_s, item.version) +
+           element(u"trovell:shortVersion"_s, item.shortVersion) +
+           element(u"trovell:minimumSystemVersion"_s, item.minimumSystemVersion) +
+           element(u"description"_s, item.notes) + u"<enclosure"_s +
+           attribute(u"url"_s, item.address) + attribute(u"length"_s, item.length) +
+           attribute(u"trovell:edSignature"_s, item.signature) + u"/>"_s + item.extra +
+           u"</item>\n"_s;
 }
 
 [[nodiscard]] inline QByteArray feedOf(const QList<PublishedItem>& items)
 {
     QString text =
         u"<?xml version=\"1.0\" encoding=\"utf-8\"?>\n"
-        u"<rss version=\"2.0\" xmlns:trovell=\"urn:x-trovell:update-feed\"><channel>\n"_qs;
+        u"<rss version=\"2.0\" xmlns:trovell=\"urn:x-trovell:update-feed\"><channel>\n"_s;
     for (const PublishedItem& item : items)
         text += itemText(item);
-    return (text + u"</channel></rss>\n"_qs).toUtf8();
+    return (text + u"</channel></rss>\n"_s).toUtf8();
 }
 
 class UpdatePublisher {

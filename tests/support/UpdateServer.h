@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // A scripted https server on 127.0.0.1 with the manners, good and bad, of servers in the world.
 // Main thread of a test; answers while the event loop runs.
 #pragma once
@@ -15,6 +17,8 @@
 #include <optional>
 
 namespace trovell::test {
+
+using namespace Qt::StringLiterals;
 
 /// An answer to one path.
 struct ServedFile {
@@ -46,7 +50,7 @@ public:
 
     [[nodiscard]] QUrl url(const QString& path) const
     {
-        return QUrl(u"https://127.0.0.1:%1%2"_qs.arg(m_server.serverPort()).arg(path));
+        return QUrl(u"https://127.0.0.1:%1%2"_s.arg(m_server.serverPort()).arg(path));
     }
     void serve(const QString& path, const ServedFile& file) { m_files.insert(path, file); }
     void redirect(const QString& path, const QByteArray& target)

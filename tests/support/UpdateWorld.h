@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // A program, its private folder, and a server that offers it an update: all is well until a test
 // changes something. Main thread of a test.
 #pragma once
@@ -13,23 +15,25 @@
 
 namespace trovell::test {
 
+using namespace Qt::StringLiterals;
+
 struct UpdateWorld {
-    inline static const QString feedPath = u"/feed.xml"_qs;
-    inline static const QString packagePath = u"/files/trovell-2.0_amd64.deb"_qs;
+    inline static const QString feedPath = u"/feed.xml"_s;
+    inline static const QString packagePath = u"/files/trovell-2.0_amd64.deb"_s;
 
     UpdateWorld(const TestAuthority& authority, const QSslConfiguration& serverConfiguration)
         : server(serverConfiguration)
     {
-        environment = standardUpdateEnvironment(u"1.5"_qs, [this](const QString& path) {
+        environment = standardUpdateEnvironment(u"1.5"_s, [this](const QString& path) {
             openedPackages.append(path);
             return hasInstaller;
         });
-        environment.downloadFolder = folder.filePath(u"trovell/update"_qs);
+        environment.downloadFolder = folder.filePath(u"trovell/update"_s);
         environment.tls = authority.clientConfiguration();
         item = {.address = server.url(packagePath).toString(),
                 .length = QString::number(package.size()),
                 .signature = publisher.signature(package),
-                .notes = u"What is <b>new</b>"_qs};
+                .notes = u"What is <b>new</b>"_s};
         publish();
     }
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "support/VirtualDesktop.h"
 
 #include "support/MakeEdid.h"
@@ -11,6 +13,8 @@
 #include <sys/prctl.h>
 
 namespace trovell::test {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -139,7 +143,7 @@ VirtualDesktop::~VirtualDesktop()
 
 QString VirtualDesktop::homePath() const
 {
-    return m_folder.filePath(u"home"_qs);
+    return m_folder.filePath(u"home"_s);
 }
 
 void VirtualDesktop::prepareEnvironment()
@@ -150,24 +154,24 @@ void VirtualDesktop::prepareEnvironment()
     };
     for (const char* folder : {"home", "home/.config", "home/.local/share", "home/.cache", "logs"})
         QDir(m_folder.path()).mkpath(QString::fromLatin1(folder));
-    const QString runtime = m_folder.filePath(u"runtime"_qs);
+    const QString runtime = m_folder.filePath(u"runtime"_s);
     QDir().mkdir(runtime);
     QFile::setPermissions(runtime, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     set("HOME", homePath());
-    set("XDG_CONFIG_HOME", homePath() + u"/.config"_qs);
-    set("XDG_DATA_HOME", homePath() + u"/.local/share"_qs);
-    set("XDG_CACHE_HOME", homePath() + u"/.cache"_qs);
+    set("XDG_CONFIG_HOME", homePath() + u"/.config"_s);
+    set("XDG_DATA_HOME", homePath() + u"/.local/share"_s);
+    set("XDG_CACHE_HOME", homePath() + u"/.cache"_s);
     set("XDG_RUNTIME_DIR", runtime);
-    set("XDG_SESSION_TYPE", u"x11"_qs);
-    set("DBUS_SESSION_BUS_ADDRESS", u"unix:path="_qs + runtime + u"/bus"_qs);
-    set("LC_ALL", u"C.UTF-8"_qs);
+    set("XDG_SESSION_TYPE", u"x11"_s);
+    set("DBUS_SESSION_BUS_ADDRESS", u"unix:path="_s + runtime + u"/bus"_s);
+    set("LC_ALL", u"C.UTF-8"_s);
     // Nothing is remembered from run to run, and nothing waits for services that are not there.
-    set("GSETTINGS_BACKEND", u"memory"_qs);
-    set("NO_AT_BRIDGE", u"1"_qs);
-    set("GTK_A11Y", u"none"_qs);
-    set("GSK_RENDERER", u"cairo"_qs);
-    set("QT_QPA_PLATFORM", u"xcb"_qs);
-    set("KWIN_COMPOSE", u"N"_qs);
+    set("GSETTINGS_BACKEND", u"memory"_s);
+    set("NO_AT_BRIDGE", u"1"_s);
+    set("GTK_A11Y", u"none"_s);
+    set("GSK_RENDERER", u"cairo"_s);
+    set("QT_QPA_PLATFORM", u"xcb"_s);
+    set("KWIN_COMPOSE", u"N"_s);
     set(markerVariable, m_folder.path());
     for (const char* name : {"WAYLAND_DISPLAY", "SESSION_MANAGER", "XDG_CURRENT_DESKTOP"})
         m_environment.remove(QString::fromLatin1(name));
@@ -183,7 +187,7 @@ void VirtualDesktop::enter()
 
 QString VirtualDesktop::logPath(const QProcess& process) const
 {
-    return m_folder.filePath(u"logs/"_qs + process.objectName());
+    return m_folder.filePath(u"logs/"_s + process.objectName());
 }
 
 QProcess& VirtualDesktop::start(const char* program, const QByteArrayList& arguments)
@@ -216,7 +220,7 @@ QByteArray VirtualDesktop::run(const char* program, const QByteArrayList& argume
 bool VirtualDesktop::fail(const QProcess& process)
 {
     const QByteArray output = readFile(logPath(process));
-    m_error = process.program() + u" did not start: "_qs + process.errorString() + u'\n' +
+    m_error = process.program() + u" did not start: "_s + process.errorString() + u'\n' +
               QString::fromLocal8Bit(output.right(2000));
     return false;
 }
@@ -225,23 +229,23 @@ bool VirtualDesktop::startServer()
 {
     // The server picks a free number and writes it once it accepts connections; it closes its
     // standard output first, hence the shell.
-    const QString numberPath = m_folder.filePath(u"display"_qs);
+    const QString numberPath = m_folder.filePath(u"display"_s);
     m_server = &start("sh", {"-c", R"(exec Xorg -displayfd 7 "$@" 7>"$0")", numberPath.toUtf8(),
                              "-config", TROVELL_SERVER_CONFIGURATION, "-logfile",
-                             m_folder.filePath(u"logs/server"_qs).toUtf8(), "-nolisten", "tcp",
+                             m_folder.filePath(u"logs/server"_s).toUtf8(), "-nolisten", "tcp",
                              "-noreset", "-novtswitch", "-sharevts"});
     const QByteArray number = firstLine(numberPath, *m_server);
     if (number.isEmpty())
         return fail(*m_server);
     m_displayName = ':' + number;
-    m_environment.insert(u"DISPLAY"_qs, QString::fromLatin1(m_displayName));
+    m_environment.insert(u"DISPLAY"_s, QString::fromLatin1(m_displayName));
     m_inspector = std::make_unique<DesktopInspector>(m_displayName);
     return m_inspector->root() != 0 || fail(*m_server);
 }
 
 bool VirtualDesktop::startBus()
 {
-    const QByteArray address = m_environment.value(u"DBUS_SESSION_BUS_ADDRESS"_qs).toUtf8();
+    const QByteArray address = m_environment.value(u"DBUS_SESSION_BUS_ADDRESS"_s).toUtf8();
     QProcess& bus = start("dbus-daemon", {"--session", "--address=" + address, "--nofork",
                                           "--nopidfile", "--print-address=1"});
     return !firstLine(logPath(bus), bus).isEmpty() || fail(bus);
@@ -267,10 +271,10 @@ void VirtualDesktop::stopWindowManager()
 void VirtualDesktop::endPrograms()
 {
     const QByteArray marker = QByteArray(markerVariable) + '=' + m_folder.path().toUtf8();
-    for (const QString& entry : QDir(u"/proc"_qs).entryList(QDir::Dirs)) {
+    for (const QString& entry : QDir(u"/proc"_s).entryList(QDir::Dirs)) {
         const auto identifier = static_cast<pid_t>(entry.toInt());
         if (identifier > 0 && identifier != m_server->processId() &&
-            readFile(u"/proc/"_qs + entry + u"/environ"_qs).split('\0').contains(marker))
+            readFile(u"/proc/"_s + entry + u"/environ"_s).split('\0').contains(marker))
             ::kill(identifier, SIGKILL);
     }
     for (const auto& process : m_processes) {

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // A whole private desktop for tests: an X server with two displays, a window manager, a D-Bus
 // session and an own HOME. Real programs and scripted clients run on it; nothing of the user's
 // session is touched, and nothing outlives the object. Main thread of a test.

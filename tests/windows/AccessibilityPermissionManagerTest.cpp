@@ -1,8 +1,14 @@
+// SPDX-License-Identifier: MIT
+
 #include "windows/AccessibilityPermissionManager.h"
 
 #include "support/FakeClock.h"
 
 #include <QtTest>
+
+using namespace Qt::StringLiterals;
+
+using namespace Qt::StringLiterals;
 
 using namespace trovell;
 using namespace std::chrono_literals;
@@ -15,7 +21,7 @@ struct Desktop {
     int checkCount = 0;
     int promptCount = 0;
     QList<QUrl> openedURLs;
-    const QUrl settingsURL{u"settings:windows"_qs};
+    const QUrl settingsURL{u"settings:windows"_s};
     FakeClock clock;
     std::unique_ptr<AccessibilityPermissionManager> manager =
         std::make_unique<AccessibilityPermissionManager>(

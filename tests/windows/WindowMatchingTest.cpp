@@ -1,6 +1,12 @@
+// SPDX-License-Identifier: MIT
+
 #include "windows/WindowMatching.h"
 
 #include <QtTest>
+
+using namespace Qt::StringLiterals;
+
+using namespace Qt::StringLiterals;
 
 using namespace trovell;
 
@@ -10,12 +16,12 @@ using OptionalText = std::optional<QString>;
 
 WindowMatchRequest request(const OptionalText& title, qint64 index = 0)
 {
-    return {QUuid::createUuid(), title, QStringLiteral("AXWindow"), std::nullopt, index};
+    return {QUuid::createUuid(), title, u"AXWindow"_s, std::nullopt, index};
 }
 
 WindowMatchCandidate candidate(const OptionalText& title, qint64 index = 0)
 {
-    return {index, title, QStringLiteral("AXWindow"), QStringLiteral("AXStandardWindow")};
+    return {index, title, u"AXWindow"_s, u"AXStandardWindow"_s};
 }
 
 } // namespace
@@ -26,11 +32,11 @@ class WindowMatchingTest : public QObject {
 private Q_SLOTS:
     void normalizesTitles()
     {
-        QCOMPARE(normalizedTitle(u"\n ÉTÉ – Ångström\t"_qs), normalizedTitle(u"ete – angstrom"_qs));
-        QCOMPARE(normalizedTitle(u"Cafe\u0301"_qs), normalizedTitle(u"caf\u00e9"_qs));
+        QCOMPARE(normalizedTitle(u"\n ÉTÉ – Ångström\t"_s), normalizedTitle(u"ete – angstrom"_s));
+        QCOMPARE(normalizedTitle(u"Cafe\u0301"_s), normalizedTitle(u"caf\u00e9"_s));
         // Marks that are letters of their own scripts stay.
-        QVERIFY(normalizedTitle(u"が"_qs) != normalizedTitle(u"か"_qs));
-        QVERIFY(normalizedTitle(u"की"_qs) != normalizedTitle(u"का"_qs));
+        QVERIFY(normalizedTitle(u"が"_s) != normalizedTitle(u"か"_s));
+        QVERIFY(normalizedTitle(u"की"_s) != normalizedTitle(u"का"_s));
         // Lone surrogates and other odd input are survived.
         QCOMPARE(normalizedTitle(QString(QChar(0xD800))).size(), 1);
     }
@@ -45,26 +51,26 @@ private Q_SLOTS:
                 matchScore(request(wanted), candidate(actual, actualIndex), requests, candidates);
             QVERIFY2(qFuzzyCompare(found.value_or(unusable), score), name);
         };
-        verify("equal after folding", u"Inbox – Work"_qs, u"inbox – work"_qs, 7, 3, 3, 1020);
-        verify("contained", u"Quarterly Report Q3"_qs, u"Quarterly Report Q3 – Edited"_qs, 7, 2, 2,
+        verify("equal after folding", u"Inbox – Work"_s, u"inbox – work"_s, 7, 3, 3, 1020);
+        verify("contained", u"Quarterly Report Q3"_s, u"Quarterly Report Q3 – Edited"_s, 7, 2, 2,
                470);
-        verify("half the words", u"report q3 2024"_qs, u"budget 2024 q3 summary"_qs, 7, 2, 2, 270);
-        verify("too few words", u"report q3 2024"_qs, u"budget 2023 q3 summary"_qs, 0, 1, 1,
+        verify("half the words", u"report q3 2024"_s, u"budget 2024 q3 summary"_s, 7, 2, 2, 270);
+        verify("too few words", u"report q3 2024"_s, u"budget 2023 q3 summary"_s, 0, 1, 1,
                unusable);
-        verify("words of one grapheme", u"कि b"_qs, u"कि d"_qs, 0, 1, 1, unusable);
-        verify("words of two graphemes", u"日本 b"_qs, u"日本 d"_qs, 0, 1, 1, 560);
-        verify("single untitled window", u"Inbox"_qs, u""_qs, 0, 1, 1, 100);
-        verify("one of two untitled windows", u"Inbox"_qs, std::nullopt, 0, 1, 2, unusable);
-        verify("untitled, several, at its index", std::nullopt, u"Inbox"_qs, 0, 2, 3, 60);
-        verify("untitled, several, elsewhere", u""_qs, u"Inbox"_qs, 1, 2, 3, unusable);
-        verify("untitled, alone, elsewhere", u" \n"_qs, u"Inbox"_qs, 1, 1, 3, 20);
+        verify("words of one grapheme", u"कि b"_s, u"कि d"_s, 0, 1, 1, unusable);
+        verify("words of two graphemes", u"日本 b"_s, u"日本 d"_s, 0, 1, 1, 560);
+        verify("single untitled window", u"Inbox"_s, u""_s, 0, 1, 1, 100);
+        verify("one of two untitled windows", u"Inbox"_s, std::nullopt, 0, 1, 2, unusable);
+        verify("untitled, several, at its index", std::nullopt, u"Inbox"_s, 0, 2, 3, 60);
+        verify("untitled, several, elsewhere", u""_s, u"Inbox"_s, 1, 2, 3, unusable);
+        verify("untitled, alone, elsewhere", u" \n"_s, u"Inbox"_s, 1, 1, 3, 20);
     }
 
     void rolesMustBeMet()
     {
-        WindowMatchRequest wanted = request(u"Inbox"_qs);
-        WindowMatchCandidate window = candidate(u"Inbox"_qs);
-        wanted.subrole = QStringLiteral("AXDialog");
+        WindowMatchRequest wanted = request(u"Inbox"_s);
+        WindowMatchCandidate window = candidate(u"Inbox"_s);
+        wanted.subrole = u"AXDialog"_s;
         QVERIFY(!matchScore(wanted, window, 1, 1));
         window.subrole = std::nullopt;
         QVERIFY(!matchScore(wanted, window, 1, 1));
@@ -78,14 +84,14 @@ private Q_SLOTS:
     void servesTitledAndLowerPlacementsFirst()
     {
         const auto untitled = request(std::nullopt, 0);
-        const auto second = request(u"Notes"_qs, 4);
-        const auto first = request(u"Notes"_qs, 2);
-        const QList<WindowMatchCandidate> one{candidate(u"Notes"_qs, 0)};
+        const auto second = request(u"Notes"_s, 4);
+        const auto first = request(u"Notes"_s, 2);
+        const QList<WindowMatchCandidate> one{candidate(u"Notes"_s, 0)};
         QCOMPARE(assignWindows({untitled, second, first}, one),
                  (QHash<QUuid, qsizetype>{{first.id, 0}}));
 
         // Two windows of one title go to the placements saved at their positions.
-        const QList<WindowMatchCandidate> two{candidate(u"Notes"_qs, 4), candidate(u"Notes"_qs, 2)};
+        const QList<WindowMatchCandidate> two{candidate(u"Notes"_s, 4), candidate(u"Notes"_s, 2)};
         QCOMPARE(assignWindows({second, first}, two),
                  (QHash<QUuid, qsizetype>{{first.id, 1}, {second.id, 0}}));
     }
@@ -94,8 +100,8 @@ private Q_SLOTS:
     {
         const auto first = request(std::nullopt, 0);
         const auto second = request(std::nullopt, 1);
-        const QList<WindowMatchCandidate> windows{candidate(u"c"_qs, 2), candidate(u"b"_qs, 1),
-                                                  candidate(u"a"_qs, 0)};
+        const QList<WindowMatchCandidate> windows{candidate(u"c"_s, 2), candidate(u"b"_s, 1),
+                                                  candidate(u"a"_s, 0)};
         QCOMPARE(assignWindows({first, second}, windows),
                  (QHash<QUuid, qsizetype>{{first.id, 2}, {second.id, 1}}));
         // Alone, it takes the first window when its position is gone.
@@ -107,9 +113,9 @@ private Q_SLOTS:
         const quint32 seed = QRandomGenerator::global()->generate();
         qInfo("seed %u", seed);
         QRandomGenerator random(seed);
-        const QStringList titles{QString(),          u"Inbox"_qs,        u"Inbox – Work"_qs,
-                                 u"report q3"_qs,    u"Report Q3 v2"_qs, u"日本語 メモ"_qs,
-                                 u"notes to self"_qs};
+        const QStringList titles{QString(),         u"Inbox"_s,        u"Inbox – Work"_s,
+                                 u"report q3"_s,    u"Report Q3 v2"_s, u"日本語 メモ"_s,
+                                 u"notes to self"_s};
         const auto pick = [&] { return titles.at(random.bounded(int(titles.size()))); };
         for (int round = 0; round < 500; ++round) {
             QList<WindowMatchRequest> requests;

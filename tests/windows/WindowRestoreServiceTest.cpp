@@ -1,8 +1,12 @@
+// SPDX-License-Identifier: MIT
+
 #include "windows/WindowRestoreService.h"
 
 #include "support/FakeWindowSystem.h"
 
 #include <QtTest>
+
+using namespace Qt::StringLiterals;
 
 using namespace trovell;
 
@@ -13,8 +17,8 @@ WindowPlacementSnapshot placement(const FakeWindowSystem& desktop,
 {
     WindowPlacementSnapshot snapshot;
     snapshot.id = QUuid::createUuid();
-    snapshot.bundleIdentifier = u"editor"_qs;
-    snapshot.applicationName = u"Editor"_qs;
+    snapshot.bundleIdentifier = u"editor"_s;
+    snapshot.applicationName = u"Editor"_s;
     snapshot.windowTitleHint = title;
     snapshot.windowIndexHint = index;
     snapshot.normalizedFrame = {0.5, 0.5, 0.5, 0.5};
@@ -38,63 +42,63 @@ private Q_SLOTS:
     void finalFailuresNameTheApplication()
     {
         FakeWindowSystem desktop;
-        desktop.addWindow(u"editor"_qs, {.title = u"Notes"_qs, .refusesFrames = true});
-        const auto saved = placement(desktop, u"Notes"_qs);
+        desktop.addWindow(u"editor"_s, {.title = u"Notes"_s, .refusesFrames = true});
+        const auto saved = placement(desktop, u"Notes"_s);
         const auto outcome = [&] {
-            const auto attempt = restore(desktop, {saved, placement(desktop, u"None"_qs)});
+            const auto attempt = restore(desktop, {saved, placement(desktop, u"None"_s)});
             const LaunchResult result = attempt.completed.value(saved.id);
-            return u"%1 %2: %3"_qs.arg(result.name, rawValue(result.kind),
-                                       result.detail.value_or(QString()));
+            return u"%1 %2: %3"_s.arg(result.name, rawValue(result.kind),
+                                      result.detail.value_or(QString()));
         };
-        QCOMPARE(outcome(), u"Editor failed: macOS refused the window position change."_qs);
+        QCOMPARE(outcome(), u"Editor failed: macOS refused the window position change."_s);
         const int readCount = desktop.readCount();
         desktop.displays.clear();
-        QCOMPARE(outcome(), u"Editor failed: No display is available."_qs);
+        QCOMPARE(outcome(), u"Editor failed: No display is available."_s);
         desktop.trusted = false;
         QCOMPARE(outcome(),
                  u"Editor skippedNoPermission: Allow Accessibility access before capturing "
-                 "or restoring windows."_qs);
+                 "or restoring windows."_s);
         QCOMPARE(desktop.readCount(), readCount);
     }
 
     void waitsForWhatIsNotThereYet()
     {
         FakeWindowSystem desktop;
-        const auto first = placement(desktop, u"Notes"_qs, 0);
-        const auto second = placement(desktop, u"Notes"_qs, 1);
+        const auto first = placement(desktop, u"Notes"_s, 0);
+        const auto second = placement(desktop, u"Notes"_s, 1);
         auto attempt = restore(desktop, {first, second});
         QVERIFY(attempt.completed.isEmpty());
         QCOMPARE(attempt.retryableDetails.value(second.id),
-                 u"The application is not running yet."_qs);
+                 u"The application is not running yet."_s);
 
-        desktop.addWindow(u"editor"_qs, {.title = u"Notes"_qs, .isMinimized = true});
-        const auto window = desktop.addWindow(u"editor"_qs, {.title = u"notes"_qs});
+        desktop.addWindow(u"editor"_s, {.title = u"Notes"_s, .isMinimized = true});
+        const auto window = desktop.addWindow(u"editor"_s, {.title = u"notes"_s});
         attempt = restore(desktop, {second, first});
         QCOMPARE(attempt.completed.keys(), QList<QUuid>{first.id});
         const LaunchResult result = attempt.completed.value(first.id);
         QCOMPARE(result.kind, LaunchResultKind::restored);
-        QCOMPARE(result.name, u"Notes"_qs);
+        QCOMPARE(result.name, u"Notes"_s);
         QCOMPARE(result.detail, std::nullopt);
         QCOMPARE(desktop.window(window).frame, QRectF(720, 25, 720, 437.5));
         QCOMPARE(attempt.retryableDetails.value(second.id),
-                 u"A safe matching window was not found yet."_qs);
+                 u"A safe matching window was not found yet."_s);
     }
 
     void callsOfOneTurnReadTheDesktopTogether()
     {
         FakeWindowSystem desktop;
         WindowRestoreService service(desktop);
-        auto notes = placement(desktop, u"Notes"_qs);
-        auto mail = placement(desktop, u"Inbox"_qs);
-        mail.bundleIdentifier = u"mail"_qs;
-        auto absent = placement(desktop, u"Song"_qs);
-        absent.bundleIdentifier = u"player"_qs;
-        desktop.addWindow(u"editor"_qs, {.title = u"Notes"_qs});
+        auto notes = placement(desktop, u"Notes"_s);
+        auto mail = placement(desktop, u"Inbox"_s);
+        mail.bundleIdentifier = u"mail"_s;
+        auto absent = placement(desktop, u"Song"_s);
+        absent.bundleIdentifier = u"player"_s;
+        desktop.addWindow(u"editor"_s, {.title = u"Notes"_s});
         auto ofEditor = service.restorePlacements({notes});
         auto ofMail = service.restorePlacements({mail});
         auto ofPlayer = service.restorePlacements({absent});
         // Appears after it was asked for, and before the reading.
-        const auto inbox = desktop.addWindow(u"mail"_qs, {.title = u"Inbox"_qs});
+        const auto inbox = desktop.addWindow(u"mail"_s, {.title = u"Inbox"_s});
         QCOMPARE(QCoro::waitFor(ofMail).completed.value(mail.id).kind, LaunchResultKind::restored);
         QCOMPARE(QCoro::waitFor(ofEditor).completed.value(notes.id).kind,
                  LaunchResultKind::restored);
@@ -104,19 +108,19 @@ private Q_SLOTS:
         // A later call never gets an earlier reading.
         desktop.removeWindow(inbox);
         QVERIFY(QCoro::waitFor(service.restorePlacements({mail})).completed.isEmpty());
-        desktop.addWindow(u"mail"_qs, {.title = u"Inbox"_qs});
+        desktop.addWindow(u"mail"_s, {.title = u"Inbox"_s});
         QCOMPARE(QCoro::waitFor(service.restorePlacements({mail})).completed.size(), 1);
     }
 
     void findsTheBestRemainingDisplay()
     {
         FakeWindowSystem desktop;
-        auto saved = placement(desktop, u"Notes"_qs);
-        saved.displayFingerprint.localizedName = u"Gone"_qs;
+        auto saved = placement(desktop, u"Notes"_s);
+        saved.displayFingerprint.localizedName = u"Gone"_s;
         saved.displayFingerprint.isMain = false;
         saved.displayFingerprint.relativeX = 1440;
         const auto right =
-            desktop.display(u"Right"_qs, {1440, 200, 800, 600}, {1440, 240, 800, 500}, false);
+            desktop.display(u"Right"_s, {1440, 200, 800, 600}, {1440, 240, 800, 500}, false);
         desktop.displays.append(right);
         // Fractions of its visible frame, in the coordinates of the main display's top.
         QCOMPARE(restoreTarget(saved, desktop.displays), QRectF(1840, 160, 400, 250));
@@ -131,7 +135,7 @@ private Q_SLOTS:
         for (const double value : {qQNaN(), qInf(), -qInf(), 1e300, -5.0})
             for (const auto member : {&NormalizedFrame::x, &NormalizedFrame::y,
                                       &NormalizedFrame::width, &NormalizedFrame::height}) {
-                auto saved = placement(desktop, u"Notes"_qs);
+                auto saved = placement(desktop, u"Notes"_s);
                 saved.normalizedFrame.*member = value;
                 const auto target = restoreTarget(saved, desktop.displays);
                 QVERIFY(target && QRectF(0, 25, 1440, 875).contains(*target));

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Looking texts up: languages, plural forms, placeholders and finished texts from the logic.
 #include "views/words/Localization.h"
 #include "views/words/Phrases.h"
@@ -9,12 +11,14 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace trovell;
 
 namespace {
 
-const QString testTables = QStringLiteral(TROVELL_TEST_TABLES);
-const QString compiledTables = QStringLiteral(":/trovell/translations");
+const QString testTables = QString::fromUtf8(TROVELL_TEST_TABLES);
+const QString compiledTables = u":/trovell/translations"_s;
 
 /// In the language of one of the tables beside this test, with the product's English behind it.
 class TestWords : public Localization {
@@ -35,119 +39,118 @@ private Q_SLOTS:
     void choosesTheTable()
     {
         const std::pair<QString, QString> tables[]{
-            {u"de-AT"_qs, u"Hell"_qs},    {u"zh-Hans"_qs, u"浅色"_qs}, {u"zh-CN"_qs, u"浅色"_qs},
-            {u"zh-Hant"_qs, u"Light"_qs}, {u"fi"_qs, u"Light"_qs},     {QString(), u"Light"_qs}};
+            {u"de-AT"_s, u"Hell"_s},    {u"zh-Hans"_s, u"浅色"_s}, {u"zh-CN"_s, u"浅色"_s},
+            {u"zh-Hant"_s, u"Light"_s}, {u"fi"_s, u"Light"_s},     {QString(), u"Light"_s}};
         for (const auto& [tag, light] : tables)
             QCOMPARE(TestWords(tag).text(u"Light"_key), light);
     }
 
     void followsTheSystem()
     {
-        QLocale system(QStringLiteral("de_DE"));
+        QLocale system(u"de_DE"_s);
         Localization words({testTables, compiledTables}, [&system] { return system; });
         QSignalSpy changed(&words, &Localization::languageChanged);
-        QCOMPARE(words.text(u"Light"_key), u"Hell"_qs);
+        QCOMPARE(words.text(u"Light"_key), u"Hell"_s);
         words.refreshSystemLocale();
         QCOMPARE(changed.count(), 0);
-        system = QLocale(QStringLiteral("zh_CN"));
+        system = QLocale(u"zh_CN"_s);
         words.refreshSystemLocale();
-        QCOMPARE(words.text(u"Light"_key), u"浅色"_qs);
+        QCOMPARE(words.text(u"Light"_key), u"浅色"_s);
         QCOMPARE(changed.count(), 1);
-        words.setLanguage(u"en"_qs);
+        words.setLanguage(u"en"_s);
         words.refreshSystemLocale();
-        QCOMPARE(words.text(u"Light"_key), u"Light"_qs);
+        QCOMPARE(words.text(u"Light"_key), u"Light"_s);
     }
 
     void aFileAddsALanguage()
     {
         const QTemporaryDir folder;
         Localization words({folder.path(), compiledTables});
-        words.setLanguage(u"nl"_qs);
-        QCOMPARE(words.text(u"Light"_key), u"Light"_qs);
-        QVERIFY(
-            QFile::copy(testTables + u"/trovell_de.qm"_qs, folder.filePath(u"trovell_nl.qm"_qs)));
-        words.setLanguage(u"nl"_qs);
-        QCOMPARE(words.text(u"Light"_key), u"Hell"_qs);
+        words.setLanguage(u"nl"_s);
+        QCOMPARE(words.text(u"Light"_key), u"Light"_s);
+        QVERIFY(QFile::copy(testTables + u"/trovell_de.qm"_s, folder.filePath(u"trovell_nl.qm"_s)));
+        words.setLanguage(u"nl"_s);
+        QCOMPARE(words.text(u"Light"_key), u"Hell"_s);
     }
 
     void fallsBackKeyByKey()
     {
-        const TestWords words(u"de"_qs);
-        QCOMPARE(words.text(u"Items"_key), u"Objekte"_qs);
-        QCOMPARE(words.text(phrases::motto), u"Your desktop, ready in one click."_qs);
-        QCOMPARE(words.text(u"Save Layout"_key), u"Save Layout"_qs);
-        QCOMPARE(words.text(u"Edit"_key), u"Edit"_qs); // Its translation is not finished.
-        QCOMPARE(words.text(phrases::created, u"Work"_qs), u"Work created."_qs);
+        const TestWords words(u"de"_s);
+        QCOMPARE(words.text(u"Items"_key), u"Objekte"_s);
+        QCOMPARE(words.text(phrases::motto), u"Your desktop, ready in one click."_s);
+        QCOMPARE(words.text(u"Save Layout"_key), u"Save Layout"_s);
+        QCOMPARE(words.text(u"Edit"_key), u"Edit"_s); // Its translation is not finished.
+        QCOMPARE(words.text(phrases::created, u"Work"_s), u"Work created."_s);
     }
 
     void usesThePluralFormsOfTheLanguage()
     {
         const std::tuple<QString, qint64, QString> counts[]{
-            {u"de"_qs, 0, u"0 Objekte"_qs},
-            {u"de"_qs, -1, u"-1 Objekt"_qs},
-            {u"pl"_qs, 1, u"1 element"_qs},
-            {u"pl"_qs, 3, u"3 elementy"_qs},
-            {u"pl"_qs, 5, u"5 elementów"_qs},
-            {u"pl"_qs, 12, u"12 elementów"_qs},
-            {u"pl"_qs, 22, u"22 elementy"_qs},
-            {u"zh-Hans"_qs, 7, u"7 个项目"_qs},
+            {u"de"_s, 0, u"0 Objekte"_s},
+            {u"de"_s, -1, u"-1 Objekt"_s},
+            {u"pl"_s, 1, u"1 element"_s},
+            {u"pl"_s, 3, u"3 elementy"_s},
+            {u"pl"_s, 5, u"5 elementów"_s},
+            {u"pl"_s, 12, u"12 elementów"_s},
+            {u"pl"_s, 22, u"22 elementy"_s},
+            {u"zh-Hans"_s, 7, u"7 个项目"_s},
             // More than an int holds.
-            {u"de"_qs, (qint64(1) << 32) + 1, u"4.294.967.297 Objekte"_qs}};
+            {u"de"_s, (qint64(1) << 32) + 1, u"4.294.967.297 Objekte"_s}};
         for (const auto& [tag, count, items] : counts)
             QCOMPARE(TestWords(tag).text(phrases::itemCount, count), items);
     }
 
     void givesEachOfSeveralNumbersItsOwnForm()
     {
-        QCOMPARE(TestWords(u"de"_qs).text(phrases::windowsSelectedAndPositionsKept, 2, 1),
-                 u"1 Position behalten, 2 Fenster gewählt"_qs);
+        QCOMPARE(TestWords(u"de"_s).text(phrases::windowsSelectedAndPositionsKept, 2, 1),
+                 u"1 Position behalten, 2 Fenster gewählt"_s);
         const auto summary = u"Completed %lld actions. %lld windows restored. "
                              u"Review %lld skipped or failed items."_key;
-        const TestWords polish(u"pl"_qs);
-        QCOMPARE(polish.text(summary, 1, 2, 5), u"1 akcja • 2 okna • 5 wpisów"_qs);
-        QCOMPARE(polish.text(summary.text(), {5, 1, 3}), u"5 akcji • 1 okno • 3 wpisy"_qs);
+        const TestWords polish(u"pl"_s);
+        QCOMPARE(polish.text(summary, 1, 2, 5), u"1 akcja • 2 okna • 5 wpisów"_s);
+        QCOMPARE(polish.text(summary.text(), {5, 1, 3}), u"5 akcji • 1 okno • 3 wpisy"_s);
     }
 
     void writesNumbersAsTheLocaleDoes()
     {
-        const TestWords german(u"de"_qs);
-        QCOMPARE(german.text(phrases::itemCount, 12345), u"12.345 Objekte"_qs);
+        const TestWords german(u"de"_s);
+        QCOMPARE(german.text(phrases::itemCount, 12345), u"12.345 Objekte"_s);
         QCOMPARE(german.text(phrases::currentTimeout, NumberArgument::plain(12345)),
-                 u"Current timeout: 12345 seconds"_qs);
-        QCOMPARE(TestWords(u"ar"_qs).text(phrases::selectedCount, 12), u"١٢ selected"_qs);
+                 u"Current timeout: 12345 seconds"_s);
+        QCOMPARE(TestWords(u"ar"_s).text(phrases::selectedCount, 12), u"١٢ selected"_s);
     }
 
     void neverReadsAValueAsAPlaceholder()
     {
-        const TestWords words(u"en"_qs);
-        QCOMPARE(words.text(u"%@ • %@"_key, u"%@ %lld %2$@"_qs, u"last"_qs),
-                 u"%@ %lld %2$@ • last"_qs);
-        QCOMPARE(filledIn(u"100% of %@, 5 %lld"_qs, {u"it"_qs}), u"100% of it, 5 %lld"_qs);
+        const TestWords words(u"en"_s);
+        QCOMPARE(words.text(u"%@ • %@"_key, u"%@ %lld %2$@"_s, u"last"_s),
+                 u"%@ %lld %2$@ • last"_s);
+        QCOMPARE(filledIn(u"100% of %@, 5 %lld"_s, {u"it"_s}), u"100% of it, 5 %lld"_s);
     }
 
     void keepsTheProductsTextForRecords()
     {
-        QCOMPARE(productText(phrases::saved, u"Work"_qs), u"Work saved."_qs);
-        QCOMPARE(productText(u"%lld items"_key, 12345), u"12345 items"_qs);
+        QCOMPARE(productText(phrases::saved, u"Work"_s), u"Work saved."_s);
+        QCOMPARE(productText(u"%lld items"_key, 12345), u"12345 items"_s);
     }
 
     void recognisesDetails()
     {
-        const TestWords words(u"de"_qs);
-        const auto couldNotOpen = u"macOS could not open %1."_qs;
-        const auto notTranslated = u"Mail is no longer available. Reopen it and capture again."_qs;
+        const TestWords words(u"de"_s);
+        const auto couldNotOpen = u"macOS could not open %1."_s;
+        const auto notTranslated = u"Mail is no longer available. Reopen it and capture again."_s;
         const std::pair<QString, QString> details[]{
-            {u"The workspace file is damaged."_qs, u"Die Datei ist beschädigt."_qs},
-            {couldNotOpen.arg(u"Mail"_qs), u"Mail ließ sich nicht öffnen."_qs},
-            {u"file:///a b could not be found. Use Locate Again to update it."_qs,
-             u"Nicht gefunden: file:///a b"_qs},
-            {couldNotOpen.arg(u"%lld %@ %1$@"_qs), u"%lld %@ %1$@ ließ sich nicht öffnen."_qs},
-            {couldNotOpen.arg(couldNotOpen.arg(u"x"_qs)),
-             u"macOS could not open x. ließ sich nicht öffnen."_qs},
-            {u"Trovell could not open its local workspace store: The workspace file is damaged."_qs,
-             u"Start unmöglich: Die Datei ist beschädigt."_qs},
+            {u"The workspace file is damaged."_s, u"Die Datei ist beschädigt."_s},
+            {couldNotOpen.arg(u"Mail"_s), u"Mail ließ sich nicht öffnen."_s},
+            {u"file:///a b could not be found. Use Locate Again to update it."_s,
+             u"Nicht gefunden: file:///a b"_s},
+            {couldNotOpen.arg(u"%lld %@ %1$@"_s), u"%lld %@ %1$@ ließ sich nicht öffnen."_s},
+            {couldNotOpen.arg(couldNotOpen.arg(u"x"_s)),
+             u"macOS could not open x. ließ sich nicht öffnen."_s},
+            {u"Trovell could not open its local workspace store: The workspace file is damaged."_s,
+             u"Start unmöglich: Die Datei ist beschädigt."_s},
             {notTranslated, notTranslated},
-            {u"macOS could not open"_qs, u"macOS could not open"_qs},
+            {u"macOS could not open"_s, u"macOS could not open"_s},
             {{}, {}}};
         for (const auto& [detail, shown] : details)
             QCOMPARE(words.shownDetail(detail), shown);
@@ -155,45 +158,45 @@ private Q_SLOTS:
 
     void recognisesNoticesButNoNamesOfTheUser()
     {
-        const TestWords words(u"de"_qs);
-        QCOMPARE(words.shownNotice(u"Work saved."_qs), u"„Work“ gesichert."_qs);
-        QCOMPARE(words.shownNotice(u"Workspace renamed to A saved."_qs),
-                 u"Heißt jetzt „A saved“."_qs);
-        QCOMPARE(words.shownNotice(u"Items"_qs), u"Items"_qs);
-        QCOMPARE(words.shownResultName(u"Window layout"_qs), u"Fensteranordnung"_qs);
-        QCOMPARE(words.shownResultName(u"Items"_qs), u"Items"_qs);
-        QCOMPARE(words.shownShortcut(u"⌃⌥5"_qs), u"Ctrl+Alt+5"_qs);
-        QCOMPARE(words.shownShortcut(u"⌘Q"_qs), u"⌘Q"_qs);
+        const TestWords words(u"de"_s);
+        QCOMPARE(words.shownNotice(u"Work saved."_s), u"„Work“ gesichert."_s);
+        QCOMPARE(words.shownNotice(u"Workspace renamed to A saved."_s),
+                 u"Heißt jetzt „A saved“."_s);
+        QCOMPARE(words.shownNotice(u"Items"_s), u"Items"_s);
+        QCOMPARE(words.shownResultName(u"Window layout"_s), u"Fensteranordnung"_s);
+        QCOMPARE(words.shownResultName(u"Items"_s), u"Items"_s);
+        QCOMPARE(words.shownShortcut(u"⌃⌥5"_s), u"Ctrl+Alt+5"_s);
+        QCOMPARE(words.shownShortcut(u"⌘Q"_s), u"⌘Q"_s);
     }
 
     void windowsAndWordsMayGoInAnyOrder()
     {
-        auto words = std::make_unique<TestWords>(u"en"_qs);
+        auto words = std::make_unique<TestWords>(u"en"_s);
         int renderings = 0;
         auto context = std::make_unique<QObject>();
         words->render(context.get(), [&renderings] { ++renderings; });
-        words->setLanguage(u"de"_qs);
+        words->setLanguage(u"de"_s);
         QCOMPARE(renderings, 2);
         context.reset();
-        words->setLanguage(u"en"_qs);
+        words->setLanguage(u"en"_s);
         QCOMPARE(renderings, 2);
         QPushButton button;
         words->renderText(&button, u"Light"_key);
         words.reset();
-        QCOMPARE(button.text(), u"Light"_qs);
+        QCOMPARE(button.text(), u"Light"_s);
     }
 
     void theTestLanguageShowsWhatWasForgotten()
     {
-        Localization words({QStringLiteral(TROVELL_TEST_LANGUAGES)});
-        words.setLanguage(u"en-XA"_qs);
+        Localization words({QString::fromUtf8(TROVELL_TEST_LANGUAGES)});
+        words.setLanguage(u"en-XA"_s);
         QWidget view;
         auto* label = new QLabel(words.text(u"Light"_key), &view);
-        auto* button = new QPushButton(u"Work"_qs, &view);
-        QCOMPARE(textsNotLookedUp(view, {u"Work"_qs}), QStringList());
-        label->setText(u"Forgotten"_qs);
+        auto* button = new QPushButton(u"Work"_s, &view);
+        QCOMPARE(textsNotLookedUp(view, {u"Work"_s}), QStringList());
+        label->setText(u"Forgotten"_s);
         label->setToolTip(words.text(u"Light"_key) + words.text(u"Dark"_key));
-        button->setText(words.text(u"Light"_key) + u" and more"_qs);
+        button->setText(words.text(u"Light"_key) + u" and more"_s);
         QCOMPARE(textsNotLookedUp(view).size(), 3);
 
         view.show();
@@ -201,7 +204,7 @@ private Q_SLOTS:
             part->resize(part->sizeHint());
         QCOMPARE(clippedTexts(view), QStringList());
         label->setFixedWidth(4);
-        QCOMPARE(clippedTexts(view), QStringList{u"Forgotten"_qs});
+        QCOMPARE(clippedTexts(view), QStringList{u"Forgotten"_s});
     }
 };
 

@@ -1,15 +1,21 @@
+// SPDX-License-Identifier: MIT
+//
 // What the logic really says is recognised and shown in another language, with its payload intact.
 #include "app/AppAppearance.h"
 #include "app/AppLanguage.h"
 #include "launch/ResourceOpeningError.h"
 #include "launch/URLValidation.h"
-#include "launch/WorkspaceLaunchReport.h"
 #include "model/StoreError.h"
 #include "model/WorkspaceChoices.h"
+#include "results/WorkspaceLaunchReport.h"
 #include "views/words/Localization.h"
 #include "windows/WindowServiceError.h"
 
 #include <QTest>
+
+using namespace Qt::StringLiterals;
+
+using namespace Qt::StringLiterals;
 
 using namespace trovell;
 
@@ -26,7 +32,7 @@ class LogicTextsTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { m_words.setLanguage(u"en-XA"_qs); }
+    void initTestCase() { m_words.setLanguage(u"en-XA"_s); }
 
     void details()
     {
@@ -41,7 +47,7 @@ private Q_SLOTS:
         for (const QString& detail : details)
             QVERIFY2(isWhole(m_words.shownDetail(detail)), qPrintable(detail));
 
-        const QString payload = u"file:///%lld/a %@\n"_qs;
+        const QString payload = u"file:///%lld/a %@\n"_s;
         for (const auto kind :
              {ResourceOpeningError::Kind::missing, ResourceOpeningError::Kind::cannotOpen}) {
             const QString shown = m_words.shownDetail(description({kind, payload}));
@@ -53,7 +59,7 @@ private Q_SLOTS:
 
     void summaries()
     {
-        const Localization english({QStringLiteral(":/trovell/translations")});
+        const Localization english({u":/trovell/translations"_s});
         using enum LaunchResultKind;
         for (const QList<LaunchResultKind>& kinds :
              {QList{opened}, QList{opened, restored}, QList{opened, failed},
@@ -78,7 +84,7 @@ private Q_SLOTS:
     }
 
 private:
-    Localization m_words{{QStringLiteral(TROVELL_TEST_LANGUAGES)}};
+    Localization m_words{{QString::fromUtf8(TROVELL_TEST_LANGUAGES)}};
 };
 
 QTEST_GUILESS_MAIN(LogicTextsTest)

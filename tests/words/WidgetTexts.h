@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // What a view shows, for tests that run it in a test language: texts that were not looked up, or
 // were put together from pieces, and texts that lack room.
 #pragma once
@@ -13,6 +15,8 @@
 #include <QWidget>
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 /// Of `widget` itself: what it draws, its tooltip and what assistive tools read.
 inline QStringList shownTexts(const QWidget& widget)
@@ -49,8 +53,8 @@ inline QList<const QWidget*> widgetsIn(const QWidget& root)
 /// names that stand in records and are shown as they are.
 inline QStringList textsNotLookedUp(const QWidget& root, const QStringList& data = {})
 {
-    static const QRegularExpression letter(QStringLiteral("\\p{L}"));
-    static const QRegularExpression oneText(QStringLiteral("^⟦[^⟦⟧]*⟧$"));
+    static const QRegularExpression letter(u"\\p{L}"_s);
+    static const QRegularExpression oneText(u"^⟦[^⟦⟧]*⟧$"_s);
     QStringList found;
     for (const QWidget* widget : widgetsIn(root)) {
         for (const QString& text : shownTexts(*widget)) {

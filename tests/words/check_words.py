@@ -1,3 +1,5 @@
+# SPDX-License-Identifier: MIT
+
 """Checks the words of the interface: that all of them are looked up and that the tables fit.
 
 Usage: check_words.py TREE TRANSLATION_BUILD_FOLDER

@@ -1,3 +1,5 @@
+# SPDX-License-Identifier: MIT
+
 """Tests of check_words.py and of the tools it builds on: each check meets what it is for."""
 import pathlib
 import sys
@@ -35,7 +37,7 @@ class Collecting(unittest.TestCase):
         source = r'''
             // u"in a comment"_key
             words.text(u"Save Layout"_key); /* u"in another"_key */
-            const auto tall = isTall ? u"\"Tall\" \\ \u2026"_key : u"x"_qs;
+            const auto tall = isTall ? u"\"Tall\" \\ \u2026"_key : u"x"_s;
             render(u"two "
                    // with a comment between
                    "lines"_key, 1'000'000, '"', R"(raw "text)", "bytes");
@@ -49,9 +51,9 @@ class Collecting(unittest.TestCase):
                 keys_in(source)
 
     def test_sentences_of_the_logic(self):
-        source = '''return QStringLiteral("The file is damaged.") + u"It is gone."_qs;
-                    sql("SELECT one FROM two"); u"preferences.language"_qs;
-                    u" could not be found."_qs; u"Version %1 is too old."_qs;'''
+        source = '''return QStringLiteral("The file is damaged.") + u"It is gone."_s;
+                    sql("SELECT one FROM two"); u"preferences.language"_s;
+                    u" could not be found."_s; u"Version %1 is too old."_s;'''
         found = [literal.text for literal in extract_keys.literals(source)
                  if extract_keys.is_key(literal, is_logic=True)]
         self.assertEqual(found, ["The file is damaged.", "It is gone."])
@@ -59,13 +61,13 @@ class Collecting(unittest.TestCase):
 
 class Sources(unittest.TestCase):
     def test_texts_that_views_do_not_look_up(self):
-        source = '''u"Items"_key; u"Forgotten"_qs; QStringLiteral("two words"); u"Trovell"_qs;
-                    u"gearshape"_qs; u" • "_qs; u":/trovell/symbols/"_qs;'''
+        source = '''u"Items"_key; u"Forgotten"_s; QStringLiteral("two words"); u"Trovell"_s;
+                    u"gearshape"_s; u" • "_s; u":/trovell/symbols/"_s;'''
         found = list(check_words.texts_not_looked_up("a.cpp", source))
         self.assertEqual(len(found), 2, found)
 
     def test_payloads_without_a_pattern(self):
-        source = 'name + u" could not be found."_qs; u"Version %1 is old"_qs; u" is very new"_qs;'
+        source = 'name + u" could not be found."_s; u"Version %1 is old"_s; u" is very new"_s;'
         keys = ["%@ could not be found.", "Version %@ is old"]
         found = list(check_words.unregistered_patterns("a.cpp", source, keys))
         self.assertEqual(len(found), 1, found)

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Plays the main job from the command line, one process per step: captures the windows of some
 // applications into a stored workspace, lists frames, and starts a stored workspace and checks
 // where its windows ended. tools/demo/play puts the steps together.
@@ -29,6 +31,8 @@
 #include <QThread>
 
 #include <cstdlib>
+
+using namespace Qt::StringLiterals;
 
 using namespace trovell;
 
@@ -70,7 +74,7 @@ struct Program {
             if (workspace->name() == name)
                 return *workspace;
         }
-        fail(u"There is no workspace named %1."_qs.arg(name));
+        fail(u"There is no workspace named %1."_s.arg(name));
     }
 
     void save()
@@ -106,7 +110,7 @@ struct Program {
 void printFrame(const QString& application, const QString& title, const QRectF& frame,
                 const QString& display)
 {
-    out() << u"  %1  %2  %3×%4 at (%5, %6) on %7"_qs.arg(application, -28)
+    out() << u"  %1  %2  %3×%4 at (%5, %6) on %7"_s.arg(application, -28)
                  .arg(title.left(34), -34)
                  .arg(frame.width())
                  .arg(frame.height())
@@ -168,9 +172,9 @@ void capture(Program& program, const QString& name, const QStringList& applicati
         program.store->mainContext().insert(std::make_unique<TrovellWorkspace>(values));
     for (const CapturedApplication& application : captured)
         addApplication(program, workspace, application);
-    addPaths(program, workspace, WorkspaceItemType::folder, options.values(u"folder"_qs));
-    addPaths(program, workspace, WorkspaceItemType::file, options.values(u"file"_qs));
-    const QStringList links = options.values(u"link"_qs);
+    addPaths(program, workspace, WorkspaceItemType::folder, options.values(u"folder"_s));
+    addPaths(program, workspace, WorkspaceItemType::file, options.values(u"file"_s));
+    const QStringList links = options.values(u"link"_s);
     for (const QString& link : links) {
         const auto url = validatedWebURL(link);
         if (!url)
@@ -193,12 +197,12 @@ QSet<QString> applicationsOf(const TrovellWorkspace& workspace)
 void printReport(const WorkspaceLaunchReport& report)
 {
     for (const LaunchResult& line : report.results)
-        out() << u"  %1  %2  %3"_qs.arg(rawValue(line.kind), -24)
+        out() << u"  %1  %2  %3"_s.arg(rawValue(line.kind), -24)
                      .arg(line.name, -34)
                      .arg(line.detail.value_or(QString()))
               << Qt::endl;
     const LaunchSummary summary = report.summary();
-    out() << u"  "_qs << summary.formatted(summary.key) << Qt::endl;
+    out() << u"  "_s << summary.formatted(summary.key) << Qt::endl;
 }
 
 /// The window of a placement as it stands now; titles tell the windows of an application apart.
@@ -273,19 +277,19 @@ void start(Program& program, const QString& name)
                                                  dependencies.accessibility().isTrusted(),
                                                  dependencies.preferences().launchTimeout()));
     program.save();
-    out() << u"Launch report:"_qs << Qt::endl;
+    out() << u"Launch report:"_s << Qt::endl;
     printReport(*dependencies.launcher().latestReport());
     // Programs that have just started may still be laying themselves out.
     const QList<CapturedApplication> now =
         program.captureWhen(applicationsOf(workspace), [&](const auto& windows) {
             return misplacedWindows(program, workspace, windows).isEmpty();
         });
-    out() << u"Frames after:"_qs << Qt::endl;
+    out() << u"Frames after:"_s << Qt::endl;
     printFrames(now);
     const QStringList misplaced = misplacedWindows(program, workspace, now);
     if (!misplaced.isEmpty())
-        fail(u"Not where they were saved: "_qs + misplaced.join(u", "_qs));
-    out() << u"Every window is back where it stood."_qs << Qt::endl;
+        fail(u"Not where they were saved: "_s + misplaced.join(u", "_s));
+    out() << u"Every window is back where it stood."_s << Qt::endl;
 }
 
 // A line for each window: application, title, frame and smallest size, separated by tabs.
@@ -298,7 +302,7 @@ QStringList describe(Program& program, const QList<CapturedApplication>& applica
             const QRectF& frame = window.frame;
             const QSizeF smallest = smallestFrame(program, window);
             lines.append(
-                u"%1\t%2\t%3\t%4\t%5\t%6\t%7\t%8"_qs
+                u"%1\t%2\t%3\t%4\t%5\t%6\t%7\t%8"_s
                     .arg(application.bundleIdentifier, window.windowTitle.value_or(QString()))
                     .arg(frame.x())
                     .arg(frame.y())
@@ -337,7 +341,7 @@ QStringList readLines(const QString& path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        fail(u"%1 cannot be read."_qs.arg(path));
+        fail(u"%1 cannot be read."_s.arg(path));
     return QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
 }
 
@@ -363,22 +367,22 @@ void compareWindows(Program& program, const QSet<QString>& applications, const Q
     printFrames(now);
     const QStringList misplaced = misplacedLines(program, saved, now);
     if (!misplaced.isEmpty())
-        fail(u"Not where they were: "_qs + misplaced.join(u", "_qs));
-    out() << u"Every window is back where it stood."_qs << Qt::endl;
+        fail(u"Not where they were: "_s + misplaced.join(u", "_s));
+    out() << u"Every window is back where it stood."_s << Qt::endl;
 }
 
 void listWindows(Program& program, const QStringList& names, const QCommandLineParser& options)
 {
     const QSet<QString> applications(names.begin(), names.end());
-    if (options.isSet(u"compare"_qs))
-        return compareWindows(program, applications, options.value(u"compare"_qs));
+    if (options.isSet(u"compare"_s))
+        return compareWindows(program, applications, options.value(u"compare"_s));
     const QList<CapturedApplication> windows = program.capture(applications);
     printFrames(windows);
-    QFile file(options.value(u"remember"_qs));
-    if (options.isSet(u"remember"_qs) &&
+    QFile file(options.value(u"remember"_s));
+    if (options.isSet(u"remember"_s) &&
         (!file.open(QIODevice::WriteOnly) ||
          file.write(describe(program, windows).join(u'\n').toUtf8()) < 0))
-        fail(u"%1 cannot be written."_qs.arg(file.fileName()));
+        fail(u"%1 cannot be written."_s.arg(file.fileName()));
 }
 
 } // namespace
@@ -387,19 +391,18 @@ int main(int argc, char** argv)
 {
     QCoreApplication application(argc, argv);
     QCommandLineParser options;
-    options.addOption({u"folder"_qs, u"A folder to open."_qs, u"path"_qs});
-    options.addOption({u"file"_qs, u"A file to open."_qs, u"path"_qs});
-    options.addOption({u"link"_qs, u"A web address to open."_qs, u"url"_qs});
-    options.addOption(
-        {u"store"_qs, u"Where the workspaces are kept."_qs, u"path"_qs, dataFolder()});
-    options.addOption({u"remember"_qs, u"Write the frames down."_qs, u"file"_qs});
-    options.addOption({u"compare"_qs, u"Compare with frames written down."_qs, u"file"_qs});
+    options.addOption({u"folder"_s, u"A folder to open."_s, u"path"_s});
+    options.addOption({u"file"_s, u"A file to open."_s, u"path"_s});
+    options.addOption({u"link"_s, u"A web address to open."_s, u"url"_s});
+    options.addOption({u"store"_s, u"Where the workspaces are kept."_s, u"path"_s, dataFolder()});
+    options.addOption({u"remember"_s, u"Write the frames down."_s, u"file"_s});
+    options.addOption({u"compare"_s, u"Compare with frames written down."_s, u"file"_s});
     options.process(application);
     const QStringList arguments = options.positionalArguments();
     const QString step = arguments.value(0);
     const QString name = arguments.value(1);
 
-    Program program(options.value(u"store"_qs));
+    Program program(options.value(u"store"_s));
     if (step == u"capture")
         capture(program, name, arguments.mid(2), options);
     else if (step == u"frames")
@@ -409,6 +412,6 @@ int main(int argc, char** argv)
     else if (step == u"windows")
         listWindows(program, arguments.mid(1), options);
     else
-        fail(u"Steps: capture, frames, start, windows."_qs);
+        fail(u"Steps: capture, frames, start, windows."_s);
     return 0;
 }

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "drive/AccessibleTree.h"
 
 #include <QElapsedTimer>
@@ -6,6 +8,8 @@
 #include <gio/gio.h>
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -54,7 +58,7 @@ GDBusConnection* connectToAccessibilityBus(const QByteArray& sessionAddress)
 /// Rows tell more than their name after a comma.
 bool isNamed(const AccessibleNode& node, const QString& name)
 {
-    return name.isEmpty() || node.name == name || node.name.startsWith(name + QStringLiteral(", "));
+    return name.isEmpty() || node.name == name || node.name.startsWith(name + u", "_s);
 }
 
 AccessibleNode registry()

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // A running program as assistive tools see it, over AT-SPI's bus: what is shown, under which roles
 // and names, and where. For the demo and for tests that work a window as a person would. Blocks
 // while it asks; any one thread.

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Works a running program as assistive tools and hands do, for scripts:
 //
 //   drive APPLICATION tree                     everything it shows
@@ -15,6 +17,8 @@
 #include <QTextStream>
 #include <QThread>
 
+using namespace Qt::StringLiterals;
+
 using namespace trovell;
 
 namespace {
@@ -25,13 +29,12 @@ void print(const QList<AccessibleNode>& nodes)
 {
     QTextStream out(stdout);
     for (const AccessibleNode& node : nodes) {
-        out << QString(node.depth * 2, u' ') << node.role << u" \""_qs << node.name << u'"'
-            << (node.isEnabled ? u""_qs : u" disabled"_qs)
-            << (node.isChecked ? u" checked"_qs : u""_qs)
-            << (node.isFocused ? u" focused"_qs : u""_qs)
-            << (node.isSelected ? u" selected"_qs : u""_qs);
+        out << QString(node.depth * 2, u' ') << node.role << u" \""_s << node.name << u'"'
+            << (node.isEnabled ? u""_s : u" disabled"_s) << (node.isChecked ? u" checked"_s : u""_s)
+            << (node.isFocused ? u" focused"_s : u""_s)
+            << (node.isSelected ? u" selected"_s : u""_s);
         if (!node.description.isEmpty())
-            out << u" — "_qs << node.description;
+            out << u" — "_s << node.description;
         out << Qt::endl;
     }
 }
@@ -39,9 +42,8 @@ void print(const QList<AccessibleNode>& nodes)
 bool click(const AccessibleTree& tree, const AccessibleNode& node)
 {
     const QPoint middle = tree.extents(node).center();
-    return QProcess::execute(u"xdotool"_qs, {u"mousemove"_qs, QString::number(middle.x()),
-                                             QString::number(middle.y()), u"click"_qs, u"1"_qs}) ==
-           0;
+    return QProcess::execute(u"xdotool"_s, {u"mousemove"_s, QString::number(middle.x()),
+                                            QString::number(middle.y()), u"click"_s, u"1"_s}) == 0;
 }
 
 bool waitUntilGone(const AccessibleTree& tree, const QStringList& words)
@@ -86,6 +88,6 @@ int main(int argc, char** argv)
     const AccessibleTree tree(qgetenv("DBUS_SESSION_BUS_ADDRESS"));
     if (tree.isConnected() && words.size() > 2 && run(tree, words))
         return EXIT_SUCCESS;
-    QTextStream(stderr) << u"Not found: "_qs << words.mid(2).join(u' ') << Qt::endl;
+    QTextStream(stderr) << u"Not found: "_s << words.mid(2).join(u' ') << Qt::endl;
     return EXIT_FAILURE;
 }

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "GalleryPage.h"
 
 #include "views/style/ActionButton.h"
@@ -25,13 +27,15 @@
 
 namespace trovell::gallery {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const QStringList& symbolNames()
 {
     static const QStringList names{
-        u"rectangle.3.group"_qs, u"briefcase"_qs, u"paintbrush"_qs, u"hammer"_qs, u"book"_qs,
-        u"music.note"_qs,        u"terminal"_qs,  u"network"_qs};
+        u"rectangle.3.group"_s, u"briefcase"_s, u"paintbrush"_s, u"hammer"_s, u"book"_s,
+        u"music.note"_s,        u"terminal"_s,  u"network"_s};
     return names;
 }
 
@@ -80,7 +84,7 @@ private:
                   m_visual.color(ColorToken::labelPrimary), content.name);
         paintLine(painter, QRectF(text.topLeft() + QPointF(0, 22), QSizeF(200, 16)),
                   m_visual.text(TextRole::caption), m_visual.color(ColorToken::labelSecondary),
-                  u"4 items"_qs);
+                  u"4 items"_s);
         paintLine(painter, QRectF(row).adjusted(0, 0, -10, 0), m_visual.text(TextRole::caption2),
                   m_visual.color(ColorToken::labelTertiary), content.shortcut, Qt::AlignRight);
         if (content.hasDropLine)
@@ -133,10 +137,10 @@ void ComponentsPage::addStates(QWidget* card, const QString& name, int top, cons
 
 void ComponentsPage::addButtons()
 {
-    QWidget* card = addCard({32, 32, 716, 448}, u"Buttons"_qs);
+    QWidget* card = addCard({32, 32, 716, 448}, u"Buttons"_s);
     int x = 131;
     for (const QString& state :
-         {u"Rest"_qs, u"Hover"_qs, u"Pressed"_qs, u"Keyboard focus"_qs, u"Disabled"_qs}) {
+         {u"Rest"_s, u"Hover"_s, u"Pressed"_s, u"Keyboard focus"_s, u"Disabled"_s}) {
         addText(card, {x, 53}, state, TextRole::caption, ColorToken::labelSecondary);
         x += 116;
     }
@@ -147,55 +151,53 @@ void ComponentsPage::addButtons()
         };
     };
     const auto regular = PushButton::Scale::regular;
-    addStates(card, u"Bordered"_qs, 97, push(u"Cancel"_qs, Kind::bordered, regular));
-    addStates(card, u"Bordered small"_qs, 141,
-              push(u"Edit"_qs, Kind::bordered, PushButton::Scale::small));
-    addStates(card, u"Prominent"_qs, 185, push(u"Save"_qs, Kind::prominent, regular));
-    addStates(card, u"Destructive"_qs, 229, push(u"Delete"_qs, Kind::destructive, regular));
-    addStates(card, u"Destructive text"_qs, 273, push(u"Clear"_qs, Kind::destructiveText, regular));
-    addStates(card, u"Link"_qs, 317,
-              [this]() -> QWidget* { return new LinkButton(visual(), u"Locate Again"_qs); });
-    addStates(card, u"Borderless menu"_qs, 361, [this]() -> QWidget* {
-        return new SymbolButton(visual(), u"ellipsis.circle"_qs, u"Workspace Actions"_qs);
+    addStates(card, u"Bordered"_s, 97, push(u"Cancel"_s, Kind::bordered, regular));
+    addStates(card, u"Bordered small"_s, 141,
+              push(u"Edit"_s, Kind::bordered, PushButton::Scale::small));
+    addStates(card, u"Prominent"_s, 185, push(u"Save"_s, Kind::prominent, regular));
+    addStates(card, u"Destructive"_s, 229, push(u"Delete"_s, Kind::destructive, regular));
+    addStates(card, u"Destructive text"_s, 273, push(u"Clear"_s, Kind::destructiveText, regular));
+    addStates(card, u"Link"_s, 317,
+              [this]() -> QWidget* { return new LinkButton(visual(), u"Locate Again"_s); });
+    addStates(card, u"Borderless menu"_s, 361, [this]() -> QWidget* {
+        return new SymbolButton(visual(), u"ellipsis.circle"_s, u"Workspace Actions"_s);
     });
-    addStates(card, u"Remove"_qs, 405, [this]() -> QWidget* {
-        return new SymbolButton(visual(), u"trash"_qs, u"Remove"_qs,
-                                SymbolButton::Kind::destructive);
+    addStates(card, u"Remove"_s, 405, [this]() -> QWidget* {
+        return new SymbolButton(visual(), u"trash"_s, u"Remove"_s, SymbolButton::Kind::destructive);
     });
 }
 
 void ComponentsPage::addRows()
 {
-    QWidget* card = addCard({764, 32, 384, 448}, u"Sidebar rows"_qs);
+    QWidget* card = addCard({764, 32, 384, 448}, u"Sidebar rows"_s);
     const RowState selected{true, false, false, true};
     add(card,
-        new RowsView(
-            visual(),
-            {{u"Selected"_qs, u"book"_qs, u"Ctrl+Alt+1"_qs, selected},
-             {u"Hover"_qs, u"briefcase"_qs, u"Ctrl+Alt+2"_qs, {false, true}},
-             {u"Rest"_qs, u"music.note"_qs, u"Ctrl+Alt+3"_qs, {}},
-             {u"Selected, window inactive"_qs,
-              u"terminal"_qs,
-              u"Ctrl+Alt+4"_qs,
-              {true, false, false, false}},
-             {u"Selected, keyboard focus"_qs,
-              u"paintbrush"_qs,
-              u"Ctrl+Alt+5"_qs,
-              {true, false, true, true}},
-             {u"Drop target: inserts before"_qs, u"network"_qs, u"Ctrl+Alt+1"_qs, {}, true}}),
+        new RowsView(visual(),
+                     {{u"Selected"_s, u"book"_s, u"Ctrl+Alt+1"_s, selected},
+                      {u"Hover"_s, u"briefcase"_s, u"Ctrl+Alt+2"_s, {false, true}},
+                      {u"Rest"_s, u"music.note"_s, u"Ctrl+Alt+3"_s, {}},
+                      {u"Selected, window inactive"_s,
+                       u"terminal"_s,
+                       u"Ctrl+Alt+4"_s,
+                       {true, false, false, false}},
+                      {u"Selected, keyboard focus"_s,
+                       u"paintbrush"_s,
+                       u"Ctrl+Alt+5"_s,
+                       {true, false, true, true}},
+                      {u"Drop target: inserts before"_s, u"network"_s, u"Ctrl+Alt+1"_s, {}, true}}),
         {21, 53});
 }
 
 void ComponentsPage::addActions()
 {
-    QWidget* card = addCard({32, 504, 1116, 240}, u"Two-line actions"_qs);
+    QWidget* card = addCard({32, 504, 1116, 240}, u"Two-line actions"_s);
     const auto addAction = [&](const QPoint& place, bool isStart, State state) {
         auto* button =
-            isStart ? new ActionButton(visual(), u"play.fill"_qs, u"Start Workspace"_qs,
-                                       u"Open everything and restore the layout"_qs,
+            isStart ? new ActionButton(visual(), u"play.fill"_s, u"Start Workspace"_s,
+                                       u"Open everything and restore the layout"_s,
                                        ActionButton::Kind::prominent)
-                    : new ActionButton(visual(), u"square.and.arrow.down"_qs, u"Save Layout"_qs,
-                                       u"Remember current window positions"_qs);
+                    : new ActionButton(visual(), u"square.and.arrow.down"_s, u"Save Layout"_s,
+                                       u"Remember current window positions"_s);
         add(card, button, place, state);
         return button;
     };
@@ -205,14 +207,14 @@ void ComponentsPage::addActions()
         addAction({x, 113}, true, state);
         x += 270;
     }
-    addAction({17, 173}, true, State::disabled)->setBusyTitle(u"Starting…"_qs);
+    addAction({17, 173}, true, State::disabled)->setBusyTitle(u"Starting…"_s);
     addAction({287, 173}, true, State::disabled);
 }
 
 void ComponentsPage::addFields()
 {
-    QWidget* card = addCard({32, 769, 716, 334}, u"Fields, pickers, toggles"_qs);
-    const QString name = u"Workspace name"_qs;
+    QWidget* card = addCard({32, 769, 716, 334}, u"Fields, pickers, toggles"_s);
+    const QString name = u"Workspace name"_s;
     auto* empty = new TextField(visual(), name, name);
     auto* filled = new TextField(visual(), name);
     auto* focused = new TextField(visual(), name);
@@ -222,14 +224,14 @@ void ComponentsPage::addFields()
         field->resize(217, 34);
         x += 229;
     }
-    filled->setText(u"Writing"_qs);
-    focused->setText(u"Writing"_qs);
+    filled->setText(u"Writing"_s);
+    focused->setText(u"Writing"_s);
     focused->setFocus();
 
     x = 20;
     for (const State state : {State::rest, State::focus}) {
-        auto* picker = new Picker(visual(), u"Shortcut"_qs, 160);
-        picker->addItem(u"Ctrl+Alt+1"_qs);
+        auto* picker = new Picker(visual(), u"Shortcut"_s, 160);
+        picker->addItem(u"Ctrl+Alt+1"_s);
         add(card, picker, {x, 102}, state);
         x += 172;
     }
@@ -238,19 +240,18 @@ void ComponentsPage::addFields()
     auto* rule = new Divider(visual());
     add(card, rule, {20, 192});
     rule->resize(676, 1);
-    addText(card, {20, 214}, u"Icon"_qs, TextRole::body, ColorToken::labelSecondary);
-    addText(card, {20, 254}, u"Accent"_qs, TextRole::body, ColorToken::labelSecondary);
-    auto* icons = new IconChoiceRow(visual(), u"Icon"_qs, symbolNames());
-    icons->setSelected(u"book"_qs);
+    addText(card, {20, 214}, u"Icon"_s, TextRole::body, ColorToken::labelSecondary);
+    addText(card, {20, 254}, u"Accent"_s, TextRole::body, ColorToken::labelSecondary);
+    auto* icons = new IconChoiceRow(visual(), u"Icon"_s, symbolNames());
+    icons->setSelected(u"book"_s);
     add(card, icons, {100, 210});
     auto* ring = new QFocusFrame(card);
     ring->setWidget(icons->buttons()[2]);
     QEnterEvent enter({}, {}, {});
     QApplication::sendEvent(icons->buttons()[5], &enter);
-    auto* swatches =
-        new SwatchRow(visual(), u"Accent"_qs,
-                      {u"blue"_qs, u"indigo"_qs, u"purple"_qs, u"green"_qs, u"orange"_qs});
-    swatches->setSelected(u"purple"_qs);
+    auto* swatches = new SwatchRow(visual(), u"Accent"_s,
+                                   {u"blue"_s, u"indigo"_s, u"purple"_s, u"green"_s, u"orange"_s});
+    swatches->setSelected(u"purple"_s);
     add(card, swatches, {101, 250});
 }
 
@@ -280,15 +281,15 @@ void ComponentsPage::addPicture(QWidget* card, const QPoint& place, QWidget& win
 
 void ComponentsPage::addMenus()
 {
-    QWidget* card = addCard({764, 769, 384, 334}, u"Menu and tooltip"_qs);
+    QWidget* card = addCard({764, 769, 384, 334}, u"Menu and tooltip"_s);
     PopupMenu menu(visual());
     menu.setMinimumWidth(228 + 48);
-    menu.addAction(u"Edit Workspace"_qs);
-    QAction* current = menu.addAction(u"Save as New Workspace"_qs);
-    menu.addAction(u"Duplicate Workspace"_qs);
-    menu.addAction(u"Clear Saved Layout"_qs)->setEnabled(false);
+    menu.addAction(u"Edit Workspace"_s);
+    QAction* current = menu.addAction(u"Save as New Workspace"_s);
+    menu.addAction(u"Duplicate Workspace"_s);
+    menu.addAction(u"Clear Saved Layout"_s)->setEnabled(false);
     menu.addSeparator();
-    menu.addDestructiveAction(u"Delete Workspace"_qs);
+    menu.addDestructiveAction(u"Delete Workspace"_s);
     menu.openAt({100, 100});
     menu.setActiveAction(current);
     addPicture(card, {21, 53}, menu, menu.shadowMargin());
@@ -296,13 +297,13 @@ void ComponentsPage::addMenus()
 
     PopupMenu destructive(visual());
     destructive.setMinimumWidth(210 + 48);
-    QAction* remove = destructive.addDestructiveAction(u"Delete Workspace"_qs);
+    QAction* remove = destructive.addDestructiveAction(u"Delete Workspace"_s);
     destructive.openAt({100, 100});
     destructive.setActiveAction(remove);
     addPicture(card, {149, 217}, destructive, destructive.shadowMargin());
     destructive.close();
 
-    QToolTip::showText({200, 200}, u"Accessibility access is required"_qs, this);
+    QToolTip::showText({200, 200}, u"Accessibility access is required"_s, this);
     const QWidgetList windows = QApplication::topLevelWidgets();
     for (QWidget* window : windows)
         if (window->inherits("QTipLabel"))
@@ -326,31 +327,31 @@ void ComponentsPage::addBanners()
 {
     auto* notice = new BannerFrame(visual(), BannerFrame::Kind::success, this);
     notice->setGeometry(32, 1128, 1116, 46);
-    add(notice, new SymbolView(visual(), u"checkmark.circle.fill"_qs, 20, ColorToken::successIcon),
+    add(notice, new SymbolView(visual(), u"checkmark.circle.fill"_s, 20, ColorToken::successIcon),
         {12, 13});
-    addText(notice, {42, 14}, u"Writing layout updated."_qs, TextRole::callout,
+    addText(notice, {42, 14}, u"Writing layout updated."_s, TextRole::callout,
             ColorToken::labelPrimary);
-    auto* dismiss = new SymbolButton(visual(), u"xmark"_qs, u"Dismiss"_qs);
+    auto* dismiss = new SymbolButton(visual(), u"xmark"_s, u"Dismiss"_s);
     dismiss->setSizes(24, 18);
     add(notice, dismiss, {1081, 11});
 
-    addBanner({32, 1186, 1116, 67}, BannerFrame::Kind::success, u"checkmark.circle.fill"_qs,
-              ColorToken::successIcon, u"Workspace ready"_qs,
-              u"Completed 9 actions and restored 4 windows."_qs);
+    addBanner({32, 1186, 1116, 67}, BannerFrame::Kind::success, u"checkmark.circle.fill"_s,
+              ColorToken::successIcon, u"Workspace ready"_s,
+              u"Completed 9 actions and restored 4 windows."_s);
     auto* report = addBanner({32, 1266, 1116, 67}, BannerFrame::Kind::warning,
-                             u"exclamationmark.circle.fill"_qs, ColorToken::warningIcon,
-                             u"Workspace started with skipped items"_qs,
-                             u"Completed 2 actions. Review 1 skipped or failed items."_qs);
-    auto* details = new PushButton(visual(), u"Show Details"_qs, PushButton::Kind::bordered,
+                             u"exclamationmark.circle.fill"_s, ColorToken::warningIcon,
+                             u"Workspace started with skipped items"_s,
+                             u"Completed 2 actions. Review 1 skipped or failed items."_s);
+    auto* details = new PushButton(visual(), u"Show Details"_s, PushButton::Kind::bordered,
                                    PushButton::Scale::small);
     add(report, details, {1116 - 17 - details->sizeHint().width(), 19});
     auto* access = addBanner({32, 1346, 1116, 108}, BannerFrame::Kind::warning,
-                             u"exclamationmark.shield.fill"_qs, ColorToken::warningIcon,
-                             u"Window restore is paused"_qs,
+                             u"exclamationmark.shield.fill"_s, ColorToken::warningIcon,
+                             u"Window restore is paused"_s,
                              u"Workspace items will still open. Allow Accessibility access to "
-                             "restore the saved layout."_qs);
+                             "restore the saved layout."_s);
     int x = 52;
-    for (const QString& text : {u"Request Access"_qs, u"Open Settings"_qs, u"Try Again"_qs}) {
+    for (const QString& text : {u"Request Access"_s, u"Open Settings"_s, u"Try Again"_s}) {
         auto* button =
             new PushButton(visual(), text, PushButton::Kind::bordered, PushButton::Scale::small);
         add(access, button, {x, 65});

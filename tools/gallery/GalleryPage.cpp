@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "GalleryPage.h"
 
 #include "views/style/TextLabel.h"

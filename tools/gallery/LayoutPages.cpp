@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "GalleryPage.h"
 
 #include "views/style/Divider.h"
@@ -13,6 +15,8 @@
 #include <QVBoxLayout>
 
 namespace trovell::gallery {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -53,12 +57,12 @@ private:
     {
         QWidget* card = nullptr;
         QVBoxLayout* rows = makeCard(card);
-        for (const QString& name : {u"Appearance"_qs, u"Language"_qs}) {
+        for (const QString& name : {u"Appearance"_s, u"Language"_s}) {
             auto* row = new QHBoxLayout;
             row->setContentsMargins(17, 6, 15, 6);
             auto* picker = new Picker(visual(), name, 190);
-            picker->addItems({u"System Default"_qs, u"English"_qs, u"Türkçe"_qs, u"日本語"_qs,
-                              u"한국어"_qs, u"简体中文"_qs});
+            picker->addItems({u"System Default"_s, u"English"_s, u"Türkçe"_s, u"日本語"_s,
+                              u"한국어"_s, u"简体中文"_s});
             row->addWidget(new TextLabel(visual(), name), 1);
             row->addWidget(picker);
             if (rows->count() > 0)
@@ -73,9 +77,9 @@ private:
         QWidget* card = nullptr;
         QVBoxLayout* rows = makeCard(card);
         for (const QString& name :
-             {u"Launch Trovell at login"_qs, u"Show menu bar icon"_qs,
+             {u"Launch Trovell at login"_s, u"Show menu bar icon"_s,
               u"Keep Trovell running after closing the main window and while nothing else "
-              "of it is to be seen"_qs}) {
+              "of it is to be seen"_s}) {
             auto* row = new QVBoxLayout;
             row->setContentsMargins(17, 11, 15, 11);
             auto* toggle = new Switch(visual(), name);
@@ -95,15 +99,15 @@ private:
         rows->setContentsMargins(0, 0, 0, 0);
         rows->setSpacing(4);
         auto* slider =
-            new Slider(visual(), u"Workspace launch timeout"_qs, 8, 12, u"8s"_qs, u"12s"_qs);
+            new Slider(visual(), u"Workspace launch timeout"_s, 8, 12, u"8s"_s, u"12s"_s);
         slider->setValue(10);
         auto* row = new QHBoxLayout;
         row->setSpacing(24);
-        row->addWidget(new TextLabel(visual(), u"Workspace launch timeout"_qs));
+        row->addWidget(new TextLabel(visual(), u"Workspace launch timeout"_s));
         row->addWidget(slider, 1);
         rows->addLayout(row);
-        rows->addWidget(new TextLabel(visual(), u"Current timeout: 10 seconds"_qs,
-                                      TextRole::caption, ColorToken::labelSecondary));
+        rows->addWidget(new TextLabel(visual(), u"Current timeout: 10 seconds"_s, TextRole::caption,
+                                      ColorToken::labelSecondary));
         return card;
     }
 
@@ -111,10 +115,9 @@ private:
     {
         auto* row = new QHBoxLayout;
         row->addStretch();
-        row->addWidget(
-            new SymbolLink(visual(), u"hand.raised"_qs, u"Privacy"_qs, ColorToken::link));
-        row->addWidget(new SymbolLink(visual(), u"gearshape"_qs, u"Settings"_qs));
-        row->addWidget(new ProgressRing(visual(), u"Reading windows"_qs));
+        row->addWidget(new SymbolLink(visual(), u"hand.raised"_s, u"Privacy"_s, ColorToken::link));
+        row->addWidget(new SymbolLink(visual(), u"gearshape"_s, u"Settings"_s));
+        row->addWidget(new ProgressRing(visual(), u"Reading windows"_s));
         row->addStretch();
         return row;
     }

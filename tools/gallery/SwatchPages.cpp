@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "GalleryPage.h"
 
 #include "views/style/SymbolView.h"
@@ -12,6 +14,8 @@
 #include <QPainter>
 
 namespace trovell::gallery {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -46,9 +50,8 @@ public:
         }
         QWidget* card = addCard({32, 156, 1116, 680}, {});
         QStringList names;
-        for (const QString& folder : {u""_qs, u"_ui/"_qs}) {
-            const QStringList files =
-                QDir(u":/trovell/symbols/"_qs + folder).entryList(QDir::Files);
+        for (const QString& folder : {u""_s, u"_ui/"_s}) {
+            const QStringList files = QDir(u":/trovell/symbols/"_s + folder).entryList(QDir::Files);
             for (const QString& file : files)
                 if (!file.startsWith(u"Trovell"))
                     names.append(folder + file.chopped(4));
@@ -80,7 +83,7 @@ class PalettePage : public GalleryPage {
 public:
     explicit PalettePage(VisualStyle& style) : GalleryPage(style, {1180, 1640})
     {
-        addText(this, {32, 32}, u"Palette"_qs, TextRole::title, ColorToken::labelPrimary);
+        addText(this, {32, 32}, u"Palette"_s, TextRole::title, ColorToken::labelPrimary);
         const auto names = QMetaEnum::fromType<ColorToken>();
         for (int i = 0; i < names.keyCount(); ++i) {
             auto* card = new TrovellCardModifier(style, this);

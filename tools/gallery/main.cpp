@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Renders pictures of all components for comparison by eye:
 //   QT_QPA_PLATFORM=offscreen QT_SCALE_FACTOR=2 style-gallery FOLDER [font factor] [rtl]
 
@@ -11,6 +13,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 using namespace trovell;
 
 namespace {
@@ -22,8 +26,8 @@ struct Output {
 
     void save(const QString& name, const QPixmap& picture) const
     {
-        const QString suffix = scale == 1 ? u""_qs : u"@%1x"_qs.arg(scale);
-        picture.save(u"%1/%2-%3%4.png"_qs.arg(folder, name, appearance, suffix));
+        const QString suffix = scale == 1 ? u""_s : u"@%1x"_s.arg(scale);
+        picture.save(u"%1/%2-%3%4.png"_s.arg(folder, name, appearance, suffix));
     }
 };
 
@@ -40,11 +44,11 @@ QPixmap alertPicture(VisualStyle& visual)
 {
     std::unique_ptr<QWidget> page(gallery::makeSettingsPage(visual));
     picture(*page);
-    auto* alert = new Alert(visual, page.get(), u"Delete Workspace?"_qs,
+    auto* alert = new Alert(visual, page.get(), u"Delete Workspace?"_s,
                             u"Its saved items and window layout will also be removed. This "
-                            "cannot be undone."_qs);
-    alert->addButton(u"Cancel"_qs, Alert::Role::cancel);
-    alert->addButton(u"Delete"_qs, Alert::Role::destructive);
+                            "cannot be undone."_s);
+    alert->addButton(u"Cancel"_s, Alert::Role::cancel);
+    alert->addButton(u"Delete"_s, Alert::Role::destructive);
     alert->open();
     QApplication::processEvents();
     QPixmap result = page->grab();
@@ -68,17 +72,17 @@ int main(int argc, char** argv)
         QApplication::setLayoutDirection(Qt::RightToLeft);
     for (const Appearance appearance : {Appearance::light, Appearance::dark}) {
         visual.setAppearance(appearance);
-        const Output output{arguments[1], appearance == Appearance::dark ? u"dark"_qs : u"light"_qs,
+        const Output output{arguments[1], appearance == Appearance::dark ? u"dark"_s : u"light"_s,
                             application.devicePixelRatio()};
         const auto save = [&](const QString& name, QWidget* (*make)(VisualStyle&)) {
             const std::unique_ptr<QWidget> page(make(visual));
             output.save(name, picture(*page));
         };
-        save(u"80-components"_qs, &gallery::makeComponentsPage);
-        save(u"81-symbols"_qs, &gallery::makeSymbolsPage);
-        save(u"82-palette"_qs, &gallery::makePalettePage);
-        save(u"60-settings"_qs, &gallery::makeSettingsPage);
-        output.save(u"41-alert"_qs, alertPicture(visual));
+        save(u"80-components"_s, &gallery::makeComponentsPage);
+        save(u"81-symbols"_s, &gallery::makeSymbolsPage);
+        save(u"82-palette"_s, &gallery::makePalettePage);
+        save(u"60-settings"_s, &gallery::makeSettingsPage);
+        output.save(u"41-alert"_s, alertPicture(visual));
     }
     return 0;
 }

@@ -1,9 +1,13 @@
+// SPDX-License-Identifier: MIT
+//
 // Renaming, and the alerts of the main window.
 #include "pictures/Picture.h"
 #include "pictures/Stage.h"
-#include "views/workspace/MainWorkspaceView.h"
+#include "views/main/MainWorkspaceView.h"
 
 namespace trovell::screenshots {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -15,7 +19,7 @@ void choose(Stage& stage, int row)
 {
     stage.desktop().storeWorkspaces();
     stage.openMainWindow();
-    stage.openMenu(u"Workspace Actions"_qs, row);
+    stage.openMenu(u"Workspace Actions"_s, row);
     QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
     Stage::settle();
 }
@@ -23,7 +27,7 @@ void choose(Stage& stage, int row)
 QImage renaming(Stage& stage)
 {
     choose(stage, renameRow);
-    stage.type(u"Workspace name"_qs, u"Writing"_qs);
+    stage.type(u"Workspace name"_s, u"Writing"_s);
     return stage.picture();
 }
 
@@ -31,7 +35,7 @@ QImage renamingInVain(Stage& stage)
 {
     choose(stage, renameRow);
     stage.refuseSaving();
-    stage.press(u"Rename"_qs);
+    stage.press(u"Rename"_s);
     return stage.picture();
 }
 
@@ -50,12 +54,11 @@ QImage asking(Stage& stage, Kind kind)
 Pictures alertPictures()
 {
     return {
-        {u"40-rename"_qs, &renaming},
-        {u"41-alert-delete"_qs, [](Stage& stage) { return asking(stage, Kind::deleteWorkspace); }},
-        {u"42-alert-clear-layout"_qs,
-         [](Stage& stage) { return asking(stage, Kind::clearLayout); }},
-        {u"43-alert-error"_qs, [](Stage& stage) { return asking(stage, Kind::error); }},
-        {u"44-alert-rename-error"_qs, &renamingInVain}};
+        {u"40-rename"_s, &renaming},
+        {u"41-alert-delete"_s, [](Stage& stage) { return asking(stage, Kind::deleteWorkspace); }},
+        {u"42-alert-clear-layout"_s, [](Stage& stage) { return asking(stage, Kind::clearLayout); }},
+        {u"43-alert-error"_s, [](Stage& stage) { return asking(stage, Kind::error); }},
+        {u"44-alert-rename-error"_s, &renamingInVain}};
 }
 
 } // namespace trovell::screenshots

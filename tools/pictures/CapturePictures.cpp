@@ -1,9 +1,13 @@
+// SPDX-License-Identifier: MIT
+//
 // The sheets that read the open windows.
 #include "pictures/Picture.h"
 #include "pictures/Stage.h"
-#include "views/workspace/MainWorkspaceView.h"
+#include "views/main/MainWorkspaceView.h"
 
 namespace trovell::screenshots {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -39,29 +43,29 @@ QImage loading(Stage& stage)
 
 void openTextEditor(Stage& stage)
 {
-    stage.desktop().openWindow(Application::textEditor, u"Chapter 4 – Draft.md"_qs, 0,
+    stage.desktop().openWindow(Application::textEditor, u"Chapter 4 – Draft.md"_s, 0,
                                {0.02, 0.04, 0.5, 0.92});
-    stage.desktop().openWindow(Application::textEditor, u"Notes.md"_qs, 1, {0.03, 0.54, 0.46, 0.4});
+    stage.desktop().openWindow(Application::textEditor, u"Notes.md"_s, 1, {0.03, 0.54, 0.46, 0.4});
 }
 
 QImage creating(Stage& stage)
 {
     stage.desktop().openWritingWindows();
     openSheet(stage, Kind::captureCurrent);
-    stage.press(u"Untitled Window"_qs);
-    stage.press(u"book"_qs);
-    stage.press(u"indigo"_qs);
-    stage.type(u"Workspace name"_qs, u"Writing Retreat"_qs);
+    stage.press(u"Untitled Window"_s);
+    stage.press(u"book"_s);
+    stage.press(u"indigo"_s);
+    stage.type(u"Workspace name"_s, u"Writing Retreat"_s);
     return stage.picture();
 }
 
 QImage updating(Stage& stage)
 {
     openTextEditor(stage);
-    stage.desktop().openWindow(Application::firefox, u"Reference – Firefox"_qs, 0,
+    stage.desktop().openWindow(Application::firefox, u"Reference – Firefox"_s, 0,
                                {0.535, 0.04, 0.445, 0.92});
     openSheet(stage, Kind::updateLayout);
-    stage.press(u"Keep saved position for Document Viewer"_qs);
+    stage.press(u"Keep saved position for Document Viewer"_s);
     return stage.picture();
 }
 
@@ -72,11 +76,11 @@ QImage appsOnly(Stage& stage)
          {Application::music, Application::documentViewer, Application::terminal})
         stage.desktop().run(application);
     openSheet(stage, Kind::captureCurrent);
-    stage.press(u"Continue with Apps Only"_qs);
-    stage.press(u"music.note"_qs);
-    stage.press(u"purple"_qs);
-    stage.pressLast(u"Add as launch item"_qs);
-    stage.type(u"Workspace name"_qs, u"Studio Morning"_qs);
+    stage.press(u"Continue with Apps Only"_s);
+    stage.press(u"music.note"_s);
+    stage.press(u"purple"_s);
+    stage.pressLast(u"Add as launch item"_s);
+    stage.type(u"Workspace name"_s, u"Studio Morning"_s);
     return stage.picture();
 }
 
@@ -89,7 +93,7 @@ QImage failed(Stage& stage)
 QImage updatingWithNoneOpen(Stage& stage)
 {
     openSheet(stage, Kind::updateLayout);
-    stage.press(u"Keep saved position for Document Viewer"_qs);
+    stage.press(u"Keep saved position for Document Viewer"_s);
     return stage.picture();
 }
 
@@ -97,7 +101,7 @@ QImage savingAsNew(Stage& stage)
 {
     openTextEditor(stage);
     openSheet(stage, Kind::saveAsNew);
-    stage.type(u"Workspace name"_qs, u"Writing Variant"_qs);
+    stage.type(u"Workspace name"_s, u"Writing Variant"_s);
     return stage.picture();
 }
 
@@ -105,14 +109,14 @@ QImage savingAsNew(Stage& stage)
 
 Pictures capturePictures()
 {
-    return {{u"30-capture-permission"_qs, &asking},
-            {u"31-capture-loading"_qs, &loading},
-            {u"32-capture-loaded-create"_qs, &creating},
-            {u"33-capture-loaded-update"_qs, &updating},
-            {u"34-capture-apps-only"_qs, &appsOnly},
-            {u"35-capture-failed"_qs, &failed},
-            {u"36-capture-update-none-open"_qs, &updatingWithNoneOpen},
-            {u"37-capture-save-as-new"_qs, &savingAsNew}};
+    return {{u"30-capture-permission"_s, &asking},
+            {u"31-capture-loading"_s, &loading},
+            {u"32-capture-loaded-create"_s, &creating},
+            {u"33-capture-loaded-update"_s, &updating},
+            {u"34-capture-apps-only"_s, &appsOnly},
+            {u"35-capture-failed"_s, &failed},
+            {u"36-capture-update-none-open"_s, &updatingWithNoneOpen},
+            {u"37-capture-save-as-new"_s, &savingAsNew}};
 }
 
 } // namespace trovell::screenshots

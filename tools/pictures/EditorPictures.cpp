@@ -1,13 +1,17 @@
+// SPDX-License-Identifier: MIT
+//
 // The sheet in which a workspace is made or changed, and those over it.
 #include "pictures/Picture.h"
 #include "pictures/Stage.h"
+#include "views/editor/EditorItemList.h"
 #include "views/style/Picker.h"
 #include "views/style/ScrollArea.h"
-#include "views/workspace/EditorItemList.h"
 
 #include <QScrollBar>
 
 namespace trovell::screenshots {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -15,12 +19,12 @@ void openEditor(Stage& stage)
 {
     stage.desktop().storeWorkspaces();
     stage.openMainWindow();
-    stage.press(u"Edit"_qs);
+    stage.press(u"Edit"_s);
 }
 
 void addItem(Stage& stage, int kind)
 {
-    stage.openMenu(u"Add Item"_qs, kind);
+    stage.openMenu(u"Add Item"_s, kind);
     QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
     Stage::settle();
 }
@@ -45,10 +49,10 @@ QImage editingNew(Stage& stage)
 {
     stage.desktop().storeWorkspaces();
     stage.openMainWindow();
-    stage.openMenu(u"Add Workspace"_qs, 0);
+    stage.openMenu(u"Add Workspace"_s, 0);
     QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
     Stage::settle();
-    stage.openMenu(u"Add Item"_qs, 0);
+    stage.openMenu(u"Add Item"_s, 0);
     return stage.picture();
 }
 
@@ -56,7 +60,7 @@ QImage addingWebLink(Stage& stage)
 {
     openEditor(stage);
     addItem(stage, 3);
-    QTest::keyClicks(stage.front().focusWidget(), u"wiki.local"_qs);
+    QTest::keyClicks(stage.front().focusWidget(), u"wiki.local"_s);
     return stage.picture();
 }
 
@@ -64,9 +68,9 @@ QImage reviewing(Stage& stage)
 {
     stage.desktop().openWritingWindows();
     openEditor(stage);
-    stage.press(u"Capture Current Layout"_qs);
-    stage.press(u"Untitled Window"_qs);
-    stage.press(u"Files"_qs);
+    stage.press(u"Capture Current Layout"_s);
+    stage.press(u"Untitled Window"_s);
+    stage.press(u"Files"_s);
     return stage.picture();
 }
 
@@ -74,7 +78,7 @@ QImage refusing(Stage& stage)
 {
     openEditor(stage);
     stage.front().findChild<Picker*>()->setCurrentIndex(2);
-    stage.press(u"Save"_qs);
+    stage.press(u"Save"_s);
     return stage.picture();
 }
 
@@ -90,7 +94,7 @@ QImage findingNoApplication(Stage& stage)
 {
     openEditor(stage);
     addItem(stage, 0);
-    QTest::keyClicks(stage.front().focusWidget(), u"spreadsheet"_qs);
+    QTest::keyClicks(stage.front().focusWidget(), u"spreadsheet"_s);
     return stage.picture();
 }
 
@@ -114,15 +118,15 @@ QImage reordering(Stage& stage)
 
 Pictures editorPictures()
 {
-    return {{u"20-editor"_qs, &editing},
-            {u"21-editor-scrolled"_qs, &editingBelow},
-            {u"22-editor-new"_qs, &editingNew},
-            {u"23-editor-add-web-link"_qs, &addingWebLink},
-            {u"24-editor-capture-review"_qs, &reviewing},
-            {u"25-editor-alert-shortcut"_qs, &refusing},
-            {u"26-editor-application-chooser"_qs, &choosingApplications},
-            {u"27-editor-application-chooser-none"_qs, &findingNoApplication},
-            {u"28-editor-reorder-drag"_qs, &reordering}};
+    return {{u"20-editor"_s, &editing},
+            {u"21-editor-scrolled"_s, &editingBelow},
+            {u"22-editor-new"_s, &editingNew},
+            {u"23-editor-add-web-link"_s, &addingWebLink},
+            {u"24-editor-capture-review"_s, &reviewing},
+            {u"25-editor-alert-shortcut"_s, &refusing},
+            {u"26-editor-application-chooser"_s, &choosingApplications},
+            {u"27-editor-application-chooser-none"_s, &findingNoApplication},
+            {u"28-editor-reorder-drag"_s, &reordering}};
 }
 
 } // namespace trovell::screenshots

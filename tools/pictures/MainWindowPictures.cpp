@@ -1,11 +1,15 @@
+// SPDX-License-Identifier: MIT
+//
 // The main window and its banners.
 #include "model/StoreContext.h"
 #include "pictures/Picture.h"
 #include "pictures/Stage.h"
+#include "views/main/WorkspaceSidebarList.h"
 #include "views/style/SymbolView.h"
-#include "views/workspace/WorkspaceSidebarList.h"
 
 namespace trovell::screenshots {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -25,34 +29,34 @@ QImage withNotice(Stage& stage)
 {
     stage.desktop().openWritingWindows();
     open(stage, Workspace::writing);
-    stage.press(u"Save Layout"_qs);
-    stage.press(u"Save Layout"_qs);
+    stage.press(u"Save Layout"_s);
+    stage.press(u"Save Layout"_s);
     return stage.picture();
 }
 
 QImage started(Stage& stage)
 {
     stage.desktop().openWritingWindows();
-    stage.desktop().openWindow(Application::documentViewer, u"Chapter 4 Outline"_qs, 0,
+    stage.desktop().openWindow(Application::documentViewer, u"Chapter 4 Outline"_s, 0,
                                {0.1, 0.1, 0.5, 0.5});
     open(stage, Workspace::clientReview);
-    stage.press(u"Start Workspace"_qs);
+    stage.press(u"Start Workspace"_s);
     stage.finishLaunch();
     return stage.picture();
 }
 
 QImage startedWithGaps(Stage& stage)
 {
-    stage.desktop().openWindow(Application::textEditor, u"Chapter 4 – Draft.md"_qs, 0,
+    stage.desktop().openWindow(Application::textEditor, u"Chapter 4 – Draft.md"_s, 0,
                                {0.1, 0.1, 0.5, 0.5});
-    stage.desktop().openWindow(Application::textEditor, u"Notes.md"_qs, 0, {0.1, 0.1, 0.5, 0.5});
-    stage.desktop().openWindow(Application::files, u"Manuscript"_qs, 0, {0.1, 0.1, 0.5, 0.5});
-    stage.desktop().openWindow(Application::documentViewer, u"Chapter 4 Outline"_qs, 0,
+    stage.desktop().openWindow(Application::textEditor, u"Notes.md"_s, 0, {0.1, 0.1, 0.5, 0.5});
+    stage.desktop().openWindow(Application::files, u"Manuscript"_s, 0, {0.1, 0.1, 0.5, 0.5});
+    stage.desktop().openWindow(Application::documentViewer, u"Chapter 4 Outline"_s, 0,
                                {0.1, 0.1, 0.5, 0.5});
     open(stage, Workspace::writing);
-    stage.press(u"Start Workspace"_qs);
+    stage.press(u"Start Workspace"_s);
     stage.finishLaunch();
-    stage.press(u"Show Details"_qs);
+    stage.press(u"Show Details"_s);
     return stage.picture();
 }
 
@@ -66,7 +70,7 @@ QImage withoutPermission(Stage& stage)
 QImage starting(Stage& stage)
 {
     open(stage, Workspace::writing);
-    stage.press(u"Start Workspace"_qs);
+    stage.press(u"Start Workspace"_s);
     return stage.picture();
 }
 
@@ -123,17 +127,17 @@ QImage withTooltip(Stage& stage)
 
 Pictures mainWindowPictures()
 {
-    return {{u"01-main"_qs, &atRest},
-            {u"02-main-notice"_qs, &withNotice},
-            {u"03-main-report-success"_qs, &started},
-            {u"04-main-report-warning-expanded"_qs, &startedWithGaps},
-            {u"05-main-accessibility"_qs, &withoutPermission},
-            {u"06-main-starting"_qs, &starting},
-            {u"07-main-no-items"_qs, &withoutItems},
-            {u"08-main-empty"_qs, &empty},
-            {u"12-main-reorder-drag"_qs, &reordering},
-            {u"13-main-minimum-900x620"_qs, &atMinimum},
-            {u"14-main-tooltips"_qs, &withTooltip}};
+    return {{u"01-main"_s, &atRest},
+            {u"02-main-notice"_s, &withNotice},
+            {u"03-main-report-success"_s, &started},
+            {u"04-main-report-warning-expanded"_s, &startedWithGaps},
+            {u"05-main-accessibility"_s, &withoutPermission},
+            {u"06-main-starting"_s, &starting},
+            {u"07-main-no-items"_s, &withoutItems},
+            {u"08-main-empty"_s, &empty},
+            {u"12-main-reorder-drag"_s, &reordering},
+            {u"13-main-minimum-900x620"_s, &atMinimum},
+            {u"14-main-tooltips"_s, &withTooltip}};
 }
 
 } // namespace trovell::screenshots

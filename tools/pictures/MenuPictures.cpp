@@ -1,9 +1,13 @@
+// SPDX-License-Identifier: MIT
+//
 // The menus of the main window.
 #include "pictures/Picture.h"
 #include "pictures/Stage.h"
-#include "views/workspace/WorkspaceSidebarList.h"
+#include "views/main/WorkspaceSidebarList.h"
 
 namespace trovell::screenshots {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -36,11 +40,11 @@ QImage withContextMenu(Stage& stage)
 
 Pictures menuPictures()
 {
-    return {{u"09-main-add-menu"_qs,
-             [](Stage& stage) { return withMenu(stage, u"Add Workspace"_qs, 1); }},
-            {u"10-main-context-menu"_qs, &withContextMenu},
-            {u"11-main-workspace-menu"_qs,
-             [](Stage& stage) { return withMenu(stage, u"Workspace Actions"_qs, 3); }}};
+    return {{u"09-main-add-menu"_s,
+             [](Stage& stage) { return withMenu(stage, u"Add Workspace"_s, 1); }},
+            {u"10-main-context-menu"_s, &withContextMenu},
+            {u"11-main-workspace-menu"_s,
+             [](Stage& stage) { return withMenu(stage, u"Workspace Actions"_s, 3); }}};
 }
 
 } // namespace trovell::screenshots

@@ -1,17 +1,21 @@
+// SPDX-License-Identifier: MIT
+//
 // The guide of the first run.
 #include "app/PreferenceStore.h"
-#include "views/app/OnboardingView.h"
-#include "views/app/RootView.h"
 #include "pictures/Picture.h"
 #include "pictures/Stage.h"
+#include "views/app/OnboardingView.h"
+#include "views/app/RootView.h"
 
 namespace trovell::screenshots {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 OnboardingView& openGuide(Stage& stage)
 {
-    stage.dependencies().defaults().setValue(u"onboarding.completed"_qs, false);
+    stage.dependencies().defaults().setValue(u"onboarding.completed"_s, false);
     stage.windows->trusted = false;
     stage.openMainWindow();
     return *stage.window().findChild<RootView*>()->onboarding();
@@ -20,7 +24,7 @@ OnboardingView& openGuide(Stage& stage)
 OnboardingView& openPermission(Stage& stage)
 {
     OnboardingView& guide = openGuide(stage);
-    stage.press(u"Continue"_qs);
+    stage.press(u"Continue"_s);
     return guide;
 }
 
@@ -53,14 +57,14 @@ QImage permissionGranted(Stage& stage)
 QImage firstWorkspace(Stage& stage)
 {
     OnboardingView& guide = openPermission(stage);
-    stage.press(u"Continue Without Layout"_qs);
+    stage.press(u"Continue Without Layout"_s);
     return stage.pictureOfSheet(guide);
 }
 
 QImage privacy(Stage& stage)
 {
     OnboardingView& guide = openPermission(stage);
-    stage.press(u"Read the privacy explanation"_qs);
+    stage.press(u"Read the privacy explanation"_s);
     return stage.pictureOfSheet(guide);
 }
 
@@ -68,12 +72,12 @@ QImage privacy(Stage& stage)
 
 Pictures onboardingPictures()
 {
-    return {{u"50-onboarding-in-window"_qs, &inWindow},
-            {u"51-onboarding-welcome"_qs, &welcome},
-            {u"52-onboarding-permission"_qs, &permission},
-            {u"53-onboarding-permission-granted"_qs, &permissionGranted},
-            {u"54-onboarding-first-workspace"_qs, &firstWorkspace},
-            {u"55-onboarding-privacy"_qs, &privacy}};
+    return {{u"50-onboarding-in-window"_s, &inWindow},
+            {u"51-onboarding-welcome"_s, &welcome},
+            {u"52-onboarding-permission"_s, &permission},
+            {u"53-onboarding-permission-granted"_s, &permissionGranted},
+            {u"54-onboarding-first-workspace"_s, &firstWorkspace},
+            {u"55-onboarding-privacy"_s, &privacy}};
 }
 
 } // namespace trovell::screenshots

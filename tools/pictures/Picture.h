@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // A surface in one of its states, and how to get there. Main thread.
 #pragma once
 

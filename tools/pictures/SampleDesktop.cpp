@@ -1,9 +1,13 @@
+// SPDX-License-Identifier: MIT
+
 #include "pictures/SampleDesktop.h"
 
 #include "model/WorkspaceChoices.h"
 #include "views/support/ViewFixture.h"
 
 namespace trovell::screenshots {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -17,12 +21,12 @@ struct SampleApplication {
 const SampleApplication& sampleOf(Application application)
 {
     static const SampleApplication samples[] = {
-        {u"org.gnome.TextEditor"_qs, u"Text Editor"_qs, u"doc.text"_qs, {0xED, 0xAE, 0x3F}},
-        {u"firefox"_qs, u"Firefox"_qs, u"network"_qs, {0xE4, 0x57, 0x32}},
-        {u"org.gnome.Nautilus"_qs, u"Files"_qs, u"folder"_qs, {0x3D, 0x7D, 0xD8}},
-        {u"org.gnome.Evince"_qs, u"Document Viewer"_qs, u"doc"_qs, {0x7A, 0x4C, 0xC4}},
-        {u"org.gnome.Music"_qs, u"Music"_qs, u"music.note"_qs, {0x2F, 0x9E, 0x74}},
-        {u"org.gnome.Terminal"_qs, u"Terminal"_qs, u"terminal"_qs, {0x3B, 0x3F, 0x4A}}};
+        {u"org.gnome.TextEditor"_s, u"Text Editor"_s, u"doc.text"_s, {0xED, 0xAE, 0x3F}},
+        {u"firefox"_s, u"Firefox"_s, u"network"_s, {0xE4, 0x57, 0x32}},
+        {u"org.gnome.Nautilus"_s, u"Files"_s, u"folder"_s, {0x3D, 0x7D, 0xD8}},
+        {u"org.gnome.Evince"_s, u"Document Viewer"_s, u"doc"_s, {0x7A, 0x4C, 0xC4}},
+        {u"org.gnome.Music"_s, u"Music"_s, u"music.note"_s, {0x2F, 0x9E, 0x74}},
+        {u"org.gnome.Terminal"_s, u"Terminal"_s, u"terminal"_s, {0x3B, 0x3F, 0x4A}}};
     return samples[int(application)];
 }
 
@@ -53,18 +57,18 @@ void createFile(const QString& path)
 
 SampleDesktop::SampleDesktop(test::ViewFixture& fixture) : m_fixture(fixture)
 {
-    fixture.windows->displays = {
-        FakeWindowSystem::display(u"27-inch Display"_qs, {0, 0, 2560, 1440}, {0, 0, 2560, 1440},
-                                  true),
-        FakeWindowSystem::display(u"Built-in Display"_qs, {2560, 540, 1440, 900},
-                                  {2560, 540, 1440, 900}, false)};
+    fixture.windows->displays = {FakeWindowSystem::display(u"27-inch Display"_s, {0, 0, 2560, 1440},
+                                                           {0, 0, 2560, 1440}, true),
+                                 FakeWindowSystem::display(u"Built-in Display"_s,
+                                                           {2560, 540, 1440, 900},
+                                                           {2560, 540, 1440, 900}, false)};
     for (int i = 0; i <= int(Application::terminal); ++i) {
         const SampleApplication& sample = sampleOf(Application(i));
         const QString path = fixture.folder.filePath(sample.bundleIdentifier);
-        drawIcon(fixture.environment().visual, sample, path + u".png"_qs);
-        createFile(path + u".desktop"_qs);
-        fixture.resources->addApplication({sample.bundleIdentifier, sample.name, path + u".png"_qs},
-                                          QUrl::fromLocalFile(path + u".desktop"_qs));
+        drawIcon(fixture.environment().visual, sample, path + u".png"_s);
+        createFile(path + u".desktop"_s);
+        fixture.resources->addApplication({sample.bundleIdentifier, sample.name, path + u".png"_s},
+                                          QUrl::fromLocalFile(path + u".desktop"_s));
     }
 }
 
@@ -75,18 +79,18 @@ void SampleDesktop::storeWorkspaces(bool isHomeNetworkEmpty)
         QString symbolName;
         int otherItems;
     };
-    const Row rows[] = {{u"Writing"_qs, u"book"_qs, 0},
-                        {u"Client Review"_qs, u"briefcase"_qs, 0},
-                        {u"Music Practice"_qs, u"music.note"_qs, 0},
-                        {u"Site Build"_qs, u"terminal"_qs, 7},
-                        {u"Field Sketches"_qs, u"paintbrush"_qs, 3},
-                        {u"Home Network"_qs, u"network"_qs, isHomeNetworkEmpty ? 0 : 4},
-                        {u"Sunday Admin"_qs, u"rectangle.3.group"_qs, 1}};
+    const Row rows[] = {{u"Writing"_s, u"book"_s, 0},
+                        {u"Client Review"_s, u"briefcase"_s, 0},
+                        {u"Music Practice"_s, u"music.note"_s, 0},
+                        {u"Site Build"_s, u"terminal"_s, 7},
+                        {u"Field Sketches"_s, u"paintbrush"_s, 3},
+                        {u"Home Network"_s, u"network"_s, isHomeNetworkEmpty ? 0 : 4},
+                        {u"Sunday Admin"_s, u"rectangle.3.group"_s, 1}};
     for (const Row& row : rows) {
         TrovellWorkspace& workspace = m_fixture.addWorkspace(row.name);
         workspace.setSymbolName(row.symbolName);
         for (int i = 0; i < row.otherItems; ++i)
-            addLink(workspace, u"page%1.example"_qs.arg(i));
+            addLink(workspace, u"page%1.example"_s.arg(i));
     }
     const QList<TrovellWorkspace*> workspaces = m_fixture.context().workspaces();
     for (int i = 0; i < 4; ++i)
@@ -102,19 +106,19 @@ void SampleDesktop::fillWriting(TrovellWorkspace& workspace)
 {
     addApplication(workspace, Application::textEditor);
     addApplication(workspace, Application::firefox);
-    addFolder(workspace, u"Manuscript"_qs);
-    addFile(workspace, u"Chapter 4 Outline.odt"_qs);
-    m_fixture.addItem(workspace, WorkspaceItemType::file, u"Style Guide.pdf"_qs,
-                      u"file:///home/robin/Documents/Style%20Guide.pdf"_qs);
-    addLink(workspace, u"thesaurus.example"_qs);
+    addFolder(workspace, u"Manuscript"_s);
+    addFile(workspace, u"Chapter 4 Outline.odt"_s);
+    m_fixture.addItem(workspace, WorkspaceItemType::file, u"Style Guide.pdf"_s,
+                      u"file:///home/robin/Documents/Style%20Guide.pdf"_s);
+    addLink(workspace, u"thesaurus.example"_s);
     workspace.sortedItems().last()->setIsEnabled(false);
-    addPlacement(workspace, Application::textEditor, u"Chapter 4 – Draft.md"_qs, 0,
+    addPlacement(workspace, Application::textEditor, u"Chapter 4 – Draft.md"_s, 0,
                  {0.02, 0.04, 0.5, 0.92});
-    addPlacement(workspace, Application::firefox, u"Reference – Firefox"_qs, 0,
+    addPlacement(workspace, Application::firefox, u"Reference – Firefox"_s, 0,
                  {0.535, 0.04, 0.445, 0.92});
-    addPlacement(workspace, Application::files, u"Manuscript"_qs, 1, {0.03, 0.04, 0.46, 0.46});
-    addPlacement(workspace, Application::textEditor, u"Notes.md"_qs, 1, {0.03, 0.54, 0.46, 0.4});
-    addPlacement(workspace, Application::documentViewer, u"Chapter 4 Outline"_qs, 1,
+    addPlacement(workspace, Application::files, u"Manuscript"_s, 1, {0.03, 0.04, 0.46, 0.46});
+    addPlacement(workspace, Application::textEditor, u"Notes.md"_s, 1, {0.03, 0.54, 0.46, 0.4});
+    addPlacement(workspace, Application::documentViewer, u"Chapter 4 Outline"_s, 1,
                  {0.515, 0.04, 0.455, 0.9});
 }
 
@@ -122,25 +126,25 @@ void SampleDesktop::fillClientReview(TrovellWorkspace& workspace)
 {
     addApplication(workspace, Application::firefox);
     addApplication(workspace, Application::documentViewer);
-    addFolder(workspace, u"Client Review – Round 2"_qs);
-    addFile(workspace, u"Feedback Notes.md"_qs);
-    addLink(workspace, u"review.example.com"_qs);
-    addPlacement(workspace, Application::documentViewer, u"Chapter 4 Outline"_qs, 0,
+    addFolder(workspace, u"Client Review – Round 2"_s);
+    addFile(workspace, u"Feedback Notes.md"_s);
+    addLink(workspace, u"review.example.com"_s);
+    addPlacement(workspace, Application::documentViewer, u"Chapter 4 Outline"_s, 0,
                  {0.02, 0.04, 0.46, 0.92});
-    addPlacement(workspace, Application::firefox, u"Thesaurus – Firefox"_qs, 0,
+    addPlacement(workspace, Application::firefox, u"Thesaurus – Firefox"_s, 0,
                  {0.5, 0.04, 0.48, 0.92});
-    addPlacement(workspace, Application::textEditor, u"Notes.md"_qs, 1, {0.04, 0.08, 0.56, 0.84});
-    addPlacement(workspace, Application::files, u"Manuscript"_qs, 1, {0.64, 0.08, 0.33, 0.62});
+    addPlacement(workspace, Application::textEditor, u"Notes.md"_s, 1, {0.04, 0.08, 0.56, 0.84});
+    addPlacement(workspace, Application::files, u"Manuscript"_s, 1, {0.64, 0.08, 0.33, 0.62});
 }
 
 void SampleDesktop::fillMusicPractice(TrovellWorkspace& workspace)
 {
     addApplication(workspace, Application::music);
     addApplication(workspace, Application::documentViewer);
-    addFolder(workspace, u"Scores"_qs);
-    addLink(workspace, u"metronome.example"_qs);
-    addPlacement(workspace, Application::documentViewer, u"Etude"_qs, 1, {0.02, 0.03, 0.62, 0.93});
-    addPlacement(workspace, Application::music, u"Music"_qs, 1, {0.66, 0.03, 0.32, 0.62});
+    addFolder(workspace, u"Scores"_s);
+    addLink(workspace, u"metronome.example"_s);
+    addPlacement(workspace, Application::documentViewer, u"Etude"_s, 1, {0.02, 0.03, 0.62, 0.93});
+    addPlacement(workspace, Application::music, u"Music"_s, 1, {0.66, 0.03, 0.32, 0.62});
 }
 
 void SampleDesktop::addApplication(TrovellWorkspace& workspace, Application application)
@@ -169,7 +173,7 @@ void SampleDesktop::addFolder(TrovellWorkspace& workspace, const QString& name)
 
 void SampleDesktop::addLink(TrovellWorkspace& workspace, const QString& host)
 {
-    m_fixture.addItem(workspace, WorkspaceItemType::webLink, host, u"https://"_qs + host);
+    m_fixture.addItem(workspace, WorkspaceItemType::webLink, host, u"https://"_s + host);
 }
 
 void SampleDesktop::addPlacement(TrovellWorkspace& workspace, Application application,
@@ -208,17 +212,17 @@ void SampleDesktop::run(Application application)
     if (!m_fixture.windows->runningApplications(sample.bundleIdentifier).isEmpty())
         return;
     m_fixture.windows->addApplication(sample.bundleIdentifier, sample.name).bundleURL =
-        QUrl::fromLocalFile(m_fixture.folder.filePath(sample.bundleIdentifier + u".desktop"_qs))
+        QUrl::fromLocalFile(m_fixture.folder.filePath(sample.bundleIdentifier + u".desktop"_s))
             .toString();
 }
 
 void SampleDesktop::openWritingWindows()
 {
-    openWindow(Application::textEditor, u"Chapter 4 – Draft.md"_qs, 0, {0.02, 0.04, 0.5, 0.92});
-    openWindow(Application::textEditor, u"Notes.md"_qs, 1, {0.03, 0.54, 0.46, 0.4});
-    openWindow(Application::firefox, u"Thesaurus – Firefox"_qs, 0, {0.535, 0.04, 0.445, 0.92});
+    openWindow(Application::textEditor, u"Chapter 4 – Draft.md"_s, 0, {0.02, 0.04, 0.5, 0.92});
+    openWindow(Application::textEditor, u"Notes.md"_s, 1, {0.03, 0.54, 0.46, 0.4});
+    openWindow(Application::firefox, u"Thesaurus – Firefox"_s, 0, {0.535, 0.04, 0.445, 0.92});
     openWindow(Application::firefox, {}, 1, {0.2, 0.2, 0.35, 0.35});
-    openWindow(Application::files, u"Manuscript"_qs, 1, {0.03, 0.04, 0.46, 0.46});
+    openWindow(Application::files, u"Manuscript"_s, 1, {0.03, 0.04, 0.46, 0.46});
 }
 
 } // namespace trovell::screenshots

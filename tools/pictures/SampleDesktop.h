@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // What the pictures show: workspaces, the applications they use and the windows that are open.
 // Main thread.
 #pragma once

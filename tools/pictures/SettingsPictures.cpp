@@ -1,10 +1,14 @@
+// SPDX-License-Identifier: MIT
+//
 // The pages of the settings window.
-#include "views/app/SettingsView.h"
 #include "pictures/Picture.h"
 #include "pictures/Stage.h"
+#include "views/app/SettingsView.h"
 #include "views/style/Picker.h"
 
 namespace trovell::screenshots {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -31,13 +35,13 @@ QImage general(Stage& stage)
 
 QImage otherStates(Stage& stage)
 {
-    stage.loginItem->failure = u"The login item could not be changed."_qs;
+    stage.loginItem->failure = u"The login item could not be changed."_s;
     AppPreferences& preferences = stage.dependencies().preferences();
     preferences.setAppearance(AppAppearance::system);
     preferences.setShowMenuBarItem(false);
     preferences.setKeepRunningAfterClose(false);
     const auto view = open(stage, Page::general);
-    stage.press(*view, u"Launch Trovell at login"_qs);
+    stage.press(*view, u"Launch Trovell at login"_s);
     return stage.picture(*view);
 }
 
@@ -45,7 +49,7 @@ QImage languages(Stage& stage)
 {
     const auto view = open(stage, Page::general);
     for (auto* picker : view->findChildren<Picker*>()) {
-        if (picker->accessibleName() == u"Language"_qs)
+        if (picker->accessibleName() == u"Language"_s)
             QTest::mousePress(picker, Qt::LeftButton);
     }
     return stage.picture(*view);
@@ -65,11 +69,11 @@ QImage about(Stage& stage)
 
 Pictures settingsPictures()
 {
-    return {{u"60-settings-general"_qs, &general},
-            {u"61-settings-general-states"_qs, &otherStates},
-            {u"62-settings-language-list"_qs, &languages},
-            {u"63-settings-updates"_qs, &updates},
-            {u"64-settings-about"_qs, &about}};
+    return {{u"60-settings-general"_s, &general},
+            {u"61-settings-general-states"_s, &otherStates},
+            {u"62-settings-language-list"_s, &languages},
+            {u"63-settings-updates"_s, &updates},
+            {u"64-settings-about"_s, &about}};
 }
 
 } // namespace trovell::screenshots

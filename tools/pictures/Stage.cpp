@@ -1,13 +1,17 @@
+// SPDX-License-Identifier: MIT
+
 #include "pictures/Stage.h"
 
 #include "app/PreferenceStore.h"
 #include "views/app/OnboardingView.h"
 #include "views/app/RootView.h"
+#include "views/main/WorkspaceSidebarList.h"
 #include "views/style/PopupMenu.h"
 #include "views/style/Sheet.h"
-#include "views/workspace/WorkspaceSidebarList.h"
 
 namespace trovell::screenshots {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -50,7 +54,7 @@ QList<QAbstractButton*> buttonsIn(QWidget& root, const QString& text)
 Stage::Stage(const Look& look) : m_look(look), m_desktop(*this)
 {
     environment().visual.setAppearance(look.appearance);
-    dependencies().defaults().setValue(u"onboarding.completed"_qs, true);
+    dependencies().defaults().setValue(u"onboarding.completed"_s, true);
     window().setMinimumSize(900, 620);
     window().resize(look.windowSize);
 }

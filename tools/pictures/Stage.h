@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The program with sample data, worked by real clicks and photographed with everything that lies
 // over its window. Main thread.
 #pragma once
@@ -6,6 +8,8 @@
 #include "views/support/ViewFixture.h"
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 class Sheet;
 class WorkspaceSidebarList;
 } // namespace trovell
@@ -15,7 +19,7 @@ namespace trovell::screenshots {
 struct Look {
     Appearance appearance = Appearance::light;
     /// Pictures are taken in it; until then everything is in English.
-    QString language = u"en"_qs;
+    QString language = u"en"_s;
     QSize windowSize = {1180, 760};
 };
 

@@ -1,9 +1,13 @@
+// SPDX-License-Identifier: MIT
+//
 // The menu behind the icon in the panel, as Qt draws it where the desktop does not.
-#include "views/app/MenuBarWorkspaceView.h"
 #include "pictures/Picture.h"
 #include "pictures/Stage.h"
+#include "views/app/MenuBarWorkspaceView.h"
 
 namespace trovell::screenshots {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -22,12 +26,12 @@ QImage open(Stage& stage)
 
 Pictures trayPictures()
 {
-    return {{u"70-tray-menu"_qs,
+    return {{u"70-tray-menu"_s,
              [](Stage& stage) {
                  stage.desktop().storeWorkspaces();
                  return open(stage);
              }},
-            {u"71-tray-menu-empty"_qs, &open}};
+            {u"71-tray-menu-empty"_s, &open}};
 }
 
 } // namespace trovell::screenshots

@@ -1,11 +1,15 @@
+// SPDX-License-Identifier: MIT
+//
 // The update window, over the real updater and a server.
+#include "pictures/Picture.h"
+#include "pictures/Stage.h"
 #include "support/TestAuthority.h"
 #include "support/UpdateWorld.h"
 #include "views/app/UpdateView.h"
-#include "pictures/Picture.h"
-#include "pictures/Stage.h"
 
 namespace trovell::screenshots {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -15,10 +19,10 @@ using test::UpdateWorld;
 QImage afterwards(Stage& stage, const std::function<void(UpdateWorld&, Updater&)>& act)
 {
     const test::TestAuthority authority;
-    UpdateWorld world(authority, authority.serverConfiguration(u"IP:127.0.0.1"_qs));
+    UpdateWorld world(authority, authority.serverConfiguration(u"IP:127.0.0.1"_s));
     world.changeItem(&test::PublishedItem::notes,
                      u"New in this version:\n• Layouts with three displays\n• Faster start with "
-                     u"many workspaces\n• Corrected texts in German and Japanese"_qs);
+                     u"many workspaces\n• Corrected texts in German and Japanese"_s);
     const auto updater = world.makeUpdater();
     UpdateView view(stage.environment(), *updater);
     view.show();
@@ -61,10 +65,10 @@ QImage failed(Stage& stage)
 
 Pictures updatePictures()
 {
-    return {{u"65-update-available"_qs, &available},
-            {u"66-update-downloading"_qs, &downloading},
-            {u"67-update-ready"_qs, &ready},
-            {u"68-update-failed"_qs, &failed}};
+    return {{u"65-update-available"_s, &available},
+            {u"66-update-downloading"_s, &downloading},
+            {u"67-update-ready"_s, &ready},
+            {u"68-update-failed"_s, &failed}};
 }
 
 } // namespace trovell::screenshots

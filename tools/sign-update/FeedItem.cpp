@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "FeedItem.h"
 
 #include "services/update/UpdateFeedFormat.h"
@@ -6,11 +8,13 @@
 
 namespace trovell {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString ours(QStringView name)
 {
-    return u"trovell:"_qs + name.toString();
+    return u"trovell:"_s + name.toString();
 }
 
 void writeElement(QXmlStreamWriter& writer, const QString& name, const QString& text)
@@ -41,7 +45,7 @@ QString feedItemText(const FeedItem& item)
 
 QString feedText(const FeedItem& item)
 {
-    return u"<rss version=\"2.0\" xmlns:trovell=\"%1\">\n<channel>\n%2</channel>\n</rss>\n"_qs.arg(
+    return u"<rss version=\"2.0\" xmlns:trovell=\"%1\">\n<channel>\n%2</channel>\n</rss>\n"_s.arg(
         feedformat::namespaceUri, feedItemText(item));
 }
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The item of the update feed that announces a package.
 #pragma once
 

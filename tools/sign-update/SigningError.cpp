@@ -1,25 +1,29 @@
+// SPDX-License-Identifier: MIT
+
 #include "SigningError.h"
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 QString description(SigningError error)
 {
     switch (error) {
     case SigningError::keyExists:
-        return QStringLiteral("There already is a file of that name. Nothing was changed.");
+        return u"There already is a file of that name. Nothing was changed."_s;
     case SigningError::keyNotWritable:
-        return QStringLiteral("The private key could not be written.");
+        return u"The private key could not be written."_s;
     case SigningError::keyNotReadable:
-        return QStringLiteral("The private key could not be read.");
+        return u"The private key could not be read."_s;
     case SigningError::keyNotPrivate:
-        return QStringLiteral("The private key can be read by others. Set its mode to 0600, or "
-                              "better make a new one.");
+        return u"The private key can be read by others. Set its mode to 0600, or "
+               "better make a new one."_s;
     case SigningError::keyMalformed:
-        return QStringLiteral("The file holds no private key.");
+        return u"The file holds no private key."_s;
     case SigningError::packageNotReadable:
-        return QStringLiteral("The package is empty or could not be read.");
+        return u"The package is empty or could not be read."_s;
     case SigningError::noRandomness:
-        return QStringLiteral("The system has no random numbers to make a key of.");
+        return u"The system has no random numbers to make a key of."_s;
     }
     Q_UNREACHABLE();
 }

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Why a package was not signed, in words for the publisher.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The private key that packages are signed with. In its file it is the 32 bytes of RFC 8032 in
 // Base64; in memory it is wiped when it goes.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Makes the keys of a publisher, signs packages for the update feed and checks signatures.
 #include "FeedItem.h"
 #include "services/update/PackageSignature.h"
@@ -10,6 +12,8 @@
 #include <QFileInfo>
 
 #include <cstdio>
+
+using namespace Qt::StringLiterals;
 
 namespace trovell {
 
@@ -61,7 +65,7 @@ int printItem(const FeedItem& item)
     const auto parsed = parseUpdateFeed(feedText(item).toUtf8());
     if (!parsed || !item.address.startsWith(u"https://"))
         return complain(u"Version, address or notes are not fit for a feed: the address must be "
-                        u"https, the versions numbers with dots."_qs);
+                        u"https, the versions numbers with dots."_s);
     return say(feedItemText(item));
 }
 
@@ -73,15 +77,15 @@ int sign(const QString& keyPath, const QString& packagePath, const QCommandLineP
     const auto signature = key->sign(packagePath);
     if (!signature)
         return complain(description(signature.error()));
-    const QString notesPath = options.value(u"notes"_qs);
+    const QString notesPath = options.value(u"notes"_s);
     const auto notes = notesPath.isEmpty() ? QString() : fileText(notesPath);
     if (!notes)
-        return complain(u"The notes could not be read."_qs);
-    return printItem({.version = options.value(u"version"_qs),
-                      .shortVersion = options.value(u"short-version"_qs),
-                      .minimumSystemVersion = options.value(u"minimum-system"_qs),
+        return complain(u"The notes could not be read."_s);
+    return printItem({.version = options.value(u"version"_s),
+                      .shortVersion = options.value(u"short-version"_s),
+                      .minimumSystemVersion = options.value(u"minimum-system"_s),
                       .notes = *notes,
-                      .address = options.value(u"url"_qs),
+                      .address = options.value(u"url"_s),
                       .lengthBytes = QFileInfo(packagePath).size(),
                       .signature = *signature});
 }
@@ -91,10 +95,10 @@ int verify(const QString& publicKeyText, const QString& packagePath, const QStri
     const auto key = publicKeyFromText(publicKeyText);
     const auto signature = signatureFromText(signatureText);
     if (!key || !signature)
-        return complain(u"The public key or the signature is malformed."_qs);
+        return complain(u"The public key or the signature is malformed."_s);
     if (!verifyPackage(packagePath, *signature, *key))
-        return complain(u"The signature does not match the package."_qs);
-    return say(u"The signature matches.\n"_qs);
+        return complain(u"The signature does not match the package."_s);
+    return say(u"The signature matches.\n"_s);
 }
 
 int run(const QCommandLineParser& options)
@@ -122,7 +126,7 @@ int main(int argc, char** argv)
     const QCoreApplication application(argc, argv);
     QCommandLineParser options;
     for (const QString& name :
-         {u"version"_qs, u"url"_qs, u"short-version"_qs, u"minimum-system"_qs, u"notes"_qs})
+         {u"version"_s, u"url"_s, u"short-version"_s, u"minimum-system"_s, u"notes"_s})
         options.addOption(QCommandLineOption(name, {}, name));
     if (options.parse(QCoreApplication::arguments()))
         return trovell::run(options);

@@ -1,3 +1,5 @@
+# SPDX-License-Identifier: MIT
+
 """Collects the localisation keys of the sources.
 
 Usage: extract_keys.py SOURCE_ROOT OUTPUT.cpp

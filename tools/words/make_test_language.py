@@ -1,3 +1,5 @@
+# SPDX-License-Identifier: MIT
+
 """Makes a table in a test language out of the template with all keys.
 
 Usage: make_test_language.py TEMPLATE.ts OUTPUT.ts LANGUAGE

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/scenes/DesktopLook.h"
 
 #include "app/AppPreferences.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Keeps look and words in step with the preferences and the desktop, live. Main thread.
 #pragma once
 

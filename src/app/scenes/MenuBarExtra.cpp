@@ -1,13 +1,17 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/scenes/MenuBarExtra.h"
 
 #include "views/app/MenuBarWorkspaceView.h"
-#include "views/ViewEnvironment.h"
+#include "views/shared/ViewEnvironment.h"
 
 #include <QCursor>
 #include <QMenu>
 #include <QPainter>
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -20,11 +24,11 @@ QIcon trayIcon(const VisualStyle& visual)
         QPixmap pixmap(size, size);
         pixmap.fill(Qt::transparent);
         QPainter painter(&pixmap);
-        visual.paintSymbol(painter, pixmap.rect(), u"TrovellTray-symbolic"_qs, visual.brandTint());
+        visual.paintSymbol(painter, pixmap.rect(), u"TrovellTray-symbolic"_s, visual.brandTint());
         painter.end();
         drawn.addPixmap(pixmap);
     }
-    return QIcon::fromTheme(u"app.trovell.Trovell-symbolic"_qs, drawn);
+    return QIcon::fromTheme(u"app.trovell.Trovell-symbolic"_s, drawn);
 }
 
 } // namespace
@@ -33,7 +37,7 @@ MenuBarExtra::MenuBarExtra(const ViewEnvironment& environment)
     : m_preferences(environment.dependencies.preferences()),
       m_content(new MenuBarWorkspaceView(environment, this)), m_icon(trayIcon(environment.visual))
 {
-    m_icon.setToolTip(u"Trovell"_qs);
+    m_icon.setToolTip(u"Trovell"_s);
     m_icon.setContextMenu(m_content->menu());
     connect(&m_icon, &QSystemTrayIcon::activated, this, &MenuBarExtra::answerClick);
     connect(&m_preferences, &AppPreferences::showMenuBarItemChanged, this,

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The icon in the desktop's tray that opens the menu of workspaces. Main thread.
 #pragma once
 

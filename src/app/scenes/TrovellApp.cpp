@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/scenes/TrovellApp.h"
 
 #include "app/AppConfiguration.h"
@@ -18,6 +20,8 @@
 #include <QTimer>
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -66,8 +70,8 @@ TrovellApp::~TrovellApp() = default;
 std::unique_ptr<SceneWindow> TrovellApp::makeMainWindow()
 {
     auto window = std::make_unique<SceneWindow>();
-    window->setObjectName(u"main"_qs);
-    window->setWindowTitle(u"Trovell"_qs);
+    window->setObjectName(u"main"_s);
+    window->setWindowTitle(u"Trovell"_s);
     window->setMinimumSize(900, 620);
     window->resize(1180, 760);
     auto* root = new RootView(m_environment, window.get());

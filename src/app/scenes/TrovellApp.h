@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The application: opens the store, creates the services, and declares the surfaces that people
 // see: the main window, the menu bar extra and the settings. Main thread.
 #pragma once
@@ -8,8 +10,8 @@
 #include "model/WorkspaceQuery.h"
 #include "model/WorkspaceStore.h"
 #include "support/SystemClock.h"
-#include "views/ViewEnvironment.h"
-#include "views/workspace/ApplicationIcons.h"
+#include "views/shared/ApplicationIcons.h"
+#include "views/shared/ViewEnvironment.h"
 
 #include <QObject>
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Which application a window or a bus name belongs to: the questions that a window adapter asks
 // and the desktop files answer. Plain values; the functions are called on the main thread.
 #pragma once
@@ -11,8 +13,7 @@
 #include <functional>
 #include <optional>
 
-namespace trovell
-{
+namespace trovell {
 
 /// What a window tells of the program behind it. A text that the window does not have is empty.
 struct WindowIdentity {

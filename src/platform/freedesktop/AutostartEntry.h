@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The content of a desktop entry in an autostart folder (freedesktop.org Desktop Application
 // Autostart Specification). What is not changed stays as it was, blank lines aside: comments,
 // translations and the keys of others. Any thread.

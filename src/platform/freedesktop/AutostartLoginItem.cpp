@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/freedesktop/AutostartLoginItem.h"
 
 #include "platform/freedesktop/AutostartEntry.h"
@@ -13,12 +15,14 @@
 
 namespace trovell {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// In the same words as every other program of the desktop.
 Unexpected<QString> failure(const QString& path, int error)
 {
-    return Unexpected<QString>(u"%1: %2"_qs.arg(path, QString::fromUtf8(g_strerror(error))));
+    return Unexpected<QString>(u"%1: %2"_s.arg(path, QString::fromUtf8(g_strerror(error))));
 }
 
 /// The first of the files that is a desktop entry.
@@ -42,7 +46,7 @@ QStringList standardPaths(QStandardPaths::StandardLocation location, const QStri
 } // namespace
 
 AutostartLoginItem::AutostartLoginItem(const QString& applicationId)
-    : m_fileName(applicationId + u".desktop"_qs)
+    : m_fileName(applicationId + u".desktop"_s)
 {
 }
 
@@ -87,13 +91,13 @@ Expected<void, QString> AutostartLoginItem::unregisterLoginItem()
 QString AutostartLoginItem::userPath() const
 {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-           u"/autostart/"_qs + m_fileName;
+           u"/autostart/"_s + m_fileName;
 }
 
 QStringList AutostartLoginItem::systemPaths() const
 {
     QStringList paths =
-        standardPaths(QStandardPaths::GenericConfigLocation, u"autostart/"_qs + m_fileName);
+        standardPaths(QStandardPaths::GenericConfigLocation, u"autostart/"_s + m_fileName);
     paths.removeAll(userPath());
     return paths;
 }

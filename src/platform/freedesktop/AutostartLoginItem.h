@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The login item of this program: an entry in the user's autostart folder (freedesktop.org Desktop
 // Application Autostart Specification), read anew at every question. Main thread.
 //

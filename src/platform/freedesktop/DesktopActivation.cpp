@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/freedesktop/DesktopActivation.h"
 
 #include "platform/freedesktop/GObjectPointer.h"

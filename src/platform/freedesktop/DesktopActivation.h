@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // One instance per session, and the door through which the desktop opens it: the program owns its
 // id as a name on the session bus and answers org.freedesktop.Application there (Desktop Entry
 // Specification, D-Bus Activation). Main thread only.

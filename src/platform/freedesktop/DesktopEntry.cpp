@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/freedesktop/DesktopEntry.h"
 
 #include "platform/freedesktop/FilePath.h"
@@ -14,6 +16,8 @@
 
 namespace trovell {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Arguments = GPointer<char*, g_strfreev>;
@@ -24,7 +28,7 @@ bool runsAnyProgram(const QByteArray& program)
     static const QRegularExpression pattern(
         u"^(?:(?:python|perl|ruby|lua|php|node|nodejs|electron|mono|wine)[0-9.]*"
         "(?:-preloader|-stable)?|sh|ash|bash|dash|zsh|fish|env|java|javaw|dotnet|gjs|gjs-console|"
-        "flatpak|bwrap|snap)$"_qs);
+        "flatpak|bwrap|snap)$"_s);
     return pattern.match(QString::fromUtf8(program)).hasMatch();
 }
 
@@ -71,7 +75,7 @@ DesktopEntry makeEntry(GDesktopAppInfo* file)
 
 QString desktopEntryId(const QString& desktopFileName)
 {
-    const QString suffix = u".desktop"_qs;
+    const QString suffix = u".desktop"_s;
     return desktopFileName.endsWith(suffix) ? desktopFileName.chopped(suffix.size())
                                             : desktopFileName;
 }

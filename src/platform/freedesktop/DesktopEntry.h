@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The installed applications as their desktop files describe them.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The installed applications, kept up to date, and which of them a window belongs to. Main thread
 // only; the desktop files themselves are read on a worker.
 #pragma once

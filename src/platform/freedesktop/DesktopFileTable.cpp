@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/freedesktop/DesktopFileTable.h"
 
 #include "platform/freedesktop/FilePath.h"

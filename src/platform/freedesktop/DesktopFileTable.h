@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Recognises the application behind a window by the installed desktop files. An immutable value;
 // any thread.
 #pragma once

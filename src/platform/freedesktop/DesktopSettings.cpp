@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/freedesktop/DesktopSettings.h"
 
 #include "platform/freedesktop/GObjectPointer.h"
@@ -6,6 +8,8 @@
 #include <utility>
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -56,8 +60,8 @@ DesktopSettings::DesktopSettings() : m_cancellable(g_cancellable_new())
         [](GObject*, GAsyncResult* result, gpointer cancellable) {
             const GObjectPointer<GCancellable> owner(G_CANCELLABLE(cancellable));
             GDBusConnection* connection = g_bus_get_finish(result, nullptr);
-            auto* self = static_cast<DesktopSettings*>(
-                g_object_get_data(G_OBJECT(owner.get()), "settings"));
+            auto* self =
+                static_cast<DesktopSettings*>(g_object_get_data(G_OBJECT(owner.get()), "settings"));
             if (connection && self)
                 self->connectTo(connection);
             else if (connection)
@@ -137,13 +141,13 @@ bool DesktopSettings::take(const QString& space, const QString& key, GVariant* v
     const auto setting = number(unwrapped(value).get());
     if (!setting)
         return false;
-    if (space == u"org.freedesktop.appearance"_qs && key == u"color-scheme"_qs)
+    if (space == u"org.freedesktop.appearance"_s && key == u"color-scheme"_s)
         return assign(m_isDark, *setting == prefersDark);
-    if (space == u"org.freedesktop.appearance"_qs && key == u"reduced-motion"_qs)
+    if (space == u"org.freedesktop.appearance"_s && key == u"reduced-motion"_s)
         return assign(m_isAnimationReduced, *setting == prefersReducedMotion);
-    if (key == u"enable-animations"_qs || key == u"AnimationDurationFactor"_qs)
+    if (key == u"enable-animations"_s || key == u"AnimationDurationFactor"_s)
         return assign(m_isAnimationReduced, *setting == 0);
-    if (key == u"text-scaling-factor"_qs && *setting > 0)
+    if (key == u"text-scaling-factor"_s && *setting > 0)
         return assign(m_textScale, *setting);
     return false;
 }

@@ -1,6 +1,8 @@
-// How the desktop wants programs to look, from the settings portal (org.freedesktop.portal.Settings,
-// namespaces org.freedesktop.appearance, org.gnome.desktop.interface and org.kde.kdeglobals.KDE),
-// and live. Main thread only.
+// SPDX-License-Identifier: MIT
+//
+// How the desktop wants programs to look, from the settings portal
+// (org.freedesktop.portal.Settings, namespaces org.freedesktop.appearance,
+// org.gnome.desktop.interface and org.kde.kdeglobals.KDE), and live. Main thread only.
 #pragma once
 
 #include <QObject>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/freedesktop/FileBookmark.h"
 
 #include "platform/freedesktop/FilePath.h"

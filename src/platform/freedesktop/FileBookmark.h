@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // A reference to a file or folder that survives renaming, moving and replacing it, without any
 // service in the background. Reads the disk and blocks meanwhile; any thread.
 #pragma once

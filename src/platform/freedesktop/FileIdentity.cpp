@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/freedesktop/FileIdentity.h"
 
 #include <fcntl.h>

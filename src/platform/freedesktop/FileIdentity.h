@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // What makes a file or folder the same one under another path. Plain values; any thread.
 #pragma once
 

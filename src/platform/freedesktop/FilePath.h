@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // File paths as bytes: names on disk need not be UTF-8, so a detour through QString would lose
 // files. Pure; any thread.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Looks for a file or folder that is no longer where it was, by its identity, in the places where
 // people move things. Blocks while it reads folders; any thread.
 #pragma once

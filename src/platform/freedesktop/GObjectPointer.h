@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Owning pointers for what GLib counts or allocates.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/freedesktop/GioResourceSystem.h"
 
 #include "platform/freedesktop/DesktopEntry.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Opens and finds things with GIO: desktop files, default applications of the shared MIME database
 // and bookmarks of its own.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/freedesktop/OwnedBusNames.h"
 
 #include "platform/freedesktop/DesktopFileIndex.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Applications that run without a window, known by the name they own on the session bus. Main
 // thread only.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // What the system tells of a running process of this user (proc(5)). Any thread.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Stands in on a desktop that lends no keys: every combination is refused. Main thread.
 #pragma once
 

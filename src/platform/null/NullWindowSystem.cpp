@@ -1,1 +1,3 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/null/NullWindowSystem.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Stands in on a desktop whose windows cannot be controlled: nothing runs, nothing is trusted, no
 // display is known. Launch items still open. Any thread.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Brings one window to a frame, as a dialogue with a window manager that answers late, rounds, or
 // drops requests. Decides only: someone else sends what it asks for and tells it what came back.
 // Values and given times, any thread.

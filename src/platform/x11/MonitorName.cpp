@@ -1,9 +1,13 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/x11/MonitorName.h"
 
 #include <algorithm>
 #include <iterator>
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -63,7 +67,7 @@ QString modelName(const QByteArray& edid)
 QString modelNumber(const QByteArray& edid)
 {
     const int number = byteAt(edid, 11) << 8 | byteAt(edid, 10);
-    return u"0x%1"_qs.arg(number, 4, 16, QLatin1Char('0'));
+    return u"0x%1"_s.arg(number, 4, 16, QLatin1Char('0'));
 }
 
 } // namespace

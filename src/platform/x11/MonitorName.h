@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The name of a monitor from its identification block. Pure, any thread.
 #pragma once
 

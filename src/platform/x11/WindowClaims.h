@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Who placed a window last. A placement that still watches its windows lets go of one that was
 // placed again since. Any thread, without locks.
 #pragma once

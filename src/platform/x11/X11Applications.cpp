@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/x11/X11Applications.h"
 
 #include "platform/x11/X11WindowHandle.h"
@@ -12,11 +14,13 @@
 
 namespace trovell {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString executableOfProcess(qint32 processIdentifier)
 {
-    const QString link = u"/proc/%1/exe"_qs.arg(processIdentifier);
+    const QString link = u"/proc/%1/exe"_s.arg(processIdentifier);
     return processIdentifier > 0 ? QFileInfo(link).symLinkTarget() : QString();
 }
 
@@ -24,7 +28,7 @@ QString executableOfProcess(qint32 processIdentifier)
 QString applicationKey(const IdentifiedWindow& window)
 {
     const QString& identifier = window.application.bundleIdentifier;
-    return identifier.isEmpty() ? u"process "_qs + QString::number(window.processIdentifier)
+    return identifier.isEmpty() ? u"process "_s + QString::number(window.processIdentifier)
                                 : identifier;
 }
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Which applications run, told from their windows. Remembers what it learned of a window, so that
 // asking again costs one round trip and hardly any time. Main thread.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The names of the X protocol that the adapter speaks, as the numbers of one server.
 #pragma once
 

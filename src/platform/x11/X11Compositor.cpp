@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/x11/X11Compositor.h"
 
 #include "platform/x11/X11Connection.h"

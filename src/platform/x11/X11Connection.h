@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // A connection to the X server that is closed by its destructor, and the two steps in which the
 // adapter reads: send a whole batch of requests, then take all replies. Any thread; several
 // threads may read through one connection at the same time (xcb keeps the replies apart), as long

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/x11/X11Displays.h"
 
 #include "platform/x11/X11WindowKind.h"

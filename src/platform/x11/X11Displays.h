@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The displays with what panels leave free of them. Remembers which windows reserve space, so that
 // asking again costs one round trip and a few requests however many windows there are. One thread
 // at a time.

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Tells when the window manager has worked through everything that was sent to it so far, however
 // busy it is. One thread.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/x11/X11FrameSetter.h"
 
 #include "platform/x11/X11WindowReader.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Sets the frames of many windows in one pass and makes sure that they hold: sends, waits for
 // events, reads back and corrects. Has a connection of its own, so that passes on several threads
 // share nothing. One worker thread at a time.

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Hot keys on an X11 desktop: passive key grabs on the root window, over a connection of their own
 // that the event loop listens to. Main thread only.
 //

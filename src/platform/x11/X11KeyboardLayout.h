@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Which key of the keyboard in use carries a symbol, and which modifier bit a modifier key sets.
 // Plain values; any thread.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The monitors as the X server describes them (RandR 1.5), asked for as part of a batch. Any
 // thread, as long as the connection lives.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The arithmetic of window frames on X11: from what the server tells of a window to the frame the
 // user sees, and from a wanted frame to what the window manager must be asked. Root pixels: origin
 // at the top left of the X screen, y downward. Pure functions, any thread.

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/x11/X11WindowHandle.h"
 
 #include <QFile>
@@ -7,6 +9,8 @@
 #include <unistd.h>
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -31,7 +35,7 @@ quint32 stampOf(X11WindowHandle::Time time)
 /// Clock ticks since the system started (proc(5), field 22 of stat); negative when unknown.
 double startOfProcess(qint32 processIdentifier)
 {
-    QFile stat(u"/proc/%1/stat"_qs.arg(processIdentifier));
+    QFile stat(u"/proc/%1/stat"_s.arg(processIdentifier));
     if (!stat.open(QIODevice::ReadOnly))
         return -1;
     // The program's name stands in brackets and may hold anything, also blanks and brackets.

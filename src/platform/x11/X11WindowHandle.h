@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // What a handle says about its window besides its number. Reading and restoring on worker threads
 // need that without sharing state with the main thread, which found it out. Any thread.
 #pragma once

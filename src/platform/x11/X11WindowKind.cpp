@@ -1,6 +1,10 @@
+// SPDX-License-Identifier: MIT
+
 #include "platform/x11/X11WindowKind.h"
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -28,20 +32,20 @@ std::optional<std::optional<WindowKind>> kindOfType(quint32 type, const X11Atoms
 
 QString roleOfWindows()
 {
-    return u"AXWindow"_qs;
+    return u"AXWindow"_s;
 }
 
 QString subroleOf(WindowKind kind)
 {
     switch (kind) {
     case WindowKind::standard:
-        return u"AXStandardWindow"_qs;
+        return u"AXStandardWindow"_s;
     case WindowKind::dialog:
-        return u"AXDialog"_qs;
+        return u"AXDialog"_s;
     case WindowKind::floating:
-        return u"AXFloatingWindow"_qs;
+        return u"AXFloatingWindow"_s;
     case WindowKind::system:
-        return u"AXSystemDialog"_qs;
+        return u"AXSystemDialog"_s;
     }
     return {};
 }

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // What kind of window a window is, in the words of the window system's roles. Pure, any thread.
 #pragma once
 

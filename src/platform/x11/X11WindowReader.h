@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Reads windows in batches: however many there are, the server is waited for once. Any thread.
 #pragma once
 

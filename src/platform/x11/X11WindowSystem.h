@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Window control on an X11 desktop, through a window manager that keeps to EWMH 1.5. Threads as
 // the interface says. When the X server goes away everything answers that there is nothing.
 #pragma once

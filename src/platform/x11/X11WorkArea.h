@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The part of a display that panels leave free. Root pixels, pure, any thread.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/update/BuiltInUpdateSource.h"
 
 namespace trovell {

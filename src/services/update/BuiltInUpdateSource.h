@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Where this build gets its updates from, as chosen with the CMake variables TROVELL_FEED_URL and
 // TROVELL_UPDATE_PUBLIC_KEY. Any thread.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The Ed25519 signature (RFC 8032, pure) over a whole package. Any thread.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/update/PrivateFile.h"
 
 #include <QDir>
@@ -11,6 +13,8 @@
 #include <unistd.h>
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -66,7 +70,7 @@ Expected<std::unique_ptr<PrivateFile>, UpdateError> PrivateFile::create(const QS
     if (const auto made = makePrivateFolder(folder); !made)
         return Unexpected<UpdateError>(made.error());
     deleteFiles(folder);
-    QByteArray path = QFile::encodeName(QDir(folder).absoluteFilePath(u"download-XXXXXX"_qs));
+    QByteArray path = QFile::encodeName(QDir(folder).absoluteFilePath(u"download-XXXXXX"_s));
     const int descriptor = ::mkostemp(path.data(), O_CLOEXEC);
     if (descriptor < 0)
         return systemError(errno, UpdateError::folderNotWritable);

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // A download that only the user can read, in a folder that only the user can enter. The file goes
 // with this object. Any thread, one at a time.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/update/ReleaseVersion.h"
 
 #include <QRegularExpression>
@@ -5,6 +7,8 @@
 #include <algorithm>
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -25,7 +29,7 @@ std::optional<ReleaseVersion> ReleaseVersion::parse(const QString& text)
     static const QRegularExpression grammar(QRegularExpression::anchoredPattern(
         u"[vV]?([0-9]+(?:\\.[0-9]+)*)"
         u"((?:-[0-9A-Za-z]+|\\.?[A-Za-z][0-9A-Za-z]*)(?:[.-][0-9A-Za-z]+)*)?"
-        u"(?:\\+[0-9A-Za-z.-]+)?"_qs));
+        u"(?:\\+[0-9A-Za-z.-]+)?"_s));
     if (text.size() > maximumTextLength)
         return std::nullopt;
     const QRegularExpressionMatch match = grammar.match(text);
@@ -41,7 +45,7 @@ std::optional<ReleaseVersion> ReleaseVersion::parse(const QString& text)
 
 QList<ReleaseVersion::Run> ReleaseVersion::runs(const QString& text)
 {
-    static const QRegularExpression run(u"([0-9]+)|([A-Za-z]+)"_qs);
+    static const QRegularExpression run(u"([0-9]+)|([A-Za-z]+)"_s);
     QList<Run> found;
     for (auto match = run.globalMatch(text); match.hasNext();) {
         const QRegularExpressionMatch next = match.next();

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The version of a release, as the update feed and the program name it, and its order. A plain
 // value; any thread.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Fetches one file over https: redirects stay on https, the certificate must be valid, and nothing
 // about the user or the machine is sent beyond the address. Main thread.
 #pragma once

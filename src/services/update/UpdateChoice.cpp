@@ -1,8 +1,12 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/update/UpdateChoice.h"
 
 #include <algorithm>
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -19,11 +23,11 @@ QString reasonForNone(const std::optional<UpdateItem>& newestOfAll,
                       const ReleaseVersion& programVersion)
 {
     if (!newestOfAll || newestOfAll->version == programVersion)
-        return u"You have the newest version of Trovell."_qs;
+        return u"You have the newest version of Trovell."_s;
     if (newestOfAll->version > programVersion)
         return u"Trovell %1 needs a newer system than this one. You have the newest version "
-               u"that runs here."_qs.arg(newestOfAll->shortVersion);
-    return u"You have a newer version of Trovell than the newest one offered, which is %1."_qs.arg(
+               u"that runs here."_s.arg(newestOfAll->shortVersion);
+    return u"You have a newer version of Trovell than the newest one offered, which is %1."_s.arg(
         newestOfAll->shortVersion);
 }
 

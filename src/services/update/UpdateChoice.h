@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Picks the release to offer. Pure; any thread.
 #pragma once
 

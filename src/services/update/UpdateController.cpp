@@ -1,6 +1,10 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/update/UpdateController.h"
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 UpdateController::UpdateController(const std::optional<QUrl>& feedAddress,
                                    const std::optional<QString>& publicKey,
@@ -20,7 +24,7 @@ void UpdateController::checkForUpdates()
     if (m_statusMessage)
         return;
     m_statusMessage =
-        u"Update checks will be available after the Sparkle feed and EdDSA key are configured."_qs;
+        u"Update checks will be available after the Sparkle feed and EdDSA key are configured."_s;
     Q_EMIT
     statusMessageChanged();
 }

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The program's entry to software updates: decides whether there can be any at all, and lets the
 // user ask for a check. Main thread.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/update/UpdateEnvironment.h"
 
 #include <QByteArray>
@@ -6,6 +8,8 @@
 #include <unistd.h>
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -29,7 +33,7 @@ UpdateEnvironment standardUpdateEnvironment(const QString& programVersion,
     environment.systemVersion = cLibraryVersion();
     environment.downloadFolder =
         QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) +
-        QStringLiteral("/trovell/update");
+        u"/trovell/update"_s;
     environment.openInstaller = std::move(openInstaller);
     environment.tls = QSslConfiguration::defaultConfiguration();
     return environment;

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // What the updater needs to know of the program and the machine around it. A plain value.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/update/UpdateError.h"
 
 #include <QStringView>

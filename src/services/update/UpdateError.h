@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Why a check for updates ended without an update, in words for the user. Any thread.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The names in an update feed, shared by those who read it and those who write it. See
 // `parseUpdateFeed`.
 #pragma once

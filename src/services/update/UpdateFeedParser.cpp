@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/update/UpdateFeedParser.h"
 
 #include "services/update/UpdateFeedFormat.h"
@@ -9,6 +11,8 @@
 #include <algorithm>
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -22,7 +26,7 @@ constexpr qsizetype maximumShortVersionLength = 100;
 
 QString ours(QStringView name)
 {
-    return u"trovell:"_qs + name.toString();
+    return u"trovell:"_s + name.toString();
 }
 
 /// Empty for a name that is neither ours nor of plain RSS.

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Reads the update feed: RSS 2.0 whose items carry, in the feed's own namespace, what an update
 // needs. Pure; any thread.
 //

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // One release as the update feed announces it. Nothing of it is proven until the signature of the
 // downloaded package is. A plain value; any thread.
 #pragma once

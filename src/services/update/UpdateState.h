@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Where a check for updates stands, for a window to show. A plain value; any thread.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/update/Updater.h"
 
 #include "services/update/UpdateChoice.h"
@@ -8,6 +10,8 @@
 
 namespace trovell {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Phase = UpdateState::Phase;
@@ -15,10 +19,10 @@ using Phase = UpdateState::Phase;
 /// The installer is found by the ending of the name.
 QString packageName(const QUrl& address)
 {
-    static const QRegularExpression unsafe(u"[^0-9A-Za-z._+~-]|^[.-]+"_qs);
+    static const QRegularExpression unsafe(u"[^0-9A-Za-z._+~-]|^[.-]+"_s);
     constexpr qsizetype maximumLength = 100;
     const QString name = address.fileName().remove(unsafe).right(maximumLength);
-    return u"trovell-update-"_qs + name;
+    return u"trovell-update-"_s + name;
 }
 
 } // namespace

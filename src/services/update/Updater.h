@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Checks for updates when the user asks, downloads the one the user wants, proves it genuine and
 // hands it to the desktop's installer. Main thread; the signature is checked on a worker thread.
 #pragma once

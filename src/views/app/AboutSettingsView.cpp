@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/app/AboutSettingsView.h"
 
 #include "app/AppConfiguration.h"
@@ -8,6 +10,8 @@
 #include "views/style/TrovellCardModifier.h"
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -31,7 +35,7 @@ AboutSettingsView::AboutSettingsView(const ViewEnvironment& environment, QWidget
     auto* content = new CenteredColumn(environment.visual);
     content->add(new TrovellBrandMark(environment.visual, 72), 0);
     content->addText(TextRole::pageTitle, ColorToken::labelPrimary, widestContent, 10)
-        ->setText(u"Trovell"_qs);
+        ->setText(u"Trovell"_s);
     TextLabel* motto =
         content->addText(TextRole::title3, ColorToken::labelPrimary, widestContent, 2);
     TextLabel* version =
@@ -57,9 +61,9 @@ QWidget* AboutSettingsView::buildLinks()
     auto* row = new QHBoxLayout(links);
     row->setContentsMargins({});
     row->setSpacing(6);
-    row->addWidget(buildLink(u"hand.raised"_qs, u"Privacy"_key, configuration.privacyURL));
-    row->addWidget(buildLink(u"doc.text"_qs, u"Terms"_key, configuration.termsURL));
-    row->addWidget(buildLink(u"questionmark.circle"_qs, u"Support"_key, configuration.supportURL));
+    row->addWidget(buildLink(u"hand.raised"_s, u"Privacy"_key, configuration.privacyURL));
+    row->addWidget(buildLink(u"doc.text"_s, u"Terms"_key, configuration.termsURL));
+    row->addWidget(buildLink(u"questionmark.circle"_s, u"Support"_key, configuration.supportURL));
     return links;
 }
 
@@ -78,7 +82,7 @@ QWidget* AboutSettingsView::buildPrivacyCard()
 {
     const Localization& words = m_environment.words;
     auto* card = new TrovellCardModifier(m_environment.visual);
-    auto* heading = new SymbolLabel(m_environment.visual, u"lock.shield.fill"_qs, headingLook);
+    auto* heading = new SymbolLabel(m_environment.visual, u"lock.shield.fill"_s, headingLook);
     heading->label()->setWordWrap(true);
     words.renderText(heading->label(), phrases::workspaceStaysHere);
     auto* text =
@@ -104,7 +108,7 @@ QWidget* AboutSettingsView::buildBadges()
     row->setContentsMargins({});
     row->setSpacing(8);
     for (const TextKey<> promise : {u"No analytics"_key, u"No cloud"_key, u"No ads"_key}) {
-        auto* badge = new SymbolLabel(m_environment.visual, u"checkmark.circle.fill"_qs, badgeLook);
+        auto* badge = new SymbolLabel(m_environment.visual, u"checkmark.circle.fill"_s, badgeLook);
         badge->label()->setWeight(QFont::Medium);
         badge->setPill(ColorToken::successFill);
         m_environment.words.renderText(badge->label(), promise);

@@ -1,7 +1,9 @@
+// SPDX-License-Identifier: MIT
+//
 // Who the program is and what it promises, the last page of the settings. Main thread.
 #pragma once
 
-#include "views/ViewEnvironment.h"
+#include "views/shared/ViewEnvironment.h"
 
 #include <QWidget>
 

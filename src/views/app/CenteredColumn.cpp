@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/app/CenteredColumn.h"
 
 #include "views/style/TextLabel.h"

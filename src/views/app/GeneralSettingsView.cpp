@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/app/GeneralSettingsView.h"
 
 #include "views/app/PreferenceSwitch.h"

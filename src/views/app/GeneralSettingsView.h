@@ -1,7 +1,9 @@
+// SPDX-License-Identifier: MIT
+//
 // The first page of the settings. Main thread.
 #pragma once
 
-#include "views/ViewEnvironment.h"
+#include "views/shared/ViewEnvironment.h"
 
 #include <QWidget>
 

@@ -1,18 +1,22 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/app/MenuBarWorkspaceView.h"
 
 #include "views/app/SymbolIcon.h"
-#include "views/workspace/WorkspaceStart.h"
+#include "views/shared/WorkspaceStart.h"
 
 #include <algorithm>
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 /// In the text of an action an ampersand marks a letter and a tab begins the second column.
 QString literally(QString text)
 {
-    return text.replace(u'\t', u' ').replace(u'&', u"&&"_qs);
+    return text.replace(u'\t', u' ').replace(u'&', u"&&"_s);
 }
 
 } // namespace

@@ -1,7 +1,9 @@
+// SPDX-License-Identifier: MIT
+//
 // The menu behind the program's icon in the desktop's panel. Main thread.
 #pragma once
 
-#include "views/ViewEnvironment.h"
+#include "views/shared/ViewEnvironment.h"
 
 #include <QMenu>
 #include <QObject>

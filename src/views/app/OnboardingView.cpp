@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/app/OnboardingView.h"
 
 #include "model/StoreContext.h"
@@ -6,18 +8,20 @@
 #include "views/app/PermissionPage.h"
 #include "views/app/PrivacyView.h"
 #include "views/app/StepIndicator.h"
+#include "views/shared/StoreWriting.h"
+#include "views/shared/WorkspaceAlert.h"
 #include "views/style/Accessibility.h"
 #include "views/style/PushButton.h"
 #include "views/style/SymbolView.h"
 #include "views/style/TextLabel.h"
 #include "views/style/TrovellBrandMark.h"
-#include "views/workspace/StoreWriting.h"
-#include "views/workspace/WorkspaceAlert.h"
 
 #include <QHBoxLayout>
 #include <QStackedWidget>
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -103,7 +107,7 @@ QWidget* OnboardingView::buildFirstWorkspacePage()
 {
     const Localization& words = m_environment.words;
     auto* content = new CenteredColumn(m_environment.visual);
-    content->add(new SymbolView(m_environment.visual, u"plus.rectangle.on.folder"_qs, 48), 0);
+    content->add(new SymbolView(m_environment.visual, u"plus.rectangle.on.folder"_s, 48), 0);
     words.renderText(content->addText(TextRole::pageTitle, ColorToken::labelPrimary, 420, gap),
                      u"Create your first workspace"_key);
     words.renderText(
@@ -212,7 +216,7 @@ void OnboardingView::finish()
 {
     if (!m_environment.workspaces.workspaces().isEmpty())
         return accept();
-    WorkspaceValues values{.name = u"My Workspace"_qs};
+    WorkspaceValues values{.name = u"My Workspace"_s};
     m_environment.context.insert(std::make_unique<TrovellWorkspace>(values));
     const auto saved = saveOrRollBack(m_environment.context);
     if (saved)

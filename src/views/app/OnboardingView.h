@@ -1,8 +1,10 @@
+// SPDX-License-Identifier: MIT
+//
 // The guide of the first run: a welcome, the window permission, the first workspace. Main thread.
 #pragma once
 
+#include "views/shared/ViewEnvironment.h"
 #include "views/style/Sheet.h"
-#include "views/ViewEnvironment.h"
 
 class QStackedWidget;
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/app/PermissionPage.h"
 
 #include "views/app/CenteredColumn.h"
@@ -6,6 +8,8 @@
 #include "views/style/PushButton.h"
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -79,9 +83,9 @@ void PermissionPage::showPermission()
 {
     const Localization& words = m_environment.words;
     const bool isGranted = m_environment.dependencies.accessibility().isTrusted();
-    m_symbol->setSymbol(isGranted ? u"checkmark.shield.fill"_qs : u"macwindow.on.rectangle"_qs);
+    m_symbol->setSymbol(isGranted ? u"checkmark.shield.fill"_s : u"macwindow.on.rectangle"_s);
     m_symbol->setColor(isGranted ? ColorToken::successIcon : ColorToken::brand);
-    m_status->symbol()->setSymbol(isGranted ? u"checkmark.circle.fill"_qs : u"lock.fill"_qs);
+    m_status->symbol()->setSymbol(isGranted ? u"checkmark.circle.fill"_s : u"lock.fill"_s);
     m_status->symbol()->setColor(isGranted ? ColorToken::successIcon : ColorToken::labelSecondary);
     m_status->label()->setColor(isGranted ? ColorToken::success : ColorToken::labelSecondary);
     m_status->label()->setText(isGranted ? words.text(u"Access granted"_key)

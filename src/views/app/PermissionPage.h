@@ -1,7 +1,9 @@
+// SPDX-License-Identifier: MIT
+//
 // The page of the guide that asks for window control. Main thread.
 #pragma once
 
-#include "views/ViewEnvironment.h"
+#include "views/shared/ViewEnvironment.h"
 
 #include <QWidget>
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/app/PreferenceSwitch.h"
 
 #include "views/style/Switch.h"

@@ -1,6 +1,8 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
-#include "views/ViewEnvironment.h"
+#include "views/shared/ViewEnvironment.h"
 
 namespace trovell {
 

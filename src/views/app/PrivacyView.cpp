@@ -1,9 +1,13 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/app/PrivacyView.h"
 
 #include "views/app/CenteredColumn.h"
 #include "views/app/SymbolLabel.h"
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -35,7 +39,7 @@ QWidget* PrivacyView::buildBody()
     const Localization& words = m_environment.words;
     auto* content = new CenteredColumn(m_environment.visual);
     content->layout()->setContentsMargins(margin, margin, margin, margin - 4);
-    auto* hand = new SymbolView(m_environment.visual, u"hand.raised.fill"_qs, 28);
+    auto* hand = new SymbolView(m_environment.visual, u"hand.raised.fill"_s, 28);
     hand->setTile(54, m_environment.visual.radius(Radius::card));
     content->add(hand, 0);
     words.renderText(content->addText(TextRole::title2, ColorToken::labelPrimary, wrapWidth, 13),
@@ -55,8 +59,7 @@ QWidget* PrivacyView::buildPromises()
     column->setSpacing(8);
     for (const TextKey<> promise :
          {u"No analytics"_key, u"No cloud workspace storage"_key, u"No advertising SDKs"_key}) {
-        auto* line =
-            new SymbolLabel(m_environment.visual, u"checkmark.circle.fill"_qs, promiseLook);
+        auto* line = new SymbolLabel(m_environment.visual, u"checkmark.circle.fill"_s, promiseLook);
         line->label()->setWordWrap(true);
         line->label()->setPreferredWrapWidth(promiseWidth);
         m_environment.words.renderText(line->label(), promise);

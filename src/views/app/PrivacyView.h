@@ -1,8 +1,10 @@
+// SPDX-License-Identifier: MIT
+//
 // What the window permission is used for. Main thread.
 #pragma once
 
+#include "views/shared/ViewEnvironment.h"
 #include "views/style/Sheet.h"
-#include "views/ViewEnvironment.h"
 
 namespace trovell {
 

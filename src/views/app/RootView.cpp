@@ -1,17 +1,21 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/app/RootView.h"
 
 #include "app/PreferenceStore.h"
 #include "views/app/OnboardingView.h"
-#include "views/workspace/MainWorkspaceView.h"
+#include "views/main/MainWorkspaceView.h"
 
 #include <QGuiApplication>
 #include <QVBoxLayout>
 
 namespace trovell {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString completedKey = QStringLiteral("onboarding.completed");
+const QString completedKey = u"onboarding.completed"_s;
 
 } // namespace
 

@@ -1,8 +1,10 @@
+// SPDX-License-Identifier: MIT
+//
 // What the main window shows: the workspaces and, until it was seen once, the guide over them. Main
 // thread.
 #pragma once
 
-#include "views/ViewEnvironment.h"
+#include "views/shared/ViewEnvironment.h"
 
 #include <QPointer>
 #include <QWidget>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/app/SettingsCard.h"
 
 #include "views/style/Divider.h"

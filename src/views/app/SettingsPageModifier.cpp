@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/app/SettingsPageModifier.h"
 
 #include <QVBoxLayout>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/app/SettingsView.h"
 
 #include "views/app/AboutSettingsView.h"
@@ -12,6 +14,8 @@
 #include <QVBoxLayout>
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -35,9 +39,9 @@ SettingsView::SettingsView(const ViewEnvironment& environment, QWidget* parent)
     row->addStretch();
     column->addLayout(row);
     column->addWidget(m_pages, 1);
-    addPage(u"gearshape"_qs, u"General"_key, new GeneralSettingsView(environment));
-    addPage(u"arrow.triangle.2.circlepath"_qs, u"Updates"_key, new UpdateSettingsView(environment));
-    addPage(u"info.circle"_qs, u"About"_key, new AboutSettingsView(environment));
+    addPage(u"gearshape"_s, u"General"_key, new GeneralSettingsView(environment));
+    addPage(u"arrow.triangle.2.circlepath"_s, u"Updates"_key, new UpdateSettingsView(environment));
+    addPage(u"info.circle"_s, u"About"_key, new AboutSettingsView(environment));
     connect(m_tabs, &QTabBar::currentChanged, m_pages, &QStackedWidget::setCurrentIndex);
     environment.words.render(this,
                              [this] { setWindowTitle(m_environment.words.text(u"Settings"_key)); });

@@ -1,7 +1,9 @@
+// SPDX-License-Identifier: MIT
+//
 // The content of the settings window. Main thread.
 #pragma once
 
-#include "views/ViewEnvironment.h"
+#include "views/shared/ViewEnvironment.h"
 
 #include <QWidget>
 

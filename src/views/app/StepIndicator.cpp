@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/app/StepIndicator.h"
 
 #include "views/app/PageFade.h"

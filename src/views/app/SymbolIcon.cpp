@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/app/SymbolIcon.h"
 
 #include "views/style/VisualStyle.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/app/SymbolLabel.h"
 
 #include "views/style/Painting.h"

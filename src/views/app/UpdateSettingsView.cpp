@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/app/UpdateSettingsView.h"
 
 #include "app/AppConfiguration.h"
@@ -11,6 +13,8 @@
 #include <QVBoxLayout>
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -59,7 +63,7 @@ QWidget* UpdateSettingsView::buildChecks()
 
 QWidget* UpdateSettingsView::buildExplanation()
 {
-    auto* note = new SymbolLabel(m_environment.visual, u"info.circle"_qs,
+    auto* note = new SymbolLabel(m_environment.visual, u"info.circle"_s,
                                  {.textColor = ColorToken::labelSecondary, .gap = 10});
     note->label()->setWordWrap(true);
     note->layout()->setAlignment(note->symbol(), Qt::AlignTop);

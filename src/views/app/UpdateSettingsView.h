@@ -1,7 +1,9 @@
+// SPDX-License-Identifier: MIT
+//
 // The page of the settings about software updates. Main thread.
 #pragma once
 
-#include "views/ViewEnvironment.h"
+#include "views/shared/ViewEnvironment.h"
 
 #include <QWidget>
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/app/UpdateTexts.h"
 
 #include "views/words/Phrases.h"

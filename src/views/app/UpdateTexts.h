@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // What the update window says in each state. Main thread.
 #pragma once
 

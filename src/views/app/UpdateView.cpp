@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/app/UpdateView.h"
 
 #include "views/app/NotesArea.h"

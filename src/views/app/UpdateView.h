@@ -1,8 +1,10 @@
+// SPDX-License-Identifier: MIT
+//
 // What shows a check for updates and leads through the update. Main thread.
 #pragma once
 
 #include "services/update/Updater.h"
-#include "views/ViewEnvironment.h"
+#include "views/shared/ViewEnvironment.h"
 
 #include <QWidget>
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/style/Accessibility.h"
 
 #include "views/style/Picker.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/style/ActionButton.h"
 
 #include <QPainter>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/style/Alert.h"
 
 #include "views/style/TextLabel.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/style/CheckBox.h"
 
 #include "views/style/Painting.h"
@@ -6,6 +8,8 @@
 #include <QPainter>
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -107,7 +111,7 @@ void CheckBox::paintBoxAndMark(QPainter& painter) const
     paintBox(painter, box, boxRadius, m_visual.color(ColorToken::action));
     const double inset = (box.width() - m_visual.scaled(checkSize)) / 2.0;
     m_visual.paintSymbol(painter, QRectF(box).adjusted(inset, inset, -inset, -inset),
-                         u"_ui/checkmark"_qs, m_visual.color(ColorToken::onAction), checkStroke);
+                         u"_ui/checkmark"_s, m_visual.color(ColorToken::onAction), checkStroke);
 }
 
 bool CheckBox::event(QEvent* event)

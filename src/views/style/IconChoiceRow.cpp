@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/style/ChoiceRow.h"
 
 #include "views/style/Painting.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/style/LinkButton.h"
 
 #include <QPainter>

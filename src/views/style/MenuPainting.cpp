@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/style/MenuPainting.h"
 
 #include "views/style/Painting.h"
@@ -9,6 +11,8 @@
 #include <QStyleOption>
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -117,7 +121,7 @@ void paintMenuItem(QPainter& painter, const VisualStyle& visual, const QStyleOpt
     if (item.checked)
         visual.paintSymbol(painter,
                            place({content.left(), content.top(), checkColumn, content.height()}),
-                           u"_ui/checkmark"_qs, colors.text);
+                           u"_ui/checkmark"_s, colors.text);
     const int inset = leadingInset(visual, item);
     if (!item.icon.isNull()) {
         const int room = visual.scaledSum({iconSize, iconGap});

@@ -1,9 +1,13 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/style/Palette.h"
 
 #include <QJsonObject>
 #include <QMetaEnum>
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -33,7 +37,7 @@ QList<ShadowLayer> parseShadow(QStringView text)
         const QList<QStringView> parts = layer.split(u' ', Qt::SkipEmptyParts);
         if (parts.size() != 4)
             qFatal("a shadow of the design tokens is unreadable");
-        const QString color = parts[3].toString() + (parts[3].endsWith(u')') ? u""_qs : u")"_qs);
+        const QString color = parts[3].toString() + (parts[3].endsWith(u')') ? u""_s : u")"_s);
         layers.append({parsePixels(parts[1]), parsePixels(parts[2]), parseColor(color)});
     }
     return layers;

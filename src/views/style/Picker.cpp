@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/style/Picker.h"
 
 #include "views/style/Painting.h"
@@ -12,6 +14,8 @@
 #include <algorithm>
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -118,7 +122,7 @@ void Picker::paintEvent(QPaintEvent*)
     const int textRoom = symbolLeft - m_visual.scaled(symbolGap) - textLeft;
     paintLine(painter, place({textLeft, 0, textRoom, height()}), m_visual.text(TextRole::body),
               tint(ColorToken::labelPrimary), currentText());
-    m_visual.paintSymbol(painter, place({symbolLeft, 0, side, height()}), u"_ui/chevron.up.down"_qs,
+    m_visual.paintSymbol(painter, place({symbolLeft, 0, side, height()}), u"_ui/chevron.up.down"_s,
                          tint(ColorToken::labelSecondary));
 }
 

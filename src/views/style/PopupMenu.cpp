@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/style/PopupMenu.h"
 
 #include "views/style/MenuPainting.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/style/ProgressRing.h"
 
 #include "views/style/VisualStyle.h"

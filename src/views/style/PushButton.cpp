@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/style/PushButton.h"
 
 #include "views/style/Painting.h"
@@ -5,6 +7,8 @@
 #include <QPainter>
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -55,7 +59,7 @@ void PushButton::paintEvent(QPaintEvent*)
     if (room > 0) {
         const int side = visual().scaled(chevronSize);
         const QRect chevron(content.x() + content.width() - side + 2, 0, side, height());
-        visual().paintSymbol(painter, place(chevron), u"_ui/chevron.down"_qs, textColor());
+        visual().paintSymbol(painter, place(chevron), u"_ui/chevron.down"_s, textColor());
     }
 }
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/style/Sheet.h"
 
 #include "views/style/Divider.h"
@@ -17,6 +19,8 @@
 #include <algorithm>
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -121,8 +125,7 @@ void Sheet::setInitialFocus(QWidget* widget)
 void Sheet::showCloseButton(const QString& accessibleName)
 {
     if (!m_closeButton) {
-        m_closeButton =
-            new SymbolButton(m_visual, u"xmark"_qs, {}, SymbolButton::Kind::plain, this);
+        m_closeButton = new SymbolButton(m_visual, u"xmark"_s, {}, SymbolButton::Kind::plain, this);
         m_closeButton->setSizes(28, closeSymbolSize);
         connect(m_closeButton, &QAbstractButton::clicked, this, &Sheet::cancel);
     }

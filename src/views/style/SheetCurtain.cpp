@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/style/SheetCurtain.h"
 
 #include "views/style/Sheet.h"

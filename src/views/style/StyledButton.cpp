@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/style/StyledButton.h"
 
 #include "views/style/Painting.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/style/SymbolCache.h"
 
 #include <QFile>
@@ -6,13 +8,15 @@
 
 namespace trovell {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr QStringView logoName = u"TrovellLogo";
 
 QByteArray readDrawing(const QString& name)
 {
-    QFile file(u":/trovell/symbols/"_qs + name + u".svg"_qs);
+    QFile file(u":/trovell/symbols/"_s + name + u".svg"_s);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 

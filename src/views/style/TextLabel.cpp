@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/style/TextLabel.h"
 
 #include <QPainter>
@@ -5,6 +7,8 @@
 #include <algorithm>
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -137,8 +141,8 @@ void SelectableLabel::applyStyle()
     const TextStyle style = m_visual.text(m_role);
     setFont(style.font);
     setText(
-        u"<p dir=\"%1\" style=\"margin:0; line-height:%2px; color:%3; white-space:pre-wrap\">%4</p>"_qs
-            .arg(layoutDirection() == Qt::RightToLeft ? u"rtl"_qs : u"ltr"_qs,
+        u"<p dir=\"%1\" style=\"margin:0; line-height:%2px; color:%3; white-space:pre-wrap\">%4</p>"_s
+            .arg(layoutDirection() == Qt::RightToLeft ? u"rtl"_s : u"ltr"_s,
                  QString::number(style.lineHeight), m_visual.color(m_color).name(),
                  m_text.toHtmlEscaped()));
 }

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/style/Tokens.h"
 
 #include <QFile>
@@ -8,11 +10,13 @@
 
 namespace trovell {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QJsonObject readTokens()
 {
-    QFile file(u":/trovell/tokens.json"_qs);
+    QFile file(u":/trovell/tokens.json"_s);
     if (!file.open(QIODevice::ReadOnly))
         qFatal("the design tokens are not compiled in");
     return QJsonDocument::fromJson(file.readAll()).object();
@@ -23,7 +27,7 @@ QString tokenKey(const char* enumerator)
 {
     const QString name = QString::fromLatin1(enumerator);
     if (name.size() == 3 && name.startsWith(u"xl"))
-        return name.sliced(2) + u"xl"_qs;
+        return name.sliced(2) + u"xl"_s;
     return name;
 }
 
@@ -45,14 +49,14 @@ void readNumbers(const QJsonObject& table, std::array<int, count>& numbers)
 
 TypeMeasures readMeasures(const QJsonObject& role)
 {
-    return {require(role, u"px"_qs).toDouble(), require(role, u"line"_qs).toDouble(),
-            require(role, u"weight"_qs).toInt(), require(role, u"tracking"_qs).toDouble()};
+    return {require(role, u"px"_s).toDouble(), require(role, u"line"_s).toDouble(),
+            require(role, u"weight"_s).toInt(), require(role, u"tracking"_s).toDouble()};
 }
 
 QStringList readFamilies(const QJsonObject& font)
 {
     QStringList families;
-    for (const QString& list : {u"ui"_qs, u"cjkFallback"_qs}) {
+    for (const QString& list : {u"ui"_s, u"cjkFallback"_s}) {
         const QJsonArray names = require(font, list).toArray();
         for (const QJsonValue& name : names)
             families.append(name.toString());
@@ -71,19 +75,19 @@ Tokens::Tokens(const QJsonObject& root)
     : m_light(Palette::fromJson(root[u"color"][u"light"].toObject())),
       m_dark(Palette::fromJson(root[u"color"][u"dark"].toObject()))
 {
-    const QJsonObject type = require(root, u"type"_qs).toObject();
+    const QJsonObject type = require(root, u"type"_s).toObject();
     const auto roles = QMetaEnum::fromType<TextRole>();
     for (size_t i = 0; i < m_type.size(); ++i)
         m_type[i] =
             readMeasures(require(type, tokenKey(roles.key(static_cast<int>(i)))).toObject());
 
-    const QJsonObject sizes = require(root, u"size"_qs).toObject();
-    readNumbers<Radius>(require(root, u"radius"_qs).toObject(), m_radii);
-    readNumbers<Space>(require(root, u"space"_qs).toObject(), m_spaces);
+    const QJsonObject sizes = require(root, u"size"_s).toObject();
+    readNumbers<Radius>(require(root, u"radius"_s).toObject(), m_radii);
+    readNumbers<Space>(require(root, u"space"_s).toObject(), m_spaces);
     readNumbers<Size>(sizes, m_sizes);
-    const QJsonArray choice = require(sizes, u"iconChoice"_qs).toArray();
+    const QJsonArray choice = require(sizes, u"iconChoice"_s).toArray();
     m_iconChoice = QSize(choice[0].toInt(), choice[1].toInt());
-    m_families = readFamilies(require(root, u"font"_qs).toObject());
+    m_families = readFamilies(require(root, u"font"_s).toObject());
 }
 
 } // namespace trovell

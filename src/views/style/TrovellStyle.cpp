@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/style/TrovellStyle.h"
 
 #include "views/style/FocusRing.h"
@@ -17,6 +19,8 @@
 
 namespace trovell {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // The design's padding and a border of one, less the two that QLineEdit adds inside its contents.
@@ -33,7 +37,7 @@ bool isTooltip(const QWidget* widget)
 
 } // namespace
 
-TrovellStyle::TrovellStyle(const VisualStyle& visual) : QProxyStyle(u"Fusion"_qs), m_visual(visual)
+TrovellStyle::TrovellStyle(const VisualStyle& visual) : QProxyStyle(u"Fusion"_s), m_visual(visual)
 {
 }
 

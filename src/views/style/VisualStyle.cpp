@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/style/VisualStyle.h"
 
 #include "views/style/Accessibility.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "views/style/SymbolCache.h"
@@ -20,7 +22,7 @@ class QPainter;
 ///     visual.setAppearance(Appearance::dark);
 ///     visual.install(application);
 ///
-///     auto* save = new PushButton(visual, u"Save"_qs, PushButton::Kind::prominent);
+///     auto* save = new PushButton(visual, u"Save"_s, PushButton::Kind::prominent);
 ///     auto* name = new TextLabel(visual, workspace.name(), TextRole::detailTitle);
 ///
 /// Every widget of this folder takes the style first and keeps a reference: the style outlives all
@@ -47,6 +49,8 @@ class QPainter;
 /// Texts come from the caller, already translated. Button, CheckBox, … take their accessible name
 /// from their text; controls without a text want `setAccessibleName`.
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 /// Colours, fonts, sizes and symbols in their present state. One object per application, owned by
 /// whoever starts it and handed down. Main thread.

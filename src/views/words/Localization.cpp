@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/words/Localization.h"
 
 #include "views/words/LogicTexts.h"
@@ -13,6 +15,8 @@
 #include <algorithm>
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -41,12 +45,12 @@ std::optional<Recognised> recognised(const std::array<std::u16string_view, count
 
 QStringList translationFolders()
 {
-    const QString folder = QStringLiteral("trovell/translations");
+    const QString folder = u"trovell/translations"_s;
     QStringList folders = QStandardPaths::locateAll(QStandardPaths::GenericDataLocation, folder,
                                                     QStandardPaths::LocateDirectory);
-    const QString prefix = QCoreApplication::applicationDirPath() + QStringLiteral("/../share/");
+    const QString prefix = QCoreApplication::applicationDirPath() + u"/../share/"_s;
     folders.append(QDir::cleanPath(prefix + folder));
-    folders.append(QStringLiteral(":/trovell/translations"));
+    folders.append(u":/trovell/translations"_s);
     folders.removeDuplicates();
     return folders;
 }
@@ -91,7 +95,7 @@ void Localization::load()
 void Localization::loadToolkitTexts()
 {
     m_toolkitTexts = std::make_unique<QTranslator>();
-    if (m_toolkitTexts->load(m_tables->language(), QStringLiteral("qtbase"), QStringLiteral("_"),
+    if (m_toolkitTexts->load(m_tables->language(), u"qtbase"_s, u"_"_s,
                              QLibraryInfo::path(QLibraryInfo::TranslationsPath)) &&
         QCoreApplication::instance() != nullptr)
         QCoreApplication::installTranslator(m_toolkitTexts.get());

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The texts of the interface in the language of the user. One object for the application, created
 // at start and handed down. Main thread.
 //

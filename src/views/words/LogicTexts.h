@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // What has to be known of the texts that come from the logic. It knows nothing of translation and
 // hands over finished texts in the product's words. Whole sentences in its sources are keys as they
 // stand; texts with a payload are recognised by the patterns here, and single words have to be

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The keys of all sentences that are put together from values, and of the few texts that stand in
 // several places. The English of each reads exactly as
 // the product's rule puts it together; other languages may order the values differently with

@@ -1,12 +1,16 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/words/TextArgument.h"
 
 #include <QRegularExpression>
 
 namespace trovell {
 
+using namespace Qt::StringLiterals;
+
 QString filledIn(const QString& text, const QStringList& values)
 {
-    static const QRegularExpression placeholder(QStringLiteral("%(?:([1-9])\\$)?(?:@|lld)"));
+    static const QRegularExpression placeholder(u"%(?:([1-9])\\$)?(?:@|lld)"_s);
     QString filled;
     qsizetype copied = 0;
     qsizetype next = 0;

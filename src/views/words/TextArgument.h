@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Values that take the places of the placeholders of a text. Any thread.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The keys under which the texts of the interface are looked up. A key is the product's own text,
 // written where it is shown as u"Save Layout"_key; "%@" in it stands for a text, "%lld" for a
 // number. The placeholders are part of the key's type, so that a call with a missing, surplus or

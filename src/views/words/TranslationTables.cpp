@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/words/TranslationTables.h"
 
 #include <QTranslator>
@@ -5,6 +7,8 @@
 #include <algorithm>
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -40,7 +44,7 @@ QString lookUp(const QTranslator& table, const QByteArray& context, const QStrin
 
 TranslationTables::TranslationTables(const QStringList& folders, const QStringList& languages)
 {
-    const QString english = QStringLiteral("en");
+    const QString english = u"en"_s;
     QStringList names;
     for (const QString& tag : languages)
         names += tableNames(tag);
@@ -59,7 +63,7 @@ bool TranslationTables::append(const QStringList& folders, const QString& name)
     const size_t before = m_tables.size();
     for (const QString& folder : folders) {
         auto table = std::make_unique<QTranslator>();
-        if (table->load(folder + QStringLiteral("/trovell_") + name + QStringLiteral(".qm")))
+        if (table->load(folder + u"/trovell_"_s + name + u".qm"_s))
             m_tables.push_back(std::move(table));
     }
     return m_tables.size() > before;

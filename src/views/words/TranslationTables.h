@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The compiled translation tables of one language with those of English behind them. Main thread.
 //
 // All keys stand in the context "Trovell". A key with one number is a message with plural forms. A

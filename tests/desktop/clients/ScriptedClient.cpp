@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // A program whose windows do what real applications cannot be told to do: open late, put
 // themselves back, vanish when they are moved, have any hints and any number. The options stand
 // in `knownOptions`; "--window" begins another window, which starts with the class, the geometry

@@ -1,9 +1,13 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/update/PackageSignature.h"
 
 #include "support/TestFiles.h"
 #include "support/UpdatePublisher.h"
 
 #include <QtTest>
+
+using namespace Qt::StringLiterals;
 
 using namespace trovell;
 using namespace trovell::test;
@@ -55,7 +59,7 @@ private Q_SLOTS:
         QCOMPARE(error(content, otherSignature, key), UpdateError::signatureWrong);
         QCOMPARE(error(content, signature, otherKey), UpdateError::signatureWrong);
         QCOMPARE(error({}, signature, key), UpdateError::fileNotReadable);
-        QCOMPARE(verifyPackage(m_folder.filePath(u"missing"_qs), signature, key).error(),
+        QCOMPARE(verifyPackage(m_folder.filePath(u"missing"_s), signature, key).error(),
                  UpdateError::fileNotReadable);
     }
 
@@ -66,7 +70,7 @@ private Q_SLOTS:
              {QString(), QString(44, u'é'), base64(QByteArray("11").repeated(31)), key + u'\n',
               QString(key).insert(10, u' '), key.chopped(1),
               // Unused bits; a point of small order, for which anything would be genuine; no point.
-              base64(QByteArray("00").repeated(32)).replace(u"A="_qs, u"B="_qs),
+              base64(QByteArray("00").repeated(32)).replace(u"A="_s, u"B="_s),
               base64("01" + QByteArray("00").repeated(31)),
               base64("02" + QByteArray("00").repeated(31))}) {
             QVERIFY2(!publicKeyFromText(text), qPrintable(text));
@@ -78,7 +82,7 @@ private:
     /// A file with that content.
     QString package(const QByteArray& content)
     {
-        return writeFile(m_folder.filePath(u"package"_qs), content);
+        return writeFile(m_folder.filePath(u"package"_s), content);
     }
 
     QTemporaryDir m_folder;

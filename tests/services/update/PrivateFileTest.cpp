@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/update/PrivateFile.h"
 
 #include "support/TestFiles.h"
@@ -6,6 +8,10 @@
 
 #include <sys/stat.h>
 #include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+using namespace Qt::StringLiterals;
 
 using namespace trovell;
 
@@ -33,13 +39,13 @@ private Q_SLOTS:
         QVERIFY(file.has_value());
         QCOMPARE(mode((*file)->path()), mode_t(0600));
         QCOMPARE(mode(folder()), mode_t(0700));
-        QCOMPARE(mode(path(u"cache/trovell"_qs)), mode_t(0700));
+        QCOMPARE(mode(path(u"cache/trovell"_s)), mode_t(0700));
 
         QVERIFY((*file)->append("one ").has_value());
         QVERIFY((*file)->append("two").has_value());
         QVERIFY((*file)->close().has_value());
-        QVERIFY((*file)->rename(u"package.deb"_qs).has_value());
-        QCOMPARE(files(), QStringList{u"package.deb"_qs});
+        QVERIFY((*file)->rename(u"package.deb"_s).has_value());
+        QCOMPARE(files(), QStringList{u"package.deb"_s});
         QCOMPARE(test::readFile((*file)->path()), "one two");
         file->reset();
         QVERIFY(files().isEmpty());
@@ -48,15 +54,15 @@ private Q_SLOTS:
     void leavesNothingOfEarlierDownloads()
     {
         QVERIFY(QDir().mkpath(folder()));
-        QVERIFY(::chmod(QFile::encodeName(path(u"cache/trovell"_qs)).constData(), 0777) == 0);
+        QVERIFY(::chmod(QFile::encodeName(path(u"cache/trovell"_s)).constData(), 0777) == 0);
         QVERIFY(::chmod(QFile::encodeName(folder()).constData(), 0570) == 0);
-        const QString target = test::writeFile(path(u"kept"_qs), "text");
-        QVERIFY(QFile::link(target, folder() + u"/link"_qs));
+        const QString target = test::writeFile(path(u"kept"_s), "text");
+        QVERIFY(QFile::link(target, folder() + u"/link"_s));
         {
             const auto released = PrivateFile::create(folder());
             QVERIFY(released.has_value());
             QCOMPARE(mode(folder()), mode_t(0700));
-            QCOMPARE(mode(path(u"cache/trovell"_qs)), mode_t(0700));
+            QCOMPARE(mode(path(u"cache/trovell"_s)), mode_t(0700));
             (*released)->release();
         }
         QCOMPARE(files().size(), 1);
@@ -72,26 +78,26 @@ private Q_SLOTS:
         const bool isRoot = ::geteuid() == 0;
         if (isRoot)
             QVERIFY(::chown(QFile::encodeName(folder()).constData(), 1, 1) == 0);
-        QCOMPARE(error(isRoot ? folder() : u"/usr/bin"_qs), UpdateError::folderNotPrivate);
+        QCOMPARE(error(isRoot ? folder() : u"/usr/bin"_s), UpdateError::folderNotPrivate);
     }
 
     /// Here to a folder of the user's own, whose files must survive.
     void refusesLinks()
     {
-        const QString document = test::writeFile(path(u"documents/update/letter"_qs), "Dear");
-        QVERIFY(QDir().mkpath(path(u"cache"_qs)));
-        QVERIFY(QFile::link(path(u"documents"_qs), path(u"cache/trovell"_qs)));
+        const QString document = test::writeFile(path(u"documents/update/letter"_s), "Dear");
+        QVERIFY(QDir().mkpath(path(u"cache"_s)));
+        QVERIFY(QFile::link(path(u"documents"_s), path(u"cache/trovell"_s)));
         QCOMPARE(error(folder()), UpdateError::folderNotPrivate);
-        QVERIFY(QFile::remove(path(u"cache/trovell"_qs)));
-        QVERIFY(QDir().mkpath(path(u"cache/trovell"_qs)));
-        QVERIFY(QFile::link(path(u"documents/update"_qs), folder()));
+        QVERIFY(QFile::remove(path(u"cache/trovell"_s)));
+        QVERIFY(QDir().mkpath(path(u"cache/trovell"_s)));
+        QVERIFY(QFile::link(path(u"documents/update"_s), folder()));
         QCOMPARE(error(folder()), UpdateError::folderNotPrivate);
         QVERIFY(QFile::exists(document));
     }
 
 private:
     QString path(const QString& name) const { return m_root->filePath(name); }
-    QString folder() const { return path(u"cache/trovell/update"_qs); }
+    QString folder() const { return path(u"cache/trovell/update"_s); }
     QStringList files() const { return QDir(folder()).entryList(QDir::Files | QDir::Hidden); }
     /// Why no file can be made in the folder.
     static std::optional<UpdateError> error(const QString& folder)

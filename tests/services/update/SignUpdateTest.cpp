@@ -1,9 +1,13 @@
+// SPDX-License-Identifier: MIT
+//
 // The publisher's program, and that what it writes is what the updater accepts.
 #include "services/update/PackageSignature.h"
 #include "services/update/UpdateFeedParser.h"
 #include "support/TestFiles.h"
 
 #include <QtTest>
+
+using namespace Qt::StringLiterals;
 
 using namespace trovell;
 
@@ -18,7 +22,7 @@ struct Run {
 Run signUpdate(const QStringList& arguments)
 {
     QProcess process;
-    process.start(QStringLiteral(TROVELL_SIGN_UPDATE), arguments);
+    process.start(QString::fromUtf8(TROVELL_SIGN_UPDATE), arguments);
     if (!process.waitForFinished())
         qFatal("sign-update does not run.");
     return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
@@ -33,12 +37,12 @@ class SignUpdateTest : public QObject {
 private Q_SLOTS:
     void initTestCase()
     {
-        m_key = path(u"key"_qs);
-        const Run made = signUpdate({u"make-key"_qs, m_key});
+        m_key = path(u"key"_s);
+        const Run made = signUpdate({u"make-key"_s, m_key});
         QCOMPARE(made.exitCode, 0);
         m_publicKey = made.output.trimmed();
         QVERIFY(publicKeyFromText(m_publicKey));
-        m_package = write(u"package.deb"_qs, QByteArray(100'000, 'x'));
+        m_package = write(u"package.deb"_s, QByteArray(100'000, 'x'));
     }
 
     void keepsThePrivateKeyPrivate()
@@ -48,25 +52,25 @@ private Q_SLOTS:
         const QByteArray key = test::readFile(m_key);
         QCOMPARE(key.size(), 45);
 
-        const QList<QStringList> commands{{u"make-key"_qs, m_key},
-                                          {u"public-key"_qs, m_key},
-                                          {u"sign"_qs, m_key, m_package, u"--version"_qs, u"2"_qs,
-                                           u"--url"_qs, u"https://a.b/c"_qs}};
+        const QList<QStringList> commands{
+            {u"make-key"_s, m_key},
+            {u"public-key"_s, m_key},
+            {u"sign"_s, m_key, m_package, u"--version"_s, u"2"_s, u"--url"_s, u"https://a.b/c"_s}};
         for (const QStringList& command : commands) {
             const Run run = signUpdate(command);
             QVERIFY(!(run.output + run.errors).contains(QString::fromLatin1(key.trimmed())));
         }
         QCOMPARE(test::readFile(m_key), key);
-        QCOMPARE(signUpdate({u"public-key"_qs, m_key}).output.trimmed(), m_publicKey);
+        QCOMPARE(signUpdate({u"public-key"_s, m_key}).output.trimmed(), m_publicKey);
     }
 
     void signsWhatTheUpdaterAccepts()
     {
-        const QString notes = write(u"notes"_qs, "New: <b> & \"quotes\"\n• more\n");
+        const QString notes = write(u"notes"_s, "New: <b> & \"quotes\"\n• more\n");
         const Run run =
-            signUpdate({u"sign"_qs, m_key, m_package, u"--version"_qs, u"2.0.1"_qs, u"--url"_qs,
-                        u"https://updates.example/p?a=1&b=2"_qs, u"--short-version"_qs, u"2"_qs,
-                        u"--minimum-system"_qs, u"2.36"_qs, u"--notes"_qs, notes});
+            signUpdate({u"sign"_s, m_key, m_package, u"--version"_s, u"2.0.1"_s, u"--url"_s,
+                        u"https://updates.example/p?a=1&b=2"_s, u"--short-version"_s, u"2"_s,
+                        u"--minimum-system"_s, u"2.36"_s, u"--notes"_s, notes});
         QCOMPARE(run.exitCode, 0);
         const auto items =
             parseUpdateFeed("<rss xmlns:trovell='urn:x-trovell:update-feed'><channel>" +
@@ -74,20 +78,20 @@ private Q_SLOTS:
         QVERIFY(items.has_value());
         QCOMPARE(items->size(), 1);
         const QString signature = items->first().signature;
-        const UpdateItem expected{.version = *ReleaseVersion::parse(u"2.0.1"_qs),
-                                  .shortVersion = u"2"_qs,
-                                  .notes = u"New: <b> & \"quotes\"\n• more"_qs,
-                                  .address = QUrl(u"https://updates.example/p?a=1&b=2"_qs),
+        const UpdateItem expected{.version = *ReleaseVersion::parse(u"2.0.1"_s),
+                                  .shortVersion = u"2"_s,
+                                  .notes = u"New: <b> & \"quotes\"\n• more"_s,
+                                  .address = QUrl(u"https://updates.example/p?a=1&b=2"_s),
                                   .lengthBytes = 100'000,
                                   .signature = signature,
-                                  .minimumSystemVersion = ReleaseVersion::parse(u"2.36"_qs)};
+                                  .minimumSystemVersion = ReleaseVersion::parse(u"2.36"_s)};
         QCOMPARE(items->first(), expected);
         QVERIFY(verifyPackage(m_package, *signatureFromText(signature),
                               *publicKeyFromText(m_publicKey)));
 
-        const QString other = write(u"other.deb"_qs, QByteArray(100'000, 'y'));
+        const QString other = write(u"other.deb"_s, QByteArray(100'000, 'y'));
         for (const QString& package : {m_package, other})
-            QCOMPARE(signUpdate({u"verify"_qs, m_publicKey, package, signature}).exitCode,
+            QCOMPARE(signUpdate({u"verify"_s, m_publicKey, package, signature}).exitCode,
                      package == other);
     }
 
@@ -95,23 +99,22 @@ private Q_SLOTS:
     {
         const auto sign = [this](const QString& key, const QString& package, const QString& version,
                                  const QString& url) {
-            return QStringList{u"sign"_qs, key,         package, u"--version"_qs,
-                               version,    u"--url"_qs, url};
+            return QStringList{u"sign"_s, key, package, u"--version"_s, version, u"--url"_s, url};
         };
-        const QString url = u"https://a.b/c"_qs;
-        const QString open = write(u"open"_qs, QByteArray(43, 'A') + "=\n");
+        const QString url = u"https://a.b/c"_s;
+        const QString open = write(u"open"_s, QByteArray(43, 'A') + "=\n");
         QFile(open).setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup);
-        const QString malformed = write(u"malformed"_qs, QByteArray(42, 'A') + "==\n");
+        const QString malformed = write(u"malformed"_s, QByteArray(42, 'A') + "==\n");
         QFile(malformed).setPermissions(QFile::ReadOwner);
 
         QCOMPARE(signUpdate({}).exitCode, 2);
-        const QList<QStringList> refused{{u"make-key"_qs, m_package}, // exists
-                                         sign(open, m_package, u"2"_qs, url),
-                                         sign(malformed, m_package, u"2"_qs, url),
-                                         sign(m_key, m_package, u"two"_qs, url),
-                                         sign(m_key, m_package, u"2"_qs, u"http://a.b/c"_qs),
-                                         sign(m_key, m_package, u"2"_qs, url) +
-                                             QStringList{u"--notes"_qs, path(u"none"_qs)}};
+        const QList<QStringList> refused{{u"make-key"_s, m_package}, // exists
+                                         sign(open, m_package, u"2"_s, url),
+                                         sign(malformed, m_package, u"2"_s, url),
+                                         sign(m_key, m_package, u"two"_s, url),
+                                         sign(m_key, m_package, u"2"_s, u"http://a.b/c"_s),
+                                         sign(m_key, m_package, u"2"_s, url) +
+                                             QStringList{u"--notes"_s, path(u"none"_s)}};
         for (const QStringList& arguments : refused) {
             const Run run = signUpdate(arguments);
             QCOMPARE(run.exitCode, 1);

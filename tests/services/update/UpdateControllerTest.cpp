@@ -1,6 +1,12 @@
+// SPDX-License-Identifier: MIT
+
 #include "services/update/UpdateController.h"
 
 #include <QtTest>
+
+using namespace Qt::StringLiterals;
+
+using namespace Qt::StringLiterals;
 
 using namespace trovell;
 
@@ -10,9 +16,9 @@ class UpdateControllerTest : public QObject {
 private Q_SLOTS:
     void needsBothAddressAndKey()
     {
-        const QUrl address(u"https://updates.example/feed.xml"_qs);
+        const QUrl address(u"https://updates.example/feed.xml"_s);
         const std::pair<std::optional<QUrl>, std::optional<QString>> incomplete[]{
-            {std::nullopt, u"key"_qs}, {address, std::nullopt}, {address, u""_qs}};
+            {std::nullopt, u"key"_s}, {address, std::nullopt}, {address, u""_s}};
         for (const auto& [feed, key] : incomplete) {
             UpdateController controller(feed, key, {});
             QVERIFY(!controller.isConfigured() && !controller.controller());
@@ -25,7 +31,7 @@ private Q_SLOTS:
     /// The key is not looked at before it is used.
     void startsACheck()
     {
-        UpdateController controller(QUrl(u"https://updates.example/feed.xml"_qs), u"key"_qs, {});
+        UpdateController controller(QUrl(u"https://updates.example/feed.xml"_s), u"key"_s, {});
         QVERIFY(controller.isConfigured());
         QCOMPARE(controller.controller()->state(), UpdateState());
         controller.checkForUpdates();

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // An item with all that it may hold: see SignUpdateTest.
 #include "services/update/UpdateFeedParser.h"
 
@@ -5,6 +7,8 @@
 #include "support/UpdatePublisher.h"
 
 #include <QtTest>
+
+using namespace Qt::StringLiterals;
 
 using namespace trovell;
 using namespace trovell::test;
@@ -59,14 +63,13 @@ private Q_SLOTS:
     void readsItemsInPieces()
     {
         for (int shift = 0; shift < 200; shift += 3) {
-            PublishedItem item{
-                .version = u" 2.1.0 "_qs, .length = u"5000000000"_qs, .signature = {}};
-            item.notes = QString(4'000 + shift, u'€') + u"\n  • x"_qs;
-            const auto items = parseUpdateFeed(feedOf({item, {.version = u"3"_qs}}));
+            PublishedItem item{.version = u" 2.1.0 "_s, .length = u"5000000000"_s, .signature = {}};
+            item.notes = QString(4'000 + shift, u'€') + u"\n  • x"_s;
+            const auto items = parseUpdateFeed(feedOf({item, {.version = u"3"_s}}));
             QVERIFY(items.has_value());
             QCOMPARE(items->size(), 2);
-            const UpdateItem expected{.version = version(u"2.1"_qs),
-                                      .shortVersion = u"2.1.0"_qs,
+            const UpdateItem expected{.version = version(u"2.1"_s),
+                                      .shortVersion = u"2.1.0"_s,
                                       .notes = item.notes,
                                       .address = QUrl(item.address),
                                       .lengthBytes = 5'000'000'000,
@@ -92,19 +95,18 @@ private Q_SLOTS:
     void refusesItems()
     {
         const auto refused = [](const PublishedItem& item) {
-            return isRefused(feedOf({{.version = u"1"_qs}, item}), UpdateError::feedMalformed);
+            return isRefused(feedOf({{.version = u"1"_s}, item}), UpdateError::feedMalformed);
         };
         QVERIFY(refused({.version = {}}));
-        QVERIFY(refused({.version = u"latest"_qs}));
-        for (const QString& length :
-             {u""_qs, u"0"_qs, u"-1"_qs, u"1e3"_qs, u"9223372036854775808"_qs})
+        QVERIFY(refused({.version = u"latest"_s}));
+        for (const QString& length : {u""_s, u"0"_s, u"-1"_s, u"1e3"_s, u"9223372036854775808"_s})
             QVERIFY2(refused({.length = length}), qPrintable(length));
         QVERIFY(refused({.shortVersion = QString(101, u'x')}));
         for (const QString& extra :
-             {u"<trovell:version>3</trovell:version>"_qs,
-              u"<description>a <b>b</b></description>"_qs, u"<description>&nbsp;</description>"_qs})
+             {u"<trovell:version>3</trovell:version>"_s, u"<description>a <b>b</b></description>"_s,
+              u"<description>&nbsp;</description>"_s})
             QVERIFY2(refused({.extra = extra}), qPrintable(extra));
-        QVERIFY(isRefused(feedOf({{}, {.version = u"2.0.0"_qs}}), UpdateError::feedRepeatsVersion));
+        QVERIFY(isRefused(feedOf({{}, {.version = u"2.0.0"_s}}), UpdateError::feedRepeatsVersion));
     }
 
     void refusesWhatIsNoFeed()
@@ -124,9 +126,8 @@ private Q_SLOTS:
 
     void refusesWhatIsTooMuch()
     {
-        const QString longNotes = u"<description>"_qs +
-                                  u"<![CDATA[xxxxxxxxxx]]> "_qs.repeated(9'000) +
-                                  u"</description>"_qs;
+        const QString longNotes =
+            u"<description>"_s + u"<![CDATA[xxxxxxxxxx]]> "_s.repeated(9'000) + u"</description>"_s;
         // The tag of a megabyte would take half a minute if the XML parser were given all of it at
         // once.
         for (const QByteArray& feed :
@@ -150,21 +151,21 @@ private Q_SLOTS:
                 published.append({.version = text.section(u'@', 0, 0),
                                   .minimumSystemVersion = text.section(u'@', 1, 1)});
             const auto items = parseUpdateFeed(feedOf(published));
-            const UpdateChoice made = chooseUpdate(*items, version(u"1.5"_qs), version(u"2.36"_qs));
+            const UpdateChoice made = chooseUpdate(*items, version(u"1.5"_s), version(u"2.36"_s));
             return made.item ? made.item->shortVersion : made.reason;
         };
-        QCOMPARE(choice({u"1.9"_qs, u"1.10"_qs, u"1.10-rc"_qs, u"0.1"_qs}), u"1.10"_qs);
-        QCOMPARE(choice({u"3@2.37"_qs, u"2@2.36"_qs}), u"2"_qs);
-        const QString newest = u"You have the newest version of Trovell."_qs;
+        QCOMPARE(choice({u"1.9"_s, u"1.10"_s, u"1.10-rc"_s, u"0.1"_s}), u"1.10"_s);
+        QCOMPARE(choice({u"3@2.37"_s, u"2@2.36"_s}), u"2"_s);
+        const QString newest = u"You have the newest version of Trovell."_s;
         QCOMPARE(choice({}), newest);
-        QCOMPARE(choice({u"1.5.0"_qs}), newest);
+        QCOMPARE(choice({u"1.5.0"_s}), newest);
         QCOMPARE(
-            choice({u"1.4"_qs, u"1.5-rc1"_qs}),
-            u"You have a newer version of Trovell than the newest one offered, which is 1.5-rc1."_qs);
+            choice({u"1.4"_s, u"1.5-rc1"_s}),
+            u"You have a newer version of Trovell than the newest one offered, which is 1.5-rc1."_s);
         QCOMPARE(
-            choice({u"2@2.37"_qs, u"1.4"_qs}),
+            choice({u"2@2.37"_s, u"1.4"_s}),
             u"Trovell 2 needs a newer system than this one. You have the newest version that runs "
-            u"here."_qs);
+            u"here."_s);
     }
 };
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The updater with a real https server: when all goes well, when the user changes their mind, and
 // what it refuses, in the right words and with nothing left on the disk.
 #include "services/update/UpdateFeedParser.h"
@@ -9,6 +11,8 @@
 #include <QtTest>
 
 #include <semaphore>
+
+using namespace Qt::StringLiterals;
 
 using namespace trovell;
 using namespace trovell::test;
@@ -99,9 +103,9 @@ const QList<Refusal> feedRefusals{
     {"too large", feed({.body = QByteArray(feedlimits::bytes + 1, ' '), .contentLength = -1}),
      UpdateError::feedTooLarge},
     {"entities", feed({.body = "<!DOCTYPE rss><rss/>"}), UpdateError::feedDeclaresEntities},
-    {"package address not secure", item(&PublishedItem::address, u"http://127.0.0.1/x.deb"_qs),
+    {"package address not secure", item(&PublishedItem::address, u"http://127.0.0.1/x.deb"_s),
      UpdateError::addressNotSecure},
-    {"malformed signature", item(&PublishedItem::signature, u"c2ln"_qs),
+    {"malformed signature", item(&PublishedItem::signature, u"c2ln"_s),
      UpdateError::signatureMalformed},
     {"package too large",
      [](UpdateWorld& world) { world.environment.maximumPackageBytes = world.package.size() - 1; },
@@ -143,7 +147,7 @@ const QList<Refusal> packageRefusals{
     {"redirect to http", redirected(UpdateWorld::packagePath, "http://127.0.0.1:1/x"),
      UpdateError::redirectNotSecure},
     {"no folder",
-     [](UpdateWorld& world) { world.environment.downloadFolder = u"/proc/trovell/update"_qs; },
+     [](UpdateWorld& world) { world.environment.downloadFolder = u"/proc/trovell/update"_s; },
      UpdateError::folderNotWritable},
 };
 
@@ -167,8 +171,7 @@ private Q_SLOTS:
             progress = state.progress;
         });
         check(*updater);
-        const AvailableUpdate expected{u"2.0"_qs, u"What is <b>new</b>"_qs,
-                                       m_world->package.size()};
+        const AvailableUpdate expected{u"2.0"_s, u"What is <b>new</b>"_s, m_world->package.size()};
         QCOMPARE(updater->state().update, expected);
         QCOMPARE(m_world->files(), QStringList());
         download(*updater);
@@ -182,7 +185,7 @@ private Q_SLOTS:
         QCOMPARE(phases, expectedPhases);
         // The installer may still be at work.
         updater.reset();
-        QCOMPARE(m_world->files(), QStringList{u"trovell-update-trovell-2.0_amd64.deb"_qs});
+        QCOMPARE(m_world->files(), QStringList{u"trovell-update-trovell-2.0_amd64.deb"_s});
         QCOMPARE(m_world->openedPackages.size(), 1);
         const QString package = m_world->openedPackages[0];
         QCOMPARE(QFile::permissions(package) & ~(QFile::ReadUser | QFile::WriteUser),
@@ -192,8 +195,8 @@ private Q_SLOTS:
 
     void tellsNothingAboutTheUser()
     {
-        m_world->server.redirect(u"/feed.xml"_qs, "/moved.xml");
-        m_world->server.serve(u"/moved.xml"_qs,
+        m_world->server.redirect(u"/feed.xml"_s, "/moved.xml");
+        m_world->server.serve(u"/moved.xml"_s,
                               {.body = feedOf({m_world->item}), .headers = {"ETag: \"1\""}});
         const auto updater = m_world->makeUpdater();
         for (int round = 0; round < 2; ++round) {
@@ -203,21 +206,21 @@ private Q_SLOTS:
         const QList<QByteArray> requests = m_world->server.requests();
         QCOMPARE(requests.size(), 4);
         for (const QByteArray& request : requests) {
-            QStringList lines = QString::fromLatin1(request).toLower().trimmed().split(u"\r\n"_qs);
+            QStringList lines = QString::fromLatin1(request).toLower().trimmed().split(u"\r\n"_s);
             lines.removeFirst();
             lines.sort();
             const QString host = m_world->server.url({}).authority();
             QCOMPARE(lines.join(u'|'),
                      u"accept-encoding: identity|accept-language: *|cache-control: no-cache|"
-                     "connection: keep-alive|host: "_qs +
-                         host + u"|pragma: no-cache|user-agent: trovell"_qs);
+                     "connection: keep-alive|host: "_s +
+                         host + u"|pragma: no-cache|user-agent: trovell"_s);
         }
     }
 
     void neverDowngrades()
     {
         const auto updater = m_world->makeUpdater();
-        for (const QString& offered : {u"1.4.9"_qs, u"1.5.0"_qs, u"1.5-rc1"_qs}) {
+        for (const QString& offered : {u"1.4.9"_s, u"1.5.0"_s, u"1.5-rc1"_s}) {
             m_world->changeItem(&PublishedItem::version, offered);
             check(*updater);
             QCOMPARE(updater->state().phase, Phase::upToDate);
@@ -339,8 +342,8 @@ private Q_SLOTS:
     {
         const TestAuthority stranger;
         const QSslConfiguration configurations[]{
-            m_authority.serverConfiguration(u"DNS:elsewhere.example"_qs),
-            stranger.serverConfiguration(u"IP:127.0.0.1"_qs)};
+            m_authority.serverConfiguration(u"DNS:elsewhere.example"_s),
+            stranger.serverConfiguration(u"IP:127.0.0.1"_s)};
         for (const QSslConfiguration& configuration : configurations) {
             m_world = std::make_unique<UpdateWorld>(m_authority, configuration);
             const auto updater = m_world->makeUpdater();
@@ -360,11 +363,11 @@ private Q_SLOTS:
         };
         const QUrl address = m_world->server.url(UpdateWorld::feedPath);
         const QString key = m_world->publisher.publicKey();
-        QCOMPARE(error(address, u"key"_qs, u"1"_qs), UpdateError::publicKeyMalformed);
-        QCOMPARE(error(address, key, u"unknown"_qs), UpdateError::programVersionUnknown);
-        for (const QString& text : {u""_qs, u"feed.xml"_qs, u"https:///feed.xml"_qs,
-                                    u"http://127.0.0.1/feed.xml"_qs, u"file:///etc/hostname"_qs})
-            QCOMPARE(error(QUrl(text), key, u"1"_qs), UpdateError::addressNotSecure);
+        QCOMPARE(error(address, u"key"_s, u"1"_s), UpdateError::publicKeyMalformed);
+        QCOMPARE(error(address, key, u"unknown"_s), UpdateError::programVersionUnknown);
+        for (const QString& text : {u""_s, u"feed.xml"_s, u"https:///feed.xml"_s,
+                                    u"http://127.0.0.1/feed.xml"_s, u"file:///etc/hostname"_s})
+            QCOMPARE(error(QUrl(text), key, u"1"_s), UpdateError::addressNotSecure);
         QVERIFY(m_world->server.requests().isEmpty());
     }
 
@@ -393,7 +396,7 @@ private:
 
     const TestAuthority m_authority;
     const QSslConfiguration m_serverConfiguration =
-        m_authority.serverConfiguration(u"IP:127.0.0.1"_qs);
+        m_authority.serverConfiguration(u"IP:127.0.0.1"_s);
     std::unique_ptr<UpdateWorld> m_world;
 };
 

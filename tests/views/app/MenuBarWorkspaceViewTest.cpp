@@ -1,15 +1,19 @@
+// SPDX-License-Identifier: MIT
+//
 // The tray menu: what its actions say, in which order, and what they do.
 #include "views/app/MenuBarWorkspaceView.h"
 #include "model/WorkspaceChoices.h"
 #include "views/support/ViewFixture.h"
+
+using namespace Qt::StringLiterals;
 
 using namespace trovell;
 using namespace trovell::test;
 
 namespace {
 
-const QStringList commands{u"-"_qs, u"Open Trovell"_qs, u"Check for Updates…"_qs, u"Settings…"_qs,
-                           u"-"_qs, u"Quit Trovell"_qs};
+const QStringList commands{u"-"_s, u"Open Trovell"_s, u"Check for Updates…"_s, u"Settings…"_s,
+                           u"-"_s, u"Quit Trovell"_s};
 
 } // namespace
 
@@ -30,25 +34,25 @@ private Q_SLOTS:
 
     void listsTheWorkspacesInTheirOrder()
     {
-        QCOMPARE(texts(), QStringList{u"No workspaces yet"_qs} + commands);
+        QCOMPARE(texts(), QStringList{u"No workspaces yet"_s} + commands);
         QVERIFY(!menu().actions().first()->isEnabled());
-        TrovellWorkspace& writing = m_fixture->addWorkspace(u"Writing"_qs);
-        TrovellWorkspace& review = m_fixture->addWorkspace(u"R&D\tand more"_qs);
+        TrovellWorkspace& writing = m_fixture->addWorkspace(u"Writing"_s);
+        TrovellWorkspace& review = m_fixture->addWorkspace(u"R&D\tand more"_s);
         writing.setShortcut(shortcuts().at(2));
         QTRY_COMPARE(texts(),
-                     (QStringList{u"Writing\tCtrl+Alt+2"_qs, u"R&&D and more"_qs} + commands));
+                     (QStringList{u"Writing\tCtrl+Alt+2"_s, u"R&&D and more"_s} + commands));
         QVERIFY(!menu().actions().first()->icon().isNull());
         review.setSortOrder(-1);
-        QTRY_COMPARE(texts().first(), u"R&&D and more"_qs);
+        QTRY_COMPARE(texts().first(), u"R&&D and more"_s);
     }
 
     void isCurrentWhenItIsShown()
     {
-        TrovellWorkspace& workspace = m_fixture->addWorkspace(u"Before"_qs);
-        QTRY_COMPARE(texts().first(), u"Before"_qs);
-        workspace.setName(u"After"_qs);
+        TrovellWorkspace& workspace = m_fixture->addWorkspace(u"Before"_s);
+        QTRY_COMPARE(texts().first(), u"Before"_s);
+        workspace.setName(u"After"_s);
         Q_EMIT menu().aboutToShow();
-        QCOMPARE(texts().first(), u"After"_qs);
+        QCOMPARE(texts().first(), u"After"_s);
         // It is not made anew without need: the desktop may hold its actions.
         const QPointer<QAction> shown = menu().actions().first();
         workspace.setUpdatedAt(QDateTime::currentDateTimeUtc().addSecs(60));
@@ -58,10 +62,10 @@ private Q_SLOTS:
 
     void startsWhatIsChosen()
     {
-        TrovellWorkspace& workspace = m_fixture->addWorkspace(u"Work"_qs);
-        const QUrl page(u"https://page.example/"_qs);
-        m_fixture->addItem(workspace, WorkspaceItemType::webLink, u"Page"_qs, page.toString());
-        QTRY_COMPARE(texts().first(), u"Work"_qs);
+        TrovellWorkspace& workspace = m_fixture->addWorkspace(u"Work"_s);
+        const QUrl page(u"https://page.example/"_s);
+        m_fixture->addItem(workspace, WorkspaceItemType::webLink, u"Page"_s, page.toString());
+        QTRY_COMPARE(texts().first(), u"Work"_s);
         menu().actions().first()->trigger();
         QTRY_COMPARE(m_fixture->resources->openedResources(), QList<QUrl>{page});
 
@@ -75,11 +79,11 @@ private Q_SLOTS:
 
     void changesLanguage()
     {
-        m_fixture->addWorkspace(u"Work"_qs);
-        m_fixture->environment().words.setLanguage(u"en-XA"_qs);
-        QCOMPARE(texts().first(), u"Work"_qs);
+        m_fixture->addWorkspace(u"Work"_s);
+        m_fixture->environment().words.setLanguage(u"en-XA"_s);
+        QCOMPARE(texts().first(), u"Work"_s);
         for (const QString& text : texts().sliced(1))
-            QVERIFY2(text == u"-"_qs || text.startsWith(u'⟦'), qPrintable(text));
+            QVERIFY2(text == u"-"_s || text.startsWith(u'⟦'), qPrintable(text));
     }
 
 private:
@@ -88,7 +92,7 @@ private:
     {
         QStringList texts;
         for (const QAction* action : menu().actions())
-            texts += action->isSeparator() ? u"-"_qs : action->text();
+            texts += action->isSeparator() ? u"-"_s : action->text();
         return texts;
     }
 

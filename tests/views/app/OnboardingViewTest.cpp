@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The guide of the first run, as a person goes through it, over the root of the main window.
 #include "views/app/OnboardingView.h"
 #include "app/PreferenceStore.h"
@@ -6,13 +8,15 @@
 #include "views/support/Controls.h"
 #include "views/support/ViewFixture.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace trovell;
 using namespace trovell::test;
 using Step = OnboardingView::Step;
 
 namespace {
 
-const QString completedKey = u"onboarding.completed"_qs;
+const QString completedKey = u"onboarding.completed"_s;
 
 } // namespace
 
@@ -29,7 +33,7 @@ private Q_SLOTS:
 
     void isShownUntilItWasSeen()
     {
-        for (const QJsonValue& stored : {QJsonValue(), QJsonValue(false), QJsonValue(u"true"_qs),
+        for (const QJsonValue& stored : {QJsonValue(), QJsonValue(false), QJsonValue(u"true"_s),
                                          QJsonValue(1), QJsonValue(true)}) {
             init();
             if (!stored.isNull())
@@ -53,30 +57,30 @@ private Q_SLOTS:
             if (isGrantedElsewhere)
                 Q_EMIT qGuiApp->applicationStateChanged(Qt::ApplicationActive);
             else
-                click(*m_guide, u"Request Permission"_qs);
+                click(*m_guide, u"Request Permission"_s);
             QCOMPARE(m_guide->step(), Step::firstWorkspace);
-            QCOMPARE(m_guide->focusWidget(), find(*m_guide, u"Create Workspace"_qs));
+            QCOMPARE(m_guide->focusWidget(), find(*m_guide, u"Create Workspace"_s));
         }
     }
 
     void goesOnWithoutAccess()
     {
         open();
-        click(*m_guide, u"Continue"_qs);
-        QVERIFY(!find(*m_guide, u"Continue"_qs));
-        click(*m_guide, u"Continue Without Layout"_qs);
+        click(*m_guide, u"Continue"_s);
+        QVERIFY(!find(*m_guide, u"Continue"_s));
+        click(*m_guide, u"Continue Without Layout"_s);
         QCOMPARE(m_guide->step(), Step::firstWorkspace);
         // Only the page itself has a way forward.
-        QVERIFY(!find(*m_guide, u"Continue"_qs) && !find(*m_guide, u"Continue Without Layout"_qs));
-        click(*m_guide, u"Back"_qs);
+        QVERIFY(!find(*m_guide, u"Continue"_s) && !find(*m_guide, u"Continue Without Layout"_s));
+        click(*m_guide, u"Back"_s);
         QCOMPARE(m_guide->step(), Step::permission);
-        click(*m_guide, u"Back"_qs);
+        click(*m_guide, u"Back"_s);
         QCOMPARE(m_guide->step(), Step::welcome);
         // Granted after the guide came: Continue has to look again.
         m_fixture->windows->trusted = true;
-        click(*m_guide, u"Continue"_qs);
+        click(*m_guide, u"Continue"_s);
         QCOMPARE(m_guide->step(), Step::firstWorkspace);
-        click(*m_guide, u"Back"_qs);
+        click(*m_guide, u"Back"_s);
         QCOMPARE(m_guide->step(), Step::welcome);
     }
 
@@ -84,11 +88,11 @@ private Q_SLOTS:
     {
         m_fixture->windows->trusted = true;
         open();
-        click(*m_guide, u"Continue"_qs);
-        QVERIFY(find(*m_guide, u"Create Workspace"_qs));
-        m_fixture->addWorkspace(u"Work"_qs);
-        QTRY_VERIFY(find(*m_guide, u"Open Trovell"_qs));
-        click(*m_guide, u"Open Trovell"_qs);
+        click(*m_guide, u"Continue"_s);
+        QVERIFY(find(*m_guide, u"Create Workspace"_s));
+        m_fixture->addWorkspace(u"Work"_s);
+        QTRY_VERIFY(find(*m_guide, u"Open Trovell"_s));
+        click(*m_guide, u"Open Trovell"_s);
         QVERIFY(isCompleted());
         QCOMPARE(workspaces().size(), 1);
     }
@@ -107,21 +111,21 @@ private Q_SLOTS:
         open();
         QTest::keyClick(m_guide, Qt::Key_Return);
         m_fixture->refuseSaving();
-        click(*m_guide, u"Create Workspace"_qs);
-        QCOMPARE(answeredAlert(*m_guide), QStringList({u"Workspace Could Not Be Saved"_qs,
+        click(*m_guide, u"Create Workspace"_s);
+        QCOMPARE(answeredAlert(*m_guide), QStringList({u"Workspace Could Not Be Saved"_s,
                                                        description(StoreError::diskFull)}));
         QCOMPARE(m_guide->step(), Step::firstWorkspace);
         QVERIFY(!isCompleted() && workspaces().isEmpty());
 
         m_fixture->allowSaving();
-        QTest::keyClick(find(*m_guide, u"Create Workspace"_qs), Qt::Key_Return);
+        QTest::keyClick(find(*m_guide, u"Create Workspace"_s), Qt::Key_Return);
         QTRY_VERIFY(!m_guide);
         QVERIFY(isCompleted() && !m_fixture->context().hasChanges());
         QCOMPARE(workspaces().size(), 1);
         const TrovellWorkspace& made = *workspaces().first();
-        QCOMPARE(made.name(), u"My Workspace"_qs);
-        QCOMPARE(made.symbolName(), u"rectangle.3.group"_qs);
-        QCOMPARE(made.accentIdentifier(), u"blue"_qs);
+        QCOMPARE(made.name(), u"My Workspace"_s);
+        QCOMPARE(made.symbolName(), u"rectangle.3.group"_s);
+        QCOMPARE(made.accentIdentifier(), u"blue"_s);
         QVERIFY(!made.shortcut() && !made.lastLaunchedAt() && made.itemCount() == 0);
     }
 
@@ -130,14 +134,14 @@ private Q_SLOTS:
         open();
         Localization& words = m_fixture->environment().words;
         QCOMPARE(languageProblems(*m_guide, words), QString());
-        click(*m_guide, u"Continue"_qs);
+        click(*m_guide, u"Continue"_s);
         QCOMPARE(languageProblems(*m_guide, words), QString());
-        click(*m_guide, u"Read the privacy explanation"_qs);
+        click(*m_guide, u"Read the privacy explanation"_s);
         auto* privacy = sheetOver<PrivacyView>(*m_guide);
         QCOMPARE(languageProblems(*privacy, words), QString());
         QTest::keyClick(privacy, Qt::Key_Escape);
         QVERIFY(!privacy->isVisible());
-        click(*m_guide, u"Continue Without Layout"_qs);
+        click(*m_guide, u"Continue Without Layout"_s);
         QCOMPARE(m_guide->step(), Step::firstWorkspace);
         QCOMPARE(languageProblems(*m_guide, words), QString());
     }

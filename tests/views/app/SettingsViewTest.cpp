@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The settings as a person changes them, and as they follow what is changed elsewhere.
 #include "views/app/SettingsView.h"
 #include "app/PreferenceStore.h"
@@ -8,6 +10,8 @@
 #include "views/style/SymbolLink.h"
 #include "views/support/Controls.h"
 #include "views/support/ViewFixture.h"
+
+using namespace Qt::StringLiterals;
 
 using namespace trovell;
 using namespace trovell::test;
@@ -39,7 +43,7 @@ private Q_SLOTS:
 
     void endsWithTheLastWindowWhereThereIsNoIcon()
     {
-        Switch& icon = toggle(u"Show menu bar icon"_qs);
+        Switch& icon = toggle(u"Show menu bar icon"_s);
         Switch& keep = toggle(m_keepRunning);
         icon.click();
         QVERIFY(!preferences().showMenuBarItem() && !keep.isChecked());
@@ -57,14 +61,14 @@ private Q_SLOTS:
     void showsWhatTheDesktopMadeOfTheLoginItem()
     {
         FakeLoginItemSystem& item = *m_fixture->loginItem;
-        Switch& control = toggle(u"Launch Trovell at login"_qs);
-        item.failure = u"Autostart is locked."_qs;
+        Switch& control = toggle(u"Launch Trovell at login"_s);
+        item.failure = u"Autostart is locked."_s;
         QTest::mouseClick(&control, Qt::LeftButton);
-        QVERIFY(!control.isChecked() && shows(u"Autostart is locked."_qs));
+        QVERIFY(!control.isChecked() && shows(u"Autostart is locked."_s));
         item.failure.reset();
         item.registered = LoginItemStatus::requiresApproval; // The user keeps it off.
         QTest::mouseClick(&control, Qt::LeftButton);
-        QVERIFY(!control.isChecked() && !shows(u"Autostart is locked."_qs));
+        QVERIFY(!control.isChecked() && !shows(u"Autostart is locked."_s));
         item.registered = LoginItemStatus::enabled;
         QTest::mouseClick(&control, Qt::LeftButton);
         QVERIFY(control.isChecked());
@@ -74,11 +78,11 @@ private Q_SLOTS:
 
     void storesTheTimeoutAndShowsAnyStoredOne()
     {
-        auto* slider = find<Slider>(*m_view, u"Workspace launch timeout"_qs);
+        auto* slider = find<Slider>(*m_view, u"Workspace launch timeout"_s);
         const auto shown = [this] {
             QString texts;
             for (const QLabel* label : m_view->findChildren<QLabel*>()) {
-                if (label->isVisible() && label->text().startsWith(u"Current timeout"_qs))
+                if (label->isVisible() && label->text().startsWith(u"Current timeout"_s))
                     texts += label->text();
             }
             return texts;
@@ -86,11 +90,11 @@ private Q_SLOTS:
         QTest::mouseClick(slider, Qt::LeftButton, {},
                           QPoint(int(slider->positionOf(8)), slider->height() / 2));
         QCOMPARE(preferences().launchTimeout(), 8.0);
-        QCOMPARE(shown(), u"Current timeout: 8 seconds"_qs);
+        QCOMPARE(shown(), u"Current timeout: 8 seconds"_s);
         QSignalSpy writes(&preferences(), &AppPreferences::launchTimeoutChanged);
         for (const auto& [seconds, position, text] :
-             {std::tuple{12345.9, 12, u"Current timeout: 12345 seconds"_qs},
-              {-2.7, 8, u"Current timeout: -2 seconds"_qs},
+             {std::tuple{12345.9, 12, u"Current timeout: 12345 seconds"_s},
+              {-2.7, 8, u"Current timeout: -2 seconds"_s},
               {1e19, 12, QString()},
               {qInf(), 12, QString()},
               {qQNaN(), 8, QString()}}) {
@@ -104,17 +108,17 @@ private Q_SLOTS:
     void checksForUpdatesWhereTheyAreConfigured()
     {
         m_view->showPage(Page::updates);
-        QVERIFY(!toggle(u"Automatically check for updates"_qs).isEnabled());
+        QVERIFY(!toggle(u"Automatically check for updates"_s).isEnabled());
         AppConfiguration configuration = appConfiguration();
-        configuration.sparkleAppcastURL = QUrl(u"https://updates.example/feed.xml"_qs);
-        configuration.sparklePublicKey = u"no key at all"_qs;
+        configuration.sparkleAppcastURL = QUrl(u"https://updates.example/feed.xml"_s);
+        configuration.sparklePublicKey = u"no key at all"_s;
         show(configuration);
         m_view->showPage(Page::updates);
         const Updater* updater = m_fixture->dependencies().updateController().controller();
         QSignalSpy checks(updater, &Updater::checkRequested);
-        click(*m_view, u"Check Now"_qs);
+        click(*m_view, u"Check Now"_s);
         QCOMPARE(checks.size(), 1);
-        QTest::mouseClick(&toggle(u"Automatically check for updates"_qs), Qt::LeftButton);
+        QTest::mouseClick(&toggle(u"Automatically check for updates"_s), Qt::LeftButton);
         QVERIFY(!preferences().automaticallyCheckForUpdates());
     }
 
@@ -136,7 +140,7 @@ private Q_SLOTS:
     void changesLanguageWhileItIsOpen()
     {
         // The last two are those of the tab bar itself, which it never shows here.
-        QStringList data{u"Trovell"_qs, u"Scroll Left"_qs, u"Scroll Right"_qs};
+        QStringList data{u"Trovell"_s, u"Scroll Left"_s, u"Scroll Right"_s};
         for (const AppLanguage named : allLanguages().sliced(1))
             data += displayName(named);
         for (const Page page : {Page::general, Page::updates, Page::about}) {
@@ -162,7 +166,7 @@ private:
 
     std::unique_ptr<ViewFixture> m_fixture;
     std::unique_ptr<SettingsView> m_view;
-    const QString m_keepRunning = u"Keep Trovell running after closing the main window"_qs;
+    const QString m_keepRunning = u"Keep Trovell running after closing the main window"_s;
 };
 
 QTEST_MAIN(SettingsViewTest)

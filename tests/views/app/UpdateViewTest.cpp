@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The update window over the real updater and a real https server.
 #include "views/app/UpdateView.h"
 #include "support/TestAuthority.h"
@@ -7,6 +9,8 @@
 #include "views/style/ProgressBar.h"
 #include "views/support/Controls.h"
 #include "views/support/ViewFixture.h"
+
+using namespace Qt::StringLiterals;
 
 using namespace trovell;
 using namespace trovell::test;
@@ -21,7 +25,7 @@ private Q_SLOTS:
     {
         m_fixture = std::make_unique<ViewFixture>();
         m_world = std::make_unique<UpdateWorld>(
-            *m_authority, m_authority->serverConfiguration(u"IP:127.0.0.1"_qs));
+            *m_authority, m_authority->serverConfiguration(u"IP:127.0.0.1"_s));
         m_updater = m_world->makeUpdater();
         m_view = std::make_unique<UpdateView>(m_fixture->environment(), *m_updater);
         connect(m_updater.get(), &Updater::checkRequested, m_view.get(), &QWidget::show);
@@ -38,18 +42,18 @@ private Q_SLOTS:
     void leadsToTheInstaller()
     {
         check(*m_updater);
-        QVERIFY(announced().startsWith(u"Trovell 2.0 is available"_qs));
+        QVERIFY(announced().startsWith(u"Trovell 2.0 is available"_s));
         QCOMPARE(clippedTexts(*m_view), QStringList());
         // Markup in the notes is shown as it stands.
         QCOMPARE(m_view->findChild<NotesArea*>()->findChild<QLabel*>()->accessibleName(),
-                 u"What is <b>new</b>"_qs);
+                 u"What is <b>new</b>"_s);
         QTest::keyClick(m_view.get(), Qt::Key_Return);
         QCOMPARE(m_updater->state().phase, Phase::downloading);
         QVERIFY(m_view->findChild<ProgressBar*>()->isVisible());
         wait(*m_updater);
         QCOMPARE(m_updater->state().phase, Phase::ready);
-        QVERIFY(announced().startsWith(u"Trovell 2.0 is ready to install"_qs));
-        click(*m_view, u"Install"_qs);
+        QVERIFY(announced().startsWith(u"Trovell 2.0 is ready to install"_s));
+        click(*m_view, u"Install"_s);
         QCOMPARE(m_world->openedPackages.size(), 1);
         QTest::keyClick(m_view.get(), Qt::Key_Return);
         QVERIFY(!m_view->isVisible());
@@ -64,7 +68,7 @@ private Q_SLOTS:
         QCOMPARE(m_updater->state(), UpdateState());
         QVERIFY(!m_view->isVisible());
         // No failure is told where the user ended it.
-        QVERIFY(announced().startsWith(u"Checking for updates"_qs));
+        QVERIFY(announced().startsWith(u"Checking for updates"_s));
     }
 
     void closingKeepsNothingThatWasNotInstalled()
@@ -72,7 +76,7 @@ private Q_SLOTS:
         check(*m_updater);
         download(*m_updater);
         QCOMPARE(m_world->files().size(), 1);
-        click(*m_view, u"Later"_qs);
+        click(*m_view, u"Later"_s);
         QVERIFY(m_world->files().isEmpty());
     }
 
@@ -81,9 +85,9 @@ private Q_SLOTS:
         m_world->serveFeed({.status = 500});
         check(*m_updater);
         QVERIFY(find<QLabel>(*m_view, description(UpdateError::serverRefused)));
-        QVERIFY(find(*m_view, u"Close"_qs));
+        QVERIFY(find(*m_view, u"Close"_s));
         m_world->publish();
-        click(*m_view, u"Try Again"_qs);
+        click(*m_view, u"Try Again"_s);
         wait(*m_updater);
         QCOMPARE(m_updater->state().phase, Phase::available);
     }
@@ -91,8 +95,8 @@ private Q_SLOTS:
     void everyPhaseHasItsWords()
     {
         Localization& words = m_fixture->environment().words;
-        words.setLanguage(u"en-XA"_qs);
-        UpdateState state{.update = {u"2.0"_qs, {}, 45'200'000}, .error = UpdateError::diskFull};
+        words.setLanguage(u"en-XA"_s);
+        UpdateState state{.update = {u"2.0"_s, {}, 45'200'000}, .error = UpdateError::diskFull};
         for (const auto phase :
              {Phase::checking, Phase::upToDate, Phase::available, Phase::downloading,
               Phase::verifying, Phase::ready, Phase::failed}) {

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Finding and using controls as a person does: by what they show. Main thread.
 #pragma once
 
@@ -10,6 +12,8 @@
 #include <algorithm>
 
 namespace trovell::test {
+
+using namespace Qt::StringLiterals;
 
 /// The visible control that shows or is named `text`; null when there is none.
 template <class Control = QAbstractButton> Control* find(const QWidget& root, const QString& text)
@@ -46,7 +50,7 @@ inline QStringList answeredAlert(const QWidget& widget)
     if (!alert)
         return {};
     const QStringList said{alert->accessibleName(), alert->accessibleDescription()};
-    click(*alert, u"OK"_qs);
+    click(*alert, u"OK"_s);
     return said;
 }
 
@@ -92,15 +96,15 @@ inline QString languageProblems(const QWidget& view, Localization& words,
                                 const QStringList& data = {})
 {
     QStringList problems;
-    for (const QString& language : {u"en-XA"_qs, u"ar-XB"_qs}) {
+    for (const QString& language : {u"en-XA"_s, u"ar-XB"_s}) {
         words.setLanguage(language);
         QTest::qWait(20); // Lists are filled little by little.
         (void)QTest::qWaitFor([&] { return clippedTexts(view).isEmpty(); });
         problems += clippedTexts(view) + textsNotLookedUp(view, data);
         if (view.layoutDirection() != words.layoutDirection())
-            problems += u"the direction of "_qs + language;
+            problems += u"the direction of "_s + language;
     }
-    words.setLanguage(u"en"_qs);
+    words.setLanguage(u"en"_s);
     return problems.join(u'|');
 }
 

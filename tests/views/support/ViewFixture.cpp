@@ -1,16 +1,20 @@
+// SPDX-License-Identifier: MIT
+
 #include "views/support/ViewFixture.h"
 
 #include <QApplication>
 
 namespace trovell::test {
 
+using namespace Qt::StringLiterals;
+
 ViewFixture::ViewFixture(const AppConfiguration& configuration)
     : m_configuration(configuration),
-      m_words({QStringLiteral(TROVELL_TEST_LANGUAGES), QStringLiteral(":/trovell/translations")})
+      m_words({QString::fromUtf8(TROVELL_TEST_LANGUAGES), u":/trovell/translations"_s})
 {
     m_visual.install(*qApp);
     m_visual.setAnimationReduced(true);
-    m_words.setLanguage(u"en"_qs);
+    m_words.setLanguage(u"en"_s);
     m_window.resize(1180, 760);
 }
 
@@ -26,14 +30,14 @@ TrovellWorkspace& ViewFixture::addWorkspace(const QString& name)
 WorkspaceItem& ViewFixture::addItem(TrovellWorkspace& workspace, WorkspaceItemType type,
                                     const QString& displayName, const QString& urlString)
 {
-    const QString url = urlString.isEmpty() ? u"file:///nowhere/"_qs + displayName : urlString;
+    const QString url = urlString.isEmpty() ? u"file:///nowhere/"_s + displayName : urlString;
     WorkspaceItemValues values{.typeRawValue = rawValue(type),
                                .displayName = displayName,
                                .sortOrder = workspace.itemCount(),
                                .urlString = url};
     if (type == WorkspaceItemType::application) {
         values.bundleIdentifier = displayName;
-        values.applicationPath = folder.filePath(displayName + u".desktop"_qs);
+        values.applicationPath = folder.filePath(displayName + u".desktop"_s);
         values.urlString = QUrl::fromLocalFile(*values.applicationPath).toString();
     }
     WorkspaceItem& added = workspace.appendItem(std::make_unique<WorkspaceItem>(values));
@@ -46,9 +50,9 @@ WindowPlacement& ViewFixture::addPlacement(TrovellWorkspace& workspace,
 {
     WindowPlacementValues values{.bundleIdentifier = bundleIdentifier,
                                  .applicationName = bundleIdentifier,
-                                 .windowTitleHint = bundleIdentifier + u" window"_qs,
-                                 .windowRole = u"AXWindow"_qs,
-                                 .windowSubrole = u"AXStandardWindow"_qs,
+                                 .windowTitleHint = bundleIdentifier + u" window"_s,
+                                 .windowRole = u"AXWindow"_s,
+                                 .windowSubrole = u"AXStandardWindow"_s,
                                  .normalizedX = 0.25,
                                  .normalizedY = 0.25,
                                  .normalizedWidth = 0.5,

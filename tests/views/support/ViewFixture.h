@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // A product without a desktop: the real store in a folder of its own, the real services over a
 // scripted desktop, and the look and words that views need. Main thread.
 #pragma once
@@ -13,13 +15,15 @@
 #include "support/FakeWindowSystem.h"
 #include "support/StoreContents.h"
 #include "support/StoreFaultVfs.h"
-#include "views/ViewEnvironment.h"
-#include "views/workspace/ApplicationIcons.h"
+#include "views/shared/ApplicationIcons.h"
+#include "views/shared/ViewEnvironment.h"
 
 #include <QMainWindow>
 #include <QTemporaryDir>
 
 namespace trovell::test {
+
+using namespace Qt::StringLiterals;
 
 class ViewFixture {
     /// Before the pointers to what is put into it.
@@ -71,11 +75,11 @@ public:
 private:
     StoreFaultVfs m_disk;
     const AppConfiguration m_configuration;
-    PreferenceStore m_defaults{folder.filePath(u"preferences.json"_qs)};
+    PreferenceStore m_defaults{folder.filePath(u"preferences.json"_s)};
     VisualStyle m_visual;
     Localization m_words;
     std::unique_ptr<WorkspaceStore> m_store =
-        openStore(folder.filePath(u"store"_qs), {.vfsName = m_disk.name()});
+        openStore(folder.filePath(u"store"_s), {.vfsName = m_disk.name()});
     AppDependencies m_dependencies{m_platform, m_defaults, clock, m_configuration};
     WorkspaceQuery m_query{context()};
     ApplicationIcons m_icons{*resources};

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "Stage.h"
 
 #include "views/style/ActionButton.h"
@@ -20,6 +22,8 @@
 #include <QTest>
 
 #include <memory>
+
+using namespace Qt::StringLiterals;
 
 using namespace trovell;
 
@@ -48,29 +52,29 @@ private Q_SLOTS:
             QVERIFY2(part(widget)->role() == role, widget->metaObject()->className());
             QCOMPARE(nameOf(widget), name);
         };
-        check(new PushButton(m_visual, u"Save"_qs), QAccessible::Button, u"Save"_qs);
-        check(new TextField(m_visual, u"Name"_qs, u"Workspace name"_qs), QAccessible::EditableText,
-              u"Name"_qs);
-        check(new ProgressRing(m_visual, u"Reading"_qs), QAccessible::ProgressBar, u"Reading"_qs);
-        check(new Slider(m_visual, u"Time"_qs, 8, 12, {}, {}), QAccessible::Slider, u"Time"_qs);
-        check(new Picker(m_visual, u"Shortcut"_qs, 180), QAccessible::ComboBox, u"Shortcut"_qs);
-        check(new Switch(m_visual, u"Open & stay"_qs), QAccessible::CheckBox, u"Open & stay"_qs);
-        check(new CheckBox(m_visual, u"Keep"_qs), QAccessible::CheckBox, u"Keep"_qs);
-        check(new TextLabel(m_visual, u"Q&A"_qs), QAccessible::StaticText, u"Q&A"_qs);
-        check(new SelectableLabel(m_visual, u"a < b"_qs), QAccessible::StaticText, u"a < b"_qs);
-        auto* starting = new ActionButton(m_visual, u"play.fill"_qs, u"Start"_qs, u"Opens"_qs);
-        starting->setBusyTitle(u"Starting…"_qs);
-        check(starting, QAccessible::Button, u"Starting…"_qs);
+        check(new PushButton(m_visual, u"Save"_s), QAccessible::Button, u"Save"_s);
+        check(new TextField(m_visual, u"Name"_s, u"Workspace name"_s), QAccessible::EditableText,
+              u"Name"_s);
+        check(new ProgressRing(m_visual, u"Reading"_s), QAccessible::ProgressBar, u"Reading"_s);
+        check(new Slider(m_visual, u"Time"_s, 8, 12, {}, {}), QAccessible::Slider, u"Time"_s);
+        check(new Picker(m_visual, u"Shortcut"_s, 180), QAccessible::ComboBox, u"Shortcut"_s);
+        check(new Switch(m_visual, u"Open & stay"_s), QAccessible::CheckBox, u"Open & stay"_s);
+        check(new CheckBox(m_visual, u"Keep"_s), QAccessible::CheckBox, u"Keep"_s);
+        check(new TextLabel(m_visual, u"Q&A"_s), QAccessible::StaticText, u"Q&A"_s);
+        check(new SelectableLabel(m_visual, u"a < b"_s), QAccessible::StaticText, u"a < b"_s);
+        auto* starting = new ActionButton(m_visual, u"play.fill"_s, u"Start"_s, u"Opens"_s);
+        starting->setBusyTitle(u"Starting…"_s);
+        check(starting, QAccessible::Button, u"Starting…"_s);
         PopupMenu menu(m_visual);
-        auto* actions = new SymbolButton(m_visual, u"ellipsis.circle"_qs, u"Workspace Actions"_qs);
+        auto* actions = new SymbolButton(m_visual, u"ellipsis.circle"_s, u"Workspace Actions"_s);
         actions->setMenu(&menu);
-        check(actions, QAccessible::ButtonMenu, u"Workspace Actions"_qs);
+        check(actions, QAccessible::ButtonMenu, u"Workspace Actions"_s);
         auto* banner = new BannerFrame(m_visual, BannerFrame::Kind::success);
-        banner->announce(u"Writing layout updated."_qs);
-        check(banner, QAccessible::AlertMessage, u"Writing layout updated."_qs);
-        auto* warning = new SymbolView(m_visual, u"exclamationmark.triangle.fill"_qs, 18);
-        warning->setAccessibleName(u"Resource is missing"_qs);
-        check(warning, QAccessible::Graphic, u"Resource is missing"_qs);
+        banner->announce(u"Writing layout updated."_s);
+        check(banner, QAccessible::AlertMessage, u"Writing layout updated."_s);
+        auto* warning = new SymbolView(m_visual, u"exclamationmark.triangle.fill"_s, 18);
+        warning->setAccessibleName(u"Resource is missing"_s);
+        check(warning, QAccessible::Graphic, u"Resource is missing"_s);
     }
 
     void decorationsAreHidden()
@@ -78,7 +82,7 @@ private Q_SLOTS:
         Stage stage;
         const QList<QWidget*> decorations{stage.add(new Divider(m_visual)),
                                           stage.add(new TrovellBrandMark(m_visual, 40)),
-                                          stage.add(new SymbolView(m_visual, u"lock.fill"_qs, 20))};
+                                          stage.add(new SymbolView(m_visual, u"lock.fill"_s, 20))};
         stage.open();
         for (QWidget* decoration : decorations) {
             QVERIFY(part(decoration)->state().invisible);
@@ -89,25 +93,25 @@ private Q_SLOTS:
     void choicesAreRadioButtons()
     {
         Stage stage;
-        auto* row = stage.add(new IconChoiceRow(m_visual, u"Icon"_qs, {u"book"_qs, u"hammer"_qs}));
-        row->setSelected(u"book"_qs);
+        auto* row = stage.add(new IconChoiceRow(m_visual, u"Icon"_s, {u"book"_s, u"hammer"_s}));
+        row->setSelected(u"book"_s);
         stage.open();
         QCOMPARE(part(row)->role(), QAccessible::Grouping);
-        QCOMPARE(nameOf(row), u"Icon"_qs);
+        QCOMPARE(nameOf(row), u"Icon"_s);
         QAccessibleInterface* hammer = part(row)->child(1);
         QCOMPARE(hammer->role(), QAccessible::RadioButton);
-        QCOMPARE(hammer->text(QAccessible::Name), u"hammer"_qs);
+        QCOMPARE(hammer->text(QAccessible::Name), u"hammer"_s);
         QVERIFY(part(row)->child(0)->state().checked && !hammer->state().checked);
         hammer->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
         QTRY_VERIFY(!part(row)->child(0)->state().checked && hammer->state().checked);
-        QCOMPARE(row->selected(), u"hammer"_qs);
+        QCOMPARE(row->selected(), u"hammer"_s);
     }
 
     void focusRingFollows()
     {
         Stage stage;
-        auto* button = stage.add(new PushButton(m_visual, u"Button"_qs));
-        auto* field = stage.add(new TextField(m_visual, u"Field"_qs));
+        auto* button = stage.add(new PushButton(m_visual, u"Button"_s));
+        auto* field = stage.add(new TextField(m_visual, u"Field"_s));
         stage.open();
         button->setFocus();
         // Outside the button, beyond a gap of two pixels.

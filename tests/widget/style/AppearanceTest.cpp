@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "Stage.h"
 
 #include "views/style/ActionButton.h"
@@ -16,12 +18,14 @@
 #include <QSignalSpy>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace trovell;
 
 namespace {
 
 const QString longText =
-    u"Keep Trovell running after closing the main window, for the time being"_qs;
+    u"Keep Trovell running after closing the main window, for the time being"_s;
 
 } // namespace
 
@@ -35,7 +39,7 @@ private Q_SLOTS:
         Stage stage;
         auto* card = stage.add(new TrovellCardModifier(m_visual));
         card->setMinimumHeight(60);
-        auto* field = stage.add(new TextField(m_visual, u"Name"_qs));
+        auto* field = stage.add(new TextField(m_visual, u"Name"_s));
         stage.open();
         const auto colors = [&] {
             return QList<QColor>{shownColor(stage, {4, 4}), shownColor(*card, {30, 30}),
@@ -63,14 +67,14 @@ private Q_SLOTS:
     /// it.
     void nothingElidesAtItsOwnSize()
     {
-        Picker picker(m_visual, u"Language"_qs, 40);
-        picker.addItem(u"Português (Brasil)"_qs);
-        ActionButton action(m_visual, u"play.fill"_qs, u"Start"_qs,
-                            u"Open everything and restore the layout"_qs);
-        SymbolLink link(m_visual, u"gearshape"_qs, u"Settings"_qs);
-        CheckBox box(m_visual, u"Add as launch item"_qs);
-        LinkButton locate(m_visual, u"Locate Again"_qs);
-        TextLabel label(m_visual, u"Workspaces"_qs, TextRole::caption);
+        Picker picker(m_visual, u"Language"_s, 40);
+        picker.addItem(u"Português (Brasil)"_s);
+        ActionButton action(m_visual, u"play.fill"_s, u"Start"_s,
+                            u"Open everything and restore the layout"_s);
+        SymbolLink link(m_visual, u"gearshape"_s, u"Settings"_s);
+        CheckBox box(m_visual, u"Add as launch item"_s);
+        LinkButton locate(m_visual, u"Locate Again"_s);
+        TextLabel label(m_visual, u"Workspaces"_s, TextRole::caption);
         const auto painted = [](QWidget& control, int extra) {
             const QSize wanted = control.sizeHint();
             control.setFixedSize(wanted + QSize(extra, 0));
@@ -108,13 +112,13 @@ private Q_SLOTS:
 
     void fontFactor()
     {
-        QCOMPARE(desktopFontFactor(-1, u"XFCE"_qs), 1.0);
+        QCOMPARE(desktopFontFactor(-1, u"XFCE"_s), 1.0);
         QCOMPARE(desktopFontFactor(9, {}), 1.0);
-        QCOMPARE(desktopFontFactor(11, u"ubuntu:GNOME"_qs), 1.0);
-        QCOMPARE(desktopFontFactor(9, u"KDE"_qs), 0.9);
-        QCOMPARE(desktopFontFactor(13, u"XFCE"_qs), 1.3);
-        QCOMPARE(desktopFontFactor(24, u"KDE"_qs), 1.5);
-        QCOMPARE(desktopFontFactor(5, u"KDE"_qs), 0.9);
+        QCOMPARE(desktopFontFactor(11, u"ubuntu:GNOME"_s), 1.0);
+        QCOMPARE(desktopFontFactor(9, u"KDE"_s), 0.9);
+        QCOMPARE(desktopFontFactor(13, u"XFCE"_s), 1.3);
+        QCOMPARE(desktopFontFactor(24, u"KDE"_s), 1.5);
+        QCOMPARE(desktopFontFactor(5, u"KDE"_s), 0.9);
     }
 
 private:

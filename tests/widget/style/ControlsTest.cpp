@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "Stage.h"
 
 #include "views/style/ActionButton.h"
@@ -12,6 +14,8 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QWheelEvent>
+
+using namespace Qt::StringLiterals;
 
 using namespace trovell;
 
@@ -51,10 +55,10 @@ private Q_SLOTS:
     void aRowIsOneTabStopWithArrows()
     {
         Stage stage;
-        auto* before = stage.add(new PushButton(m_visual, u"Before"_qs));
-        auto* row = stage.add(new IconChoiceRow(m_visual, u"Icon"_qs, m_names));
-        auto* after = stage.add(new PushButton(m_visual, u"After"_qs));
-        row->setSelected(u"terminal"_qs);
+        auto* before = stage.add(new PushButton(m_visual, u"Before"_s));
+        auto* row = stage.add(new IconChoiceRow(m_visual, u"Icon"_s, m_names));
+        auto* after = stage.add(new PushButton(m_visual, u"After"_s));
+        row->setSelected(u"terminal"_s);
         stage.open();
         before->setFocus();
         const auto isReachedBy = [](Qt::Key key, const QWidget* widget) {
@@ -66,7 +70,7 @@ private Q_SLOTS:
         QVERIFY(isReachedBy(Qt::Key_Right, choices[0]));
         QVERIFY(isReachedBy(Qt::Key_Left, choices[2]));
         QVERIFY(isReachedBy(Qt::Key_Left, choices[1]));
-        QCOMPARE(row->selected(), u"terminal"_qs);
+        QCOMPARE(row->selected(), u"terminal"_s);
         QVERIFY(isReachedBy(Qt::Key_Tab, after));
         QVERIFY(isReachedBy(Qt::Key_Backtab, choices[1]));
         stage.setLayoutDirection(Qt::RightToLeft);
@@ -77,17 +81,17 @@ private Q_SLOTS:
         choices[0]->setFocus();
         for (int i = 0; i < 2; ++i)
             QTest::keyClick(choices[0], Qt::Key_Space);
-        QCOMPARE(row->selected(), u"book"_qs);
+        QCOMPARE(row->selected(), u"book"_s);
         QTest::mouseClick(choices[1], Qt::LeftButton);
-        QCOMPARE(row->selected(), u"hammer"_qs);
+        QCOMPARE(row->selected(), u"hammer"_s);
         QCOMPARE(chosen.size(), 2);
     }
 
     void pickerChoosesByKeys()
     {
         Stage stage;
-        auto* picker = stage.add(new Picker(m_visual, u"Shortcut"_qs, 180));
-        picker->addItems({u"None"_qs, u"Ctrl+Alt+1"_qs, u"Ctrl+Alt+2"_qs});
+        auto* picker = stage.add(new Picker(m_visual, u"Shortcut"_s, 180));
+        picker->addItems({u"None"_s, u"Ctrl+Alt+1"_s, u"Ctrl+Alt+2"_s});
         stage.open();
         QSignalSpy activated(picker, &QComboBox::activated);
         picker->setFocus();
@@ -107,12 +111,12 @@ private Q_SLOTS:
     void menuOfAButtonOpensBelowAndSkipsWhatCannotBeChosen()
     {
         Stage stage;
-        auto* button = stage.add(new PushButton(m_visual, u"More"_qs));
+        auto* button = stage.add(new PushButton(m_visual, u"More"_s));
         PopupMenu menu(m_visual);
-        menu.addAction(u"A much longer entry than the button"_qs);
-        menu.addAction(u"Clear"_qs)->setEnabled(false);
+        menu.addAction(u"A much longer entry than the button"_s);
+        menu.addAction(u"Clear"_s)->setEnabled(false);
         menu.addSeparator();
-        QAction* remove = menu.addDestructiveAction(u"Delete"_qs);
+        QAction* remove = menu.addDestructiveAction(u"Delete"_s);
         button->setMenu(&menu, Qt::AlignRight);
         stage.move(200, 100);
         stage.open();
@@ -135,7 +139,7 @@ private Q_SLOTS:
     {
         PopupMenu menu(m_visual);
         for (int i = 0; i < 6; ++i)
-            menu.addAction(u"Entry %1"_qs.arg(i));
+            menu.addAction(u"Entry %1"_s.arg(i));
         const QRect screen = menu.screen()->availableGeometry();
         menu.openAt(screen.bottomRight() - QPoint(4, 4));
         QVERIFY(screen.contains(panelOf(menu)));
@@ -146,10 +150,10 @@ private Q_SLOTS:
     {
         Stage stage;
         const QList<QAbstractButton*> buttons{
-            stage.add(new PushButton(m_visual, u"Save"_qs)),
-            stage.add(new LinkButton(m_visual, u"Locate Again"_qs)),
-            stage.add(new SymbolButton(m_visual, u"trash"_qs, u"Remove"_qs)),
-            stage.add(new ActionButton(m_visual, u"play.fill"_qs, u"Start"_qs, u"Opens"_qs))};
+            stage.add(new PushButton(m_visual, u"Save"_s)),
+            stage.add(new LinkButton(m_visual, u"Locate Again"_s)),
+            stage.add(new SymbolButton(m_visual, u"trash"_s, u"Remove"_s)),
+            stage.add(new ActionButton(m_visual, u"play.fill"_s, u"Start"_s, u"Opens"_s))};
         stage.open();
         for (QAbstractButton* button : buttons) {
             QSignalSpy clicked(button, &QAbstractButton::clicked);
@@ -167,7 +171,7 @@ private Q_SLOTS:
     void sliderSteps()
     {
         Stage stage;
-        auto* slider = stage.add(new Slider(m_visual, u"Timeout"_qs, 8, 12, u"8s"_qs, u"12s"_qs));
+        auto* slider = stage.add(new Slider(m_visual, u"Timeout"_s, 8, 12, u"8s"_s, u"12s"_s));
         slider->setValue(10);
         stage.open();
         const auto valueAfter = [slider](Qt::Key key) {
@@ -185,7 +189,7 @@ private Q_SLOTS:
 
 private:
     const StillStyle m_visual;
-    const QStringList m_names{u"book"_qs, u"hammer"_qs, u"terminal"_qs};
+    const QStringList m_names{u"book"_s, u"hammer"_s, u"terminal"_s};
 };
 
 QTEST_MAIN(ControlsTest)

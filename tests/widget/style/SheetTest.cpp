@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "Stage.h"
 
 #include "views/style/Alert.h"
@@ -13,6 +15,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace trovell;
 
 namespace {
@@ -20,14 +24,14 @@ namespace {
 /// A small form in a sheet, as for renaming.
 struct Form {
     Form(const VisualStyle& visual, QWidget* window)
-        : sheet(new Sheet(visual, window, u"Rename"_qs)), body(new QWidget)
+        : sheet(new Sheet(visual, window, u"Rename"_s)), body(new QWidget)
     {
         auto* column = new QVBoxLayout(body);
         column->setContentsMargins(24, 24, 24, 24);
-        field = new TextField(visual, u"Name"_qs);
-        box = new CheckBox(visual, u"Also the folder"_qs);
-        cancel = new PushButton(visual, u"Cancel"_qs);
-        save = new PushButton(visual, u"Rename"_qs, PushButton::Kind::prominent);
+        field = new TextField(visual, u"Name"_s);
+        box = new CheckBox(visual, u"Also the folder"_s);
+        cancel = new PushButton(visual, u"Cancel"_s);
+        save = new PushButton(visual, u"Rename"_s, PushButton::Kind::prominent);
         for (QWidget* widget : std::initializer_list<QWidget*>{field, box, cancel, save})
             column->addWidget(widget);
         sheet->setBody(body);
@@ -67,8 +71,8 @@ private Q_SLOTS:
     void init()
     {
         m_window = std::make_unique<Stage>();
-        m_opener = m_window->add(new PushButton(m_visual, u"Open"_qs));
-        m_window->add(new PushButton(m_visual, u"Other"_qs));
+        m_opener = m_window->add(new PushButton(m_visual, u"Open"_s));
+        m_window->add(new PushButton(m_visual, u"Other"_s));
         m_window->move(100, 100);
         m_window->open({500, 400});
         m_opener->setFocus();
@@ -108,12 +112,12 @@ private Q_SLOTS:
             [](Form& form) {
                 const QPoint corner = form.sheet->boxRect().topRight();
                 QWidget* cross = form.sheet->childAt(corner + QPoint(-28, 28));
-                QCOMPARE(cross->accessibleName(), u"Cancel"_qs);
+                QCOMPARE(cross->accessibleName(), u"Cancel"_s);
                 QTest::mouseClick(cross, Qt::LeftButton);
             }};
         for (const auto& cancel : ways) {
             Form form(m_visual, m_window.get());
-            form.sheet->showCloseButton(u"Cancel"_qs);
+            form.sheet->showCloseButton(u"Cancel"_s);
             form.open();
             QVERIFY(!m_opener->hasFocus());
             QSignalSpy rejected(form.sheet, &QDialog::rejected);
@@ -173,10 +177,10 @@ private Q_SLOTS:
     {
         QString message;
         for (int words = 1; words <= 100; ++words) {
-            message += u"i "_qs;
-            Alert alert(m_visual, m_window.get(), u"Could Not Be Saved"_qs, message);
+            message += u"i "_s;
+            Alert alert(m_visual, m_window.get(), u"Could Not Be Saved"_s, message);
             alert.setAttribute(Qt::WA_DeleteOnClose, false);
-            alert.addButton(u"OK"_qs, Alert::Role::confirm);
+            alert.addButton(u"OK"_s, Alert::Role::confirm);
             alert.open();
             QApplication::processEvents();
             auto* area = alert.findChild<ScrollArea*>();

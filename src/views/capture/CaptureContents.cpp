@@ -1,0 +1,195 @@
+// SPDX-License-Identifier: MIT
+
+#include "views/capture/CaptureContents.h"
+
+#include "views/capture/CapturedApplicationCard.h"
+#include "views/capture/CaptureDraft.h"
+#include "views/capture/CaptureFields.h"
+#include "views/capture/RetainedPlacementRow.h"
+#include "views/shared/GradualColumn.h"
+#include "views/style/Divider.h"
+#include "views/style/SymbolView.h"
+#include "views/style/TextField.h"
+#include "views/style/TextLabel.h"
+#include "views/style/TrovellCardModifier.h"
+
+#include <QVBoxLayout>
+
+namespace trovell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int padding = 24;
+constexpr int sectionGap = 24;
+constexpr int headingGap = 10;
+constexpr int captionGap = 2;
+constexpr int notePadding = 11;
+constexpr int noteSymbolSize = 18;
+constexpr int noteGap = 10;
+constexpr int emptySymbolSize = 32;
+constexpr int emptyMargin = 26;
+constexpr int emptySymbolGap = 10;
+
+QVBoxLayout* makeSection(QWidget* section, int gap)
+{
+    auto* column = new QVBoxLayout(section);
+    column->setContentsMargins({});
+    column->setSpacing(gap);
+    return column;
+}
+
+} // namespace
+
+CaptureContents::CaptureContents(const ViewEnvironment& environment, CapturePurpose purpose,
+                                 bool appsOnly, CaptureDraft& draft)
+    : m_environment(environment), m_draft(draft), m_sections(new QVBoxLayout(this))
+{
+    m_sections->setContentsMargins(padding, padding, padding, padding);
+    m_sections->setSpacing(sectionGap);
+    if (purpose != CapturePurpose::update)
+        addFields();
+    if (appsOnly)
+        addAppsOnlyNote();
+    addApplications(purpose, appsOnly);
+    if (!draft.retainedPlacements.isEmpty())
+        addRetainedPlacements();
+    m_sections->addStretch();
+    connect(this, &CaptureContents::changed, this, &CaptureContents::showSelectedCount);
+}
+
+void CaptureContents::addFields()
+{
+    auto* fields = new CaptureFields(m_environment, m_draft);
+    connect(fields, &CaptureFields::changed, this, &CaptureContents::changed);
+    m_nameField = fields->name();
+    m_sections->addWidget(fields);
+}
+
+void CaptureContents::addAppsOnlyNote()
+{
+    const VisualStyle& visual = m_environment.visual;
+    auto* card = new TrovellCardModifier(visual);
+    card->setContentsMargins(2 + notePadding, notePadding, 2 + notePadding, notePadding);
+    auto* row = new QHBoxLayout(card);
+    row->setContentsMargins({});
+    row->setSpacing(noteGap);
+    auto* text = new TextLabel(visual, {}, TextRole::caption, ColorToken::labelSecondary);
+    text->setWordWrap(true);
+    m_environment.words.renderText(
+        text,
+        u"Only application launch items will be saved. Grant Accessibility access later, arrange the windows, then use Save Layout."_key);
+    row->addWidget(new SymbolView(visual, u"info.circle"_s, noteSymbolSize));
+    row->addWidget(text, 1);
+    m_sections->addWidget(card);
+}
+
+void CaptureContents::addApplications(CapturePurpose purpose, bool appsOnly)
+{
+    auto* section = new QWidget;
+    QVBoxLayout* column = makeSection(section, headingGap);
+    column->addWidget(makeApplicationsHeading());
+    m_sections->addWidget(section);
+    if (m_draft.applications.isEmpty()) {
+        column->addWidget(makeNoApplicationsCard());
+        return;
+    }
+    const auto makeCard = [this, purpose, appsOnly](qsizetype index) {
+        auto* card = new CapturedApplicationCard(m_environment, purpose, appsOnly,
+                                                 m_draft.applications, index);
+        connect(card, &CapturedApplicationCard::changed, this, &CaptureContents::changed);
+        return card;
+    };
+    column->addWidget(new GradualColumn(m_draft.applications.size(), makeCard));
+}
+
+QWidget* CaptureContents::makeApplicationsHeading()
+{
+    auto* heading = new QWidget;
+    auto* row = new QHBoxLayout(heading);
+    row->setContentsMargins({});
+    m_selectedCount =
+        new TextLabel(m_environment.visual, {}, TextRole::callout, ColorToken::labelSecondary);
+    m_selectedCount->setElides(false);
+    m_environment.words.render(m_selectedCount, [this] { showSelectedCount(); });
+    row->addWidget(makeHeading(u"Detected Applications"_key), 1);
+    row->addWidget(m_selectedCount);
+    return heading;
+}
+
+QWidget* CaptureContents::makeNoApplicationsCard()
+{
+    const VisualStyle& visual = m_environment.visual;
+    auto* card = new TrovellCardModifier(visual);
+    auto* column = new QVBoxLayout(card);
+    column->setContentsMargins(0, emptyMargin - padding / 2, 0, emptyMargin - padding / 2);
+    column->setSpacing(0);
+    column->addWidget(new SymbolView(visual, u"macwindow.on.rectangle"_s, emptySymbolSize,
+                                     ColorToken::labelSecondary),
+                      0, Qt::AlignHCenter);
+    column->addSpacing(emptySymbolGap);
+    TextLabel* title = makeHeading(u"No workspace application windows are open"_key);
+    auto* text = new TextLabel(visual, {}, TextRole::callout, ColorToken::labelSecondary);
+    m_environment.words.renderText(
+        text, u"Existing positions listed below will remain saved unless you remove them."_key);
+    for (TextLabel* label : {title, text}) {
+        label->setWordWrap(true);
+        label->setAlignment(Qt::AlignHCenter);
+        column->addWidget(label);
+    }
+    return card;
+}
+
+void CaptureContents::addRetainedPlacements()
+{
+    auto* section = new QWidget;
+    QVBoxLayout* column = makeSection(section, captionGap);
+    auto* text =
+        new TextLabel(m_environment.visual, {}, TextRole::callout, ColorToken::labelSecondary);
+    text->setWordWrap(true);
+    m_environment.words.renderText(
+        text,
+        u"These applications are closed or their saved windows are not open. Their previous positions are kept by default."_key);
+    column->addWidget(makeHeading(u"Not Currently Detected"_key));
+    column->addWidget(text);
+    column->addSpacing(headingGap - captionGap);
+    column->addWidget(makeRetainedCard());
+    m_sections->addWidget(section);
+}
+
+QWidget* CaptureContents::makeRetainedCard()
+{
+    auto* card = new TrovellCardModifier(m_environment.visual);
+    card->setPadding(0);
+    m_environment.words.render(card, [&words = m_environment.words, card] {
+        card->setAccessibleName(words.text(u"Not Currently Detected"_key));
+    });
+    QVBoxLayout* column = makeSection(card, 0);
+    for (qsizetype index = 0; index < m_draft.retainedPlacements.size(); ++index) {
+        if (index > 0)
+            column->addWidget(new Divider(m_environment.visual));
+        auto* row = new RetainedPlacementRow(m_environment, m_draft.retainedPlacements[index]);
+        connect(row, &RetainedPlacementRow::keptChanged, this, [this, index](bool isKept) {
+            m_draft.retainedPlacements[index].isKept = isKept;
+            Q_EMIT changed();
+        });
+        column->addWidget(row);
+    }
+    return card;
+}
+
+TextLabel* CaptureContents::makeHeading(TextKey<> key)
+{
+    auto* heading = new TextLabel(m_environment.visual, {}, TextRole::headline);
+    m_environment.words.renderText(heading, key);
+    return heading;
+}
+
+void CaptureContents::showSelectedCount()
+{
+    m_selectedCount->setText(m_environment.words.text(
+        phrases::selectedCount, includedApplicationCount(m_draft.applications)));
+}
+
+} // namespace trovell

@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+
+#include "views/capture/CaptureFields.h"
+
+#include "views/capture/CaptureDraft.h"
+#include "views/shared/WorkspaceChoiceControls.h"
+#include "views/style/ChoiceRow.h"
+#include "views/style/Picker.h"
+#include "views/style/TextField.h"
+#include "views/style/TextLabel.h"
+#include "views/style/TrovellCardModifier.h"
+
+#include <QGridLayout>
+
+namespace trovell {
+
+namespace {
+
+constexpr int headingGap = 10;
+constexpr int fieldGap = 28;
+constexpr int rowGap = 12;
+constexpr int captionGap = 26;
+constexpr int pickerGap = 12;
+
+} // namespace
+
+CaptureFields::CaptureFields(const ViewEnvironment& environment, CaptureDraft& draft)
+    : m_environment(environment)
+{
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins({});
+    column->setSpacing(headingGap);
+    auto* heading = new TextLabel(environment.visual, {}, TextRole::headline);
+    environment.words.renderText(heading, u"Workspace"_key);
+    auto* card = new TrovellCardModifier(environment.visual);
+    auto* cardColumn = new QVBoxLayout(card);
+    cardColumn->setContentsMargins({});
+    cardColumn->setSpacing(fieldGap);
+    addName(card, draft);
+    addChoices(card, draft);
+    environment.words.render(card, [&words = environment.words, card] {
+        card->setAccessibleName(words.text(u"Workspace"_key));
+    });
+    column->addWidget(heading);
+    column->addWidget(card);
+}
+
+void CaptureFields::addName(TrovellCardModifier* card, CaptureDraft& draft)
+{
+    m_name = new TextField(m_environment.visual, {});
+    m_name->setText(draft.name);
+    const Localization& words = m_environment.words;
+    words.render(m_name, [&words, field = m_name] {
+        field->setPlaceholderText(words.text(u"Workspace name"_key));
+        field->setAccessibleName(words.text(u"Workspace name"_key));
+    });
+    connect(m_name, &QLineEdit::textChanged, this, [this, &draft](const QString& text) {
+        draft.name = text;
+        Q_EMIT changed();
+    });
+    card->layout()->addWidget(m_name);
+}
+
+void CaptureFields::addChoices(TrovellCardModifier* card, CaptureDraft& draft)
+{
+    auto* controls =
+        new WorkspaceChoiceControls(m_environment, draft.choices, u"No Shortcut"_key, card);
+    connect(controls, &WorkspaceChoiceControls::choicesChanged, this, [this, &draft, controls] {
+        draft.choices = controls->choices();
+        Q_EMIT changed();
+    });
+    auto* accentRow = new QHBoxLayout;
+    accentRow->setSpacing(pickerGap);
+    accentRow->addWidget(controls->accents());
+    accentRow->addStretch();
+    accentRow->addWidget(makeCaption(u"Shortcut"_key));
+    accentRow->addWidget(controls->shortcut());
+    auto* grid = new QGridLayout;
+    grid->setHorizontalSpacing(captionGap);
+    grid->setVerticalSpacing(rowGap);
+    grid->setColumnStretch(1, 1);
+    grid->addWidget(makeCaption(u"Icon"_key), 0, 0);
+    grid->addWidget(controls->icons(), 0, 1, Qt::AlignLeft);
+    grid->addWidget(makeCaption(u"Accent"_key), 1, 0);
+    grid->addLayout(accentRow, 1, 1);
+    static_cast<QVBoxLayout*>(card->layout())->addLayout(grid);
+}
+
+TextLabel* CaptureFields::makeCaption(TextKey<> key)
+{
+    auto* caption =
+        new TextLabel(m_environment.visual, {}, TextRole::body, ColorToken::labelSecondary);
+    caption->setElides(false);
+    m_environment.words.renderText(caption, key);
+    return caption;
+}
+
+} // namespace trovell

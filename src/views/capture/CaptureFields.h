@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+//
+// The name, look and key of a workspace that is captured. Main thread.
+#pragma once
+
+#include "views/shared/ViewEnvironment.h"
+
+#include <QWidget>
+
+namespace trovell {
+
+class TextField;
+class TextLabel;
+class TrovellCardModifier;
+class WorkspaceChoiceControls;
+struct CaptureDraft;
+
+/// Writes what is typed and chosen into the draft.
+class CaptureFields : public QWidget {
+    Q_OBJECT
+
+public:
+    /// `draft` outlives the fields.
+    CaptureFields(const ViewEnvironment& environment, CaptureDraft& draft);
+
+    [[nodiscard]] TextField* name() const { return m_name; }
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    void addName(TrovellCardModifier* card, CaptureDraft& draft);
+    void addChoices(TrovellCardModifier* card, CaptureDraft& draft);
+    TextLabel* makeCaption(TextKey<> key);
+
+    const ViewEnvironment m_environment;
+    TextField* m_name = nullptr;
+};
+
+} // namespace trovell

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+
+#include "views/capture/CapturedWindowRow.h"
+
+#include "views/capture/CaptureWindowMiniature.h"
+#include "views/shared/ViewEnvironment.h"
+#include "views/style/CheckBox.h"
+#include "views/style/TextLabel.h"
+#include "windows/CapturedApplication.h"
+
+#include <QHBoxLayout>
+
+namespace trovell {
+
+namespace {
+
+constexpr int trailingMargin = 16;
+// Of the miniature to the rules above and below.
+constexpr int verticalMargin = 8;
+
+} // namespace
+
+CapturedWindowRow::CapturedWindowRow(const ViewEnvironment& environment,
+                                     const CapturedWindow& window, QAbstractButton* toggle,
+                                     const Look& look)
+{
+    const VisualStyle& visual = environment.visual;
+    auto* miniature = new CaptureWindowMiniature(visual, window, look.miniature);
+    auto* title =
+        new TextLabel(visual, window.windowTitle.value_or(QString()), look.role, look.color);
+    title->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    forwardClicks(*title, *toggle);
+    forwardClicks(*miniature, *toggle);
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(look.leadingMargin, verticalMargin, trailingMargin, verticalMargin);
+    row->setSpacing(look.gap);
+    row->addWidget(toggle);
+    row->addWidget(miniature);
+    row->addWidget(title);
+    setMinimumHeight(visual.tokens().size(Tokens::Size::captureWindowRow));
+    if (window.windowTitle) {
+        toggle->setAccessibleName(*window.windowTitle);
+        return;
+    }
+    const Localization& words = environment.words;
+    words.render(this, [&words, title, toggle] {
+        title->setText(words.text(u"Untitled Window"_key));
+        toggle->setAccessibleName(title->text());
+    });
+}
+
+} // namespace trovell

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+
+#include "views/detail/AccessibilityBanner.h"
+
+#include "views/shared/WrappingRow.h"
+#include "views/style/PushButton.h"
+#include "views/style/SymbolView.h"
+#include "views/style/TextLabel.h"
+
+#include <QHBoxLayout>
+
+namespace trovell {
+
+using namespace Qt::StringLiterals;
+
+AccessibilityBanner::AccessibilityBanner(const ViewEnvironment& environment, QWidget* parent)
+    : BannerFrame(environment.visual, Kind::warning, parent), m_environment(environment)
+{
+    setVisible(false);
+    const VisualStyle& visual = environment.visual;
+    auto* symbol =
+        new SymbolView(visual, u"exclamationmark.shield.fill"_s, 24, ColorToken::warningIcon);
+    auto* title = new TextLabel(visual, {}, TextRole::headline);
+    auto* explanation = new TextLabel(visual, {}, TextRole::callout, ColorToken::labelSecondary);
+    title->setWordWrap(true);
+    explanation->setWordWrap(true);
+
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(2);
+    texts->addWidget(title);
+    texts->addWidget(explanation);
+    texts->addSpacing(8);
+    texts->addLayout(buildButtons());
+
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(17, 15, 17, 15);
+    row->setSpacing(12);
+    row->addWidget(symbol, 0, Qt::AlignTop);
+    row->addLayout(texts, 1);
+
+    environment.words.render(this, [this, title, explanation, &words = environment.words] {
+        title->setText(words.text(u"Window restore is paused"_key));
+        explanation->setText(words.text(
+            u"Workspace items will still open. Allow Accessibility access to restore the saved layout."_key));
+        setAccessibleName(title->text());
+    });
+}
+
+QLayout* AccessibilityBanner::buildButtons()
+{
+    constexpr int gap = 8;
+    auto* row = new WrappingRow(gap);
+    AccessibilityPermissionManager& accessibility = m_environment.dependencies.accessibility();
+    const auto add = [&](TextKey<> key, void (AccessibilityPermissionManager::*action)()) {
+        auto* button = new PushButton(m_environment.visual, {}, PushButton::Kind::bordered,
+                                      PushButton::Scale::small);
+        m_environment.words.renderText(button, key);
+        connect(button, &QAbstractButton::clicked, &accessibility, action);
+        row->addWidget(button);
+    };
+    add(u"Request Access"_key, &AccessibilityPermissionManager::requestAccess);
+    add(u"Open Settings"_key, &AccessibilityPermissionManager::openSystemSettings);
+    add(u"Try Again"_key, &AccessibilityPermissionManager::refresh);
+    return row;
+}
+
+void AccessibilityBanner::setShown(bool isShown)
+{
+    const bool isNew = isShown && isHidden();
+    setVisible(isShown);
+    if (isNew && isVisible())
+        announce(accessibleName());
+}
+
+} // namespace trovell

@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: MIT
+
+#include "views/detail/WorkspaceDetailHeader.h"
+
+#include "model/TrovellWorkspace.h"
+#include "views/detail/DetailHeaderLayout.h"
+#include "views/style/ActionButton.h"
+#include "views/style/SymbolButton.h"
+#include "views/style/SymbolView.h"
+#include "views/style/TextLabel.h"
+
+#include <QApplication>
+#include <QVBoxLayout>
+
+namespace trovell {
+
+using namespace Qt::StringLiterals;
+
+WorkspaceDetailHeader::WorkspaceDetailHeader(const ViewEnvironment& environment, QWidget* parent)
+    : QWidget(parent), m_environment(environment),
+      m_tile(new SymbolView(environment.visual, {}, 26)),
+      m_name(new TextLabel(environment.visual, {}, TextRole::detailTitle)),
+      m_counts(new TextLabel(environment.visual, {}, TextRole::body, ColorToken::labelSecondary)),
+      m_saveLayout(new ActionButton(environment.visual, u"square.and.arrow.down"_s, {}, {})),
+      m_start(new ActionButton(environment.visual, u"play.fill"_s, {}, {},
+                               ActionButton::Kind::prominent)),
+      m_menuButton(new SymbolButton(environment.visual, u"ellipsis.circle"_s, {}))
+{
+    m_tile->setTile(52, environment.visual.radius(Radius::tile));
+    auto* layout = new DetailHeaderLayout(this);
+    layout->addWidget(m_tile);
+    layout->addWidget(buildTexts());
+    layout->addWidget(m_saveLayout);
+    layout->addWidget(m_start);
+    layout->addWidget(m_menuButton);
+    buildMenu();
+    connect(m_saveLayout, &QAbstractButton::clicked, this,
+            &WorkspaceDetailHeader::updateLayoutRequested);
+    connect(m_start, &QAbstractButton::clicked, this, &WorkspaceDetailHeader::startRequested);
+    environment.words.render(this, [this] { showTexts(); });
+}
+
+QWidget* WorkspaceDetailHeader::buildTexts()
+{
+    m_name->setWordWrap(true);
+    m_counts->setWordWrap(true);
+    auto* texts = new QWidget;
+    auto* column = new QVBoxLayout(texts);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(m_name);
+    column->addWidget(m_counts);
+    return texts;
+}
+
+void WorkspaceDetailHeader::buildMenu()
+{
+    using Header = WorkspaceDetailHeader;
+    auto* menu = new PopupMenu(m_environment.visual, this);
+    addMenuAction(*menu, u"Edit Workspace"_key, &Header::editRequested);
+    addMenuAction(*menu, u"Save as New Workspace"_key, &Header::saveAsNewRequested);
+    addMenuAction(*menu, u"Duplicate Workspace"_key, &Header::duplicateRequested);
+    addMenuAction(*menu, u"Rename"_key, &Header::renameRequested);
+    addMenuAction(*menu, u"Clear Saved Layout"_key, &Header::clearLayoutRequested);
+    m_clearLayout = menu->actions().last();
+    menu->addSeparator();
+    addMenuAction(*menu, u"Delete Workspace"_key, &Header::deleteRequested);
+    setDestructive(*menu->actions().last(), true);
+    m_menuButton->setMenu(menu, Qt::AlignRight);
+}
+
+void WorkspaceDetailHeader::addMenuAction(PopupMenu& menu, TextKey<> key,
+                                          void (WorkspaceDetailHeader::*request)())
+{
+    QAction* const action = menu.addAction(QString());
+    m_environment.words.renderText(action, key);
+    connect(action, &QAction::triggered, this, request);
+}
+
+void WorkspaceDetailHeader::showWorkspace(const TrovellWorkspace& workspace)
+{
+    m_tile->setSymbol(workspace.symbolName());
+    m_name->setText(workspace.name());
+    m_activeItemCount = workspace.enabledItemCount();
+    m_savedWindowCount = workspace.enabledPlacementCount();
+    m_hasItems = workspace.itemCount() > 0;
+    m_clearLayout->setEnabled(workspace.placementCount() > 0);
+    showTexts();
+    updateStart();
+}
+
+void WorkspaceDetailHeader::setLaunching(bool isLaunching)
+{
+    m_isLaunching = isLaunching;
+    showTexts();
+    updateStart();
+}
+
+void WorkspaceDetailHeader::setTrusted(bool isTrusted)
+{
+    m_isTrusted = isTrusted;
+    showTexts();
+}
+
+void WorkspaceDetailHeader::showTexts()
+{
+    const Localization& words = m_environment.words;
+    m_counts->setText(
+        words.text(phrases::activeItemsAndSavedWindows, m_activeItemCount, m_savedWindowCount));
+    m_saveLayout->setTexts(words.text(u"Save Layout"_key),
+                           words.text(u"Remember current window positions"_key));
+    m_saveLayout->setToolTip(
+        words.text(m_isTrusted ? u"Save the current size and position of open windows"_key
+                               : u"Allow Accessibility access to save window positions"_key));
+    m_start->setTexts(words.text(u"Start Workspace"_key),
+                      words.text(u"Open everything and restore the layout"_key));
+    m_start->setBusyTitle(m_isLaunching ? words.text(u"Starting…"_key) : QString());
+    m_menuButton->setAccessibleName(words.text(u"Workspace Actions"_key));
+    m_menuButton->setToolTip(m_menuButton->accessibleName());
+}
+
+/// A disabled button gives the keyboard focus away. It gets it back unless the user went on.
+void WorkspaceDetailHeader::updateStart()
+{
+    const bool hadFocus = m_start->hasFocus();
+    m_start->setEnabled(m_hasItems && !m_isLaunching);
+    QWidget* const focused = QApplication::focusWidget();
+    if (hadFocus && focused != m_start)
+        m_focusSubstitute = focused;
+    if (!m_start->isEnabled() || !m_focusSubstitute)
+        return;
+    if (focused == m_focusSubstitute)
+        m_start->setFocus(Qt::OtherFocusReason);
+    m_focusSubstitute.clear();
+}
+
+} // namespace trovell

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+//
+// The head of the detail view: the workspace's name and counts, and what can be done with it. Main
+// thread.
+#pragma once
+
+#include "views/shared/ViewEnvironment.h"
+
+#include <QPointer>
+#include <QWidget>
+
+class QAction;
+
+namespace trovell {
+
+class ActionButton;
+class PopupMenu;
+class SymbolButton;
+class SymbolView;
+class TextLabel;
+
+class WorkspaceDetailHeader : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit WorkspaceDetailHeader(const ViewEnvironment& environment, QWidget* parent = nullptr);
+
+    void showWorkspace(const TrovellWorkspace& workspace);
+    /// `isLaunching` whatever workspace it is that is being started.
+    void setLaunching(bool isLaunching);
+    void setTrusted(bool isTrusted);
+
+Q_SIGNALS:
+    void updateLayoutRequested();
+    void startRequested();
+    void editRequested();
+    void saveAsNewRequested();
+    void duplicateRequested();
+    void renameRequested();
+    void clearLayoutRequested();
+    void deleteRequested();
+
+private:
+    QWidget* buildTexts();
+    void buildMenu();
+    void addMenuAction(PopupMenu& menu, TextKey<> key, void (WorkspaceDetailHeader::*request)());
+    void showTexts();
+    void updateStart();
+
+    ViewEnvironment m_environment;
+    bool m_hasItems = false;
+    bool m_isLaunching = false;
+    bool m_isTrusted = false;
+    qint64 m_activeItemCount = 0;
+    qint64 m_savedWindowCount = 0;
+    /// What the keyboard focus went to when the start button was disabled under it.
+    QPointer<QWidget> m_focusSubstitute;
+
+    SymbolView* m_tile;
+    TextLabel* m_name;
+    TextLabel* m_counts;
+    ActionButton* m_saveLayout;
+    ActionButton* m_start;
+    SymbolButton* m_menuButton;
+    QAction* m_clearLayout = nullptr;
+};
+
+} // namespace trovell

@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: MIT
+
+#include "views/detail/WorkspaceDetailView.h"
+
+#include "model/TrovellWorkspace.h"
+#include "views/detail/AccessibilityBanner.h"
+#include "views/detail/LaunchReportBanner.h"
+#include "views/detail/LayoutPreview.h"
+#include "views/detail/WorkspaceDetailHeader.h"
+#include "views/detail/WorkspaceItemsCard.h"
+#include "views/detail/WorkspaceNoticeBanner.h"
+#include "views/shared/WorkspaceStart.h"
+#include "views/style/Divider.h"
+#include "views/style/ScrollArea.h"
+
+#include <QGuiApplication>
+#include <QScrollBar>
+#include <QTimer>
+#include <QVBoxLayout>
+
+namespace trovell {
+
+namespace {
+
+constexpr int margin = 24;
+constexpr int blockGap = 20;
+constexpr int cardGap = 16;
+// In the window's usual size the items are 541 wide and the layout 330.
+constexpr int itemsShare = 541;
+constexpr int previewShare = 330;
+constexpr int narrowestPreview = 270;
+constexpr int widestPreview = 400;
+
+} // namespace
+
+WorkspaceDetailView::WorkspaceDetailView(const ViewEnvironment& environment, QWidget* parent)
+    : QWidget(parent), m_environment(environment), m_scrollArea(new ScrollArea),
+      m_header(new WorkspaceDetailHeader(environment)),
+      m_noticeBanner(new WorkspaceNoticeBanner(environment)),
+      m_reportBanner(new LaunchReportBanner(environment)),
+      m_accessibilityBanner(new AccessibilityBanner(environment)),
+      m_items(new WorkspaceItemsCard(environment)), m_preview(new LayoutPreview(environment))
+{
+    m_scrollArea->setContent(buildColumn());
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_scrollArea);
+    connectActions();
+    followServices();
+    setWorkspace(nullptr);
+}
+
+QWidget* WorkspaceDetailView::buildColumn()
+{
+    m_preview->setMinimumWidth(narrowestPreview);
+    m_preview->setMaximumWidth(widestPreview);
+    auto* cards = new QHBoxLayout;
+    cards->setSpacing(cardGap);
+    cards->addWidget(m_items, itemsShare, Qt::AlignTop);
+    cards->addWidget(m_preview, previewShare, Qt::AlignTop);
+
+    auto* content = new QWidget;
+    auto* column = new QVBoxLayout(content);
+    column->setContentsMargins(margin, margin, margin, margin);
+    column->setSpacing(blockGap);
+    column->addWidget(m_header);
+    column->addWidget(m_noticeBanner);
+    column->addWidget(m_reportBanner);
+    column->addWidget(m_accessibilityBanner);
+    column->addWidget(new Divider(m_environment.visual));
+    column->addLayout(cards);
+    column->addStretch();
+    return content;
+}
+
+void WorkspaceDetailView::connectActions()
+{
+    using View = WorkspaceDetailView;
+    using Header = WorkspaceDetailHeader;
+    connect(m_header, &Header::startRequested, this, &View::start);
+    connect(m_header, &Header::updateLayoutRequested, this, &View::updateLayoutRequested);
+    connect(m_header, &Header::editRequested, this, &View::editRequested);
+    connect(m_header, &Header::saveAsNewRequested, this, &View::saveAsNewRequested);
+    connect(m_header, &Header::duplicateRequested, this, &View::duplicateRequested);
+    connect(m_header, &Header::renameRequested, this, &View::renameRequested);
+    connect(m_header, &Header::clearLayoutRequested, this, &View::clearLayoutRequested);
+    connect(m_header, &Header::deleteRequested, this, &View::deleteRequested);
+    connect(m_items, &WorkspaceItemsCard::editRequested, this, &View::editRequested);
+    connect(m_noticeBanner, &WorkspaceNoticeBanner::dismissed, this, &View::noticeDismissed);
+}
+
+void WorkspaceDetailView::followServices()
+{
+    const WorkspaceLauncher& launcher = m_environment.dependencies.launcher();
+    const AccessibilityPermissionManager& accessibility =
+        m_environment.dependencies.accessibility();
+    m_header->setLaunching(launcher.isLaunching());
+    m_header->setTrusted(accessibility.isTrusted());
+    connect(&launcher, &WorkspaceLauncher::isLaunchingChanged, m_header,
+            &WorkspaceDetailHeader::setLaunching);
+    connect(&launcher, &WorkspaceLauncher::latestReportChanged, this, [this] {
+        showReport();
+        if (m_reportBanner->isVisible())
+            m_reportBanner->announceReport();
+    });
+    connect(&accessibility, &AccessibilityPermissionManager::isTrustedChanged, this,
+            [this](bool isTrusted) {
+                m_header->setTrusted(isTrusted);
+                showPermission();
+            });
+    connect(qApp, &QGuiApplication::applicationStateChanged, this,
+            [this](Qt::ApplicationState state) {
+                if (state == Qt::ApplicationActive)
+                    m_items->checkMissing();
+            });
+}
+
+void WorkspaceDetailView::setWorkspace(TrovellWorkspace* workspace)
+{
+    if (m_workspace)
+        disconnect(m_workspace, nullptr, this, nullptr);
+    m_workspace = workspace;
+    m_reportBanner->setReport(std::nullopt);
+    m_scrollArea->verticalScrollBar()->setValue(0);
+    if (workspace) {
+        connect(workspace, &TrovellWorkspace::contentChanged, this,
+                &WorkspaceDetailView::scheduleShowing);
+        connect(workspace, &QObject::destroyed, this, &WorkspaceDetailView::scheduleShowing);
+    }
+    showWorkspace();
+}
+
+void WorkspaceDetailView::setNotice(const std::optional<QString>& productText)
+{
+    m_noticeBanner->setMessage(productText);
+}
+
+/// An edit writes every record of the workspace, one after the other.
+void WorkspaceDetailView::scheduleShowing()
+{
+    if (!std::exchange(m_isShowingScheduled, true))
+        QTimer::singleShot(0, this, &WorkspaceDetailView::showWorkspace);
+}
+
+void WorkspaceDetailView::showWorkspace()
+{
+    m_isShowingScheduled = false;
+    m_scrollArea->setVisible(m_workspace != nullptr);
+    if (!m_workspace)
+        return;
+    m_header->showWorkspace(*m_workspace);
+    showReport();
+    showPermission();
+    m_items->setItems(m_workspace->sortedItems());
+    const QList<WindowPlacement*> placements = m_workspace->sortedPlacements();
+    m_preview->setVisible(!placements.isEmpty());
+    m_preview->setPlacements(placements);
+}
+
+void WorkspaceDetailView::showReport()
+{
+    const WorkspaceLauncher& launcher = m_environment.dependencies.launcher();
+    const bool isAboutThis = m_workspace && launcher.latestWorkspaceID() == m_workspace->id();
+    m_reportBanner->setReport(isAboutThis ? launcher.latestReport() : std::nullopt);
+}
+
+void WorkspaceDetailView::showPermission()
+{
+    const bool isTrusted = m_environment.dependencies.accessibility().isTrusted();
+    m_accessibilityBanner->setShown(!isTrusted && m_workspace && m_workspace->placementCount() > 0);
+}
+
+void WorkspaceDetailView::start()
+{
+    if (m_workspace)
+        startWorkspace(m_environment.dependencies, *m_workspace);
+}
+
+void WorkspaceDetailView::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    m_items->checkMissing();
+}
+
+} // namespace trovell

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+
+#include "views/detail/WorkspaceNoticeBanner.h"
+
+#include "views/shared/ViewEnvironment.h"
+#include "views/style/SymbolButton.h"
+#include "views/style/SymbolView.h"
+#include "views/style/TextLabel.h"
+
+#include <QHBoxLayout>
+
+namespace trovell {
+
+using namespace Qt::StringLiterals;
+
+WorkspaceNoticeBanner::WorkspaceNoticeBanner(const ViewEnvironment& environment, QWidget* parent)
+    : BannerFrame(environment.visual, Kind::success, parent), m_words(environment.words),
+      m_label(new TextLabel(environment.visual, {}, TextRole::callout))
+{
+    setVisible(false);
+    m_label->setWeight(QFont::Medium);
+    m_label->setWordWrap(true);
+    auto* symbol =
+        new SymbolView(environment.visual, u"checkmark.circle.fill"_s, 20, ColorToken::successIcon);
+    auto* dismiss = new SymbolButton(environment.visual, u"xmark"_s, {});
+    dismiss->setSizes(24, 16);
+    connect(dismiss, &QAbstractButton::clicked, this, &WorkspaceNoticeBanner::dismissed);
+
+    auto* row = new QHBoxLayout(this);
+    // The border of one pixel, and for the round symbol two more.
+    row->setContentsMargins(13, 11, 11, 11);
+    row->setSpacing(10);
+    row->addWidget(symbol);
+    row->addWidget(m_label, 1);
+    row->addWidget(dismiss);
+
+    m_words.render(this, [this, dismiss] {
+        dismiss->setAccessibleName(m_words.text(u"Dismiss"_key));
+        dismiss->setToolTip(dismiss->accessibleName());
+        showMessage();
+    });
+}
+
+void WorkspaceNoticeBanner::setMessage(const std::optional<QString>& productText)
+{
+    m_message = productText.value_or(QString());
+    showMessage();
+    setVisible(productText.has_value());
+    if (isVisible())
+        announce(m_label->text());
+}
+
+void WorkspaceNoticeBanner::showMessage()
+{
+    m_label->setText(m_words.shownNotice(m_message));
+    setAccessibleName(m_label->text());
+}
+
+} // namespace trovell

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+//
+// The last thing that went well for the workspace shown. Main thread.
+#pragma once
+
+#include "views/style/BannerFrame.h"
+#include "views/words/Localization.h"
+
+#include <optional>
+
+namespace trovell {
+
+class TextLabel;
+struct ViewEnvironment;
+
+class WorkspaceNoticeBanner : public BannerFrame {
+    Q_OBJECT
+
+public:
+    explicit WorkspaceNoticeBanner(const ViewEnvironment& environment, QWidget* parent = nullptr);
+
+    /// A notice in the product's words; none hides the banner.
+    void setMessage(const std::optional<QString>& productText);
+
+Q_SIGNALS:
+    void dismissed();
+
+private:
+    void showMessage();
+
+    const Localization& m_words;
+    QString m_message;
+    TextLabel* m_label;
+};
+
+} // namespace trovell

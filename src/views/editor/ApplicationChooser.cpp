@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: MIT
+
+#include "views/editor/ApplicationChooser.h"
+
+#include "views/editor/ApplicationList.h"
+#include "views/style/PushButton.h"
+#include "views/style/TextField.h"
+#include "views/style/TextLabel.h"
+
+#include <QFutureWatcher>
+#include <QKeyEvent>
+#include <QSortFilterProxyModel>
+#include <QtConcurrentRun>
+#include <QVBoxLayout>
+
+namespace trovell {
+
+namespace {
+
+constexpr QSize boxSize(480, 560);
+constexpr int margin = 24;
+constexpr int listInset = 14; ///< so that the rows' texts start under the field's
+constexpr int gap = 12;
+constexpr int buttonGap = 10;
+constexpr int barPadding = 16;
+
+QList<InstalledApplication> listApplications(const ResourceSystem& resources)
+{
+    QList<InstalledApplication> applications = resources.installedApplications();
+    sortByName(applications);
+    return applications;
+}
+
+} // namespace
+
+ApplicationChooser::ApplicationChooser(const ViewEnvironment& environment,
+                                       const OpenPanelRequest& request, QWidget* window)
+    : Sheet(environment.visual, window, {}), m_environment(environment), m_request(request),
+      m_search(new TextField(environment.visual, {})), m_model(new ApplicationListModel(this)),
+      m_matches(new QSortFilterProxyModel(this)), m_list(new ApplicationList(environment)),
+      m_nothing(
+          new TextLabel(environment.visual, {}, TextRole::callout, ColorToken::labelSecondary)),
+      m_choose(new PushButton(environment.visual, {}, PushButton::Kind::prominent))
+{
+    m_matches->setSourceModel(m_model);
+    m_matches->setFilterCaseSensitivity(Qt::CaseInsensitive);
+    m_list->setModel(m_matches);
+    m_list->setSelectionMode(request.allowsMultiple ? QAbstractItemView::ExtendedSelection
+                                                    : QAbstractItemView::SingleSelection);
+    setHeader(makeHeader());
+    setBody(makeBody());
+    setFooter(makeFooter());
+    setBoxSize(boxSize);
+    setInitialFocus(m_search);
+    setDefaultButton(m_choose);
+    m_search->installEventFilter(this);
+    connect(m_search, &QLineEdit::textChanged, this, &ApplicationChooser::search);
+    connect(m_list, &ApplicationList::selectionChanges, this, &ApplicationChooser::showState);
+    connect(m_list, &QAbstractItemView::doubleClicked, m_choose, &QAbstractButton::click);
+    connect(m_choose, &QAbstractButton::clicked, this, [this] { choose(m_list->selectedURLs()); });
+    environment.words.render(this, [this] { showTitle(); });
+    showState();
+    loadApplications();
+}
+
+QWidget* ApplicationChooser::makeHeader()
+{
+    auto* header = new QWidget;
+    auto* column = new QVBoxLayout(header);
+    column->setContentsMargins(margin, margin - 4, margin, barPadding);
+    column->setSpacing(gap);
+    auto* title = new TextLabel(visual(), {}, TextRole::title2);
+    connect(this, &QWidget::windowTitleChanged, title, &QLabel::setText);
+    column->addWidget(title);
+    column->addWidget(m_search);
+    return header;
+}
+
+QWidget* ApplicationChooser::makeBody()
+{
+    auto* body = new QWidget;
+    auto* column = new QVBoxLayout(body);
+    column->setContentsMargins(listInset, gap / 2, listInset, gap / 2);
+    column->setSpacing(0);
+    m_nothing->setWordWrap(true);
+    m_nothing->setAlignment(Qt::AlignCenter);
+    column->addWidget(m_nothing, 1);
+    column->addWidget(m_list, 1);
+    return body;
+}
+
+QWidget* ApplicationChooser::makeFooter()
+{
+    auto* footer = new QWidget;
+    auto* row = new QHBoxLayout(footer);
+    row->setContentsMargins(margin, barPadding, margin, barPadding);
+    row->setSpacing(buttonGap);
+    auto* other = new PushButton(visual(), {});
+    auto* cancelButton = new PushButton(visual(), {});
+    m_environment.words.renderText(other, u"Other…"_key);
+    m_environment.words.renderText(cancelButton, u"Cancel"_key);
+    row->addWidget(other);
+    row->addStretch();
+    row->addWidget(cancelButton);
+    row->addWidget(m_choose);
+    connect(cancelButton, &QAbstractButton::clicked, this, &Sheet::cancel);
+    connect(other, &QAbstractButton::clicked, this, [this] {
+        openFilePanel(m_environment.words, m_request, this,
+                      [this](const QList<QUrl>& urls) { choose(urls); });
+    });
+    return footer;
+}
+
+void ApplicationChooser::showTitle()
+{
+    const Localization& words = m_environment.words;
+    const QString title = m_request.allowsMultiple ? words.text(u"Choose Applications"_key)
+                                                   : words.text(u"Locate Again"_key);
+    setWindowTitle(title);
+    setAccessibleName(title);
+    m_search->setPlaceholderText(words.text(u"Search applications"_key));
+    m_search->setAccessibleName(words.text(u"Search applications"_key));
+    m_list->setAccessibleName(words.text(u"Applications"_key));
+    m_nothing->setText(words.text(u"No applications found"_key));
+    m_choose->setText(m_request.allowsMultiple ? words.text(u"Add"_key)
+                                               : words.text(u"Choose"_key));
+}
+
+void ApplicationChooser::loadApplications()
+{
+    using Applications = QList<InstalledApplication>;
+    auto* watcher = new QFutureWatcher<Applications>(this);
+    connect(watcher, &QFutureWatcher<Applications>::finished, this, [this, watcher] {
+        watcher->deleteLater();
+        m_isLoaded = true;
+        m_model->setApplications(watcher->result());
+        search(m_search->text());
+    });
+    watcher->setFuture(
+        QtConcurrent::run(&listApplications, std::cref(m_environment.dependencies.resources())));
+}
+
+/// The first match is selected, so that typing and Return is enough.
+void ApplicationChooser::search(const QString& text)
+{
+    m_matches->setFilterFixedString(text.trimmed());
+    if (!text.trimmed().isEmpty() && m_list->selectedURLs().isEmpty())
+        m_list->setCurrentIndex(m_matches->index(0, 0));
+    showState();
+}
+
+void ApplicationChooser::showState()
+{
+    m_choose->setEnabled(!m_list->selectedURLs().isEmpty());
+    const bool isNothingFound = m_isLoaded && m_matches->rowCount() == 0;
+    m_nothing->setVisible(isNothingFound);
+    m_list->setVisible(!isNothingFound);
+}
+
+void ApplicationChooser::choose(const QList<QUrl>& urls)
+{
+    Q_EMIT chosen(urls);
+    accept();
+}
+
+/// The arrow keys lead from the field into the list.
+bool ApplicationChooser::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool isDown = watched == m_search && event->type() == QEvent::KeyPress &&
+                        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Down;
+    if (!isDown)
+        return Sheet::eventFilter(watched, event);
+    m_list->setFocus(Qt::TabFocusReason);
+    if (m_list->selectedURLs().isEmpty())
+        m_list->setCurrentIndex(m_matches->index(0, 0));
+    return true;
+}
+
+void openApplicationChooser(const ViewEnvironment& environment, const OpenPanelRequest& request,
+                            QWidget* over, const ChosenURLs& chosen)
+{
+    auto* chooser = new ApplicationChooser(environment, request, over);
+    QObject::connect(chooser, &ApplicationChooser::chosen, over, chosen);
+    chooser->open();
+}
+
+} // namespace trovell

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: MIT
+
+#include "views/editor/EditorCaptureReviewView.h"
+
+#include "views/capture/CaptureDraft.h"
+#include "views/editor/ReviewApplicationCard.h"
+#include "views/shared/GradualColumn.h"
+#include "views/style/PushButton.h"
+#include "views/style/TextLabel.h"
+
+#include <QVBoxLayout>
+
+namespace trovell {
+
+namespace {
+
+constexpr QSize boxSize(640, 600);
+constexpr int padding = 24;
+constexpr int headerMargin = 20;
+constexpr int footerHeight = 64;
+constexpr int footerMargin = 8;
+constexpr int buttonGap = 10;
+
+} // namespace
+
+EditorCaptureReviewView::EditorCaptureReviewView(const ViewEnvironment& environment,
+                                                 QList<CapturedApplication>& applications,
+                                                 QWidget* window)
+    : Sheet(environment.visual, window, {}), m_environment(environment),
+      m_applications(applications)
+{
+    setHeader(makeHeader());
+    setBody(makeBody());
+    setFooter(makeFooter());
+    setBoxSize(boxSize);
+    setDefaultButton(m_useButton);
+    environment.words.render(this, [this] {
+        setWindowTitle(m_environment.words.text(u"Review Captured Windows"_key));
+        setAccessibleName(windowTitle());
+        showSelectedCount();
+    });
+}
+
+QWidget* EditorCaptureReviewView::makeHeader()
+{
+    const VisualStyle& visual = m_environment.visual;
+    const Localization& words = m_environment.words;
+    auto* header = new QWidget;
+    auto* title = new TextLabel(visual, {}, TextRole::title2);
+    words.renderText(title, u"Review Captured Windows"_key);
+    auto* text = new TextLabel(visual, {}, TextRole::body, ColorToken::labelSecondary);
+    words.renderText(text,
+                     u"Choose the ordinary windows Trovell should restore for this workspace."_key);
+    auto* column = new QVBoxLayout(header);
+    column->setContentsMargins(padding, headerMargin, padding, headerMargin - 2);
+    column->setSpacing(0);
+    for (TextLabel* label : {title, text}) {
+        label->setWordWrap(true);
+        column->addWidget(label);
+    }
+    return header;
+}
+
+QWidget* EditorCaptureReviewView::makeBody()
+{
+    auto* body = new QWidget;
+    const auto makeCard = [this](qsizetype index) {
+        auto* card = new ReviewApplicationCard(m_environment, m_applications, index);
+        connect(card, &ReviewApplicationCard::changed, this,
+                &EditorCaptureReviewView::showSelectedCount);
+        return card;
+    };
+    auto* column = new QVBoxLayout(body);
+    column->setContentsMargins(padding, padding, padding, padding);
+    column->addWidget(new GradualColumn(m_applications.size(), makeCard));
+    column->addStretch();
+    return body;
+}
+
+QWidget* EditorCaptureReviewView::makeFooter()
+{
+    const VisualStyle& visual = m_environment.visual;
+    const Localization& words = m_environment.words;
+    auto* footer = new QWidget;
+    footer->setMinimumHeight(footerHeight);
+    m_selectedCount = new TextLabel(visual, {}, TextRole::body, ColorToken::labelSecondary);
+    m_selectedCount->setWordWrap(true);
+    auto* cancelButton = new PushButton(visual, {});
+    words.renderText(cancelButton, u"Cancel"_key);
+    connect(cancelButton, &QAbstractButton::clicked, this, &Sheet::cancel);
+    m_useButton = new PushButton(visual, {}, PushButton::Kind::prominent);
+    words.renderText(m_useButton, u"Use Selected Windows"_key);
+    connect(m_useButton, &QAbstractButton::clicked, this, &EditorCaptureReviewView::useSelection);
+    auto* row = new QHBoxLayout(footer);
+    row->setContentsMargins(padding, footerMargin, padding, footerMargin);
+    row->setSpacing(buttonGap);
+    row->addWidget(m_selectedCount, 1);
+    row->addWidget(cancelButton);
+    row->addWidget(m_useButton);
+    return footer;
+}
+
+void EditorCaptureReviewView::showSelectedCount()
+{
+    const qsizetype count = includedWindows(m_applications).size();
+    m_selectedCount->setText(m_environment.words.text(phrases::windowsSelected, count));
+    m_useButton->setEnabled(count > 0);
+}
+
+void EditorCaptureReviewView::useSelection()
+{
+    const QPointer<EditorCaptureReviewView> self(this);
+    Q_EMIT useSelectedWindows();
+    if (self)
+        accept();
+}
+
+} // namespace trovell

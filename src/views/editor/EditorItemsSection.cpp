@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: MIT
+
+#include "views/editor/EditorItemsSection.h"
+
+#include "views/editor/AddWebLinkView.h"
+#include "views/style/PopupMenu.h"
+#include "views/style/PushButton.h"
+#include "views/style/TextLabel.h"
+#include "views/style/TrovellCardModifier.h"
+
+#include <QFutureWatcher>
+#include <QtConcurrentRun>
+#include <QVBoxLayout>
+
+namespace trovell {
+
+namespace {
+
+constexpr int captionGap = 2;
+constexpr int cardGap = 10;
+
+} // namespace
+
+EditorItemsSection::EditorItemsSection(const ViewEnvironment& environment,
+                                       const QList<EditableWorkspaceItem>& items,
+                                       OpenPanel openPanel, QWidget* parent)
+    : QWidget(parent), m_environment(environment), m_openPanel(std::move(openPanel)),
+      m_addButton(new PushButton(environment.visual, {}, PushButton::Kind::bordered,
+                                 PushButton::Scale::small, this)),
+      m_card(new TrovellCardModifier(environment.visual)),
+      m_list(new EditorItemList(environment, items, m_addButton, this))
+{
+    auto* caption =
+        new TextLabel(environment.visual, {}, TextRole::caption, ColorToken::labelSecondary);
+    caption->setWordWrap(true);
+    environment.words.renderText(caption, u"Add the resources that should open together."_key);
+    m_card->setPadding(0);
+    auto* cardColumn = new QVBoxLayout(m_card);
+    cardColumn->setContentsMargins(0, 0, 0, 0);
+    cardColumn->addWidget(m_list);
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(makeHeader());
+    column->addSpacing(captionGap);
+    column->addWidget(caption);
+    column->addSpacing(cardGap);
+    column->addWidget(m_card);
+    showCard();
+    connect(m_list, &EditorItemList::countChanged, this, &EditorItemsSection::showCard);
+    connect(m_list, &EditorItemList::locateAgainRequested, this, &EditorItemsSection::locateAgain);
+}
+
+QWidget* EditorItemsSection::makeHeader()
+{
+    auto* header = new QWidget;
+    auto* row = new QHBoxLayout(header);
+    row->setContentsMargins(0, 0, 0, 0);
+    auto* heading = new TextLabel(m_environment.visual, {}, TextRole::headline);
+    m_environment.words.render(m_list, [this, heading, &words = m_environment.words] {
+        heading->setText(words.text(u"Items"_key));
+        m_list->setAccessibleName(heading->text());
+    });
+    m_environment.words.renderText(m_addButton, u"Add Item"_key);
+    m_addButton->setMenu(makeAddMenu(), Qt::AlignRight);
+    row->addWidget(heading, 1);
+    row->addWidget(m_addButton);
+    return header;
+}
+
+PopupMenu* EditorItemsSection::makeAddMenu()
+{
+    auto* menu = new PopupMenu(m_environment.visual, this);
+    const std::pair<TextKey<>, WorkspaceItemType> kinds[] = {
+        {u"Application…"_key, WorkspaceItemType::application},
+        {u"Folder…"_key, WorkspaceItemType::folder},
+        {u"File…"_key, WorkspaceItemType::file}};
+    for (const auto& [key, type] : kinds) {
+        QAction* const action = menu->addAction(QString());
+        m_environment.words.renderText(action, key);
+        connect(action, &QAction::triggered, this, [this, kind = type] { addFromPanel(kind); });
+    }
+    QAction* const webLink = menu->addAction(QString());
+    m_environment.words.renderText(webLink, u"Web Link…"_key);
+    connect(webLink, &QAction::triggered, this, &EditorItemsSection::addWebLink);
+    return menu;
+}
+
+void EditorItemsSection::showCard()
+{
+    m_card->setVisible(!items().isEmpty());
+}
+
+void EditorItemsSection::addFromPanel(WorkspaceItemType type)
+{
+    m_openPanel({.type = type, .allowsMultiple = true}, this,
+                [this, type](const QList<QUrl>& urls) {
+                    look(urls, type, [this](const auto& added) { m_list->append(added); });
+                });
+}
+
+void EditorItemsSection::addWebLink()
+{
+    auto* sheet = new AddWebLinkView(m_environment, m_webLinkText, this);
+    connect(sheet, &AddWebLinkView::textChanged, this,
+            [this](const QString& text) { m_webLinkText = text; });
+    connect(sheet, &AddWebLinkView::added, this, [this](const QUrl& url) {
+        m_webLinkText.clear();
+        m_list->append({editableItem(url, WorkspaceItemType::webLink,
+                                     m_environment.dependencies.resources())});
+    });
+    sheet->open();
+}
+
+void EditorItemsSection::locateAgain(const QUuid& id)
+{
+    const EditableWorkspaceItem* const lost = m_list->item(id);
+    if (!lost)
+        return;
+    const WorkspaceItemType type = lost->type;
+    const auto replace = [this, id](const QList<EditableWorkspaceItem>& found) {
+        // It may have been removed or switched meanwhile.
+        const EditableWorkspaceItem* const old = m_list->item(id);
+        if (!old || found.isEmpty())
+            return;
+        EditableWorkspaceItem item = found.first();
+        item.id = id;
+        item.isEnabled = old->isEnabled;
+        m_list->replace(item);
+    };
+    m_openPanel({.type = type}, this, [this, type, replace](const QList<QUrl>& urls) {
+        look(urls.mid(0, 1), type, replace);
+    });
+}
+
+void EditorItemsSection::look(const QList<QUrl>& urls, WorkspaceItemType type, const Use& use)
+{
+    using Items = QList<EditableWorkspaceItem>;
+    auto* watcher = new QFutureWatcher<Items>(this);
+    connect(watcher, &QFutureWatcher<Items>::finished, this, [this, watcher, use] {
+        watcher->deleteLater();
+        use(watcher->result());
+        m_pendingCount -= 1;
+        if (m_pendingCount == 0)
+            Q_EMIT addingFinished();
+    });
+    m_pendingCount += 1;
+    watcher->setFuture(QtConcurrent::run(&editableItems, urls, type,
+                                         std::cref(m_environment.dependencies.resources())));
+}
+
+} // namespace trovell

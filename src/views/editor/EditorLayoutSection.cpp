@@ -1,0 +1,182 @@
+// SPDX-License-Identifier: MIT
+
+#include "views/editor/EditorLayoutSection.h"
+
+#include "model/TrovellWorkspace.h"
+#include "views/capture/CaptureDraft.h"
+#include "views/editor/EditorCaptureReviewView.h"
+#include "views/style/Divider.h"
+#include "views/style/PushButton.h"
+#include "views/style/SymbolView.h"
+#include "views/style/TextLabel.h"
+
+#include <QVBoxLayout>
+
+namespace trovell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int buttonGap = 10;
+constexpr int statusGap = 16;
+constexpr int blockGap = 12;
+constexpr int lockSize = 20;
+constexpr int lockGap = 8;
+
+} // namespace
+
+EditorLayoutSection::EditorLayoutSection(const ViewEnvironment& environment,
+                                         TrovellWorkspace* workspaceOrNull, QWidget* parent)
+    : QWidget(parent), m_environment(environment), m_workspace(workspaceOrNull),
+      m_capture(new PushButton(environment.visual, {})),
+      m_clear(new PushButton(environment.visual, {}, PushButton::Kind::destructiveText)),
+      m_status(new TextLabel(environment.visual, {}, TextRole::body, ColorToken::labelSecondary)),
+      m_notice(makeNotice())
+{
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(makeActions());
+    column->addWidget(m_notice);
+    connect(m_capture, &QAbstractButton::clicked, this, &EditorLayoutSection::captureIfTrusted);
+    connect(m_clear, &QAbstractButton::clicked, this, &EditorLayoutSection::clear);
+    connect(&environment.dependencies.accessibility(),
+            &AccessibilityPermissionManager::isTrustedChanged, this,
+            &EditorLayoutSection::showState);
+    environment.words.renderText(m_capture, u"Capture Current Layout"_key);
+    environment.words.renderText(m_clear, u"Clear"_key);
+    environment.words.render(this, [this] { showState(); });
+}
+
+QWidget* EditorLayoutSection::makeActions()
+{
+    auto* actions = new QWidget;
+    auto* row = new QHBoxLayout(actions);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(0);
+    m_status->setWordWrap(true);
+    m_status->setAlignment(Qt::AlignRight);
+    row->addWidget(m_capture);
+    row->addSpacing(buttonGap);
+    row->addWidget(m_clear);
+    row->addSpacing(statusGap);
+    row->addWidget(m_status, 1);
+    return actions;
+}
+
+QWidget* EditorLayoutSection::makeNotice()
+{
+    auto* notice = new QWidget;
+    auto* text =
+        new TextLabel(m_environment.visual, {}, TextRole::callout, ColorToken::labelSecondary);
+    text->setWordWrap(true);
+    m_environment.words.renderText(text,
+                                   u"Accessibility access is required to capture windows."_key);
+    auto* settings = new PushButton(m_environment.visual, {}, PushButton::Kind::bordered,
+                                    PushButton::Scale::small);
+    m_environment.words.renderText(settings, u"Open Settings"_key);
+    connect(settings, &QAbstractButton::clicked, this,
+            [this] { m_environment.dependencies.accessibility().openSystemSettings(); });
+    auto* row = new QHBoxLayout;
+    row->setSpacing(lockGap);
+    row->addWidget(
+        new SymbolView(m_environment.visual, u"lock"_s, lockSize, ColorToken::warningIcon));
+    row->addWidget(text, 1);
+    row->addWidget(settings);
+    auto* column = new QVBoxLayout(notice);
+    column->setContentsMargins(0, blockGap, 0, 0);
+    column->setSpacing(blockGap);
+    column->addWidget(new Divider(m_environment.visual));
+    column->addLayout(row);
+    return notice;
+}
+
+void EditorLayoutSection::captureIfTrusted()
+{
+    AccessibilityPermissionManager& accessibility = m_environment.dependencies.accessibility();
+    accessibility.refresh();
+    if (accessibility.isTrusted())
+        capture();
+    else
+        Q_EMIT failed(
+            u"Accessibility access is required to capture windows. If Trovell is already enabled in System Settings, remove the old entry and request access again."_key
+                .text());
+}
+
+QCoro::Task<> EditorLayoutSection::capture()
+{
+    const QPointer<EditorLayoutSection> self(this);
+    m_capture->setEnabled(false);
+    const auto reading =
+        m_environment.dependencies.windowCapture().captureApplications(std::nullopt, false);
+    const WindowCaptureService::Capture captured = co_await reading;
+    if (!self)
+        co_return;
+    m_capture->setEnabled(true);
+    // The editor may have been closed meanwhile and be about to be deleted.
+    if (!isVisible())
+        co_return;
+    if (!captured) {
+        Q_EMIT failed(description(captured.error()));
+        co_return;
+    }
+    m_capturedApplications = *captured;
+    showState();
+    review();
+}
+
+void EditorLayoutSection::review()
+{
+    auto* sheet = new EditorCaptureReviewView(m_environment, m_capturedApplications, this);
+    connect(sheet, &EditorCaptureReviewView::useSelectedWindows, this,
+            [this] { setChange(LayoutChange::replaceLayout); });
+    // Windows that were switched count even where the choice was not confirmed this time.
+    connect(sheet, &QDialog::finished, this, &EditorLayoutSection::showState);
+    sheet->open();
+}
+
+void EditorLayoutSection::clear()
+{
+    m_capturedApplications.clear();
+    // The button hides under the focus.
+    if (m_clear->hasFocus())
+        m_capture->setFocus(Qt::TabFocusReason);
+    setChange(LayoutChange::clearLayout);
+}
+
+void EditorLayoutSection::setChange(LayoutChange change)
+{
+    m_change = change;
+    showState();
+}
+
+void EditorLayoutSection::showState()
+{
+    const bool isTrusted = m_environment.dependencies.accessibility().isTrusted();
+    const Localization& words = m_environment.words;
+    const QString help = isTrusted ? words.text(u"Review currently open app windows"_key)
+                                   : words.text(u"Accessibility access is required"_key);
+    m_capture->setToolTip(help);
+    m_capture->setAccessibleDescription(help);
+    m_notice->setVisible(!isTrusted);
+    m_status->setText(status());
+    const bool hasPlacements = m_workspace && m_workspace->placementCount() > 0;
+    m_clear->setVisible(m_change == LayoutChange::replaceLayout ||
+                        (m_change == LayoutChange::none && hasPlacements));
+}
+
+QString EditorLayoutSection::status() const
+{
+    const Localization& words = m_environment.words;
+    if (m_change == LayoutChange::clearLayout)
+        return words.text(u"The saved layout will be removed."_key);
+    if (m_change == LayoutChange::replaceLayout)
+        return words.text(phrases::newlyCapturedWindows,
+                          includedWindows(m_capturedApplications).size());
+    const qint64 saved = m_workspace ? m_workspace->placementCount() : 0;
+    return saved > 0 ? words.text(phrases::savedWindows, saved)
+                     : words.text(u"No window layout has been captured."_key);
+}
+
+} // namespace trovell

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+//
+// The window layout in the editor: capturing it anew, or clearing it, with the next save. Main
+// thread.
+#pragma once
+
+#include "views/editor/WorkspaceEdits.h"
+#include "views/shared/ViewEnvironment.h"
+
+#include <QCoro/QCoroTask>
+#include <QPointer>
+#include <QWidget>
+
+namespace trovell {
+
+class PushButton;
+class TextLabel;
+
+class EditorLayoutSection : public QWidget {
+    Q_OBJECT
+
+public:
+    /// Null for a workspace that is yet to be made.
+    EditorLayoutSection(const ViewEnvironment& environment, TrovellWorkspace* workspaceOrNull,
+                        QWidget* parent = nullptr);
+
+    [[nodiscard]] LayoutChange layoutChange() const { return m_change; }
+    [[nodiscard]] const QList<CapturedApplication>& capturedApplications() const
+    {
+        return m_capturedApplications;
+    }
+
+Q_SIGNALS:
+    /// In the product's words.
+    void failed(const QString& reason);
+
+private:
+    QWidget* makeActions();
+    QWidget* makeNotice();
+    void captureIfTrusted();
+    QCoro::Task<> capture();
+    void review();
+    void clear();
+    void setChange(LayoutChange change);
+    void showState();
+    [[nodiscard]] QString status() const;
+
+    const ViewEnvironment m_environment;
+    const QPointer<TrovellWorkspace> m_workspace;
+    LayoutChange m_change = LayoutChange::none;
+    QList<CapturedApplication> m_capturedApplications;
+    PushButton* m_capture;
+    PushButton* m_clear;
+    TextLabel* m_status;
+    QWidget* m_notice;
+};
+
+} // namespace trovell

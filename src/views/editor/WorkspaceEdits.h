@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+//
+// What the editor holds until "Save", and how that is written. Main thread.
+#pragma once
+
+#include "model/WorkspaceChoices.h"
+#include "support/Expected.h"
+#include "views/editor/EditableWorkspaceItem.h"
+#include "windows/CapturedApplication.h"
+
+#include <QPointer>
+
+namespace trovell {
+
+class StoreContext;
+class TrovellWorkspace;
+
+/// What a save does to the saved windows.
+enum class LayoutChange { none, clearLayout, replaceLayout };
+
+struct WorkspaceEdits {
+    QString name;
+    WorkspaceChoices choices;
+    QList<EditableWorkspaceItem> items;
+    LayoutChange layoutChange = LayoutChange::none;
+    /// Of the last capture, with the choice made among them.
+    QList<CapturedApplication> capturedApplications;
+
+    /// Without white space around it.
+    [[nodiscard]] QString trimmedName() const { return name.trimmed(); }
+};
+
+/// The workspace that a save writes to.
+struct EditedWorkspace {
+    explicit EditedWorkspace(TrovellWorkspace* workspaceOrNull);
+
+    /// Null for one that is yet to be made, and once an existing one was deleted elsewhere.
+    QPointer<TrovellWorkspace> workspace;
+    bool isNew;
+    /// What the sheet starts with.
+    WorkspaceEdits edits;
+    /// Whether `edits` has all items of the workspace: false when they could not be read.
+    bool isComplete = true;
+
+    [[nodiscard]] bool isGone() const;
+};
+
+/// Writes everything to the workspace, or to a new one, and saves; the answer is the workspace.
+/// Items are replaced by new records of the same ids, numbered from 0. When it fails, nothing has
+/// changed in the store and the answer is why, in the product's words.
+[[nodiscard]] Expected<TrovellWorkspace*, QString>
+saveEdits(const EditedWorkspace& target, const WorkspaceEdits& edits, StoreContext& context);
+
+} // namespace trovell

@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+
+#include "views/main/WorkspaceSidebar.h"
+
+#include "views/main/WorkspaceSidebarList.h"
+#include "views/shared/AddWorkspaceButton.h"
+#include "views/style/Divider.h"
+#include "views/style/PopupMenu.h"
+#include "views/style/SymbolLink.h"
+#include "views/style/TextLabel.h"
+
+#include <QPainter>
+#include <QVBoxLayout>
+
+namespace trovell {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int textInset = 18;
+constexpr int buttonInset = 10;
+constexpr int captionAbove = 10;
+constexpr int captionBelow = 6;
+
+} // namespace
+
+WorkspaceSidebar::WorkspaceSidebar(const ViewEnvironment& environment, QWidget* parent)
+    : QWidget(parent), m_environment(environment)
+{
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins({});
+    column->setSpacing(0);
+    column->addWidget(buildHeader());
+    auto* caption =
+        new TextLabel(environment.visual, {}, TextRole::caption, ColorToken::labelTertiary);
+    caption->setWeight(QFont::DemiBold);
+    environment.words.renderText(caption, u"Workspaces"_key);
+    auto* captionRow = new QHBoxLayout;
+    captionRow->setContentsMargins(textInset, captionAbove, textInset, captionBelow);
+    captionRow->addWidget(caption);
+    column->addLayout(captionRow);
+    m_list = new WorkspaceSidebarList(environment, this);
+    column->addWidget(m_list, 1);
+    column->addWidget(new Divider(environment.visual));
+    column->addWidget(buildFooter());
+    connectList();
+}
+
+QWidget* WorkspaceSidebar::buildHeader()
+{
+    auto* header = new QWidget(this);
+    header->setFixedHeight(m_environment.visual.tokens().size(Tokens::Size::toolbar));
+    auto* name = new TextLabel(m_environment.visual, u"Trovell"_s, TextRole::headline);
+    auto* add = new AddWorkspaceButton(m_environment);
+    connect(add, &AddWorkspaceButton::createRequested, this, &WorkspaceSidebar::createRequested);
+    connect(add, &AddWorkspaceButton::captureRequested, this, &WorkspaceSidebar::captureRequested);
+    auto* row = new QHBoxLayout(header);
+    row->setContentsMargins(textInset, 0, buttonInset, 0);
+    row->addWidget(name, 1);
+    row->addWidget(add);
+    return header;
+}
+
+QWidget* WorkspaceSidebar::buildFooter()
+{
+    auto* footer = new QWidget(this);
+    // With the divider as high as the header.
+    footer->setMinimumHeight(m_environment.visual.tokens().size(Tokens::Size::toolbar) - 1);
+    auto* settings = new SymbolLink(m_environment.visual, u"gearshape"_s, {});
+    m_environment.words.renderText(settings, u"Settings"_key);
+    connect(settings, &QAbstractButton::clicked, this, &WorkspaceSidebar::settingsRequested);
+    auto* row = new QHBoxLayout(footer);
+    row->setContentsMargins(buttonInset, 0, buttonInset, 0);
+    row->addWidget(settings);
+    row->addStretch();
+    return footer;
+}
+
+void WorkspaceSidebar::connectList()
+{
+    connect(m_list, &WorkspaceSidebarList::selected, this, &WorkspaceSidebar::selected);
+    connect(m_list, &WorkspaceSidebarList::dropped, this, &WorkspaceSidebar::dropped);
+    connect(m_list, &WorkspaceSidebarList::moveRequested, this, &WorkspaceSidebar::moveRequested);
+    connect(m_list, &WorkspaceSidebarList::menuRequested, this, &WorkspaceSidebar::openRowMenu);
+    connect(m_list, &WorkspaceSidebarList::startRequested, this,
+            [this](const QUuid& id) { Q_EMIT commandChosen(Command::start, id); });
+}
+
+void WorkspaceSidebar::showWorkspaces(const QList<TrovellWorkspace*>& workspaces,
+                                      const QUuid& selection)
+{
+    m_list->showWorkspaces(workspaces, selection);
+}
+
+void WorkspaceSidebar::openRowMenu(const QUuid& id, const QPoint& screenPoint, bool isByKeyboard)
+{
+    const Localization& words = m_environment.words;
+    auto* menu = new PopupMenu(m_environment.visual, this);
+    connect(menu, &QMenu::aboutToHide, m_list, &WorkspaceSidebarList::closeRowMenu);
+    connect(menu, &QMenu::aboutToHide, menu, &QObject::deleteLater);
+    const auto choose = [this, id](QAction* action, Command command) {
+        connect(action, &QAction::triggered, this,
+                [this, command, id] { Q_EMIT commandChosen(command, id); });
+    };
+    choose(menu->addAction(words.text(u"Start Workspace"_key)), Command::start);
+    choose(menu->addAction(words.text(u"Edit Workspace"_key)), Command::edit);
+    choose(menu->addAction(words.text(u"Save as New Workspace"_key)), Command::saveAsNew);
+    choose(menu->addAction(words.text(u"Duplicate Workspace"_key)), Command::duplicate);
+    menu->addSeparator();
+    choose(menu->addDestructiveAction(words.text(u"Delete Workspace"_key)), Command::remove);
+    menu->openAt(screenPoint);
+    if (isByKeyboard)
+        menu->setActiveAction(menu->actions().first());
+}
+
+void WorkspaceSidebar::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), m_environment.visual.color(ColorToken::sidebarBackground));
+}
+
+} // namespace trovell

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+
+#include "views/shared/ApplicationIcons.h"
+
+#include "launch/ResourceSystem.h"
+
+#include <QDir>
+#include <QFutureWatcher>
+#include <QPixmap>
+#include <QtConcurrentRun>
+#include <QTimer>
+
+namespace trovell {
+
+ApplicationIcons::ApplicationIcons(ResourceSystem& resources) : m_resources(resources) {}
+
+QPixmap ApplicationIcons::pixmap(const QString& applicationPath, int size, double devicePixelRatio)
+{
+    if (!m_icons.contains(applicationPath))
+        request(applicationPath);
+    const QIcon& icon = m_icons[applicationPath];
+    return icon.isNull() ? QPixmap() : icon.pixmap(QSize(size, size), devicePixelRatio);
+}
+
+/// A worker reads the desktop file.
+void ApplicationIcons::request(const QString& applicationPath)
+{
+    m_icons.insert(applicationPath, {});
+    auto* watcher = new QFutureWatcher<QString>(this);
+    connect(watcher, &QFutureWatcher<QString>::finished, this, [this, watcher, applicationPath] {
+        watcher->deleteLater();
+        m_named.enqueue({applicationPath, watcher->result()});
+        if (m_named.size() == 1)
+            QTimer::singleShot(0, this, &ApplicationIcons::loadNext);
+    });
+    watcher->setFuture(QtConcurrent::run([&resources = m_resources, applicationPath] {
+        const auto application =
+            resources.describeApplication(QUrl::fromLocalFile(applicationPath));
+        return application ? application->icon : QString();
+    }));
+}
+
+/// Icon themes can only be searched here, so that happens one icon at a time between other events.
+void ApplicationIcons::loadNext()
+{
+    const auto [applicationPath, name] = m_named.dequeue();
+    m_icons[applicationPath] = QDir::isAbsolutePath(name) ? QIcon(name) : QIcon::fromTheme(name);
+    if (!m_named.isEmpty())
+        QTimer::singleShot(0, this, &ApplicationIcons::loadNext);
+    Q_EMIT loaded(applicationPath);
+}
+
+} // namespace trovell

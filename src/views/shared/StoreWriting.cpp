@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+
+#include "views/shared/StoreWriting.h"
+
+#include "model/StoreContext.h"
+
+namespace trovell {
+
+Expected<void, QString> saveOrRollBack(StoreContext& context)
+{
+    const auto saved = context.save();
+    if (saved)
+        return {};
+    context.rollback();
+    return Unexpected<QString>(description(saved.error()));
+}
+
+} // namespace trovell

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+//
+// Alerts that say that something failed. Main thread.
+#pragma once
+
+#include "views/words/TextKey.h"
+
+#include <QString>
+
+class QWidget;
+
+namespace trovell {
+
+class Alert;
+struct ViewEnvironment;
+
+/// Shows a title and a reason in the product's words over the window of `over`, which owns the
+/// alert. Returns at once.
+Alert* showFailureAlert(const ViewEnvironment& environment, QWidget* over, TextKey<> title,
+                        const QString& reason);
+
+/// Shows "Workspace Could Not Be Saved" in the same way.
+Alert* showWorkspaceAlert(const ViewEnvironment& environment, QWidget* over, const QString& reason);
+
+} // namespace trovell

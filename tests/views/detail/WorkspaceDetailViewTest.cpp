@@ -1,0 +1,294 @@
+// SPDX-License-Identifier: MIT
+//
+// The selected workspace as people see and use it.
+#include "views/detail/WorkspaceDetailView.h"
+
+#include "views/detail/AccessibilityBanner.h"
+#include "views/detail/DisplayPreview.h"
+#include "views/detail/LaunchReportBanner.h"
+#include "views/detail/LayoutPreview.h"
+#include "views/detail/WindowMiniature.h"
+#include "views/detail/WorkspaceItemRow.h"
+#include "views/style/ActionButton.h"
+#include "views/style/PushButton.h"
+#include "views/style/ScrollArea.h"
+#include "views/style/SymbolButton.h"
+#include "views/style/SymbolView.h"
+#include "views/style/TextLabel.h"
+#include "views/support/Controls.h"
+#include "views/support/ViewFixture.h"
+
+#include <QAccessible>
+
+using namespace Qt::StringLiterals;
+
+using namespace trovell;
+using namespace trovell::test;
+using namespace std::chrono_literals;
+
+class WorkspaceDetailViewTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        m_fixture = std::make_unique<ViewFixture>();
+        m_work = &m_fixture->addWorkspace(u"Work"_s);
+        m_view = new WorkspaceDetailView(m_fixture->environment());
+        m_fixture->window().setCentralWidget(m_view);
+        m_fixture->dependencies().accessibility().refresh();
+        m_view->setWorkspace(m_work);
+        m_fixture->window().show();
+        QVERIFY(QTest::qWaitForWindowExposed(&m_fixture->window()));
+    }
+    void cleanup() { m_fixture.reset(); }
+
+    void whatCanBeDoneDependsOnWhatThereIs()
+    {
+        const auto shows = [this](const QString& counts, bool canStart) {
+            return QTest::qWaitFor([&] {
+                return find<TextLabel>(*m_view, counts) && start()->isEnabled() == canStart;
+            });
+        };
+        m_fixture->setTrusted(false);
+        auto* banner = child<AccessibilityBanner>();
+        QVERIFY(shows(u"0 active items • 0 saved windows"_s, false));
+        QVERIFY(find<TextLabel>(*m_view, u"No items yet"_s));
+        QVERIFY(!menuAction(u"Clear Saved Layout"_s)->isEnabled());
+        QVERIFY(!child<LayoutPreview>()->isVisible() && !banner->isVisible());
+
+        WindowPlacement& placement = m_fixture->addPlacement(*m_work, u"mail"_s);
+        QVERIFY(shows(u"0 active items • 1 saved windows"_s, false));
+        QVERIFY(menuAction(u"Clear Saved Layout"_s)->isEnabled());
+        QVERIFY(child<LayoutPreview>()->isVisible() && banner->isVisible());
+        m_fixture->windows->trusted = true;
+        click(*banner, u"Try Again"_s);
+        QVERIFY(!banner->isVisible());
+
+        WorkspaceItem& item = addLink();
+        QVERIFY(shows(u"1 active items • 1 saved windows"_s, true));
+        QVERIFY(!find<TextLabel>(*m_view, u"No items yet"_s));
+        item.setIsEnabled(false);
+        placement.setIsEnabled(false);
+        QVERIFY(shows(u"0 active items • 0 saved windows"_s, true));
+    }
+
+    void menuAsksTheWindow()
+    {
+        using View = WorkspaceDetailView;
+        const std::pair<QString, void (View::*)()> commands[]{
+            {u"Edit Workspace"_s, &View::editRequested},
+            {u"Save as New Workspace"_s, &View::saveAsNewRequested},
+            {u"Duplicate Workspace"_s, &View::duplicateRequested},
+            {u"Rename"_s, &View::renameRequested},
+            {u"Delete Workspace"_s, &View::deleteRequested}};
+        for (const auto& [text, signal] : commands) {
+            QSignalSpy asked(m_view, signal);
+            menuAction(text)->trigger();
+            QCOMPARE(asked.size(), 1);
+        }
+    }
+
+    void reportsALaunchUntilTheNext()
+    {
+        addLink();
+        m_fixture->addItem(*m_work, WorkspaceItemType::file, u"gone.txt"_s);
+        TrovellWorkspace& other = m_fixture->addWorkspace(u"Other"_s);
+        launch();
+        auto* banner = child<LaunchReportBanner>();
+        QVERIFY(find<TextLabel>(*banner, u"Workspace started with skipped items"_s));
+        m_view->setWorkspace(&other);
+        QVERIFY(!banner->isVisible());
+        m_view->setWorkspace(m_work);
+        QVERIFY(banner->isVisible());
+
+        auto* disclosure = banner->findChild<PushButton*>();
+        const auto state = [disclosure] {
+            return QAccessible::queryAccessibleInterface(disclosure)->state();
+        };
+        disclosure->setFocus(Qt::TabFocusReason);
+        QVERIFY(state().collapsed);
+        const int height = banner->height();
+        QTest::keyClick(disclosure, Qt::Key_Space);
+        QVERIFY(state().expanded);
+        QTRY_VERIFY(banner->height() > height);
+        const auto details = banner->findChildren<SelectableLabel*>();
+        QCOMPARE(details.size(), 1);
+        QVERIFY(details[0]->accessibleName().contains(u"could not be found"));
+
+        for (WorkspaceItem* item : m_work->sortedItems())
+            item->setIsEnabled(false);
+        launch();
+        QVERIFY(find<TextLabel>(*banner, u"Nothing to start"_s));
+        QVERIFY(!disclosure->isVisible());
+        m_fixture->dependencies().launcher().start(&other, true, 1);
+        QTRY_VERIFY(!m_fixture->dependencies().launcher().isLaunching());
+        QVERIFY(!banner->isVisible());
+    }
+
+    void startKeepsItsWidthAndFocus()
+    {
+        addLink();
+        m_fixture->addPlacement(*m_work, u"mail"_s);
+        QTRY_VERIFY(start()->isEnabled());
+        const QRect geometry = start()->geometry();
+        start()->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(start(), Qt::Key_Space);
+        QTRY_COMPARE(start()->text(), u"Starting…"_s);
+        QVERIFY(!start()->isEnabled());
+        QCOMPARE(start()->geometry(), geometry);
+        waitForLaunch();
+        QVERIFY(start()->hasFocus());
+    }
+
+    void missingResourcesAreMarked()
+    {
+        const QString path = m_fixture->folder.filePath(u"notes 1.txt"_s);
+        const QString url = QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded);
+        auto& item = m_fixture->addItem(*m_work, WorkspaceItemType::file, u"notes"_s, url);
+        addLink();
+        QTRY_VERIFY(isMarked(0));
+
+        // Found again as soon as someone looks again.
+        QVERIFY(QFile(path).open(QFile::WriteOnly));
+        m_fixture->window().hide();
+        m_fixture->window().show();
+        QTRY_VERIFY(!isMarked(0));
+        item.setUrlString(u"no address: %"_s);
+        QTRY_VERIFY(isMarked(0));
+        QVERIFY(!isMarked(1));
+    }
+
+    void aLongListIsFilledAndKept()
+    {
+        for (int i = 0; i < 300; ++i)
+            m_work->appendItem(std::make_unique<WorkspaceItem>(WorkspaceItemValues{
+                .typeRawValue = u"webLink"_s, .displayName = QString::number(i), .sortOrder = i}));
+        QTRY_COMPARE(rows().size(), 300);
+        const QList<WorkspaceItemRow*> before = rows();
+        m_work->sortedItems().first()->setSortOrder(1000);
+        QTRY_COMPARE(rows().last()->accessibleName(), u"0"_s);
+        QCOMPARE(rows(), before);
+        m_fixture->context().remove(*m_work->sortedItems().first());
+        QTRY_COMPARE(rows().first()->accessibleName(), u"2"_s);
+    }
+
+    void miniaturesStandWhereTheWindowsStood()
+    {
+        const DisplayFingerprint wide{
+            .localizedName = u"Wide"_s, .pointWidth = 2000, .pointHeight = 1000};
+        const DisplayFingerprint flat{.localizedName = u"Flat"_s, .pointWidth = 1};
+        addPlacement(u"tiny"_s, wide, {0, 0, 0.01, 0.01});
+        addPlacement(u"elsewhere"_s, flat, {0, 0, 1, 1});
+        addPlacement(u"upper right"_s, wide, {0.5, 0.75, 0.5, 0.25});
+        auto* preview = child<LayoutPreview>();
+        QTRY_COMPARE(preview->findChildren<DisplayPreview*>().size(), 2);
+        const auto* display = preview->findChild<DisplayPreview*>();
+        QTRY_COMPARE(display->width(), preview->width());
+
+        // Without the margins beside the picture and the caption and gap above it.
+        const double width = display->width() - 32;
+        const double height = width / 2;
+        const QPointF corner(16, display->height() - 14 - std::ceil(height));
+        const auto frame = [&](const QString& name) {
+            return find<WindowMiniature>(*preview, name)->frame().translated(-corner);
+        };
+        QCOMPARE(frame(u"tiny"_s), QRectF(0, 0.99 * height, 20, 16));
+        QCOMPARE(frame(u"upper right"_s), QRectF(width / 2, 0, width / 2, height / 4));
+        QCOMPARE(frame(u"elsewhere"_s).size(), QSizeF(width, width / 1.2));
+        auto* tiny = find<WindowMiniature>(*preview, u"tiny"_s);
+        const QAccessibleInterface* face = QAccessible::queryAccessibleInterface(tiny);
+        QCOMPARE(face->role(), QAccessible::Graphic);
+        QCOMPARE(face->parent()->text(QAccessible::Name), u"Wide"_s);
+    }
+
+    void longTextsAndOtherDirectionsFit()
+    {
+        m_fixture->setTrusted(false);
+        m_fixture->addItem(*m_work, WorkspaceItemType::file, u"gone.txt"_s);
+        addLink().setIsEnabled(false);
+        m_fixture->addPlacement(*m_work, u"mail"_s);
+        launch();
+        m_view->setNotice(u"Work saved."_s);
+        child<LaunchReportBanner>()->findChild<PushButton*>()->click();
+        // The smallest window with the widest of the usual sidebars.
+        m_fixture->window().resize(900 - 245, 620);
+        QStringList data{u"Work"_s, u"gone.txt"_s, u"link"_s, u"mail"_s};
+        data += m_fixture->windows->displays.first().fingerprint.localizedName;
+        Localization& words = m_fixture->environment().words;
+        QCOMPARE(languageProblems(*m_view, words, data), QString());
+        words.setLanguage(u"en-XA"_s);
+        const auto* content = child<ScrollArea>()->widget();
+        QTRY_COMPARE(content->width(), m_view->width());
+        for (const auto* part : content->findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
+            QVERIFY2(part->isHidden() || content->rect().contains(part->geometry()),
+                     part->metaObject()->className());
+
+        // The banner's buttons wrap.
+        m_fixture->environment().visual.setFontFactor(1.5);
+        const auto* banner = child<AccessibilityBanner>();
+        QCOMPARE(languageProblems(*banner, words), QString());
+        QCOMPARE(content->width(), m_view->width());
+    }
+
+private:
+    template <class Widget> Widget* child() { return m_view->findChild<Widget*>(); }
+    ActionButton* start() { return m_view->findChildren<ActionButton*>().last(); }
+    QList<WorkspaceItemRow*> rows() { return m_view->findChildren<WorkspaceItemRow*>(); }
+
+    bool isMarked(int row)
+    {
+        const QString mark = u"Resource is missing. Edit the workspace to locate it again."_s;
+        return row < rows().size() && find<SymbolView>(*rows()[row], mark);
+    }
+
+    QAction* menuAction(const QString& text)
+    {
+        const auto* menu = find<SymbolButton>(*m_view, u"Workspace Actions"_s)->menu();
+        for (QAction* action : menu->actions()) {
+            if (action->text() == text)
+                return action;
+        }
+        qFatal("no action reads %s", qPrintable(text));
+    }
+
+    WorkspaceItem& addLink()
+    {
+        return m_fixture->addItem(*m_work, WorkspaceItemType::webLink, u"link"_s,
+                                  u"https://news.example"_s);
+    }
+
+    void addPlacement(const QString& application, const DisplayFingerprint& display,
+                      const NormalizedFrame& frame)
+    {
+        const qint64 index = m_work->placementCount();
+        m_work->appendPlacement(
+            std::make_unique<WindowPlacement>(application, application, std::nullopt, std::nullopt,
+                                              std::nullopt, index, frame, QRectF(), display, true));
+    }
+
+    void launch()
+    {
+        QTRY_VERIFY(start()->isEnabled());
+        QTest::mouseClick(start(), Qt::LeftButton);
+        waitForLaunch();
+    }
+
+    void waitForLaunch()
+    {
+        const WorkspaceLauncher& launcher = m_fixture->dependencies().launcher();
+        const auto isDone = [&] {
+            m_fixture->clock.advance(250ms);
+            return !launcher.isLaunching();
+        };
+        QTRY_VERIFY(isDone());
+    }
+
+    std::unique_ptr<ViewFixture> m_fixture;
+    TrovellWorkspace* m_work = nullptr;
+    /// Owned by the fixture's window.
+    WorkspaceDetailView* m_view = nullptr;
+};
+
+QTEST_MAIN(WorkspaceDetailViewTest)
+#include "WorkspaceDetailViewTest.moc"
