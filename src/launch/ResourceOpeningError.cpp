@@ -4,15 +4,13 @@
 
 namespace trovell {
 
-using namespace Qt::StringLiterals;
-
-QString description(const ResourceOpeningError& error)
+Message description(const ResourceOpeningError& error)
 {
     switch (error.kind) {
     case ResourceOpeningError::Kind::missing:
-        return error.subject + u" could not be found. Use Locate Again to update it."_s;
+        return {u"%@ could not be found. Use Locate Again to update it."_key, error.subject};
     case ResourceOpeningError::Kind::cannotOpen:
-        return u"macOS could not open "_s + error.subject + u"."_s;
+        return {u"macOS could not open %@."_key, error.subject};
     }
     Q_UNREACHABLE();
 }

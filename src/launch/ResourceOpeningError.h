@@ -3,7 +3,7 @@
 // Why a launch item could not be opened. A plain value; any thread.
 #pragma once
 
-#include <QString>
+#include "support/Message.h"
 
 namespace trovell {
 
@@ -19,7 +19,6 @@ struct ResourceOpeningError {
     bool operator==(const ResourceOpeningError&) const = default;
 };
 
-/// The text shown to the user, built from the key of `Kind` around the subject.
-[[nodiscard]] QString description(const ResourceOpeningError& error);
+[[nodiscard]] Message description(const ResourceOpeningError& error);
 
 } // namespace trovell

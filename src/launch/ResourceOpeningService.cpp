@@ -22,7 +22,7 @@ LaunchResult failure(const QString& name, const ResourceOpeningError& error)
     const LaunchResultKind kind = error.kind == ResourceOpeningError::Kind::missing
                                       ? LaunchResultKind::skippedMissingResource
                                       : LaunchResultKind::failed;
-    return makeLaunchResult(name, kind, description(error));
+    return makeLaunchResult(Message::verbatim(name), kind, description(error));
 }
 
 } // namespace
@@ -56,7 +56,7 @@ QCoro::Task<LaunchResult> ResourceOpeningService::openWebLink(Request request)
 {
     const auto url = validatedWebURL(request.urlString);
     if (!url)
-        co_return makeLaunchResult(request.name, LaunchResultKind::failed,
+        co_return makeLaunchResult(Message::verbatim(request.name), LaunchResultKind::failed,
                                    description(url.error()));
     co_return openURL(request, *url);
 }
@@ -77,16 +77,17 @@ QCoro::Task<LaunchResult> ResourceOpeningService::openResource(Request request,
 
 LaunchResult ResourceOpeningService::openURL(const Request& request, const QUrl& url)
 {
+    const Message name = Message::verbatim(request.name);
     const bool isRunning = request.bundleIdentifier && m_isRunning(*request.bundleIdentifier);
     if (request.isApplication && isRunning)
-        return makeLaunchResult(request.name, LaunchResultKind::alreadyRunning);
+        return makeLaunchResult(name, LaunchResultKind::alreadyRunning);
 
     const bool isAccepted =
         request.isApplication ? m_system.openApplication(url) : m_system.openResource(url);
     if (!isAccepted)
         return failure(request.name, {ResourceOpeningError::Kind::cannotOpen, request.name});
-    return makeLaunchResult(request.name, request.isApplication ? LaunchResultKind::launched
-                                                                : LaunchResultKind::opened);
+    return makeLaunchResult(name, request.isApplication ? LaunchResultKind::launched
+                                                        : LaunchResultKind::opened);
 }
 
 Expected<ResolvedResource, ResourceOpeningError>

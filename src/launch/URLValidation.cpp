@@ -88,15 +88,15 @@ bool hasDottedHost(const ParsedURL& parsed)
 
 } // namespace
 
-QString description(URLValidationError error)
+Message description(URLValidationError error)
 {
     switch (error) {
     case URLValidationError::empty:
-        return u"Enter a web address."_s;
+        return u"Enter a web address."_key;
     case URLValidationError::invalid:
-        return u"Enter a valid web address."_s;
+        return u"Enter a valid web address."_key;
     case URLValidationError::unsupportedScheme:
-        return u"Trovell supports HTTP and HTTPS links."_s;
+        return u"Trovell supports HTTP and HTTPS links."_key;
     }
     Q_UNREACHABLE();
 }

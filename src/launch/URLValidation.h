@@ -4,6 +4,7 @@
 #pragma once
 
 #include "support/Expected.h"
+#include "support/Message.h"
 
 #include <QString>
 #include <QUrl>
@@ -16,8 +17,7 @@ enum class URLValidationError {
     unsupportedScheme, ///< a scheme other than http or https is spelt out with "://"
 };
 
-/// The text shown to the user.
-[[nodiscard]] QString description(URLValidationError error);
+[[nodiscard]] Message description(URLValidationError error);
 
 /// Trims `text`, puts "https://" in front unless it contains "://", and parses it as RFC 3986 says.
 /// Characters that RFC 3986 wants percent-encoded in the user information, path, query and fragment

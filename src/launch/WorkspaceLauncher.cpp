@@ -15,8 +15,6 @@
 
 namespace trovell {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 constexpr double minimumTimeoutSeconds = 1.0;
@@ -83,17 +81,18 @@ groupedByApplication(const QList<WindowPlacementSnapshot>& snapshots)
 }
 
 LaunchResult timedOutResult(const WindowPlacementSnapshot& snapshot,
-                            const QHash<QUuid, QString>& lastRetryTexts)
+                            const QHash<QUuid, Message>& lastRetryReasons)
 {
+    const QString name = snapshot.windowTitleHint.value_or(snapshot.applicationName);
     return makeLaunchResult(
-        snapshot.windowTitleHint.value_or(snapshot.applicationName), LaunchResultKind::timedOut,
-        lastRetryTexts.value(snapshot.id, u"The window did not appear before the timeout."_s));
+        Message::verbatim(name), LaunchResultKind::timedOut,
+        lastRetryReasons.value(snapshot.id, u"The window did not appear before the timeout."_key));
 }
 
 LaunchResult noPermissionResult()
 {
-    return makeLaunchResult(u"Window layout"_s, LaunchResultKind::skippedNoPermission,
-                            u"Grant Accessibility access to restore saved windows."_s);
+    return makeLaunchResult(u"Window layout"_key, LaunchResultKind::skippedNoPermission,
+                            u"Grant Accessibility access to restore saved windows."_key);
 }
 
 } // namespace
@@ -166,7 +165,7 @@ WorkspaceLauncher::restoreApplicationWindows(Snapshots pending, double timeoutSe
 {
     const QDateTime deadline = deadlineAfter(m_clock.now(), timeoutSeconds);
     Results finished;
-    QHash<QUuid, QString> lastRetryTexts;
+    QHash<QUuid, Message> lastRetryReasons;
     while (!stop.stop_requested()) {
         const WindowRestoreAttempt attempt = co_await m_windowRestorer.restorePlacements(pending);
         for (const WindowPlacementSnapshot& snapshot : std::as_const(pending)) {
@@ -174,7 +173,7 @@ WorkspaceLauncher::restoreApplicationWindows(Snapshots pending, double timeoutSe
                 result != attempt.completed.constEnd())
                 finished.append(*result);
         }
-        lastRetryTexts.insert(attempt.retryableDetails);
+        lastRetryReasons.insert(attempt.retryableDetails);
         pending.removeIf([&attempt](const WindowPlacementSnapshot& snapshot) {
             return attempt.completed.contains(snapshot.id);
         });
@@ -184,7 +183,7 @@ WorkspaceLauncher::restoreApplicationWindows(Snapshots pending, double timeoutSe
         co_await pause;
     }
     for (const WindowPlacementSnapshot& snapshot : std::as_const(pending))
-        finished.append(timedOutResult(snapshot, lastRetryTexts));
+        finished.append(timedOutResult(snapshot, lastRetryReasons));
     co_return finished;
 }
 

@@ -31,8 +31,7 @@ QString rawValue(LaunchResultKind kind)
     Q_UNREACHABLE();
 }
 
-LaunchResult makeLaunchResult(const QString& name, LaunchResultKind kind,
-                              const std::optional<QString>& detail)
+LaunchResult makeLaunchResult(const Message& name, LaunchResultKind kind, const Message& detail)
 {
     return {QUuid::createUuid(), name, kind, detail};
 }

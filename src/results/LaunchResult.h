@@ -3,10 +3,10 @@
 // One line of a launch report: what became of one launch item or one saved window. Any thread.
 #pragma once
 
+#include "support/Message.h"
+
 #include <QString>
 #include <QUuid>
-
-#include <optional>
 
 namespace trovell {
 
@@ -28,16 +28,17 @@ enum class LaunchResultKind {
 struct LaunchResult {
     /// Identifies this line, not the item or window that it is about.
     QUuid id;
-    QString name;
+    /// Of the item, application or window, verbatim; a key where the line is about all windows.
+    Message name;
     LaunchResultKind kind = LaunchResultKind::failed;
-    /// An explanation for people; a localisation key where it is a fixed text.
-    std::optional<QString> detail;
+    /// An explanation for people, or none.
+    Message detail;
 
     bool operator==(const LaunchResult&) const = default;
 };
 
 /// A line with a new random id.
-[[nodiscard]] LaunchResult makeLaunchResult(const QString& name, LaunchResultKind kind,
-                                            const std::optional<QString>& detail = {});
+[[nodiscard]] LaunchResult makeLaunchResult(const Message& name, LaunchResultKind kind,
+                                            const Message& detail = {});
 
 } // namespace trovell

@@ -7,8 +7,6 @@
 
 namespace trovell {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 using enum LaunchResultKind;
@@ -21,21 +19,6 @@ qint64 countKinds(const QList<LaunchResult>& results, std::initializer_list<Laun
 }
 
 } // namespace
-
-QString LaunchSummary::formatted(QString sentence) const
-{
-    static const QString placeholder = u"%lld"_s;
-    qsizetype from = 0;
-    for (const qint64 value : values) {
-        const qsizetype position = sentence.indexOf(placeholder, from);
-        if (position < 0)
-            break;
-        const QString number = QString::number(value);
-        sentence.replace(position, placeholder.size(), number);
-        from = position + number.size();
-    }
-    return sentence;
-}
 
 qint64 WorkspaceLaunchReport::attentionCount() const
 {
@@ -64,21 +47,21 @@ qint64 WorkspaceLaunchReport::skippedCount() const
                       {skippedMissingResource, skippedNoPermission, windowNotFound, timedOut});
 }
 
-LaunchSummary WorkspaceLaunchReport::summary() const
+Message WorkspaceLaunchReport::summary() const
 {
     const qint64 attention = attentionCount();
     const qint64 windows = restoredWindowCount();
     const qint64 completed = completedActionCount();
     if (attention == 0 && windows == 0)
-        return {u"Completed %lld actions successfully."_s, {completed}};
+        return {u"Completed %lld actions successfully."_key, completed};
     if (attention == 0)
-        return {u"Completed %lld actions and restored %lld windows."_s, {completed, windows}};
+        return {u"Completed %lld actions and restored %lld windows."_key, completed, windows};
     if (windows == 0)
-        return {u"Completed %lld actions. Review %lld skipped or failed items."_s,
-                {completed, attention}};
+        return {u"Completed %lld actions. Review %lld skipped or failed items."_key, completed,
+                attention};
     return {u"Completed %lld actions. %lld windows restored. "
-            "Review %lld skipped or failed items."_s,
-            {completed, windows, attention}};
+            "Review %lld skipped or failed items."_key,
+            completed, windows, attention};
 }
 
 } // namespace trovell

@@ -10,17 +10,6 @@
 
 namespace trovell {
 
-/// A sentence to be looked up in a translation table: "%lld" stands for the values in order.
-struct LaunchSummary {
-    QString key;
-    QList<qint64> values;
-
-    bool operator==(const LaunchSummary&) const = default;
-
-    /// `sentence` (the key or a translation of it) with the values put in.
-    [[nodiscard]] QString formatted(QString sentence) const;
-};
-
 struct WorkspaceLaunchReport {
     /// Items first, in item order, then windows.
     QList<LaunchResult> results;
@@ -35,7 +24,7 @@ struct WorkspaceLaunchReport {
     /// are zero.
     [[nodiscard]] qint64 unresolvedCount() const;
     [[nodiscard]] qint64 skippedCount() const;
-    [[nodiscard]] LaunchSummary summary() const;
+    [[nodiscard]] Message summary() const;
 };
 
 } // namespace trovell

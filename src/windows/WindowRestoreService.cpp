@@ -16,8 +16,6 @@
 
 namespace trovell {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 using Placements = QList<WindowPlacementSnapshot>;
@@ -36,23 +34,23 @@ void requireUniqueIds(const Placements& placements)
 }
 
 LaunchResult failure(const WindowPlacementSnapshot& placement, LaunchResultKind kind,
-                     const QString& detail)
+                     const Message& detail)
 {
-    return makeLaunchResult(placement.applicationName, kind, detail);
+    return makeLaunchResult(Message::verbatim(placement.applicationName), kind, detail);
 }
 
 LaunchResult noDisplayResult(const WindowPlacementSnapshot& placement)
 {
-    return failure(placement, LaunchResultKind::failed, u"No display is available."_s);
+    return failure(placement, LaunchResultKind::failed, u"No display is available."_key);
 }
 
 LaunchResult movedResult(const WindowPlacementSnapshot& placement, bool isAccepted)
 {
     if (!isAccepted)
         return failure(placement, LaunchResultKind::failed,
-                       u"macOS refused the window position change."_s);
-    return makeLaunchResult(placement.windowTitleHint.value_or(placement.applicationName),
-                            LaunchResultKind::restored);
+                       u"macOS refused the window position change."_key);
+    const QString name = placement.windowTitleHint.value_or(placement.applicationName);
+    return makeLaunchResult(Message::verbatim(name), LaunchResultKind::restored);
 }
 
 WindowRestoreAttempt withoutPermission(const Placements& placements)
@@ -71,7 +69,7 @@ WindowRestoreAttempt withoutApplication(const Placements& placements)
     requireUniqueIds(placements);
     WindowRestoreAttempt attempt;
     for (const WindowPlacementSnapshot& placement : placements)
-        attempt.retryableDetails.insert(placement.id, u"The application is not running yet."_s);
+        attempt.retryableDetails.insert(placement.id, u"The application is not running yet."_key);
     return attempt;
 }
 
@@ -128,7 +126,7 @@ WindowRestorePlan makePlan(const Placements& placements, const QList<WindowAttri
         const auto assignment = assignments.constFind(placement.id);
         if (assignment == assignments.constEnd()) {
             plan.attempt.retryableDetails.insert(placement.id,
-                                                 u"A safe matching window was not found yet."_s);
+                                                 u"A safe matching window was not found yet."_key);
             continue;
         }
         const std::optional<QRectF> target = restoreTarget(placement, displays);

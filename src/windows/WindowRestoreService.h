@@ -48,8 +48,8 @@ struct WindowPlacementSnapshot {
 /// What became of each placement of one attempt: every id is a key of exactly one of the two.
 struct WindowRestoreAttempt {
     QHash<QUuid, LaunchResult> completed;
-    /// Worth another try, with the reason as a text for people.
-    QHash<QUuid, QString> retryableDetails;
+    /// Worth another try, with the reason.
+    QHash<QUuid, Message> retryableDetails;
 };
 
 /// One application's part of a reading of the desktop: what became of placements already, and what

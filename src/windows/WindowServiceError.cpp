@@ -4,15 +4,13 @@
 
 namespace trovell {
 
-using namespace Qt::StringLiterals;
-
-QString description(WindowServiceError error)
+Message description(WindowServiceError error)
 {
     switch (error) {
     case WindowServiceError::accessibilityPermissionMissing:
-        return u"Allow Accessibility access before capturing or restoring windows."_s;
+        return u"Allow Accessibility access before capturing or restoring windows."_key;
     case WindowServiceError::noWindows:
-        return u"No ordinary application windows were available to capture."_s;
+        return u"No ordinary application windows were available to capture."_key;
     }
     Q_UNREACHABLE();
 }

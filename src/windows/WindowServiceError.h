@@ -3,12 +3,12 @@
 // Why windows could not be captured or restored. Any thread.
 #pragma once
 
-#include <QString>
+#include "support/Message.h"
 
 namespace trovell {
 
 enum class WindowServiceError { accessibilityPermissionMissing, noWindows };
 
-[[nodiscard]] QString description(WindowServiceError error);
+[[nodiscard]] Message description(WindowServiceError error);
 
 } // namespace trovell

@@ -76,7 +76,7 @@ private Q_SLOTS:
                      opened.isEmpty() ? QList<QUrl>() : QList{opened});
             QCOMPARE(result.kind, opened.isEmpty() ? LaunchResultKind::skippedMissingResource
                                                    : LaunchResultKind::opened);
-            QCOMPARE(result.detail.value_or(QString()),
+            QCOMPARE(result.detail.productText(),
                      opened.isEmpty() ? missingText(urlString) : QString());
         };
         verify("fresh", gone.toString(), newURL, "fresh");
@@ -116,8 +116,8 @@ private Q_SLOTS:
         row("webLink", "https://wiki.local", {}, opened);
         row("webLink", "https://wiki.refused", {}, failed, refusal);
         row("webLink", "ftp://wiki.local", {}, failed,
-            description(URLValidationError::unsupportedScheme));
-        row("webLink", "", {}, failed, description(URLValidationError::empty));
+            description(URLValidationError::unsupportedScheme).productText());
+        row("webLink", "", {}, failed, description(URLValidationError::empty).productText());
     }
 
     void opensByType()
@@ -139,8 +139,8 @@ private Q_SLOTS:
         const LaunchResult result = desktop.open(item);
 
         QCOMPARE(result.kind, kind);
-        QCOMPARE(result.name, u"Report"_s);
-        QTEST(result.detail.value_or(QString()), "detail");
+        QCOMPARE(result.name.productText(), u"Report"_s);
+        QTEST(result.detail.productText(), "detail");
         QVERIFY(!result.id.isNull() && result.id != item.id());
         const bool isLaunched = kind == LaunchResultKind::launched;
         const bool isOpened = isLaunched || kind == LaunchResultKind::opened;

@@ -80,7 +80,8 @@ struct Desktop {
         const QList<LaunchResult> results = launcher.latestReport()->results;
         for (const LaunchResult& line : results)
             lines.append(
-                u"%1: %2 %3"_s.arg(line.name, rawValue(line.kind), line.detail.value_or(QString()))
+                u"%1: %2 %3"_s
+                    .arg(line.name.productText(), rawValue(line.kind), line.detail.productText())
                     .trimmed());
         return lines;
     }
@@ -251,9 +252,8 @@ private Q_SLOTS:
                                qint64 unresolved = 0, qint64 skipped = 0) {
             WorkspaceLaunchReport report;
             for (const LaunchResultKind kind : kinds)
-                report.results.append(makeLaunchResult(u"x"_s, kind));
-            const LaunchSummary summary = report.summary();
-            QCOMPARE(summary.formatted(summary.key), sentence);
+                report.results.append(makeLaunchResult({}, kind));
+            QCOMPARE(report.summary().productText(), sentence);
             QCOMPARE(report.unresolvedCount(), unresolved);
             QCOMPARE(report.skippedCount(), skipped);
         };
@@ -269,8 +269,6 @@ private Q_SLOTS:
                0, 1);
         verify({failed, windowNotFound},
                u"Completed 0 actions. Review 2 skipped or failed items."_s, 2, 1);
-        // A translation with more places than numbers.
-        QCOMPARE((LaunchSummary{u"%lld"_s, {12, -3}}.formatted(u"%lld%lld%lld"_s)), u"12-3%lld"_s);
     }
 };
 

@@ -40,9 +40,10 @@ QStringList LayoutSession::start(TrovellWorkspace& workspace, double timeoutSeco
     QStringList lines;
     const QList<LaunchResult> results = m_dependencies.launcher().latestReport()->results;
     for (const LaunchResult& result : results)
-        lines.append(u"%1: %2 %3"_s
-                         .arg(result.name, rawValue(result.kind), result.detail.value_or(QString()))
-                         .trimmed());
+        lines.append(
+            u"%1: %2 %3"_s
+                .arg(result.name.productText(), rawValue(result.kind), result.detail.productText())
+                .trimmed());
     lines.sort();
     return lines;
 }

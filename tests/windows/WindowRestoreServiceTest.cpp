@@ -47,8 +47,8 @@ private Q_SLOTS:
         const auto outcome = [&] {
             const auto attempt = restore(desktop, {saved, placement(desktop, u"None"_s)});
             const LaunchResult result = attempt.completed.value(saved.id);
-            return u"%1 %2: %3"_s.arg(result.name, rawValue(result.kind),
-                                      result.detail.value_or(QString()));
+            return u"%1 %2: %3"_s.arg(result.name.productText(), rawValue(result.kind),
+                                      result.detail.productText());
         };
         QCOMPARE(outcome(), u"Editor failed: macOS refused the window position change."_s);
         const int readCount = desktop.readCount();
@@ -68,7 +68,7 @@ private Q_SLOTS:
         const auto second = placement(desktop, u"Notes"_s, 1);
         auto attempt = restore(desktop, {first, second});
         QVERIFY(attempt.completed.isEmpty());
-        QCOMPARE(attempt.retryableDetails.value(second.id),
+        QCOMPARE(attempt.retryableDetails.value(second.id).productText(),
                  u"The application is not running yet."_s);
 
         desktop.addWindow(u"editor"_s, {.title = u"Notes"_s, .isMinimized = true});
@@ -77,10 +77,10 @@ private Q_SLOTS:
         QCOMPARE(attempt.completed.keys(), QList<QUuid>{first.id});
         const LaunchResult result = attempt.completed.value(first.id);
         QCOMPARE(result.kind, LaunchResultKind::restored);
-        QCOMPARE(result.name, u"Notes"_s);
-        QCOMPARE(result.detail, std::nullopt);
+        QCOMPARE(result.name.productText(), u"Notes"_s);
+        QVERIFY(result.detail.isEmpty());
         QCOMPARE(desktop.window(window).frame, QRectF(720, 25, 720, 437.5));
-        QCOMPARE(attempt.retryableDetails.value(second.id),
+        QCOMPARE(attempt.retryableDetails.value(second.id).productText(),
                  u"A safe matching window was not found yet."_s);
     }
 

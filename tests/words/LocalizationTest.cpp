@@ -108,7 +108,7 @@ private Q_SLOTS:
                              u"Review %lld skipped or failed items."_key;
         const TestWords polish(u"pl"_s);
         QCOMPARE(polish.text(summary, 1, 2, 5), u"1 akcja • 2 okna • 5 wpisów"_s);
-        QCOMPARE(polish.text(summary.text(), {5, 1, 3}), u"5 akcji • 1 okno • 3 wpisy"_s);
+        QCOMPARE(polish.text(summary, 5, 1, 3), u"5 akcji • 1 okno • 3 wpisy"_s);
     }
 
     void writesNumbersAsTheLocaleDoes()
@@ -130,27 +130,37 @@ private Q_SLOTS:
 
     void keepsTheProductsTextForRecords()
     {
-        QCOMPARE(productText(phrases::saved, u"Work"_s), u"Work saved."_s);
-        QCOMPARE(productText(u"%lld items"_key, 12345), u"12345 items"_s);
+        QCOMPARE(Message(phrases::saved, u"Work"_s).productText(), u"Work saved."_s);
+        QCOMPARE(Message(phrases::itemCount, 12345).productText(), u"12345 items"_s);
+    }
+
+    void putsMessagesIntoOneAnother()
+    {
+        const TestWords words(u"de"_s);
+        const auto couldNotOpen = u"macOS could not open %@."_key;
+        const auto damaged = u"The workspace file is damaged."_key;
+        const std::pair<Message, QString> messages[]{
+            {{couldNotOpen, u"Mail"_s}, u"Mail ließ sich nicht öffnen."_s},
+            {{couldNotOpen, u"%lld %@ %1$@"_s}, u"%lld %@ %1$@ ließ sich nicht öffnen."_s},
+            {{couldNotOpen, damaged.text()},
+             u"The workspace file is damaged. ließ sich nicht öffnen."_s},
+            {{couldNotOpen, Message(damaged)},
+             u"Die Datei ist beschädigt. ließ sich nicht öffnen."_s},
+            {Message::verbatim(damaged.text()), damaged.text()},
+            {{}, {}}};
+        for (const auto& [message, shown] : messages)
+            QCOMPARE(words.text(message), shown);
     }
 
     void recognisesDetails()
     {
         const TestWords words(u"de"_s);
-        const auto couldNotOpen = u"macOS could not open %1."_s;
         const auto notTranslated = u"Mail is no longer available. Reopen it and capture again."_s;
         const std::pair<QString, QString> details[]{
             {u"The workspace file is damaged."_s, u"Die Datei ist beschädigt."_s},
-            {couldNotOpen.arg(u"Mail"_s), u"Mail ließ sich nicht öffnen."_s},
-            {u"file:///a b could not be found. Use Locate Again to update it."_s,
-             u"Nicht gefunden: file:///a b"_s},
-            {couldNotOpen.arg(u"%lld %@ %1$@"_s), u"%lld %@ %1$@ ließ sich nicht öffnen."_s},
-            {couldNotOpen.arg(couldNotOpen.arg(u"x"_s)),
-             u"macOS could not open x. ließ sich nicht öffnen."_s},
             {u"Trovell could not open its local workspace store: The workspace file is damaged."_s,
              u"Start unmöglich: Die Datei ist beschädigt."_s},
             {notTranslated, notTranslated},
-            {u"macOS could not open"_s, u"macOS could not open"_s},
             {{}, {}}};
         for (const auto& [detail, shown] : details)
             QCOMPARE(words.shownDetail(detail), shown);
@@ -163,8 +173,8 @@ private Q_SLOTS:
         QCOMPARE(words.shownNotice(u"Workspace renamed to A saved."_s),
                  u"Heißt jetzt „A saved“."_s);
         QCOMPARE(words.shownNotice(u"Items"_s), u"Items"_s);
-        QCOMPARE(words.shownResultName(u"Window layout"_s), u"Fensteranordnung"_s);
-        QCOMPARE(words.shownResultName(u"Items"_s), u"Items"_s);
+        QCOMPARE(words.text(u"Window layout"_key), u"Fensteranordnung"_s);
+        QCOMPARE(words.text(Message::verbatim(u"Items"_s)), u"Items"_s);
         QCOMPARE(words.shownShortcut(u"⌃⌥5"_s), u"Ctrl+Alt+5"_s);
         QCOMPARE(words.shownShortcut(u"⌘Q"_s), u"⌘Q"_s);
     }

@@ -3,13 +3,9 @@
 // What the logic really says is recognised and shown in another language, with its payload intact.
 #include "app/AppAppearance.h"
 #include "app/AppLanguage.h"
-#include "launch/ResourceOpeningError.h"
-#include "launch/URLValidation.h"
 #include "model/StoreError.h"
 #include "model/WorkspaceChoices.h"
-#include "results/WorkspaceLaunchReport.h"
 #include "views/words/Localization.h"
-#include "windows/WindowServiceError.h"
 
 #include <QTest>
 
@@ -36,42 +32,14 @@ private Q_SLOTS:
 
     void details()
     {
-        QStringList details{shortcutConflictText(),
-                            description(WindowServiceError::accessibilityPermissionMissing),
-                            description(WindowServiceError::noWindows)};
+        QStringList details{shortcutConflictText()};
         for (int i = 0; i <= int(StoreError::outOfMemory); ++i)
             details += description(StoreError(i));
-        for (const auto error : {URLValidationError::empty, URLValidationError::invalid,
-                                 URLValidationError::unsupportedScheme})
-            details += description(error);
         for (const QString& detail : details)
             QVERIFY2(isWhole(m_words.shownDetail(detail)), qPrintable(detail));
 
-        const QString payload = u"file:///%lld/a %@\n"_s;
-        for (const auto kind :
-             {ResourceOpeningError::Kind::missing, ResourceOpeningError::Kind::cannotOpen}) {
-            const QString shown = m_words.shownDetail(description({kind, payload}));
-            QVERIFY2(isWhole(shown) && shown.contains(payload), qPrintable(shown));
-        }
         const QString start = m_words.shownDetail(storeOpeningFailureText(StoreError::damaged));
         QVERIFY2(start.count(u'⟦') == 2, qPrintable(start));
-    }
-
-    void summaries()
-    {
-        const Localization english({u":/trovell/translations"_s});
-        using enum LaunchResultKind;
-        for (const QList<LaunchResultKind>& kinds :
-             {QList{opened}, QList{opened, restored}, QList{opened, failed},
-              QList{opened, restored, failed}}) {
-            WorkspaceLaunchReport report;
-            for (const LaunchResultKind kind : kinds)
-                report.results += makeLaunchResult(QString(), kind);
-            const LaunchSummary summary = report.summary();
-            const QString shown = m_words.text(summary.key, summary.values);
-            QVERIFY2(isWhole(shown) && !shown.contains(u'%'), qPrintable(shown));
-            QCOMPARE(english.text(summary.key, summary.values), summary.formatted(summary.key));
-        }
     }
 
     void choices()

@@ -88,7 +88,7 @@ struct Program {
         const auto captured =
             QCoro::waitFor(dependencies.windowCapture().captureApplications(applications, false));
         if (!captured)
-            fail(description(captured.error()));
+            fail(description(captured.error()).productText());
         return *captured;
     }
 
@@ -178,7 +178,7 @@ void capture(Program& program, const QString& name, const QStringList& applicati
     for (const QString& link : links) {
         const auto url = validatedWebURL(link);
         if (!url)
-            fail(description(url.error()));
+            fail(description(url.error()).productText());
         addItem(program, workspace, WorkspaceItemType::webLink, url->host(), *url);
     }
     program.save();
@@ -198,11 +198,10 @@ void printReport(const WorkspaceLaunchReport& report)
 {
     for (const LaunchResult& line : report.results)
         out() << u"  %1  %2  %3"_s.arg(rawValue(line.kind), -24)
-                     .arg(line.name, -34)
-                     .arg(line.detail.value_or(QString()))
+                     .arg(line.name.productText(), -34)
+                     .arg(line.detail.productText())
               << Qt::endl;
-    const LaunchSummary summary = report.summary();
-    out() << u"  "_s << summary.formatted(summary.key) << Qt::endl;
+    out() << u"  "_s << report.summary().productText() << Qt::endl;
 }
 
 /// The window of a placement as it stands now; titles tell the windows of an application apart.

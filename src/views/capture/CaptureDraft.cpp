@@ -3,7 +3,7 @@
 #include "views/capture/CaptureDraft.h"
 
 #include "model/TrovellWorkspace.h"
-#include "views/words/TextArgument.h"
+#include "support/Message.h"
 
 #include <algorithm>
 

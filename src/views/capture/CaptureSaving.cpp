@@ -4,9 +4,9 @@
 
 #include "launch/ResourceSystem.h"
 #include "model/StoreContext.h"
+#include "support/Message.h"
 #include "views/shared/StoreWriting.h"
 #include "views/words/Phrases.h"
-#include "views/words/TextArgument.h"
 
 #include <QUrl>
 
@@ -113,11 +113,11 @@ QString notice(CapturePurpose purpose, const QString& name)
 {
     switch (purpose) {
     case CapturePurpose::create:
-        return productText(phrases::captured, name);
+        return Message(phrases::captured, name).productText();
     case CapturePurpose::update:
-        return productText(phrases::layoutUpdated, name);
+        return Message(phrases::layoutUpdated, name).productText();
     case CapturePurpose::saveAsNew:
-        return productText(phrases::savedAsNewWorkspace, name);
+        return Message(phrases::savedAsNewWorkspace, name).productText();
     }
     Q_UNREACHABLE();
 }
@@ -145,7 +145,7 @@ write(CapturePurpose purpose, const CaptureDraft& draft, TrovellWorkspace* works
 
 QString description(const WorkspaceCaptureSaveError& error)
 {
-    return productText(phrases::applicationUnavailable, error.applicationName);
+    return Message(phrases::applicationUnavailable, error.applicationName).productText();
 }
 
 Expected<NewItems, WorkspaceCaptureSaveError>

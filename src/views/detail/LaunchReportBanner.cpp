@@ -24,7 +24,7 @@ constexpr int narrowestDetail = 48;
 
 bool hasDetail(const LaunchResult& result)
 {
-    return result.detail.has_value();
+    return !result.detail.isEmpty();
 }
 
 bool isAllRight(const WorkspaceLaunchReport& report)
@@ -116,9 +116,8 @@ void LaunchReportBanner::showReport()
     m_symbol->setSymbol(isGood ? u"checkmark.circle.fill"_s : u"exclamationmark.circle.fill"_s);
     m_symbol->setColor(isGood ? ColorToken::successIcon : ColorToken::warningIcon);
 
-    const LaunchSummary summary = m_report.summary();
     m_title->setText(titleText());
-    m_summary->setText(m_environment.words.text(summary.key, summary.values));
+    m_summary->setText(m_environment.words.text(m_report.summary()));
     setAccessibleName(m_title->text());
     setExpanded(m_isExpanded);
 }
@@ -152,11 +151,11 @@ void LaunchReportBanner::addDetail(const LaunchResult& result)
 {
     const VisualStyle& visual = m_environment.visual;
     const Localization& words = m_environment.words;
-    auto* name = new TextLabel(visual, words.shownResultName(result.name), TextRole::caption);
+    auto* name = new TextLabel(visual, words.text(result.name), TextRole::caption);
     name->setWeight(QFont::Medium);
     name->setWordWrap(true);
     name->setFixedWidth(visual.scaled(nameWidth));
-    auto* detail = new SelectableLabel(visual, words.shownDetail(*result.detail));
+    auto* detail = new SelectableLabel(visual, words.text(result.detail));
     detail->setMinimumWidth(narrowestDetail);
     const int row = m_rows->rowCount();
     m_rows->addWidget(name, row, 0, Qt::AlignTop);

@@ -118,7 +118,7 @@ QCoro::Task<> EditorLayoutSection::capture()
     if (!isVisible())
         co_return;
     if (!captured) {
-        Q_EMIT failed(description(captured.error()));
+        Q_EMIT failed(description(captured.error()).productText());
         co_return;
     }
     m_capturedApplications = *captured;

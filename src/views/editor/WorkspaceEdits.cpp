@@ -3,9 +3,9 @@
 #include "views/editor/WorkspaceEdits.h"
 
 #include "model/StoreContext.h"
+#include "support/TextKey.h"
 #include "views/capture/CaptureDraft.h"
 #include "views/shared/StoreWriting.h"
-#include "views/words/TextKey.h"
 
 namespace trovell {
 

@@ -190,7 +190,7 @@ void MainWorkspaceView::duplicate(const TrovellWorkspace& workspace)
 {
     const auto copy = duplicateWorkspace(m_environment.context, workspace);
     if (succeeded(copy))
-        finishSheet(*copy, productText(phrases::created, (*copy)->name()));
+        finishSheet(*copy, Message(phrases::created, (*copy)->name()).productText());
 }
 
 void MainWorkspaceView::remove(TrovellWorkspace& workspace)
@@ -205,7 +205,8 @@ void MainWorkspaceView::clearLayout(TrovellWorkspace& workspace)
 {
     if (!succeeded(clearSavedLayout(m_environment.context, workspace)))
         return;
-    m_notice = {workspace.id(), productText(phrases::savedLayoutCleared, workspace.name())};
+    m_notice = {workspace.id(),
+                Message(phrases::savedLayoutCleared, workspace.name()).productText()};
     refresh();
 }
 
@@ -251,7 +252,7 @@ Sheet* MainWorkspaceView::makeSheet(const WorkspaceSheetRequest& request)
     const auto edit = [&](TextKey<Placeholder::text> done) -> Sheet* {
         auto* sheet = new WorkspaceEditorView(m_environment, request.workspace, window());
         connect(sheet, &WorkspaceEditorView::saved, this, [this, done](TrovellWorkspace* saved) {
-            finishSheet(saved, productText(done, saved->name()));
+            finishSheet(saved, Message(done, saved->name()).productText());
         });
         return sheet;
     };
@@ -276,7 +277,7 @@ Sheet* MainWorkspaceView::makeSheet(const WorkspaceSheetRequest& request)
     }
     auto* sheet = new RenameWorkspaceView(m_environment, *request.workspace, window());
     connect(sheet, &RenameWorkspaceView::saved, this, [this](TrovellWorkspace* saved) {
-        finishSheet(saved, productText(phrases::renamed, saved->name()));
+        finishSheet(saved, Message(phrases::renamed, saved->name()).productText());
     });
     return sheet;
 }

@@ -3,7 +3,7 @@
 // Alerts that say that something failed. Main thread.
 #pragma once
 
-#include "views/words/TextKey.h"
+#include "support/TextKey.h"
 
 #include <QString>
 

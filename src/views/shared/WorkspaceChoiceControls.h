@@ -6,7 +6,7 @@
 
 #include "model/WorkspaceChoices.h"
 
-#include "views/words/TextKey.h"
+#include "support/TextKey.h"
 
 #include <QObject>
 

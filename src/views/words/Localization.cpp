@@ -106,27 +106,29 @@ Qt::LayoutDirection Localization::layoutDirection() const
     return m_tables->language().textDirection();
 }
 
-QString Localization::text(const QString& key, const QList<qint64>& values) const
+QString Localization::text(const QString& key) const
 {
-    return shown(key, QList<TextArgument>(values.begin(), values.end()));
+    const QString found = m_tables->text(key);
+    return found.isNull() ? key : found;
 }
 
 // With one number the whole sentence has plural forms, with several each number has its own.
-QString Localization::shown(const QString& key, const QList<TextArgument>& arguments) const
+QString Localization::text(const Message& message) const
 {
-    const auto isNumber = &std::holds_alternative<NumberArgument, QString, NumberArgument>;
+    if (!message.isKey())
+        return message.number() ? number(*message.number()) : message.text();
+    const std::vector<Message>& arguments = message.arguments();
+    const auto isNumber = [](const Message& argument) { return argument.number().has_value(); };
     const bool isPlural = std::ranges::count_if(arguments, isNumber) == 1;
     const auto only = std::ranges::find_if(arguments, isNumber);
-    const QString found =
-        isPlural ? m_tables->text(key, std::get<NumberArgument>(*only).value) : m_tables->text(key);
+    const QString found = isPlural ? m_tables->text(message.text(), only->number()->value)
+                                   : m_tables->text(message.text());
     QStringList values;
-    for (const TextArgument& argument : arguments) {
-        if (const auto* const value = std::get_if<NumberArgument>(&argument))
-            values += isPlural ? number(*value) : numberPhrase(key, values.size() + 1, *value);
-        else
-            values += std::get<QString>(argument);
-    }
-    return filledIn(found.isNull() ? key : found, values);
+    for (const Message& argument : arguments)
+        values += isPlural || !isNumber(argument)
+                      ? text(argument)
+                      : numberPhrase(message.text(), values.size() + 1, *argument.number());
+    return filledIn(found.isNull() ? message.text() : found, values);
 }
 
 QString Localization::numberPhrase(const QString& key, qsizetype position,
@@ -150,20 +152,14 @@ QString Localization::shownDetail(const QString& productText) const
     if (!detail)
         return text(productText);
     if (detail->key == storeOpeningFailure.text())
-        return shown(detail->key, {text(detail->payload)});
-    return shown(detail->key, {detail->payload});
+        return filledIn(text(detail->key), {text(detail->payload)});
+    return filledIn(text(detail->key), {detail->payload});
 }
 
 QString Localization::shownNotice(const QString& productText) const
 {
     const auto notice = recognised(noticePatterns, productText);
-    return notice ? shown(notice->key, {notice->payload}) : productText;
-}
-
-QString Localization::shownResultName(const QString& name) const
-{
-    return std::ranges::find(resultNames, QStringView(name)) == resultNames.end() ? name
-                                                                                  : text(name);
+    return notice ? filledIn(text(notice->key), {notice->payload}) : productText;
 }
 
 QString Localization::shownShortcut(const QString& displayValue) const

@@ -11,8 +11,8 @@
 // itself where neither has it.
 #pragma once
 
-#include "views/words/TextArgument.h"
-#include "views/words/TextKey.h"
+#include "support/Message.h"
+#include "support/TextKey.h"
 
 #include <QList>
 #include <QLocale>
@@ -61,12 +61,12 @@ public:
     template <Placeholder... kinds>
     [[nodiscard]] QString text(TextKey<kinds...> key, const ArgumentOf<kinds>&... arguments) const
     {
-        return shown(key.text(), {TextArgument(arguments)...});
+        return text(Message(key, arguments...));
     }
+    [[nodiscard]] QString text(const Message& message) const;
 
-    /// The text of a key that is only known at run time: the name of a choice, the summary of a
-    /// launch with one value for each of its "%lld".
-    [[nodiscard]] QString text(const QString& key, const QList<qint64>& values = {}) const;
+    /// The text of a key that is only known at run time, the name of a choice.
+    [[nodiscard]] QString text(const QString& key) const;
 
     // Finished texts in the product's words, as they come from the logic and stand in records. They
     // are recognised by the keys in LogicTexts.h and shown in the user's language with their
@@ -76,8 +76,6 @@ public:
     [[nodiscard]] QString shownDetail(const QString& productText) const;
     /// A notice about a workspace, such as "Work saved.".
     [[nodiscard]] QString shownNotice(const QString& productText) const;
-    /// The name of a result line: an item's or window's own, or the product's "Window layout".
-    [[nodiscard]] QString shownResultName(const QString& name) const;
     /// As a keyboard of this platform names it: "Ctrl+Alt+1" for the stored "⌃⌥1".
     [[nodiscard]] QString shownShortcut(const QString& displayValue) const;
 
@@ -97,7 +95,6 @@ Q_SIGNALS:
 private:
     void load();
     void loadToolkitTexts();
-    [[nodiscard]] QString shown(const QString& key, const QList<TextArgument>& arguments) const;
     [[nodiscard]] QString numberPhrase(const QString& key, qsizetype position,
                                        NumberArgument argument) const;
     [[nodiscard]] QString number(NumberArgument argument) const;

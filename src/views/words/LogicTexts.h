@@ -6,8 +6,8 @@
 // named to become keys. A test fails for a text with a payload that no pattern covers.
 #pragma once
 
+#include "support/TextKey.h"
 #include "views/words/Phrases.h"
-#include "views/words/TextKey.h"
 
 #include <array>
 
@@ -21,11 +21,9 @@ inline constexpr auto storeOpeningFailure =
 /// before those that begin with the payload.
 inline constexpr std::array detailPatterns{
     storeOpeningFailure.characters,
-    u"macOS could not open %@."_key.characters,
     u"Trovell %@ needs a newer system than this one. You have the newest version that runs here."_key
         .characters,
     u"You have a newer version of Trovell than the newest one offered, which is %@."_key.characters,
-    u"%@ could not be found. Use Locate Again to update it."_key.characters,
     phrases::applicationUnavailable.characters,
 };
 
@@ -38,9 +36,6 @@ inline constexpr std::array noticePatterns{
     phrases::created.characters,
     phrases::saved.characters,
 };
-
-/// Names of result lines that are the product's own; all others are the user's.
-inline constexpr std::array resultNames{u"Window layout"_key.characters};
 
 /// Single words that are shown by the name of a choice, and the shortcuts.
 inline constexpr std::array choiceNames{

@@ -6,7 +6,7 @@
 // "%2$@" and "%1$lld".
 #pragma once
 
-#include "views/words/TextKey.h"
+#include "support/TextKey.h"
 
 namespace trovell::phrases {
 

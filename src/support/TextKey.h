@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
-// The keys under which the texts of the interface are looked up. A key is the product's own text,
-// written where it is shown as u"Save Layout"_key; "%@" in it stands for a text, "%lld" for a
-// number. The placeholders are part of the key's type, so that a call with a missing, surplus or
-// swapped value does not compile. The build collects all keys from the sources by their suffix.
+// The keys under which texts for people are looked up. A key is the product's own text, written
+// where it arises as u"Save Layout"_key; "%@" in it stands for a text, "%lld" for a number. The
+// placeholders are part of the key's type, so that a call with a missing, surplus or swapped value
+// does not compile. The build collects all keys from the sources by their suffix. Any thread.
 #pragma once
 
 #include <QString>
@@ -32,26 +32,6 @@ template <Placeholder... placeholders> struct TextKey {
         return QString::fromUtf16(characters.data(), qsizetype(characters.size()));
     }
 };
-
-/// A number for a "%lld". Numbers are written with the digits and group separators of the locale.
-struct NumberArgument {
-    qint64 value = 0;
-    bool isGrouped = true;
-
-    // Implicit on purpose: counts are passed as they are.
-    // NOLINTNEXTLINE(google-explicit-constructor)
-    constexpr NumberArgument(qint64 number) : value(number) {}
-    /// Without group separators: 1000, not 1,000.
-    [[nodiscard]] static constexpr NumberArgument plain(qint64 number)
-    {
-        NumberArgument argument(number);
-        argument.isGrouped = false;
-        return argument;
-    }
-};
-
-template <Placeholder kind>
-using ArgumentOf = std::conditional_t<kind == Placeholder::text, QString, NumberArgument>;
 
 /// The characters of a literal as a template argument.
 template <size_t size> struct KeyLiteral {

@@ -1,12 +1,42 @@
 // SPDX-License-Identifier: MIT
 
-#include "views/words/TextArgument.h"
+#include "support/Message.h"
 
 #include <QRegularExpression>
 
 namespace trovell {
 
 using namespace Qt::StringLiterals;
+
+Message Message::verbatim(const QString& text)
+{
+    Message message;
+    message.m_text = text;
+    return message;
+}
+
+Message Message::argument(const TextArgument& text)
+{
+    return text.message;
+}
+
+Message Message::argument(NumberArgument number)
+{
+    Message message;
+    message.m_text = QString::number(number.value);
+    message.m_number = number;
+    return message;
+}
+
+QString Message::productText() const
+{
+    if (!m_isKey)
+        return m_text;
+    QStringList values;
+    for (const Message& argument : m_arguments)
+        values += argument.productText();
+    return filledIn(m_text, values);
+}
 
 QString filledIn(const QString& text, const QStringList& values)
 {
