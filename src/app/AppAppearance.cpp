@@ -34,15 +34,15 @@ std::optional<AppAppearance> appearanceFromRawValue(const QString& text)
     return std::nullopt;
 }
 
-QString displayName(AppAppearance appearance)
+Message displayName(AppAppearance appearance)
 {
     switch (appearance) {
     case AppAppearance::light:
-        return u"Light"_s;
+        return u"Light"_key;
     case AppAppearance::system:
-        return u"System"_s;
+        return u"System"_key;
     case AppAppearance::dark:
-        return u"Dark"_s;
+        return u"Dark"_key;
     }
     Q_UNREACHABLE();
 }

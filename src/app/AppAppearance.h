@@ -4,6 +4,8 @@
 // any thread.
 #pragma once
 
+#include "support/Message.h"
+
 #include <QList>
 #include <QString>
 
@@ -18,7 +20,7 @@ enum class AppAppearance { light, system, dark };
 /// The stored text.
 [[nodiscard]] QString rawValue(AppAppearance appearance);
 [[nodiscard]] std::optional<AppAppearance> appearanceFromRawValue(const QString& rawValue);
-/// The text in pickers, a localisation key.
-[[nodiscard]] QString displayName(AppAppearance appearance);
+/// The text in pickers.
+[[nodiscard]] Message displayName(AppAppearance appearance);
 
 } // namespace trovell

@@ -14,7 +14,7 @@ AppConfiguration makeConfiguration()
 {
     return {
         .bundleIdentifier = u"app.trovell.Trovell"_s,
-        .motto = u"Your Mac, ready in one click."_s,
+        .motto = u"Your Mac, ready in one click."_key,
         .supportURL = pageURL(u"https://trovell.app/support"_s),
         .privacyURL = pageURL(u"https://trovell.app/privacy"_s),
         .termsURL = pageURL(u"https://trovell.app/terms"_s),

@@ -3,6 +3,8 @@
 // What is fixed about the program when it is built: who it is and where its pages are. Any thread.
 #pragma once
 
+#include "support/Message.h"
+
 #include <QString>
 #include <QUrl>
 
@@ -13,8 +15,7 @@ namespace trovell {
 struct AppConfiguration {
     /// Also the id of the program's desktop file, its name on the session bus and its icon.
     QString bundleIdentifier;
-    /// A text to be looked up.
-    QString motto;
+    Message motto;
     // The pages linked from the About page; the root folder where an address does not parse.
     QUrl supportURL;
     QUrl privacyURL;

@@ -16,7 +16,7 @@ struct Language {
 };
 
 constexpr std::array languages{
-    Language{AppLanguage::system, "system", u"System Default", ""},
+    Language{AppLanguage::system, "system", u"", ""},
     Language{AppLanguage::english, "english", u"English", "en"},
     Language{AppLanguage::turkish, "turkish", u"Türkçe", "tr"},
     Language{AppLanguage::german, "german", u"Deutsch", "de"},
@@ -59,9 +59,11 @@ std::optional<AppLanguage> languageFromRawValue(const QString& text)
     return std::nullopt;
 }
 
-QString displayName(AppLanguage language)
+Message displayName(AppLanguage language)
 {
-    return QString::fromUtf16(entry(language).displayName);
+    if (language == AppLanguage::system)
+        return u"System Default"_key;
+    return Message::verbatim(QString::fromUtf16(entry(language).displayName));
 }
 
 QString localeTag(AppLanguage language)

@@ -3,6 +3,8 @@
 // The interface language that the user chooses. Plain values, any thread.
 #pragma once
 
+#include "support/Message.h"
+
 #include <QList>
 #include <QString>
 
@@ -29,8 +31,8 @@ enum class AppLanguage {
 /// The stored text, equal to the enumerator's name.
 [[nodiscard]] QString rawValue(AppLanguage language);
 [[nodiscard]] std::optional<AppLanguage> languageFromRawValue(const QString& rawValue);
-/// The language's name in that language; "System Default", a localisation key, for `system`.
-[[nodiscard]] QString displayName(AppLanguage language);
+/// The language's name in that language, verbatim; a key for `system`.
+[[nodiscard]] Message displayName(AppLanguage language);
 /// BCP 47 tag of the locale; empty for `system`, which follows the user's current locale.
 [[nodiscard]] QString localeTag(AppLanguage language);
 

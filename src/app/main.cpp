@@ -50,10 +50,10 @@ int main(int argc, char** argv)
     const TerminationSignals terminationSignals;
     auto prepared = preparation.get();
     if (!prepared)
-        return failToStart(storeOpeningFailureText(prepared.error()));
+        return failToStart(storeOpeningFailureText(prepared.error()).productText());
     auto store = WorkspaceStore::open(std::move(*prepared));
     if (!store)
-        return failToStart(storeOpeningFailureText(store.error()));
+        return failToStart(storeOpeningFailureText(store.error()).productText());
 
     TrovellApp trovell(std::move(*store));
     QObject::connect(&activation, &DesktopActivation::activationRequested, &trovell,

@@ -3,7 +3,7 @@
 // Why the workspaces could not be opened, read or saved, in words for the user. Any thread.
 #pragma once
 
-#include <QString>
+#include "support/Message.h"
 
 namespace trovell {
 
@@ -27,9 +27,9 @@ enum class StoreError {
 };
 
 /// One or two sentences.
-[[nodiscard]] QString description(StoreError error);
+[[nodiscard]] Message description(StoreError error);
 
 /// What a start that ends here says.
-[[nodiscard]] QString storeOpeningFailureText(StoreError error);
+[[nodiscard]] Message storeOpeningFailureText(StoreError error);
 
 } // namespace trovell

@@ -5,6 +5,7 @@
 #include "model/TrovellWorkspace.h"
 
 #include <algorithm>
+#include <array>
 
 namespace trovell {
 
@@ -15,9 +16,24 @@ namespace {
 /// Control and Option, in the mask's own bits.
 constexpr quint32 controlOption = 0x1000 | 0x0800;
 
-std::optional<ShortcutDefinition> controlOptionShortcut(quint32 keyCode, char16_t digit)
+struct OfferedShortcut {
+    quint32 keyCode;
+    TextKey<> displayValue;
+};
+
+/// Key codes are not in the order of the digits: 22 is the digit 6.
+constexpr std::array offeredShortcuts{
+    OfferedShortcut{18, u"⌃⌥1"_key}, OfferedShortcut{19, u"⌃⌥2"_key},
+    OfferedShortcut{20, u"⌃⌥3"_key}, OfferedShortcut{21, u"⌃⌥4"_key},
+    OfferedShortcut{23, u"⌃⌥5"_key},
+};
+
+QList<std::optional<ShortcutDefinition>> makeShortcuts()
 {
-    return ShortcutDefinition{keyCode, controlOption, u"⌃⌥"_s + QChar(digit)};
+    QList<std::optional<ShortcutDefinition>> choices{std::nullopt};
+    for (const auto& [keyCode, displayValue] : offeredShortcuts)
+        choices.append(ShortcutDefinition{keyCode, controlOption, displayValue.text()});
+    return choices;
 }
 
 } // namespace
@@ -41,16 +57,17 @@ const QStringList& accents()
 
 const QList<std::optional<ShortcutDefinition>>& shortcuts()
 {
-    // Key codes are not in the order of the digits: 22 is the digit 6.
-    static const QList<std::optional<ShortcutDefinition>> choices{
-        std::nullopt,
-        controlOptionShortcut(18, u'1'),
-        controlOptionShortcut(19, u'2'),
-        controlOptionShortcut(20, u'3'),
-        controlOptionShortcut(21, u'4'),
-        controlOptionShortcut(23, u'5'),
-    };
+    static const auto choices = makeShortcuts();
     return choices;
+}
+
+Message displayName(const ShortcutDefinition& shortcut)
+{
+    for (const OfferedShortcut& offered : offeredShortcuts) {
+        if (shortcut.displayValue == offered.displayValue.text())
+            return offered.displayValue;
+    }
+    return Message::verbatim(shortcut.displayValue);
 }
 
 std::optional<ShortcutDefinition> WorkspaceChoices::shortcut() const
@@ -75,9 +92,9 @@ bool shortcutConflict(const ShortcutDefinition& chosen, const std::optional<QUui
     });
 }
 
-QString shortcutConflictText()
+Message shortcutConflictText()
 {
-    return u"That shortcut is already assigned to another workspace."_s;
+    return u"That shortcut is already assigned to another workspace."_key;
 }
 
 } // namespace trovell

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "model/ShortcutDefinition.h"
+#include "support/Message.h"
 
 #include <QList>
 #include <QString>
@@ -25,6 +26,10 @@ class TrovellWorkspace;
 
 /// The shortcuts on offer; the first entry stands for no shortcut and is the default.
 [[nodiscard]] const QList<std::optional<ShortcutDefinition>>& shortcuts();
+
+/// As a keyboard of this platform names it: "Ctrl+Alt+1" in English for the stored "⌃⌥1". One that
+/// is not on offer shows as stored.
+[[nodiscard]] Message displayName(const ShortcutDefinition& shortcut);
 
 /// What a sheet keeps while the user picks. The defaults are those of a new workspace.
 struct WorkspaceChoices {
@@ -49,6 +54,6 @@ struct WorkspaceChoices {
                                     const QList<TrovellWorkspace*>& workspaces);
 
 /// What the user reads when there is a conflict.
-[[nodiscard]] QString shortcutConflictText();
+[[nodiscard]] Message shortcutConflictText();
 
 } // namespace trovell

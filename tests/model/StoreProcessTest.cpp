@@ -31,7 +31,7 @@ int editUntilKilled(const QString& folder, quint32 seed)
 {
     auto store = WorkspaceStore::open(folder);
     if (!store) {
-        tellParent("refused " + description(store.error()).toUtf8());
+        tellParent("refused " + description(store.error()).productText().toUtf8());
         return 1;
     }
     StoreContext& context = (*store)->mainContext();
@@ -112,7 +112,7 @@ void StoreProcessTest::refusesASecondProcess()
     QVERIFY(store->mainContext().save());
     const QByteArray digest = digestOf(contentsOf(store->mainContext()));
     QCOMPARE(Child(folder.path(), 1).readLine(),
-             "refused " + description(StoreError::inUse).toUtf8());
+             "refused " + description(StoreError::inUse).productText().toUtf8());
     QVERIFY(store->mainContext().save());
     store.reset();
 

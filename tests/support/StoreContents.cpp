@@ -88,7 +88,7 @@ std::unique_ptr<WorkspaceStore> openStore(const QString& folder, const StoreOpti
 {
     auto store = WorkspaceStore::open(folder, options);
     if (!store)
-        qFatal("%s", qPrintable(storeOpeningFailureText(store.error())));
+        qFatal("%s", qPrintable(storeOpeningFailureText(store.error()).productText()));
     return std::move(*store);
 }
 

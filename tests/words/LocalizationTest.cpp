@@ -2,6 +2,7 @@
 //
 // Looking texts up: languages, plural forms, placeholders and finished texts from the logic.
 #include "views/words/Localization.h"
+#include "model/WorkspaceChoices.h"
 #include "views/words/Phrases.h"
 #include "words/WidgetTexts.h"
 
@@ -146,37 +147,14 @@ private Q_SLOTS:
              u"The workspace file is damaged. ließ sich nicht öffnen."_s},
             {{couldNotOpen, Message(damaged)},
              u"Die Datei ist beschädigt. ließ sich nicht öffnen."_s},
+            {{u"Trovell could not open its local workspace store: %@"_key, Message(damaged)},
+             u"Start unmöglich: Die Datei ist beschädigt."_s},
             {Message::verbatim(damaged.text()), damaged.text()},
+            {displayName(*shortcuts().at(5)), u"Ctrl+Alt+5"_s},
+            {displayName(ShortcutDefinition{.displayValue = u"Light"_s}), u"Light"_s},
             {{}, {}}};
         for (const auto& [message, shown] : messages)
             QCOMPARE(words.text(message), shown);
-    }
-
-    void recognisesDetails()
-    {
-        const TestWords words(u"de"_s);
-        const auto notTranslated = u"Mail is no longer available. Reopen it and capture again."_s;
-        const std::pair<QString, QString> details[]{
-            {u"The workspace file is damaged."_s, u"Die Datei ist beschädigt."_s},
-            {u"Trovell could not open its local workspace store: The workspace file is damaged."_s,
-             u"Start unmöglich: Die Datei ist beschädigt."_s},
-            {notTranslated, notTranslated},
-            {{}, {}}};
-        for (const auto& [detail, shown] : details)
-            QCOMPARE(words.shownDetail(detail), shown);
-    }
-
-    void recognisesNoticesButNoNamesOfTheUser()
-    {
-        const TestWords words(u"de"_s);
-        QCOMPARE(words.shownNotice(u"Work saved."_s), u"„Work“ gesichert."_s);
-        QCOMPARE(words.shownNotice(u"Workspace renamed to A saved."_s),
-                 u"Heißt jetzt „A saved“."_s);
-        QCOMPARE(words.shownNotice(u"Items"_s), u"Items"_s);
-        QCOMPARE(words.text(u"Window layout"_key), u"Fensteranordnung"_s);
-        QCOMPARE(words.text(Message::verbatim(u"Items"_s)), u"Items"_s);
-        QCOMPARE(words.shownShortcut(u"⌃⌥5"_s), u"Ctrl+Alt+5"_s);
-        QCOMPARE(words.shownShortcut(u"⌘Q"_s), u"⌘Q"_s);
     }
 
     void windowsAndWordsMayGoInAnyOrder()

@@ -63,7 +63,7 @@ struct Program {
     {
         auto opened = WorkspaceStore::open(storeFolder);
         if (!opened)
-            fail(storeOpeningFailureText(opened.error()));
+            fail(storeOpeningFailureText(opened.error()).productText());
         store = std::move(*opened);
     }
 
@@ -80,7 +80,7 @@ struct Program {
     void save()
     {
         if (const auto saved = store->mainContext().save(); !saved)
-            fail(description(saved.error()));
+            fail(description(saved.error()).productText());
     }
 
     QList<CapturedApplication> capture(const QSet<QString>& applications)

@@ -6,8 +6,6 @@
 
 namespace trovell {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 std::optional<UpdateItem> newest(const QList<UpdateItem>& items)
@@ -19,16 +17,17 @@ std::optional<UpdateItem> newest(const QList<UpdateItem>& items)
     return found == items.end() ? std::nullopt : std::optional(*found);
 }
 
-QString reasonForNone(const std::optional<UpdateItem>& newestOfAll,
+Message reasonForNone(const std::optional<UpdateItem>& newestOfAll,
                       const ReleaseVersion& programVersion)
 {
     if (!newestOfAll || newestOfAll->version == programVersion)
-        return u"You have the newest version of Trovell."_s;
+        return u"You have the newest version of Trovell."_key;
     if (newestOfAll->version > programVersion)
-        return u"Trovell %1 needs a newer system than this one. You have the newest version "
-               u"that runs here."_s.arg(newestOfAll->shortVersion);
-    return u"You have a newer version of Trovell than the newest one offered, which is %1."_s.arg(
-        newestOfAll->shortVersion);
+        return {u"Trovell %@ needs a newer system than this one. You have the newest version "
+                u"that runs here."_key,
+                newestOfAll->shortVersion};
+    return {u"You have a newer version of Trovell than the newest one offered, which is %@."_key,
+            newestOfAll->shortVersion};
 }
 
 } // namespace

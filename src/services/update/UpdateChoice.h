@@ -4,6 +4,7 @@
 #pragma once
 
 #include "services/update/UpdateItem.h"
+#include "support/Message.h"
 
 #include <QList>
 
@@ -13,7 +14,7 @@ struct UpdateChoice {
     /// The newest release that this system can run, if it is newer than the program.
     std::optional<UpdateItem> item;
     /// For the user: why there is none.
-    QString reason;
+    Message reason;
 };
 
 /// Never picks `programVersion` or an older one. On an unknown system only releases without a

@@ -4,8 +4,6 @@
 
 namespace trovell {
 
-using namespace Qt::StringLiterals;
-
 UpdateController::UpdateController(const std::optional<QUrl>& feedAddress,
                                    const std::optional<QString>& publicKey,
                                    UpdateEnvironment environment)
@@ -21,10 +19,10 @@ void UpdateController::checkForUpdates()
 {
     if (m_controller)
         return m_controller->check();
-    if (m_statusMessage)
+    if (!m_statusMessage.isEmpty())
         return;
     m_statusMessage =
-        u"Update checks will be available after the Sparkle feed and EdDSA key are configured."_s;
+        u"Update checks will be available after the Sparkle feed and EdDSA key are configured."_key;
     Q_EMIT
     statusMessageChanged();
 }

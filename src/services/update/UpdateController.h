@@ -25,8 +25,8 @@ public:
     ~UpdateController() override;
 
     [[nodiscard]] bool isConfigured() const { return m_controller != nullptr; }
-    /// For the user, once a check was asked for that cannot be made.
-    [[nodiscard]] const std::optional<QString>& statusMessage() const { return m_statusMessage; }
+    /// Once a check was asked for that cannot be made.
+    [[nodiscard]] const Message& statusMessage() const { return m_statusMessage; }
     /// None when not configured. Lives as long as this object.
     [[nodiscard]] Updater* controller() const { return m_controller.get(); }
 
@@ -38,7 +38,7 @@ Q_SIGNALS:
 
 private:
     std::unique_ptr<Updater> m_controller;
-    std::optional<QString> m_statusMessage;
+    Message m_statusMessage;
 };
 
 } // namespace trovell

@@ -3,7 +3,7 @@
 // Why a check for updates ended without an update, in words for the user. Any thread.
 #pragma once
 
-#include <QString>
+#include "support/Message.h"
 
 namespace trovell {
 
@@ -46,6 +46,6 @@ enum class UpdateError {
 };
 
 /// One or two sentences.
-[[nodiscard]] QString description(UpdateError error);
+[[nodiscard]] Message description(UpdateError error);
 
 } // namespace trovell

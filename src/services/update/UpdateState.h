@@ -25,18 +25,18 @@ struct UpdateState {
     enum class Phase {
         idle,
         checking,
-        upToDate,    ///< `sentence` says why nothing is offered.
+        upToDate,    ///< `reason` says why nothing is offered.
         available,   ///< `update` can be downloaded.
         downloading, ///< `update`; `progress` from 0 to 1.
         verifying,   ///< `update` is complete; its signature is being checked.
         ready,       ///< `update` is proven genuine and can be installed; see `isHandedOver`.
-        failed,      ///< `error`, and `sentence` says it to the user. Nothing was kept.
+        failed,      ///< `error`, and `reason` says it to the user. Nothing was kept.
     };
 
     Phase phase = Phase::idle;
     AvailableUpdate update = {};
     double progress = 0;
-    QString sentence = {};
+    Message reason = {};
     std::optional<UpdateError> error = {};
     /// The desktop's installer was opened with the update.
     bool isHandedOver = false;

@@ -89,7 +89,7 @@ void Updater::feedArrived(std::optional<UpdateError> error)
         chooseUpdate(*items, *ReleaseVersion::parse(m_environment.programVersion),
                      ReleaseVersion::parse(m_environment.systemVersion));
     if (!choice.item)
-        return setState({.phase = Phase::upToDate, .sentence = choice.reason});
+        return setState({.phase = Phase::upToDate, .reason = choice.reason});
     if (const auto refusal = prepareItem(*choice.item))
         return fail(*refusal);
     m_item = *choice.item;
@@ -205,7 +205,7 @@ void Updater::fail(UpdateError error)
 {
     endTransfer();
     m_package.reset();
-    setState({.phase = Phase::failed, .sentence = description(error), .error = error});
+    setState({.phase = Phase::failed, .reason = description(error), .error = error});
 }
 
 void Updater::enter(UpdateState::Phase phase)

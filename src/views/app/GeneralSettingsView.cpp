@@ -88,8 +88,8 @@ Picker* GeneralSettingsView::buildAppearance()
     const Localization& words = m_environment.words;
     AppPreferences* preferences = &m_environment.dependencies.preferences();
     auto* picker = new Picker(m_environment.visual, {}, pickerWidth);
-    for (const AppAppearance appearance : allAppearances())
-        picker->addItem(displayName(appearance));
+    for (qsizetype index = 0; index < allAppearances().size(); ++index)
+        picker->addItem({});
     words.render(picker, [&words, picker] {
         for (int index = 0; index < picker->count(); ++index)
             picker->setItemText(index, words.text(displayName(allAppearances().at(index))));
@@ -110,7 +110,7 @@ Picker* GeneralSettingsView::buildLanguage()
     AppPreferences* preferences = &m_environment.dependencies.preferences();
     auto* picker = new Picker(m_environment.visual, {}, pickerWidth);
     for (const AppLanguage language : allLanguages())
-        picker->addItem(displayName(language));
+        picker->addItem(words.text(displayName(language)));
     // A language is called what its speakers call it, whatever is spoken now.
     words.render(picker, [&words, picker] {
         picker->setItemText(0, words.text(displayName(AppLanguage::system)));
@@ -169,7 +169,7 @@ void GeneralSettingsView::showLoginItem()
     const LaunchAtLoginService& service = m_environment.dependencies.launchAtLogin();
     m_login->setChecked(service.isEnabled());
     const auto& error = service.errorMessage();
-    m_loginError->setText(m_environment.words.shownDetail(error.value_or(QString())));
+    m_loginError->setText(error.value_or(QString()));
     m_loginError->setVisible(error.has_value());
 }
 

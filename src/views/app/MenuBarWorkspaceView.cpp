@@ -39,7 +39,7 @@ QList<MenuBarWorkspaceView::Line> MenuBarWorkspaceView::linesOfStore() const
     for (const TrovellWorkspace* workspace : m_environment.workspaces.workspaces()) {
         QString text = literally(workspace->name());
         if (const auto shortcut = workspace->shortcut())
-            text += u'\t' + m_environment.words.shownShortcut(shortcut->displayValue);
+            text += u'\t' + m_environment.words.text(displayName(*shortcut));
         lines.append({workspace->id(), text, workspace->symbolName()});
     }
     return lines;

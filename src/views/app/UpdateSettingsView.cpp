@@ -83,9 +83,8 @@ QWidget* UpdateSettingsView::buildStatus()
     const Localization& words = m_environment.words;
     const UpdateController* controller = &m_environment.dependencies.updateController();
     const auto show = [&words, controller, status] {
-        const auto& message = controller->statusMessage();
-        status->setText(words.shownDetail(message.value_or(QString())));
-        status->setVisible(message.has_value());
+        status->setText(words.text(controller->statusMessage()));
+        status->setVisible(!controller->statusMessage().isEmpty());
     };
     words.render(status, show);
     connect(controller, &UpdateController::statusMessageChanged, status, show);

@@ -46,7 +46,7 @@ UpdateTexts updateTexts(const UpdateState& state, const Localization& words)
         return {words.text(u"Checking for updates…"_key), {}, words.text(u"Cancel"_key), {}};
     case UpdateState::Phase::upToDate:
         return {words.text(u"No update available"_key),
-                words.shownDetail(state.sentence),
+                words.text(state.reason),
                 {},
                 words.text(u"OK"_key)};
     case UpdateState::Phase::available:
@@ -63,7 +63,7 @@ UpdateTexts updateTexts(const UpdateState& state, const Localization& words)
     case UpdateState::Phase::ready:
         return readyTexts(state, words);
     case UpdateState::Phase::failed:
-        return {words.text(u"The update did not succeed"_key), words.shownDetail(state.sentence),
+        return {words.text(u"The update did not succeed"_key), words.text(state.reason),
                 words.text(u"Close"_key), words.text(u"Try Again"_key)};
     }
     Q_UNREACHABLE();

@@ -63,7 +63,7 @@ std::optional<QSet<QString>> captureFilter(CapturePurpose purpose,
     return filter;
 }
 
-Expected<QList<RetainedPlacementDraft>, QString>
+Expected<QList<RetainedPlacementDraft>, Message>
 buildRetainedPlacements(CapturePurpose purpose, const TrovellWorkspace* workspace,
                         const QList<CapturedApplication>& applications)
 {
@@ -73,8 +73,8 @@ buildRetainedPlacements(CapturePurpose purpose, const TrovellWorkspace* workspac
     const QSet<QString> detected = detectedBundleIdentifiers(applications);
     const QList<const WindowPlacement*> placements = placementsInOrder(*workspace);
     if (placements.size() != workspace->placementCount())
-        return Unexpected<QString>(
-            u"The saved layout of this workspace could not be read. Try again later."_key.text());
+        return Unexpected<Message>(
+            u"The saved layout of this workspace could not be read. Try again later."_key);
     for (const WindowPlacement* placement : placements) {
         if (!detected.contains(placement->bundleIdentifier()))
             retained.append(retainedDraft(*placement));

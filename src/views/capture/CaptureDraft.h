@@ -33,8 +33,8 @@ struct CaptureLoadState {
     Kind kind = Kind::idle;
     /// Of `loaded`: applications were listed without their windows.
     bool appsOnly = false;
-    /// Of `failed`: why, in the product's words.
-    QString message = {};
+    /// Of `failed`: why.
+    Message message = {};
 
     bool operator==(const CaptureLoadState&) const = default;
 };
@@ -60,7 +60,7 @@ struct CaptureDraft {
 /// The saved windows of applications that are not in `applications`, in the order in which they
 /// were appended. Fails when they cannot be read, with why in the product's words: a save with a
 /// list that lacks some would delete them.
-[[nodiscard]] Expected<QList<RetainedPlacementDraft>, QString>
+[[nodiscard]] Expected<QList<RetainedPlacementDraft>, Message>
 buildRetainedPlacements(CapturePurpose purpose, const TrovellWorkspace* workspace,
                         const QList<CapturedApplication>& applications);
 

@@ -4,7 +4,6 @@
 
 #include "launch/ResourceSystem.h"
 #include "model/StoreContext.h"
-#include "support/Message.h"
 #include "views/shared/StoreWriting.h"
 #include "views/words/Phrases.h"
 
@@ -95,12 +94,11 @@ bool isGone(CapturePurpose purpose, const TrovellWorkspace* workspace)
 }
 
 /// Why nothing may be written; empty when it may.
-QString objection(CapturePurpose purpose, const CaptureDraft& draft,
+Message objection(CapturePurpose purpose, const CaptureDraft& draft,
                   const TrovellWorkspace* workspace, const StoreContext& context)
 {
     if (isGone(purpose, workspace))
-        return u"This workspace was deleted while you were capturing it. Nothing was saved."_key
-            .text();
+        return u"This workspace was deleted while you were capturing it. Nothing was saved."_key;
     const auto shortcut = draft.choices.shortcut();
     const auto editedId =
         purpose == CapturePurpose::update ? std::optional(workspace->id()) : std::nullopt;
@@ -109,15 +107,15 @@ QString objection(CapturePurpose purpose, const CaptureDraft& draft,
     return {};
 }
 
-QString notice(CapturePurpose purpose, const QString& name)
+Message notice(CapturePurpose purpose, const QString& name)
 {
     switch (purpose) {
     case CapturePurpose::create:
-        return Message(phrases::captured, name).productText();
+        return {phrases::captured, name};
     case CapturePurpose::update:
-        return Message(phrases::layoutUpdated, name).productText();
+        return {phrases::layoutUpdated, name};
     case CapturePurpose::saveAsNew:
-        return Message(phrases::savedAsNewWorkspace, name).productText();
+        return {phrases::savedAsNewWorkspace, name};
     }
     Q_UNREACHABLE();
 }
@@ -143,9 +141,9 @@ write(CapturePurpose purpose, const CaptureDraft& draft, TrovellWorkspace* works
 
 } // namespace
 
-QString description(const WorkspaceCaptureSaveError& error)
+Message description(const WorkspaceCaptureSaveError& error)
 {
-    return Message(phrases::applicationUnavailable, error.applicationName).productText();
+    return {phrases::applicationUnavailable, error.applicationName};
 }
 
 Expected<NewItems, WorkspaceCaptureSaveError>
@@ -203,19 +201,19 @@ void replaceLayout(TrovellWorkspace& workspace, const QList<CapturedApplication>
     appendWindows(workspace, applications);
 }
 
-Expected<SavedCapture, QString> saveCapture(CapturePurpose purpose, const CaptureDraft& draft,
+Expected<SavedCapture, Message> saveCapture(CapturePurpose purpose, const CaptureDraft& draft,
                                             TrovellWorkspace* workspace, StoreContext& context,
                                             const ResourceSystem& resources)
 {
-    if (const QString reason = objection(purpose, draft, workspace, context); !reason.isEmpty())
-        return Unexpected<QString>(reason);
+    if (const Message reason = objection(purpose, draft, workspace, context); !reason.isEmpty())
+        return Unexpected<Message>(reason);
     const auto written = write(purpose, draft, workspace, context, resources);
     if (!written) {
         context.rollback();
-        return Unexpected<QString>(description(written.error()));
+        return Unexpected<Message>(description(written.error()));
     }
     if (const auto saved = saveOrRollBack(context); !saved)
-        return Unexpected<QString>(saved.error());
+        return Unexpected<Message>(saved.error());
     return SavedCapture{*written, notice(purpose, (*written)->name())};
 }
 

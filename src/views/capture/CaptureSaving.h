@@ -24,7 +24,7 @@ struct WorkspaceCaptureSaveError {
     bool operator==(const WorkspaceCaptureSaveError&) const = default;
 };
 
-[[nodiscard]] QString description(const WorkspaceCaptureSaveError& error);
+[[nodiscard]] Message description(const WorkspaceCaptureSaveError& error);
 
 /// Records that belong to no workspace yet.
 using NewItems = std::vector<std::unique_ptr<WorkspaceItem>>;
@@ -49,14 +49,14 @@ void replaceLayout(TrovellWorkspace& workspace, const QList<CapturedApplication>
 struct SavedCapture {
     /// In the store.
     TrovellWorkspace* workspace = nullptr;
-    /// One line about it, in the product's words.
-    QString notice;
+    /// One line about it.
+    Message notice;
 };
 
 /// Saves the draft as the purpose says. `workspace` is the one to update or to start from; null for
 /// `create`, and where it was deleted meanwhile, which is a failure. After a failure the store is
-/// as it was before, and the answer is why, in the product's words.
-[[nodiscard]] Expected<SavedCapture, QString>
+/// as it was before, and the answer is why.
+[[nodiscard]] Expected<SavedCapture, Message>
 saveCapture(CapturePurpose purpose, const CaptureDraft& draft, TrovellWorkspace* workspace,
             StoreContext& context, const ResourceSystem& resources);
 

@@ -137,7 +137,7 @@ void CapturePermissionPage::addNote()
     addLine(noteGap, {lock, note}, noteSpacing);
 }
 
-CaptureFailurePage::CaptureFailurePage(const ViewEnvironment& environment, const QString& message)
+CaptureFailurePage::CaptureFailurePage(const ViewEnvironment& environment, const Message& message)
     : CaptureStatePage(environment)
 {
     const VisualStyle& visual = environment.visual;
@@ -146,7 +146,7 @@ CaptureFailurePage::CaptureFailurePage(const ViewEnvironment& environment, const
                                ColorToken::warningIcon)});
     words.renderText(addTitle(titleGap), u"Could Not Capture This Setup"_key);
     TextLabel* text = addText(textGap);
-    words.render(text, [&words, text, message] { text->setText(words.shownDetail(message)); });
+    words.render(text, [&words, text, message] { text->setText(words.text(message)); });
     auto* cancel = new PushButton(visual, {});
     auto* again = new PushButton(visual, {}, PushButton::Kind::prominent);
     words.renderText(cancel, u"Cancel"_key);

@@ -67,8 +67,7 @@ class CaptureFailurePage : public CaptureStatePage {
     Q_OBJECT
 
 public:
-    /// `message` in the product's words.
-    CaptureFailurePage(const ViewEnvironment& environment, const QString& message);
+    CaptureFailurePage(const ViewEnvironment& environment, const Message& message);
 
 Q_SIGNALS:
     void cancelled();

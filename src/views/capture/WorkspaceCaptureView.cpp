@@ -179,8 +179,8 @@ QCoro::Task<> WorkspaceCaptureView::capture(int load)
     if (captured)
         showCapture(*captured);
     else
-        setLoadState({.kind = CaptureLoadState::Kind::failed,
-                      .message = description(captured.error()).productText()});
+        setLoadState(
+            {.kind = CaptureLoadState::Kind::failed, .message = description(captured.error())});
 }
 
 void WorkspaceCaptureView::showCapture(const QList<CapturedApplication>& applications)

@@ -35,9 +35,8 @@ public:
     [[nodiscard]] const CaptureLoadState& loadState() const { return m_loadState; }
 
 Q_SIGNALS:
-    /// The workspace is stored; the sheet closes after this. `notice` is one line about it in the
-    /// product's own words, see `Localization::shownNotice`.
-    void saved(trovell::TrovellWorkspace* workspace, const QString& notice);
+    /// The workspace is stored; the sheet closes after this. `notice` is one line about it.
+    void saved(trovell::TrovellWorkspace* workspace, const trovell::Message& notice);
 
 private:
     QWidget* makeHeader();

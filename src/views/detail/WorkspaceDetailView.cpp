@@ -130,9 +130,9 @@ void WorkspaceDetailView::setWorkspace(TrovellWorkspace* workspace)
     showWorkspace();
 }
 
-void WorkspaceDetailView::setNotice(const std::optional<QString>& productText)
+void WorkspaceDetailView::setNotice(const Message& notice)
 {
-    m_noticeBanner->setMessage(productText);
+    m_noticeBanner->setMessage(notice);
 }
 
 /// An edit writes every record of the workspace, one after the other.

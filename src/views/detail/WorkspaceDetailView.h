@@ -32,8 +32,8 @@ public:
     /// May be null, which shows nothing. Follows the workspace, and shows nothing once it is gone.
     void setWorkspace(TrovellWorkspace* workspace);
 
-    /// A notice about the workspace shown, in the product's words.
-    void setNotice(const std::optional<QString>& productText);
+    /// About the workspace shown, or none.
+    void setNotice(const Message& notice);
 
     /// For whoever wants to know how far it is scrolled; owned by the view.
     [[nodiscard]] ScrollArea* scrollArea() const { return m_scrollArea; }

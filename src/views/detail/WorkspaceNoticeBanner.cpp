@@ -41,18 +41,18 @@ WorkspaceNoticeBanner::WorkspaceNoticeBanner(const ViewEnvironment& environment,
     });
 }
 
-void WorkspaceNoticeBanner::setMessage(const std::optional<QString>& productText)
+void WorkspaceNoticeBanner::setMessage(const Message& message)
 {
-    m_message = productText.value_or(QString());
+    m_message = message;
     showMessage();
-    setVisible(productText.has_value());
+    setVisible(!message.isEmpty());
     if (isVisible())
         announce(m_label->text());
 }
 
 void WorkspaceNoticeBanner::showMessage()
 {
-    m_label->setText(m_words.shownNotice(m_message));
+    m_label->setText(m_words.text(m_message));
     setAccessibleName(m_label->text());
 }
 

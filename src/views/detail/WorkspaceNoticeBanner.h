@@ -6,8 +6,6 @@
 #include "views/style/BannerFrame.h"
 #include "views/words/Localization.h"
 
-#include <optional>
-
 namespace trovell {
 
 class TextLabel;
@@ -19,8 +17,8 @@ class WorkspaceNoticeBanner : public BannerFrame {
 public:
     explicit WorkspaceNoticeBanner(const ViewEnvironment& environment, QWidget* parent = nullptr);
 
-    /// A notice in the product's words; none hides the banner.
-    void setMessage(const std::optional<QString>& productText);
+    /// None hides the banner.
+    void setMessage(const Message& message);
 
 Q_SIGNALS:
     void dismissed();
@@ -29,7 +27,7 @@ private:
     void showMessage();
 
     const Localization& m_words;
-    QString m_message;
+    Message m_message;
     TextLabel* m_label;
 };
 

@@ -78,7 +78,7 @@ void AddWebLinkView::add()
 {
     const auto url = validatedWebURL(m_field->text());
     if (!url) {
-        showWorkspaceAlert(m_environment, this, description(url.error()).productText());
+        showWorkspaceAlert(m_environment, this, description(url.error()));
         return;
     }
     Q_EMIT added(*url);

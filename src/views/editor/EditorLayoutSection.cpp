@@ -100,8 +100,7 @@ void EditorLayoutSection::captureIfTrusted()
         capture();
     else
         Q_EMIT failed(
-            u"Accessibility access is required to capture windows. If Trovell is already enabled in System Settings, remove the old entry and request access again."_key
-                .text());
+            u"Accessibility access is required to capture windows. If Trovell is already enabled in System Settings, remove the old entry and request access again."_key);
 }
 
 QCoro::Task<> EditorLayoutSection::capture()
@@ -118,7 +117,7 @@ QCoro::Task<> EditorLayoutSection::capture()
     if (!isVisible())
         co_return;
     if (!captured) {
-        Q_EMIT failed(description(captured.error()).productText());
+        Q_EMIT failed(description(captured.error()));
         co_return;
     }
     m_capturedApplications = *captured;

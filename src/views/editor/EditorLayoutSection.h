@@ -32,7 +32,7 @@ public:
 
 Q_SIGNALS:
     /// In the product's words.
-    void failed(const QString& reason);
+    void failed(const trovell::Message& reason);
 
 private:
     QWidget* makeActions();

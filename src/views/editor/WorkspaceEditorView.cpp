@@ -194,7 +194,7 @@ WorkspaceEdits WorkspaceEditorView::edits() const
             .capturedApplications = m_layout->capturedApplications()};
 }
 
-void WorkspaceEditorView::showError(const QString& reason)
+void WorkspaceEditorView::showError(const Message& reason)
 {
     showWorkspaceAlert(m_environment, this, reason);
 }

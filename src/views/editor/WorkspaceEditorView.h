@@ -42,7 +42,7 @@ private:
     void showSaveState();
     void save();
     [[nodiscard]] WorkspaceEdits edits() const;
-    void showError(const QString& reason);
+    void showError(const Message& reason);
 
     const ViewEnvironment m_environment;
     const EditedWorkspace m_target;

@@ -12,20 +12,18 @@ namespace trovell {
 namespace {
 
 /// Why nothing can be saved; empty when it can.
-QString objection(const EditedWorkspace& target, const WorkspaceEdits& edits,
+Message objection(const EditedWorkspace& target, const WorkspaceEdits& edits,
                   const StoreContext& context)
 {
     if (target.isGone())
-        return u"This workspace was deleted while you were editing it. Nothing was saved."_key
-            .text();
+        return u"This workspace was deleted while you were editing it. Nothing was saved."_key;
     const auto shortcut = edits.choices.shortcut();
     const auto editedId = target.workspace ? std::optional(target.workspace->id()) : std::nullopt;
     if (shortcut && shortcutConflict(*shortcut, editedId, context.workspaces()))
         return shortcutConflictText();
     // Saving would delete the items that are not shown.
     if (!target.isComplete)
-        return u"The items of this workspace could not be read. Close the editor and try again."_key
-            .text();
+        return u"The items of this workspace could not be read. Close the editor and try again."_key;
     return {};
 }
 
@@ -84,11 +82,11 @@ bool EditedWorkspace::isGone() const
     return !isNew && (!workspace || workspace->isRemoved());
 }
 
-Expected<TrovellWorkspace*, QString> saveEdits(const EditedWorkspace& target,
+Expected<TrovellWorkspace*, Message> saveEdits(const EditedWorkspace& target,
                                                const WorkspaceEdits& edits, StoreContext& context)
 {
-    if (const QString reason = objection(target, edits, context); !reason.isEmpty())
-        return Unexpected<QString>(reason);
+    if (const Message reason = objection(target, edits, context); !reason.isEmpty())
+        return Unexpected<Message>(reason);
     std::unique_ptr<TrovellWorkspace> made = target.isNew ? makeWorkspace(context) : nullptr;
     TrovellWorkspace* const workspace = made ? made.get() : target.workspace.data();
     writeBasics(*workspace, edits);
@@ -97,7 +95,7 @@ Expected<TrovellWorkspace*, QString> saveEdits(const EditedWorkspace& target,
     if (made)
         context.insert(std::move(made));
     if (auto saved = saveOrRollBack(context); !saved)
-        return Unexpected<QString>(saved.error());
+        return Unexpected<Message>(saved.error());
     return workspace;
 }
 

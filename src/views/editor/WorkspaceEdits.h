@@ -48,7 +48,7 @@ struct EditedWorkspace {
 /// Writes everything to the workspace, or to a new one, and saves; the answer is the workspace.
 /// Items are replaced by new records of the same ids, numbered from 0. When it fails, nothing has
 /// changed in the store and the answer is why, in the product's words.
-[[nodiscard]] Expected<TrovellWorkspace*, QString>
+[[nodiscard]] Expected<TrovellWorkspace*, Message>
 saveEdits(const EditedWorkspace& target, const WorkspaceEdits& edits, StoreContext& context);
 
 } // namespace trovell

@@ -134,7 +134,7 @@ void MainWorkspaceView::reconcileSelection()
 void MainWorkspaceView::refresh()
 {
     m_sidebar->showWorkspaces(m_environment.workspaces.workspaces(), m_selection);
-    std::optional<QString> message;
+    Message message;
     if (m_notice && m_notice->workspaceID == m_selection)
         message = m_notice->message;
     m_column->show(find(m_selection), message);
@@ -190,7 +190,7 @@ void MainWorkspaceView::duplicate(const TrovellWorkspace& workspace)
 {
     const auto copy = duplicateWorkspace(m_environment.context, workspace);
     if (succeeded(copy))
-        finishSheet(*copy, Message(phrases::created, (*copy)->name()).productText());
+        finishSheet(*copy, {phrases::created, (*copy)->name()});
 }
 
 void MainWorkspaceView::remove(TrovellWorkspace& workspace)
@@ -205,21 +205,20 @@ void MainWorkspaceView::clearLayout(TrovellWorkspace& workspace)
 {
     if (!succeeded(clearSavedLayout(m_environment.context, workspace)))
         return;
-    m_notice = {workspace.id(),
-                Message(phrases::savedLayoutCleared, workspace.name()).productText()};
+    m_notice = {workspace.id(), {phrases::savedLayoutCleared, workspace.name()}};
     refresh();
 }
 
-template <class Value> bool MainWorkspaceView::succeeded(const Expected<Value, QString>& written)
+template <class Value> bool MainWorkspaceView::succeeded(const Expected<Value, Message>& written)
 {
     if (written)
-        m_reportedFailure.clear();
+        m_reportedFailure = {};
     else
         reportFailure(written.error());
     return written.has_value();
 }
 
-void MainWorkspaceView::reportFailure(const QString& reason)
+void MainWorkspaceView::reportFailure(const Message& reason)
 {
     m_reportedFailure = reason;
     present({.kind = AlertKind::error, .reason = reason});
@@ -252,7 +251,7 @@ Sheet* MainWorkspaceView::makeSheet(const WorkspaceSheetRequest& request)
     const auto edit = [&](TextKey<Placeholder::text> done) -> Sheet* {
         auto* sheet = new WorkspaceEditorView(m_environment, request.workspace, window());
         connect(sheet, &WorkspaceEditorView::saved, this, [this, done](TrovellWorkspace* saved) {
-            finishSheet(saved, Message(done, saved->name()).productText());
+            finishSheet(saved, {done, saved->name()});
         });
         return sheet;
     };
@@ -277,14 +276,14 @@ Sheet* MainWorkspaceView::makeSheet(const WorkspaceSheetRequest& request)
     }
     auto* sheet = new RenameWorkspaceView(m_environment, *request.workspace, window());
     connect(sheet, &RenameWorkspaceView::saved, this, [this](TrovellWorkspace* saved) {
-        finishSheet(saved, Message(phrases::renamed, saved->name()).productText());
+        finishSheet(saved, {phrases::renamed, saved->name()});
     });
     return sheet;
 }
 
-void MainWorkspaceView::finishSheet(TrovellWorkspace* workspace, const QString& notice)
+void MainWorkspaceView::finishSheet(TrovellWorkspace* workspace, const Message& notice)
 {
-    m_reportedFailure.clear();
+    m_reportedFailure = {};
     m_notice = {workspace->id(), notice};
     select(workspace->id());
 }

@@ -69,12 +69,12 @@ private:
     void remove(TrovellWorkspace& workspace);
     void clearLayout(TrovellWorkspace& workspace);
     /// Whether the write succeeded; tells the user if not.
-    template <class Value> bool succeeded(const Expected<Value, QString>& written);
-    void reportFailure(const QString& reason);
+    template <class Value> bool succeeded(const Expected<Value, Message>& written);
+    void reportFailure(const Message& reason);
     void reportInBackground(StoreError error);
 
     [[nodiscard]] Sheet* makeSheet(const WorkspaceSheetRequest& request);
-    void finishSheet(TrovellWorkspace* workspace, const QString& notice);
+    void finishSheet(TrovellWorkspace* workspace, const Message& notice);
     [[nodiscard]] Alert* openAlert(const WorkspaceAlertRequest& request);
     void answerAlert(const WorkspaceAlertRequest& request);
     [[nodiscard]] QWidget* frontWindow() const;
@@ -88,7 +88,7 @@ private:
     std::optional<WorkspaceAlertRequest> m_activeAlert;
     QPointer<Alert> m_alert;
     /// The last failure that was reported, until a write succeeds.
-    QString m_reportedFailure;
+    Message m_reportedFailure;
     bool m_hasAppeared = false;
 };
 

@@ -16,7 +16,7 @@ struct WorkspaceAlertRequest {
     /// Of `deleteWorkspace` and `clearLayout`.
     QPointer<TrovellWorkspace> workspace = {};
     /// Of `error`: why it failed, in the product's words.
-    QString reason = {};
+    Message reason = {};
     QUuid id = QUuid::createUuid();
 };
 

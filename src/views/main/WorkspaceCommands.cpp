@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 using Workspaces = QList<TrovellWorkspace*>;
-using Result = Expected<void, QString>;
+using Result = Expected<void, Message>;
 
 WorkspaceValues copiedValues(const TrovellWorkspace& source, qint64 sortOrder)
 {
@@ -63,7 +63,7 @@ Result renumber(StoreContext& context, const Workspaces& workspaces)
 
 } // namespace
 
-Expected<TrovellWorkspace*, QString> duplicateWorkspace(StoreContext& context,
+Expected<TrovellWorkspace*, Message> duplicateWorkspace(StoreContext& context,
                                                         const TrovellWorkspace& source)
 {
     auto copy =

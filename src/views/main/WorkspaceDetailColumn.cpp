@@ -66,7 +66,7 @@ QWidget* WorkspaceDetailColumn::buildToolbar()
     return toolbar;
 }
 
-void WorkspaceDetailColumn::show(TrovellWorkspace* workspace, const std::optional<QString>& notice)
+void WorkspaceDetailColumn::show(TrovellWorkspace* workspace, const Message& notice)
 {
     m_detail->setWorkspace(workspace);
     m_detail->setNotice(notice);

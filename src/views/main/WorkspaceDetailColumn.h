@@ -24,7 +24,7 @@ public:
     explicit WorkspaceDetailColumn(const ViewEnvironment& environment, QWidget* parent = nullptr);
 
     /// Null shows the empty state. `notice` is one about the workspace, in the product's words.
-    void show(TrovellWorkspace* workspace, const std::optional<QString>& notice);
+    void show(TrovellWorkspace* workspace, const Message& notice);
 
     [[nodiscard]] WorkspaceDetailView* detail() const { return m_detail; }
 

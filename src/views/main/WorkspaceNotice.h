@@ -3,15 +3,15 @@
 // What was last done successfully, and to which workspace. A plain value; any thread.
 #pragma once
 
-#include <QString>
+#include "support/Message.h"
+
 #include <QUuid>
 
 namespace trovell {
 
 struct WorkspaceNotice {
     QUuid workspaceID;
-    /// In the product's words, see `Localization::shownNotice`.
-    QString message;
+    Message message;
 
     bool operator==(const WorkspaceNotice&) const = default;
 };

@@ -29,7 +29,7 @@ WorkspaceSidebarRow::WorkspaceSidebarRow(const TrovellWorkspace& workspace,
       itemCount(words.text(phrases::itemCount, workspace.itemCount()))
 {
     if (const auto definition = workspace.shortcut())
-        shortcut = words.shownShortcut(definition->displayValue);
+        shortcut = words.text(displayName(*definition));
 }
 
 QString WorkspaceSidebarRow::spokenText() const

@@ -6,13 +6,13 @@
 
 namespace trovell {
 
-Expected<void, QString> saveOrRollBack(StoreContext& context)
+Expected<void, Message> saveOrRollBack(StoreContext& context)
 {
     const auto saved = context.save();
     if (saved)
         return {};
     context.rollback();
-    return Unexpected<QString>(description(saved.error()));
+    return Unexpected<Message>(description(saved.error()));
 }
 
 } // namespace trovell

@@ -4,15 +4,13 @@
 #pragma once
 
 #include "support/Expected.h"
-
-#include <QString>
+#include "support/Message.h"
 
 namespace trovell {
 
 class StoreContext;
 
-/// Saves what was changed. If that fails, everything is rolled back and the answer is why, in the
-/// product's words.
-[[nodiscard]] Expected<void, QString> saveOrRollBack(StoreContext& context);
+/// Saves what was changed. If that fails, everything is rolled back and the answer is why.
+[[nodiscard]] Expected<void, Message> saveOrRollBack(StoreContext& context);
 
 } // namespace trovell

@@ -3,9 +3,7 @@
 // Alerts that say that something failed. Main thread.
 #pragma once
 
-#include "support/TextKey.h"
-
-#include <QString>
+#include "support/Message.h"
 
 class QWidget;
 
@@ -14,12 +12,11 @@ namespace trovell {
 class Alert;
 struct ViewEnvironment;
 
-/// Shows a title and a reason in the product's words over the window of `over`, which owns the
-/// alert. Returns at once.
+/// Shows a title and a reason over the window of `over`, which owns the alert. Returns at once.
 Alert* showFailureAlert(const ViewEnvironment& environment, QWidget* over, TextKey<> title,
-                        const QString& reason);
+                        const Message& reason);
 
 /// Shows "Workspace Could Not Be Saved" in the same way.
-Alert* showWorkspaceAlert(const ViewEnvironment& environment, QWidget* over, const QString& reason);
+Alert* showWorkspaceAlert(const ViewEnvironment& environment, QWidget* over, const Message& reason);
 
 } // namespace trovell

@@ -45,8 +45,7 @@ void WorkspaceChoiceControls::showShortcuts(const Localization& words, TextKey<>
     const QSignalBlocker blocker(m_shortcut);
     m_shortcut->clear();
     for (const auto& shortcut : shortcuts()) {
-        m_shortcut->addItem(shortcut ? words.shownShortcut(shortcut->displayValue)
-                                     : words.text(noShortcut));
+        m_shortcut->addItem(shortcut ? words.text(displayName(*shortcut)) : words.text(noShortcut));
     }
     m_shortcut->setCurrentIndex(int(m_choices.shortcutIndex));
 }

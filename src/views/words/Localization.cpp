@@ -2,7 +2,6 @@
 
 #include "views/words/Localization.h"
 
-#include "views/words/LogicTexts.h"
 #include "views/words/TranslationTables.h"
 
 #include <QCoreApplication>
@@ -17,31 +16,6 @@
 namespace trovell {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-struct Recognised {
-    QString key;
-    QString payload;
-};
-
-/// The first of `patterns`, each with one "%@", that `text` could have been made from.
-template <size_t count>
-std::optional<Recognised> recognised(const std::array<std::u16string_view, count>& patterns,
-                                     const QString& text)
-{
-    for (const QStringView pattern : patterns) {
-        const qsizetype at = pattern.indexOf(u"%@");
-        const QStringView before = pattern.first(at);
-        const QStringView after = pattern.sliced(at + 2);
-        const qsizetype payloadSize = text.size() - before.size() - after.size();
-        if (payloadSize >= 0 && text.startsWith(before) && text.endsWith(after))
-            return Recognised{pattern.toString(), text.sliced(before.size(), payloadSize)};
-    }
-    return std::nullopt;
-}
-
-} // namespace
 
 QStringList translationFolders()
 {
@@ -106,12 +80,6 @@ Qt::LayoutDirection Localization::layoutDirection() const
     return m_tables->language().textDirection();
 }
 
-QString Localization::text(const QString& key) const
-{
-    const QString found = m_tables->text(key);
-    return found.isNull() ? key : found;
-}
-
 // With one number the whole sentence has plural forms, with several each number has its own.
 QString Localization::text(const Message& message) const
 {
@@ -144,27 +112,6 @@ QString Localization::number(NumberArgument argument) const
     if (!argument.isGrouped)
         locale.setNumberOptions(locale.numberOptions() | QLocale::OmitGroupSeparator);
     return locale.toString(argument.value);
-}
-
-QString Localization::shownDetail(const QString& productText) const
-{
-    const auto detail = recognised(detailPatterns, productText);
-    if (!detail)
-        return text(productText);
-    if (detail->key == storeOpeningFailure.text())
-        return filledIn(text(detail->key), {text(detail->payload)});
-    return filledIn(text(detail->key), {detail->payload});
-}
-
-QString Localization::shownNotice(const QString& productText) const
-{
-    const auto notice = recognised(noticePatterns, productText);
-    return notice ? filledIn(text(notice->key), {notice->payload}) : productText;
-}
-
-QString Localization::shownShortcut(const QString& displayValue) const
-{
-    return text(displayValue);
 }
 
 void Localization::render(QObject* context, const std::function<void()>& show) const

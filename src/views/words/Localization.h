@@ -5,6 +5,7 @@
 //
 //     words.text(u"Save Layout"_key)
 //     words.text(phrases::saved, workspace->name())
+//     words.text(report.summary())
 //     words.render(this, [this] { m_title->setText(m_words.text(u"Items"_key)); });
 //
 // A text is looked up in the table of the language, then in the English table, and is the key
@@ -57,27 +58,14 @@ public:
     /// table is not laid out from right to left. The application's layout direction follows it.
     [[nodiscard]] Qt::LayoutDirection layoutDirection() const;
 
-    /// The text of a key with its values put in, in the plural form that its number asks for.
+    /// The text of a key with its values put in, in the plural form that its number asks for; words
+    /// that are no key as they are.
+    [[nodiscard]] QString text(const Message& message) const;
     template <Placeholder... kinds>
     [[nodiscard]] QString text(TextKey<kinds...> key, const ArgumentOf<kinds>&... arguments) const
     {
         return text(Message(key, arguments...));
     }
-    [[nodiscard]] QString text(const Message& message) const;
-
-    /// The text of a key that is only known at run time, the name of a choice.
-    [[nodiscard]] QString text(const QString& key) const;
-
-    // Finished texts in the product's words, as they come from the logic and stand in records. They
-    // are recognised by the keys in LogicTexts.h and shown in the user's language with their
-    // payload put back as it is; texts that are not recognised are returned unchanged.
-
-    /// An error's description, the detail of a result, the state of a service.
-    [[nodiscard]] QString shownDetail(const QString& productText) const;
-    /// A notice about a workspace, such as "Work saved.".
-    [[nodiscard]] QString shownNotice(const QString& productText) const;
-    /// As a keyboard of this platform names it: "Ctrl+Alt+1" for the stored "⌃⌥1".
-    [[nodiscard]] QString shownShortcut(const QString& displayValue) const;
 
     /// Calls `show` now and on every change of the language until `context` is gone. `context`
     /// also stands for the thread: it must be an object of the main thread.

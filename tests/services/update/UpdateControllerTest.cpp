@@ -22,9 +22,9 @@ private Q_SLOTS:
         for (const auto& [feed, key] : incomplete) {
             UpdateController controller(feed, key, {});
             QVERIFY(!controller.isConfigured() && !controller.controller());
-            QVERIFY(!controller.statusMessage());
+            QVERIFY(controller.statusMessage().isEmpty());
             controller.checkForUpdates();
-            QVERIFY(controller.statusMessage()->contains(u"EdDSA key"));
+            QVERIFY(controller.statusMessage().productText().contains(u"EdDSA key"));
         }
     }
 
@@ -36,7 +36,7 @@ private Q_SLOTS:
         QCOMPARE(controller.controller()->state(), UpdateState());
         controller.checkForUpdates();
         QCOMPARE(controller.controller()->state().error, UpdateError::publicKeyMalformed);
-        QVERIFY(!controller.statusMessage());
+        QVERIFY(controller.statusMessage().isEmpty());
     }
 };
 

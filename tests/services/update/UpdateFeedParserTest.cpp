@@ -152,7 +152,7 @@ private Q_SLOTS:
                                   .minimumSystemVersion = text.section(u'@', 1, 1)});
             const auto items = parseUpdateFeed(feedOf(published));
             const UpdateChoice made = chooseUpdate(*items, version(u"1.5"_s), version(u"2.36"_s));
-            return made.item ? made.item->shortVersion : made.reason;
+            return made.item ? made.item->shortVersion : made.reason.productText();
         };
         QCOMPARE(choice({u"1.9"_s, u"1.10"_s, u"1.10-rc"_s, u"0.1"_s}), u"1.10"_s);
         QCOMPARE(choice({u"3@2.37"_s, u"2@2.36"_s}), u"2"_s);

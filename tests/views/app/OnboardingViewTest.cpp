@@ -112,8 +112,9 @@ private Q_SLOTS:
         QTest::keyClick(m_guide, Qt::Key_Return);
         m_fixture->refuseSaving();
         click(*m_guide, u"Create Workspace"_s);
-        QCOMPARE(answeredAlert(*m_guide), QStringList({u"Workspace Could Not Be Saved"_s,
-                                                       description(StoreError::diskFull)}));
+        QCOMPARE(answeredAlert(*m_guide),
+                 QStringList({u"Workspace Could Not Be Saved"_s,
+                              description(StoreError::diskFull).productText()}));
         QCOMPARE(m_guide->step(), Step::firstWorkspace);
         QVERIFY(!isCompleted() && workspaces().isEmpty());
 

@@ -142,7 +142,7 @@ private Q_SLOTS:
         // The last two are those of the tab bar itself, which it never shows here.
         QStringList data{u"Trovell"_s, u"Scroll Left"_s, u"Scroll Right"_s};
         for (const AppLanguage named : allLanguages().sliced(1))
-            data += displayName(named);
+            data += displayName(named).productText();
         for (const Page page : {Page::general, Page::updates, Page::about}) {
             m_view->showPage(page);
             QCOMPARE(languageProblems(*m_view, m_fixture->environment().words, data), QString());

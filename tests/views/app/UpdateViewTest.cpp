@@ -84,7 +84,7 @@ private Q_SLOTS:
     {
         m_world->serveFeed({.status = 500});
         check(*m_updater);
-        QVERIFY(find<QLabel>(*m_view, description(UpdateError::serverRefused)));
+        QVERIFY(find<QLabel>(*m_view, description(UpdateError::serverRefused).productText()));
         QVERIFY(find(*m_view, u"Close"_s));
         m_world->publish();
         click(*m_view, u"Try Again"_s);
@@ -101,7 +101,7 @@ private Q_SLOTS:
              {Phase::checking, Phase::upToDate, Phase::available, Phase::downloading,
               Phase::verifying, Phase::ready, Phase::failed}) {
             state.phase = phase;
-            state.sentence = description(UpdateError::diskFull);
+            state.reason = description(UpdateError::diskFull);
             for (const bool isHandedOver : {false, true}) {
                 state.isHandedOver = isHandedOver;
                 const UpdateTexts texts = updateTexts(state, words);

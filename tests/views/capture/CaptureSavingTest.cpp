@@ -59,7 +59,7 @@ struct Saving {
         draft.retainedPlacements = *buildRetainedPlacements(purpose, &workspace, applications);
     }
 
-    Expected<SavedCapture, QString> save(CapturePurpose purpose)
+    Expected<SavedCapture, Message> save(CapturePurpose purpose)
     {
         return saveCapture(purpose, draft, &workspace, fixture.context(), *fixture.resources);
     }
@@ -72,7 +72,7 @@ struct Saving {
         const StoreContents before = contents();
         const auto saved = save(purpose);
         const bool isUntouched = !fixture.context().hasChanges() && contents() == before;
-        return saved || !isUntouched ? QString() : saved.error();
+        return saved || !isUntouched ? QString() : saved.error().productText();
     }
 
     ViewFixture fixture;
@@ -125,7 +125,7 @@ private Q_SLOTS:
         QTest::qSleep(2); // times are stored to the millisecond
         const auto saved = saving.save(CapturePurpose::update);
         QVERIFY(saved);
-        QCOMPARE(saved->notice, u"Work layout updated."_s);
+        QCOMPARE(saved->notice.productText(), u"Work layout updated."_s);
         StoreContents after = saving.contents();
         QVERIFY(after[0].values.updatedAt > before[0].values.updatedAt);
         after[0].values.updatedAt = before[0].values.updatedAt;
@@ -161,7 +161,7 @@ private Q_SLOTS:
 
         const auto saved = saving.save(CapturePurpose::create);
         QVERIFY(saved);
-        QCOMPARE(saved->notice, u"Music captured."_s);
+        QCOMPARE(saved->notice.productText(), u"Music captured."_s);
         const TrovellWorkspace& workspace = *saved->workspace;
         QVERIFY(workspace.isStored());
         QCOMPARE(workspace.name(), u"Music"_s);
@@ -194,7 +194,7 @@ private Q_SLOTS:
 
         const auto saved = saving.save(CapturePurpose::saveAsNew);
         QVERIFY(saved);
-        QCOMPARE(saved->notice, u"Work Variant saved as a new workspace."_s);
+        QCOMPARE(saved->notice.productText(), u"Work Variant saved as a new workspace."_s);
         const TrovellWorkspace& variant = *saved->workspace;
         QCOMPARE(variant.shortcut(), std::nullopt);
         QCOMPARE(itemNames(variant),
@@ -211,7 +211,7 @@ private Q_SLOTS:
             Saving saving({u"editor"_s});
             saving.capture(purpose, {application(u"editor"_s, {u"a"_s})});
             saving.fixture.refuseSaving();
-            QCOMPARE(saving.refusal(purpose), description(StoreError::diskFull));
+            QCOMPARE(saving.refusal(purpose), description(StoreError::diskFull).productText());
             saving.fixture.allowSaving();
             QVERIFY(saving.save(purpose));
         }

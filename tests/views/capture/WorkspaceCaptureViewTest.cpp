@@ -23,9 +23,9 @@ struct OpenSheet {
         view =
             new WorkspaceCaptureView(fixture.environment(), purpose, workspace, &fixture.window());
         QObject::connect(view, &WorkspaceCaptureView::saved, view,
-                         [this](TrovellWorkspace* result, const QString& text) {
+                         [this](TrovellWorkspace* result, const Message& message) {
                              saved = result;
-                             notice = text;
+                             notice = message.productText();
                          });
         view->open();
     }
@@ -142,8 +142,9 @@ private Q_SLOTS:
         QVERIFY(sheet.reaches(Kind::loaded));
         m_fixture->refuseSaving();
         click(*sheet.view, u"Save Layout"_s);
-        QCOMPARE(answeredAlert(*sheet.view), QStringList({u"Workspace Could Not Be Saved"_s,
-                                                          description(StoreError::diskFull)}));
+        QCOMPARE(answeredAlert(*sheet.view),
+                 QStringList({u"Workspace Could Not Be Saved"_s,
+                              description(StoreError::diskFull).productText()}));
         QCOMPARE(contentsOf(m_fixture->context()), before);
         QVERIFY(!sheet.saved);
         m_fixture->allowSaving();

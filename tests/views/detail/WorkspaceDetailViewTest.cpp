@@ -17,6 +17,7 @@
 #include "views/style/TextLabel.h"
 #include "views/support/Controls.h"
 #include "views/support/ViewFixture.h"
+#include "views/words/Phrases.h"
 
 #include <QAccessible>
 
@@ -209,7 +210,7 @@ private Q_SLOTS:
         addLink().setIsEnabled(false);
         m_fixture->addPlacement(*m_work, u"mail"_s);
         launch();
-        m_view->setNotice(u"Work saved."_s);
+        m_view->setNotice({phrases::saved, u"Work"_s});
         child<LaunchReportBanner>()->findChild<PushButton*>()->click();
         // The smallest window with the widest of the usual sidebars.
         m_fixture->window().resize(900 - 245, 620);

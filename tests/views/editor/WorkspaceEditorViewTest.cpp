@@ -181,7 +181,8 @@ private Q_SLOTS:
         QCOMPARE(editor.save(), QStringList({notSaved, conflict}));
         shortcut->setCurrentIndex(2);
         m_fixture->refuseSaving();
-        QCOMPARE(editor.save(), QStringList({notSaved, description(StoreError::diskFull)}));
+        QCOMPARE(editor.save(),
+                 QStringList({notSaved, description(StoreError::diskFull).productText()}));
         QVERIFY(!editor.saved && !m_fixture->context().hasChanges());
         QCOMPARE(contentsOf(m_fixture->context()), before);
 

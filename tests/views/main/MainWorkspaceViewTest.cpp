@@ -92,7 +92,7 @@ public:
 
     [[nodiscard]] QString noticeText() const
     {
-        return view->notice() ? view->notice()->message : QString();
+        return view->notice() ? view->notice()->message.productText() : QString();
     }
 
     static void flush()
@@ -263,7 +263,7 @@ private Q_SLOTS:
         QCOMPARE(m_desk->namesOnScreen(), u"ABC"_s);
         QCOMPARE(m_desk->selectedName(), u"B"_s);
         QVERIFY(!m_desk->view->notice());
-        const QString reason = description(StoreError::diskFull);
+        const QString reason = description(StoreError::diskFull).productText();
         QCOMPARE(answeredAlert(m_desk->window()),
                  QStringList({u"Workspace Could Not Be Saved"_s, reason}));
         QVERIFY(!m_desk->view->activeAlert());
