@@ -14,7 +14,7 @@ import make_test_language  # noqa: E402
 
 def keys_in(source):
     return [literal.text for literal in extract_keys.literals(source)
-            if extract_keys.is_key(literal, is_logic=False)]
+            if literal.suffix == "_key"]
 
 
 def message(key, translation):
@@ -50,27 +50,14 @@ class Collecting(unittest.TestCase):
             with self.subTest(source), self.assertRaises(extract_keys.UnreadableKey):
                 keys_in(source)
 
-    def test_sentences_of_the_logic(self):
-        source = '''return QStringLiteral("The file is damaged.") + u"It is gone."_s;
-                    sql("SELECT one FROM two"); u"preferences.language"_s;
-                    u" could not be found."_s; u"Version %1 is too old."_s;'''
-        found = [literal.text for literal in extract_keys.literals(source)
-                 if extract_keys.is_key(literal, is_logic=True)]
-        self.assertEqual(found, ["The file is damaged.", "It is gone."])
-
 
 class Sources(unittest.TestCase):
-    def test_texts_that_views_do_not_look_up(self):
+    def test_texts_without_a_key(self):
         source = '''u"Items"_key; u"Forgotten"_s; QStringLiteral("two words"); u"Trovell"_s;
-                    u"gearshape"_s; u" • "_s; u":/trovell/symbols/"_s;'''
-        found = list(check_words.texts_not_looked_up("a.cpp", source))
-        self.assertEqual(len(found), 2, found)
-
-    def test_payloads_without_a_pattern(self):
-        source = 'name + u" could not be found."_s; u"Version %1 is old"_s; u" is very new"_s;'
-        keys = ["%@ could not be found.", "Version %@ is old"]
-        found = list(check_words.unregistered_patterns("a.cpp", source, keys))
-        self.assertEqual(len(found), 1, found)
+                    u"gearshape"_s; u" • "_s; u":/trovell/symbols/"_s; sql("SELECT one");'''
+        for name, count in (("views/a.cpp", 2), ("model/a.cpp", 1)):
+            found = list(check_words.texts_without_key(name, source))
+            self.assertEqual(len(found), count, found)
 
 
 class Tables(unittest.TestCase):

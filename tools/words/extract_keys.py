@@ -4,9 +4,8 @@
 
 Usage: extract_keys.py SOURCE_ROOT OUTPUT.cpp
 
-A key is a literal with the suffix _key, anywhere, or a whole sentence in the logic, which knows
-nothing of translation: the views look its texts up as they come. The keys are written as a file
-that lupdate reads: one context, a key with one number as a message with plural forms, and for each
+A key is a literal with the suffix _key, which lupdate does not know. The keys are written as a file
+that it reads: one context, a key with one number as a message with plural forms, and for each
 number of a key with several a phrase in a context of its own (see views/words/TranslationTables.h).
 The file stays untouched when nothing has changed.
 """
@@ -26,7 +25,6 @@ TOKEN = re.compile(
       | (?P<sign>\S)""",
     re.DOTALL | re.VERBOSE)
 ESCAPE = re.compile(r"\\(u[0-9a-fA-F]{4}|x[0-9a-fA-F]+|.)", re.DOTALL)
-SENTENCE = re.compile(r"[^\W\d_][,.;:]? [^\W\d_]")
 PLACEHOLDER = re.compile(r"%(?:([1-9])\$)?(@|lld)")
 
 
@@ -75,21 +73,6 @@ def literals(source):
         before = [before[1], token.group()]
 
 
-def is_sentence(literal):
-    """Whether people read it: it has several words."""
-    return literal.is_text and SENTENCE.search(literal.text) is not None
-
-
-def is_piece(text):
-    """Whether a value is put into or beside the text."""
-    return text != text.strip() or re.search(r"%\d", text) is not None
-
-
-def is_key(literal, is_logic):
-    return literal.suffix == "_key" or \
-        (is_logic and is_sentence(literal) and not is_piece(literal.text))
-
-
 def keys_of(root):
     """Key → the files that use it, in a stable order."""
     keys = {}
@@ -99,7 +82,7 @@ def keys_of(root):
         name = file.relative_to(root).as_posix()
         try:
             for literal in literals(file.read_text(encoding="utf-8")):
-                if is_key(literal, not name.startswith("views/")):
+                if literal.suffix == "_key":
                     keys.setdefault(literal.text, {})[name] = True
         except UnreadableKey as problem:
             raise UnreadableKey(f"{name}: {problem}") from problem
