@@ -43,13 +43,9 @@ template <size_t size> struct KeyLiteral {
         std::ranges::copy(literal, characters.begin());
     }
 
-    [[nodiscard]] constexpr bool holds(const char16_t* text, size_t at) const
+    [[nodiscard]] constexpr std::u16string_view text() const
     {
-        for (; *text != u'\0'; ++text, ++at) {
-            if (at >= size || characters[at] != *text)
-                return false;
-        }
-        return true;
+        return {characters.data(), size - 1};
     }
 
     [[nodiscard]] consteval size_t placeholderCount() const
@@ -61,12 +57,13 @@ template <size_t size> struct KeyLiteral {
     {
         std::array<Placeholder, count> found{};
         size_t next = 0;
-        for (size_t at = 0; at < size; ++at) {
-            if (characters[at] != u'%')
+        for (size_t at = 0; at < text().size(); ++at) {
+            const std::u16string_view rest = text().substr(at);
+            if (!rest.starts_with(u'%'))
                 continue;
-            if (!holds(u"%@", at) && !holds(u"%lld", at))
+            if (!rest.starts_with(u"%@") && !rest.starts_with(u"%lld"))
                 throw std::logic_error("a key holds no other % than those of %@ and %lld");
-            found[next++] = holds(u"%@", at) ? Placeholder::text : Placeholder::number;
+            found[next++] = rest.starts_with(u"%@") ? Placeholder::text : Placeholder::number;
         }
         return found;
     }
@@ -77,10 +74,9 @@ inline namespace literals {
 template <KeyLiteral literal> [[nodiscard]] consteval auto operator""_key()
 {
     constexpr auto kinds = literal.template kinds<literal.placeholderCount()>();
-    constexpr std::u16string_view text(literal.characters.data(), literal.characters.size() - 1);
     return [&]<size_t... indices>(std::index_sequence<indices...>)
     {
-        return TextKey<kinds[indices]...>{text};
+        return TextKey<kinds[indices]...>{literal.text()};
     }
     (std::make_index_sequence<kinds.size()>());
 }

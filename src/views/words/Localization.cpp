@@ -11,11 +11,25 @@
 #include <QStandardPaths>
 #include <QTranslator>
 
-#include <algorithm>
-
 namespace trovell {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+std::optional<qint64> onlyNumber(const std::vector<Message>& arguments)
+{
+    std::optional<qint64> only;
+    for (const Message& argument : arguments) {
+        if (argument.number() && only)
+            return std::nullopt;
+        if (argument.number())
+            only = argument.number()->value;
+    }
+    return only;
+}
+
+} // namespace
 
 QStringList translationFolders()
 {
@@ -85,15 +99,11 @@ QString Localization::text(const Message& message) const
 {
     if (!message.isKey())
         return message.number() ? number(*message.number()) : message.text();
-    const std::vector<Message>& arguments = message.arguments();
-    const auto isNumber = [](const Message& argument) { return argument.number().has_value(); };
-    const bool isPlural = std::ranges::count_if(arguments, isNumber) == 1;
-    const auto only = std::ranges::find_if(arguments, isNumber);
-    const QString found = isPlural ? m_tables->text(message.text(), only->number()->value)
-                                   : m_tables->text(message.text());
+    const std::optional<qint64> count = onlyNumber(message.arguments());
+    const QString found = m_tables->text(message.text(), count);
     QStringList values;
-    for (const Message& argument : arguments)
-        values += isPlural || !isNumber(argument)
+    for (const Message& argument : message.arguments())
+        values += count || !argument.number()
                       ? text(argument)
                       : numberPhrase(message.text(), values.size() + 1, *argument.number());
     return filledIn(found.isNull() ? message.text() : found, values);

@@ -69,20 +69,10 @@ bool TranslationTables::append(const QStringList& folders, const QString& name)
     return m_tables.size() > before;
 }
 
-QString TranslationTables::text(const QString& key) const
+QString TranslationTables::text(const QString& key, std::optional<qint64> number) const
 {
     for (const auto& table : m_tables) {
-        QString found = lookUp(*table, "Trovell", key, noNumber);
-        if (!found.isEmpty())
-            return found;
-    }
-    return {};
-}
-
-QString TranslationTables::text(const QString& key, qint64 number) const
-{
-    for (const auto& table : m_tables) {
-        QString found = lookUp(*table, "Trovell", key, pluralCount(number));
+        QString found = lookUp(*table, "Trovell", key, number ? pluralCount(*number) : noNumber);
         if (!found.isEmpty())
             return found;
     }

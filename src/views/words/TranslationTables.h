@@ -15,6 +15,7 @@
 #include <QStringList>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 class QTranslator;
@@ -30,9 +31,8 @@ public:
     /// The language of the texts; English where no table was found.
     [[nodiscard]] QLocale language() const { return m_language; }
 
-    /// Null when no table has the key.
-    [[nodiscard]] QString text(const QString& key) const;
-    [[nodiscard]] QString text(const QString& key, qint64 number) const;
+    /// In the plural form that a number asks for. Null when no table has the key.
+    [[nodiscard]] QString text(const QString& key, std::optional<qint64> number) const;
     /// The phrase for the number at `position`, 1 for the first placeholder of the key; null when
     /// the table that has the sentence leaves the bare number to stand.
     [[nodiscard]] QString numberPhrase(const QString& key, qsizetype position, qint64 number) const;
