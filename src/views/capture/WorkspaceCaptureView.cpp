@@ -203,9 +203,8 @@ QCoro::Task<> WorkspaceCaptureView::continueWithAppsOnly(int load)
     if (!self || load != m_loadCount)
         co_return;
     if (applications.isEmpty()) {
-        setLoadState(
-            {.kind = CaptureLoadState::Kind::failed,
-             .message = u"No visible user applications were available to save."_key.text()});
+        setLoadState({.kind = CaptureLoadState::Kind::failed,
+                      .message = u"No visible user applications were available to save."_key});
         co_return;
     }
     m_draft.applications = applications;
