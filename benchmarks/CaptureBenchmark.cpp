@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "CaptureBenchmark.h"
-#include "app/AppConfiguration.h"
+#include "preferences/AppConfiguration.h"
 
 #include "CrowdedDesktop.h"
 #include "PeerProgram.h"

@@ -3,11 +3,11 @@
 // The program: one instance per session, which opens the store and serves until it is asked to end.
 // What is unsaved then is saved when the store closes.
 
-#include "app/AppConfiguration.h"
 #include "app/AppFolders.h"
 #include "app/scenes/TrovellApp.h"
 #include "app/TerminationSignals.h"
 #include "platform/freedesktop/DesktopActivation.h"
+#include "preferences/AppConfiguration.h"
 #include "views/style/Accessibility.h"
 
 #include <QApplication>

@@ -2,7 +2,7 @@
 
 #include "support/LayoutSession.h"
 
-#include "app/AppConfiguration.h"
+#include "preferences/AppConfiguration.h"
 #include "support/StoreContents.h"
 
 namespace trovell::test {

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 //
 // What the logic really says is recognised and shown in another language, with its payload intact.
-#include "app/AppAppearance.h"
-#include "app/AppLanguage.h"
 #include "launch/ResourceOpeningError.h"
 #include "launch/URLValidation.h"
 #include "model/StoreError.h"
 #include "model/WorkspaceChoices.h"
+#include "preferences/AppAppearance.h"
+#include "preferences/AppLanguage.h"
 #include "results/WorkspaceLaunchReport.h"
 #include "views/words/Localization.h"
 #include "windows/WindowServiceError.h"

@@ -2,7 +2,7 @@
 
 #include "app/scenes/DesktopLook.h"
 
-#include "app/AppPreferences.h"
+#include "preferences/AppPreferences.h"
 #include "views/style/DesktopFont.h"
 #include "views/style/VisualStyle.h"
 #include "views/words/Localization.h"

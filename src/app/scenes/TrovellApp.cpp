@@ -2,10 +2,10 @@
 
 #include "app/scenes/TrovellApp.h"
 
-#include "app/AppConfiguration.h"
 #include "app/AppFolders.h"
 #include "app/scenes/MenuBarExtra.h"
 #include "app/scenes/SceneWindow.h"
+#include "preferences/AppConfiguration.h"
 #include "services/update/Updater.h"
 #include "views/app/MenuBarWorkspaceView.h"
 #include "views/app/OnboardingView.h"

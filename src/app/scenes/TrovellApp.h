@@ -5,10 +5,10 @@
 #pragma once
 
 #include "app/AppDependencies.h"
-#include "app/PreferenceStore.h"
 #include "app/scenes/DesktopLook.h"
 #include "model/WorkspaceQuery.h"
 #include "model/WorkspaceStore.h"
+#include "preferences/PreferenceStore.h"
 #include "support/SystemClock.h"
 #include "views/shared/ApplicationIcons.h"
 #include "views/shared/ViewEnvironment.h"
