@@ -46,6 +46,7 @@ CONFINED = {
     "gio/": "platform/freedesktop",
     "glib": "platform/freedesktop",
     "sqlite3.h": "model",
+    "xxhash.h": "model",
     "sodium.h": "services/update",
     "QNetwork": "services/update",
     "QSsl": "services/update",
