@@ -49,11 +49,19 @@ class X11RulesTest : public QObject {
 private Q_SLOTS:
     void monitorIsNamedByManufacturerAndModel()
     {
-        QCOMPARE(monitorName(makeEdid("DEL", "DELL U2720Q")), u"DELL U2720Q"_s);
-        QCOMPARE(monitorName(makeEdid("QQZ", "ABCDEFGHIJKLM")), u"QQZ ABCDEFGHIJKLM"_s);
-        QCOMPARE(monitorName(makeEdid("BOE", "", 0x07c9)), u"BOE 0x07c9"_s);
-        QCOMPARE(monitorName(makeEdid("GSM", "HDR 4K") + QByteArray(128, '\1')), u"LG HDR 4K"_s);
-        QCOMPARE(monitorName(makeEdid("GSM", "HDR 4K").left(127)), QString());
+        const auto name = [](const QByteArray& edid) {
+            return monitorName(edid, "\nDEL\tDell Inc.\nSAM\tSamsung Electric Co., Ltd.\n"
+                                     "HWP\tHewlett Packard\n");
+        };
+        QCOMPARE(name(makeEdid("DEL", "DELL U2720Q")), u"DELL U2720Q"_s);
+        QCOMPARE(name(makeEdid("DEL", "U2720Q")), u"Dell U2720Q"_s);
+        QCOMPARE(name(makeEdid("SAM", "", 0x07c9)), u"Samsung Electric 0x07c9"_s);
+        QCOMPARE(name(makeEdid("HWP", "LP2475w") + QByteArray(128, '\1')),
+                 u"Hewlett Packard LP2475w"_s);
+        QCOMPARE(name(makeEdid("QQZ", "ABCDEFGHIJKLM")), u"QQZ ABCDEFGHIJKLM"_s);
+        QCOMPARE(name(makeEdid("BNQ", "BenQ GL2450")), u"BenQ GL2450"_s);
+        QCOMPARE(monitorName(makeEdid("DEL", "U2720Q"), {}), u"DEL U2720Q"_s);
+        QCOMPARE(name(makeEdid("DEL", "U2720Q").left(127)), QString());
     }
 
     void kindFollowsTheType()
