@@ -6,7 +6,7 @@
 
 #include "launch/ResourceOpeningService.h"
 #include "launch/WorkspaceLauncher.h"
-#include "platform/PlatformAdapters.h"
+#include "platform/desktop/PlatformAdapters.h"
 #include "preferences/AppPreferences.h"
 #include "services/GlobalHotKeyManager.h"
 #include "services/LaunchAtLoginService.h"

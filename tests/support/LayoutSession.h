@@ -6,7 +6,7 @@
 
 #include "app/AppDependencies.h"
 #include "model/WorkspaceStore.h"
-#include "platform/PlatformAdapters.h"
+#include "platform/BackEnds.h"
 #include "preferences/PreferenceStore.h"
 #include "support/SystemClock.h"
 #include "support/VirtualDesktop.h"

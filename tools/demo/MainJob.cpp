@@ -16,6 +16,7 @@
 #include "app/AppFolders.h"
 #include "launch/URLValidation.h"
 #include "model/WorkspaceStore.h"
+#include "platform/BackEnds.h"
 #include "platform/x11/X11WindowHandle.h"
 #include "platform/x11/X11WindowReader.h"
 #include "preferences/AppConfiguration.h"
@@ -53,7 +54,8 @@ QTextStream& out()
 
 /// Everything the program itself is made of, without its windows.
 struct Program {
-    PlatformAdapters platform = makePlatformAdapters(appConfiguration().bundleIdentifier);
+    PlatformAdapters platform =
+        backEndFor(sessionFacts()).create(appConfiguration().bundleIdentifier);
     PreferenceStore defaults{preferencesFile()};
     SystemClock clock;
     AppDependencies dependencies{platform, defaults, clock, appConfiguration()};

@@ -27,7 +27,7 @@ class TrovellApp : public QObject {
 
 public:
     /// Needs the QApplication, whose look and language it takes over. `store` is open.
-    explicit TrovellApp(std::unique_ptr<WorkspaceStore> store);
+    TrovellApp(PlatformAdapters platform, std::unique_ptr<WorkspaceStore> store);
     ~TrovellApp() override;
 
     /// Opens the main window or brings it forward, even over other programs. The token proves that
