@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 
 #include "CaptureBenchmark.h"
-#include "app/AppConfiguration.h"
+#include "preferences/AppConfiguration.h"
 
 #include "CrowdedDesktop.h"
 #include "PeerProgram.h"
+#include "platform/BackEnds.h"
 #include "platform/x11/X11WindowSystem.h"
 #include "Samples.h"
 
@@ -38,7 +39,8 @@ qsizetype capturedWindows(const WindowCaptureService& service)
 /// What a process that was just started needs: connections, desktop files, unknown windows.
 qsizetype capturedWindowsFromNothing()
 {
-    PlatformAdapters adapters = makePlatformAdapters(appConfiguration().bundleIdentifier);
+    PlatformAdapters adapters =
+        backEndFor(sessionFacts()).create(appConfiguration().bundleIdentifier);
     const WindowCaptureService service(*adapters.windowSystem, QCoreApplication::applicationPid());
     return capturedWindows(service);
 }

@@ -2,7 +2,7 @@
 
 #include "app/AppDependencies.h"
 
-#include "app/AppConfiguration.h"
+#include "preferences/AppConfiguration.h"
 
 #include <QCoreApplication>
 #include <QThreadPool>

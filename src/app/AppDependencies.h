@@ -4,10 +4,10 @@
 // Nothing else creates one. Main thread.
 #pragma once
 
-#include "app/AppPreferences.h"
 #include "launch/ResourceOpeningService.h"
 #include "launch/WorkspaceLauncher.h"
-#include "platform/PlatformAdapters.h"
+#include "platform/desktop/PlatformAdapters.h"
+#include "preferences/AppPreferences.h"
 #include "services/GlobalHotKeyManager.h"
 #include "services/LaunchAtLoginService.h"
 #include "services/update/UpdateController.h"

@@ -6,79 +6,43 @@
 
 #include <sqlite3.h>
 
-#include <algorithm>
+#include <xxhash.h>
+
 #include <bit>
-#include <cstdint>
-#include <cstring>
 #include <span>
 
 namespace trovell {
 
 namespace {
 
-/// In the manner of FNV-1a, eight bytes at a time: each step is a bijection of the state and of the
-/// word, so two inputs that differ in one word never meet again.
-class Checksum {
-public:
-    void add(std::uint64_t word)
-    {
-        m_state = (m_state ^ word) * 0x9e3779b97f4a7c15; // odd
-        // A product carries upwards only: this brings the upper bits back down.
-        m_state ^= m_state >> 32;
-    }
-
-    void addBytes(std::span<const unsigned char> bytes)
-    {
-        add(bytes.size());
-        while (!bytes.empty()) {
-            const std::size_t size = std::min(bytes.size(), sizeof(std::uint64_t));
-            std::uint64_t word = 0;
-            std::memcpy(&word, bytes.data(), size);
-            add(qFromLittleEndian(word));
-            bytes = bytes.subspan(size);
-        }
-    }
-
-    [[nodiscard]] sqlite3_int64 value() const { return static_cast<sqlite3_int64>(m_state); }
-
-private:
-    std::uint64_t m_state = 0xcbf29ce484222325;
-};
-
-void addBytes(Checksum& checksum, sqlite3_value* value)
+quint64 hashOfWord(quint64 word, quint64 seed)
 {
-    const auto* bytes = static_cast<const unsigned char*>(sqlite3_value_blob(value));
-    const auto size = static_cast<std::size_t>(sqlite3_value_bytes(value));
-    checksum.addBytes({bytes, size});
+    const quint64 stored = qToLittleEndian(word);
+    return XXH3_64bits_withSeed(&stored, sizeof stored, seed);
 }
 
-void addValue(Checksum& checksum, sqlite3_value* value)
+quint64 hashOfValue(sqlite3_value* value, quint64 seed)
 {
-    const int type = sqlite3_value_type(value);
-    checksum.add(static_cast<std::uint64_t>(type));
-    switch (type) {
+    switch (sqlite3_value_type(value)) {
     case SQLITE_INTEGER:
-        checksum.add(static_cast<std::uint64_t>(sqlite3_value_int64(value)));
-        break;
+        return hashOfWord(static_cast<quint64>(sqlite3_value_int64(value)), seed);
     case SQLITE_FLOAT:
         // Adding zero turns the negative zero into the positive one, as storing it does.
-        checksum.add(std::bit_cast<std::uint64_t>(sqlite3_value_double(value) + 0.0));
-        break;
-    case SQLITE_TEXT:
-    case SQLITE_BLOB:
-        addBytes(checksum, value);
-        break;
-    default:
-        break;
+        return hashOfWord(std::bit_cast<quint64>(sqlite3_value_double(value) + 0.0), seed);
+    default: {
+        const void* bytes = sqlite3_value_blob(value); // none for null
+        return XXH3_64bits_withSeed(bytes, static_cast<size_t>(sqlite3_value_bytes(value)), seed);
+    }
     }
 }
 
 void rowChecksum(sqlite3_context* context, int count, sqlite3_value** values)
 {
-    Checksum checksum;
-    for (sqlite3_value* value : std::span(values, static_cast<std::size_t>(count)))
-        addValue(checksum, value);
-    sqlite3_result_int64(context, checksum.value());
+    // Each hash is the seed of the next, together with the type of what it covers.
+    quint64 hash = 0;
+    for (sqlite3_value* value : std::span(values, static_cast<size_t>(count)))
+        hash = hashOfValue(value, hash + static_cast<quint64>(sqlite3_value_type(value)));
+    sqlite3_result_int64(context, static_cast<sqlite3_int64>(hash));
 }
 
 } // namespace

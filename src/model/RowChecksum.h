@@ -8,9 +8,8 @@ struct sqlite3;
 
 namespace trovell {
 
-/// Adds the SQL function `row_checksum(column, …)` to the connection: 64 bits over the types,
-/// sizes and bytes of its arguments. Any single changed byte changes it. Returns an SQLite result
-/// code.
+/// Adds the SQL function `row_checksum(column, …)` to the connection: 64 bits (XXH3)
+/// over the types and bytes of its arguments. Returns an SQLite result code.
 [[nodiscard]] int registerRowChecksum(sqlite3* database);
 
 } // namespace trovell

@@ -23,11 +23,30 @@ std::optional<quint32> readUnsigned(const QJsonValue& value)
     return static_cast<quint32>(number);
 }
 
+constexpr quint32 controlModifier = 0x1000;
+constexpr quint32 optionModifier = 0x0800;
+
 } // namespace
 
 size_t qHash(const ShortcutDefinition& shortcut, size_t seed) noexcept
 {
     return qHashMulti(seed, shortcut.keyCode, shortcut.modifiers, shortcut.displayValue);
+}
+
+std::optional<QKeyCombination> keyCombination(const ShortcutDefinition& shortcut)
+{
+    // The codes are not in the order of the digits.
+    static const QHash<quint32, Qt::Key> keys{
+        {18, Qt::Key_1}, {19, Qt::Key_2}, {20, Qt::Key_3}, {21, Qt::Key_4}, {23, Qt::Key_5}};
+    const auto key = keys.constFind(shortcut.keyCode);
+    // Without a modifier nobody could type the digit any more.
+    if (key == keys.constEnd() || shortcut.modifiers == 0 ||
+        (shortcut.modifiers & ~(controlModifier | optionModifier)) != 0)
+        return std::nullopt;
+    Qt::KeyboardModifiers modifiers;
+    modifiers.setFlag(Qt::ControlModifier, (shortcut.modifiers & controlModifier) != 0);
+    modifiers.setFlag(Qt::AltModifier, (shortcut.modifiers & optionModifier) != 0);
+    return QKeyCombination(modifiers, *key);
 }
 
 QByteArray encodeShortcut(const ShortcutDefinition& shortcut)

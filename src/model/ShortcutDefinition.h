@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QKeyCombination>
 #include <QString>
 
 #include <optional>
@@ -22,6 +23,10 @@ struct ShortcutDefinition {
 };
 
 [[nodiscard]] size_t qHash(const ShortcutDefinition& shortcut, size_t seed = 0) noexcept;
+
+/// The key with its modifiers. None when the definition names no digit from 1 to 5, or other
+/// modifiers than Control, Option (Alt) or both.
+[[nodiscard]] std::optional<QKeyCombination> keyCombination(const ShortcutDefinition& shortcut);
 
 /// One compact JSON object.
 [[nodiscard]] QByteArray encodeShortcut(const ShortcutDefinition& shortcut);

@@ -36,9 +36,10 @@ void GlobalHotKeyManager::registerHotKeys(const QList<TrovellWorkspace*>& worksp
 void GlobalHotKeyManager::registerHotKey(quint32 number, const TrovellWorkspace& workspace)
 {
     const auto shortcut = workspace.shortcut();
-    if (!shortcut)
+    const auto keys = shortcut ? keyCombination(*shortcut) : std::nullopt;
+    if (!keys)
         return;
-    const auto reference = m_system.registerHotKey(number, shortcut->keyCode, shortcut->modifiers);
+    const auto reference = m_system.registerHotKey(number, *keys);
     if (!reference)
         return;
     m_references.insert(workspace.id(), *reference);

@@ -4,7 +4,7 @@
 // application is in front. Main thread only.
 #pragma once
 
-#include <QtGlobal>
+#include <QKeyCombination>
 
 #include <functional>
 #include <optional>
@@ -24,11 +24,11 @@ public:
     /// Replaces the handler before; an empty one removes it.
     virtual void installPressHandler(PressHandler handler) = 0;
 
-    /// Registers a combination as in `ShortcutDefinition`, to be reported under `number`. None
-    /// when it is taken, be it by another program or by a hot key registered here before, or
-    /// cannot be a hot key on this desktop.
-    [[nodiscard]] virtual std::optional<HotKeyReference>
-    registerHotKey(quint32 number, quint32 keyCode, quint32 modifiers) = 0;
+    /// Registers a combination, to be reported under `number`. None when it is taken, be it by
+    /// another program or by a hot key registered here before, or cannot be a hot key on this
+    /// desktop.
+    [[nodiscard]] virtual std::optional<HotKeyReference> registerHotKey(quint32 number,
+                                                                        QKeyCombination keys) = 0;
 
     /// Gives the combination back to everyone.
     virtual void unregisterHotKey(HotKeyReference reference) = 0;

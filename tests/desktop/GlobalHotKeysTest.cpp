@@ -250,7 +250,7 @@ void GlobalHotKeysTest::keepsOneGrabThroughEveryChange()
     QCOMPARE(triggeredBy({10, 11}), (QList{1, 2}));
     m_manager.reset();
     QTRY_COMPARE(freeKeys(), digitKeys);
-    QVERIFY(m_hotKeys->registerHotKey(1, 18, 0x1800));
+    QVERIFY(m_hotKeys->registerHotKey(1, Qt::CTRL | Qt::ALT | Qt::Key_1));
     QVERIFY(!m_other->isFree(10));
     m_hotKeys.reset();
     QTRY_VERIFY(m_other->isFree(10));

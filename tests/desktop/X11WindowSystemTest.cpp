@@ -216,9 +216,9 @@ void X11WindowSystemTest::describesDisplays()
 
     // Everything is counted from the primary display.
     desktop.setPrimaryDisplay(1);
-    desktop.nameDisplay(1, "GSM", "ULTRAWIDE");
+    desktop.nameDisplay(1, "QQZ", "ULTRAWIDE");
     for (const DisplaySnapshot& display : system.currentDisplays()) {
-        const bool isRight = display.fingerprint.localizedName == u"LG ULTRAWIDE";
+        const bool isRight = display.fingerprint.localizedName == u"QQZ ULTRAWIDE";
         QCOMPARE(display.frame.topLeft(), QPointF(isRight ? 0 : -1600, 0));
         QCOMPARE(display.fingerprint.isMain, isRight);
     }

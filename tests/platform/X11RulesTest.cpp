@@ -12,8 +12,6 @@
 
 using namespace Qt::StringLiterals;
 
-using namespace Qt::StringLiterals;
-
 using namespace trovell;
 using trovell::test::makeEdid;
 
@@ -28,9 +26,6 @@ IdentifiedWindow window(WindowHandle handle, qint32 process, const QString& iden
 {
     return {handle, process, true, true, {identifier, identifier + u" name"_s, {}}};
 }
-
-constexpr quint32 option = 0x0800;
-constexpr quint32 control = 0x1000;
 
 constexpr quint32 altLeft = 0xffe9;
 constexpr quint32 altRight = 0xffea;
@@ -54,11 +49,19 @@ class X11RulesTest : public QObject {
 private Q_SLOTS:
     void monitorIsNamedByManufacturerAndModel()
     {
-        QCOMPARE(monitorName(makeEdid("DEL", "DELL U2720Q")), u"DELL U2720Q"_s);
-        QCOMPARE(monitorName(makeEdid("QQZ", "ABCDEFGHIJKLM")), u"QQZ ABCDEFGHIJKLM"_s);
-        QCOMPARE(monitorName(makeEdid("BOE", "", 0x07c9)), u"BOE 0x07c9"_s);
-        QCOMPARE(monitorName(makeEdid("GSM", "HDR 4K") + QByteArray(128, '\1')), u"LG HDR 4K"_s);
-        QCOMPARE(monitorName(makeEdid("GSM", "HDR 4K").left(127)), QString());
+        const auto name = [](const QByteArray& edid) {
+            return monitorName(edid, "\nDEL\tDell Inc.\nSAM\tSamsung Electric Co., Ltd.\n"
+                                     "HWP\tHewlett Packard\n");
+        };
+        QCOMPARE(name(makeEdid("DEL", "DELL U2720Q")), u"DELL U2720Q"_s);
+        QCOMPARE(name(makeEdid("DEL", "U2720Q")), u"Dell U2720Q"_s);
+        QCOMPARE(name(makeEdid("SAM", "", 0x07c9)), u"Samsung Electric 0x07c9"_s);
+        QCOMPARE(name(makeEdid("HWP", "LP2475w") + QByteArray(128, '\1')),
+                 u"Hewlett Packard LP2475w"_s);
+        QCOMPARE(name(makeEdid("QQZ", "ABCDEFGHIJKLM")), u"QQZ ABCDEFGHIJKLM"_s);
+        QCOMPARE(name(makeEdid("BNQ", "BenQ GL2450")), u"BenQ GL2450"_s);
+        QCOMPARE(monitorName(makeEdid("DEL", "U2720Q"), {}), u"DEL U2720Q"_s);
+        QCOMPARE(name(makeEdid("DEL", "U2720Q").left(127)), QString());
     }
 
     void kindFollowsTheType()
@@ -171,19 +174,23 @@ private Q_SLOTS:
     {
         using Result = std::optional<X11KeyCombination>;
         const auto plain = layout({'1', '!', '2', '@', '5', '%', altLeft, 0}, 3, 13);
-        QCOMPARE(plain.combination(18, control | option), Result({10, (1 << 2) | (1 << 3)}));
-        QCOMPARE(plain.combination(23, control), Result({12, 1 << 2})); // five
-        QCOMPARE(plain.combination(22, control), Result());             // six
-        QCOMPARE(plain.combination(18, control | 0x0200), Result());
+        QCOMPARE(plain.combination(Qt::CTRL | Qt::ALT | Qt::Key_1),
+                 Result({10, (1 << 2) | (1 << 3)}));
+        QCOMPARE(plain.combination(Qt::CTRL | Qt::Key_5), Result({12, 1 << 2}));
+        QCOMPARE(plain.combination(Qt::CTRL | Qt::Key_6), Result());
+        QCOMPARE(plain.combination(Qt::CTRL | Qt::SHIFT | Qt::Key_1), Result());
         const auto shifted = layout({'&', '1', 0xe9, '2', '"', '3', 0, altRight}, 4, 13);
-        QCOMPARE(shifted.combination(19, option), Result({11, 1 << 4}));
+        QCOMPARE(shifted.combination(Qt::ALT | Qt::Key_2), Result({11, 1 << 4}));
         const auto twice = layout({'m', '1', '1', '!', 'x', '1', altLeft, 0});
-        QCOMPARE(twice.combination(18, control), Result({11, 1 << 2})); // the lowest level
+        QCOMPARE(twice.combination(Qt::CTRL | Qt::Key_1), Result({11, 1 << 2})); // the lowest level
+        QCOMPARE(twice.combination(Qt::CTRL | Qt::Key_M), Result({10, 1 << 2}));
         const auto bothAlts = layout({'1', '!', altRight, 0, altLeft, 0, 0, 0}, 5, 12);
-        QCOMPARE(bothAlts.combination(18, option), Result({10, 1 << 5})); // the left one tells
+        QCOMPARE(bothAlts.combination(Qt::ALT | Qt::Key_1),
+                 Result({10, 1 << 5})); // the left one tells
         // An Alt key that is missing or sets no modifier.
         for (const quint32 key : {0U, altLeft})
-            QCOMPARE(layout({'1', '!', 0, 0, 0, 0, key, 0}).combination(18, option), Result());
+            QCOMPARE(layout({'1', '!', 0, 0, 0, 0, key, 0}).combination(Qt::ALT | Qt::Key_1),
+                     Result());
     }
 
     void locksAreFoundInTheLayout()

@@ -8,31 +8,27 @@
 
 #include <map>
 #include <set>
-#include <utility>
 
 namespace trovell {
 
 class FakeHotKeySystem final : public HotKeySystem {
 public:
-    /// Key code and modifiers.
-    using Combination = std::pair<quint32, quint32>;
-
     /// Another program owns the combination from now on.
-    void claim(const Combination& combination) { m_claimed.insert(combination); }
+    void claim(QKeyCombination keys) { m_claimed.insert(keys.toCombined()); }
     /// Nothing happens when nobody registered the combination.
-    void press(const Combination& combination)
+    void press(QKeyCombination keys)
     {
         const auto numbers = registered();
-        if (const auto hotKey = numbers.find(combination); hotKey != numbers.end())
+        if (const auto hotKey = numbers.find(keys.toCombined()); hotKey != numbers.end())
             m_handler(hotKey->second);
     }
     /// What arrives late: the press of a number, registered or not.
     void report(quint32 number) { m_handler(number); }
 
-    /// The combinations registered here and their numbers.
-    [[nodiscard]] std::map<Combination, quint32> registered() const
+    /// The combinations registered here, as one number each, and the numbers of their hot keys.
+    [[nodiscard]] std::map<int, quint32> registered() const
     {
-        std::map<Combination, quint32> numbers;
+        std::map<int, quint32> numbers;
         for (const auto& [reference, hotKey] : m_hotKeys)
             numbers.emplace(hotKey.combination, hotKey.number);
         return numbers;
@@ -40,10 +36,10 @@ public:
     [[nodiscard]] bool hasHandler() const { return m_handler != nullptr; }
 
     void installPressHandler(PressHandler handler) override { m_handler = std::move(handler); }
-    [[nodiscard]] std::optional<HotKeyReference> registerHotKey(quint32 number, quint32 keyCode,
-                                                                quint32 modifiers) override
+    [[nodiscard]] std::optional<HotKeyReference> registerHotKey(quint32 number,
+                                                                QKeyCombination keys) override
     {
-        const Combination combination{keyCode, modifiers};
+        const int combination = keys.toCombined();
         if (m_claimed.contains(combination) || registered().contains(combination))
             return std::nullopt;
         m_hotKeys.emplace(++m_lastReference, HotKey{combination, number});
@@ -53,12 +49,12 @@ public:
 
 private:
     struct HotKey {
-        Combination combination;
+        int combination = 0;
         quint32 number = 0;
     };
 
     PressHandler m_handler;
-    std::set<Combination> m_claimed;
+    std::set<int> m_claimed;
     std::map<HotKeyReference, HotKey> m_hotKeys;
     HotKeyReference m_lastReference = 0;
 };

@@ -2,7 +2,7 @@
 
 #include "support/LayoutSession.h"
 
-#include "app/AppConfiguration.h"
+#include "preferences/AppConfiguration.h"
 #include "support/StoreContents.h"
 
 namespace trovell::test {
@@ -10,7 +10,8 @@ namespace trovell::test {
 using namespace Qt::StringLiterals;
 
 LayoutSession::LayoutSession(VirtualDesktop& desktop)
-    : m_platform((desktop.enter(), makePlatformAdapters(appConfiguration().bundleIdentifier))),
+    : m_platform((desktop.enter(),
+                  backEndFor(sessionFacts()).create(appConfiguration().bundleIdentifier))),
       m_defaults(m_folder.filePath(u"preferences.json"_s)),
       m_dependencies(m_platform, m_defaults, m_clock, appConfiguration()),
       m_store(openStore(m_folder.filePath(u"store"_s)))

@@ -5,9 +5,9 @@
 #pragma once
 
 #include "app/AppDependencies.h"
-#include "app/PreferenceStore.h"
 #include "model/WorkspaceStore.h"
-#include "platform/PlatformAdapters.h"
+#include "platform/BackEnds.h"
+#include "preferences/PreferenceStore.h"
 #include "support/SystemClock.h"
 #include "support/VirtualDesktop.h"
 

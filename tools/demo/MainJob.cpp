@@ -12,14 +12,15 @@
 // The last one needs no workspace: it lists frames, writes them down, or compares them with those
 // written down. --store FOLDER keeps the workspaces elsewhere than the program does.
 
-#include "app/AppConfiguration.h"
 #include "app/AppDependencies.h"
 #include "app/AppFolders.h"
-#include "app/PreferenceStore.h"
 #include "launch/URLValidation.h"
 #include "model/WorkspaceStore.h"
+#include "platform/BackEnds.h"
 #include "platform/x11/X11WindowHandle.h"
 #include "platform/x11/X11WindowReader.h"
+#include "preferences/AppConfiguration.h"
+#include "preferences/PreferenceStore.h"
 #include "support/SystemClock.h"
 
 #include <QCommandLineParser>
@@ -53,7 +54,8 @@ QTextStream& out()
 
 /// Everything the program itself is made of, without its windows.
 struct Program {
-    PlatformAdapters platform = makePlatformAdapters(appConfiguration().bundleIdentifier);
+    PlatformAdapters platform =
+        backEndFor(sessionFacts()).create(appConfiguration().bundleIdentifier);
     PreferenceStore defaults{preferencesFile()};
     SystemClock clock;
     AppDependencies dependencies{platform, defaults, clock, appConfiguration()};

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
 // The guide of the first run.
-#include "app/PreferenceStore.h"
 #include "pictures/Picture.h"
 #include "pictures/Stage.h"
+#include "preferences/PreferenceStore.h"
 #include "views/app/OnboardingView.h"
 #include "views/app/RootView.h"
 

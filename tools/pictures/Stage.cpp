@@ -2,7 +2,7 @@
 
 #include "pictures/Stage.h"
 
-#include "app/PreferenceStore.h"
+#include "preferences/PreferenceStore.h"
 #include "views/app/OnboardingView.h"
 #include "views/app/RootView.h"
 #include "views/main/WorkspaceSidebarList.h"

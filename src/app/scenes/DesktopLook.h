@@ -3,14 +3,13 @@
 // Keeps look and words in step with the preferences and the desktop, live. Main thread.
 #pragma once
 
-#include "platform/freedesktop/DesktopSettings.h"
-
 #include <QObject>
 
 namespace trovell {
 
 class AppPreferences;
 class Localization;
+struct PlatformAdapters;
 class VisualStyle;
 
 class DesktopLook : public QObject {
@@ -18,10 +17,9 @@ class DesktopLook : public QObject {
 
 public:
     /// All outlive this object. Until the desktop has answered, "System" is light. Whether the
-    /// desktop composites is asked through `isComposited`, again whenever the program becomes
-    /// active.
-    DesktopLook(VisualStyle& visual, Localization& words, AppPreferences& preferences,
-                std::function<bool()> isComposited);
+    /// desktop composites is asked again whenever the program becomes active.
+    DesktopLook(VisualStyle& visual, Localization& words, const AppPreferences& preferences,
+                const PlatformAdapters& platform);
 
 private:
     void showAppearance();
@@ -31,11 +29,10 @@ private:
 
     VisualStyle& m_visual;
     Localization& m_words;
-    AppPreferences& m_preferences;
-    std::function<bool()> m_isComposited;
+    const AppPreferences& m_preferences;
+    const PlatformAdapters& m_platform;
     /// The desktop's text at its usual size, see desktopFontFactor().
     double m_fontFactor;
-    DesktopSettings m_desktop;
 };
 
 } // namespace trovell

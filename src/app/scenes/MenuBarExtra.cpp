@@ -17,7 +17,7 @@ namespace {
 
 /// A theme that knows the program's own symbol tints it for the panel. The brand tint stands out
 /// from light and dark panels alike.
-QIcon trayIcon(const VisualStyle& visual)
+QIcon trayIcon(const VisualStyle& visual, const QString& name)
 {
     QIcon drawn;
     for (const int size : {16, 22, 24, 32, 48}) {
@@ -28,14 +28,15 @@ QIcon trayIcon(const VisualStyle& visual)
         painter.end();
         drawn.addPixmap(pixmap);
     }
-    return QIcon::fromTheme(u"app.trovell.Trovell-symbolic"_s, drawn);
+    return QIcon::fromTheme(name, drawn);
 }
 
 } // namespace
 
-MenuBarExtra::MenuBarExtra(const ViewEnvironment& environment)
+MenuBarExtra::MenuBarExtra(const ViewEnvironment& environment, const QString& iconName)
     : m_preferences(environment.dependencies.preferences()),
-      m_content(new MenuBarWorkspaceView(environment, this)), m_icon(trayIcon(environment.visual))
+      m_content(new MenuBarWorkspaceView(environment, this)),
+      m_icon(trayIcon(environment.visual, iconName))
 {
     m_icon.setToolTip(u"Trovell"_s);
     m_icon.setContextMenu(m_content->menu());

@@ -18,7 +18,8 @@ class MenuBarExtra : public QObject {
     Q_OBJECT
 
 public:
-    explicit MenuBarExtra(const ViewEnvironment& environment);
+    /// `iconName` is that of the theme's icon for the tray.
+    MenuBarExtra(const ViewEnvironment& environment, const QString& iconName);
     ~MenuBarExtra() override;
 
     [[nodiscard]] MenuBarWorkspaceView& content() { return *m_content; }

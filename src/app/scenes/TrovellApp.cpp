@@ -2,10 +2,10 @@
 
 #include "app/scenes/TrovellApp.h"
 
-#include "app/AppConfiguration.h"
 #include "app/AppFolders.h"
 #include "app/scenes/MenuBarExtra.h"
 #include "app/scenes/SceneWindow.h"
+#include "preferences/AppConfiguration.h"
 #include "services/update/Updater.h"
 #include "views/app/MenuBarWorkspaceView.h"
 #include "views/app/OnboardingView.h"
@@ -42,11 +42,11 @@ QIcon logo(const VisualStyle& visual)
 
 } // namespace
 
-TrovellApp::TrovellApp(std::unique_ptr<WorkspaceStore> store)
-    : m_platform(makePlatformAdapters(appConfiguration().bundleIdentifier)),
-      m_defaults(preferencesFile()), m_modelContainer(std::move(store)),
+TrovellApp::TrovellApp(PlatformAdapters platform, std::unique_ptr<WorkspaceStore> store)
+    : m_platform(std::move(platform)), m_defaults(preferencesFile()),
+      m_modelContainer(std::move(store)),
       m_dependencies(m_platform, m_defaults, m_clock, appConfiguration()),
-      m_look(m_visual, m_words, m_dependencies.preferences(), m_platform.isComposited),
+      m_look(m_visual, m_words, m_dependencies.preferences(), m_platform),
       m_workspaces(m_modelContainer->mainContext()),
       m_icons(m_dependencies.resources()), m_environment{
                                                m_visual,       m_words,
@@ -106,7 +106,7 @@ std::unique_ptr<SceneWindow> TrovellApp::makeUpdateWindow()
 
 void TrovellApp::insertMenuBarExtra()
 {
-    m_menuBarExtra = std::make_unique<MenuBarExtra>(m_environment);
+    m_menuBarExtra = std::make_unique<MenuBarExtra>(m_environment, m_platform.trayIconName);
     const MenuBarWorkspaceView& menu = m_menuBarExtra->content();
     connect(&menu, &MenuBarWorkspaceView::openMainWindowRequested, this,
             [this] { openMainWindow(); });
@@ -151,11 +151,7 @@ void TrovellApp::bringForward(SceneWindow& window, const QString& startupToken)
     if (!startupToken.isEmpty())
         qputenv("XDG_ACTIVATION_TOKEN", startupToken.toUtf8()); // read by Qt on Wayland
     const bool isNew = !window.windowHandle();
-    const auto activate = [this, &window] {
-        RunningApplication own;
-        own.windows = {window.winId()};
-        m_platform.windowSystem->activate(own);
-    };
+    const auto activate = [this, &window] { m_platform.bringForward(window.winId()); };
     // A new window gets the focus from the window manager, if the user has not gone on meanwhile.
     // One that comes back would only blink: the user last touched it long ago.
     if (!isNew && window.isVisible())

@@ -5,10 +5,10 @@
 #pragma once
 
 #include "app/AppDependencies.h"
-#include "app/PreferenceStore.h"
 #include "app/scenes/DesktopLook.h"
 #include "model/WorkspaceQuery.h"
 #include "model/WorkspaceStore.h"
+#include "preferences/PreferenceStore.h"
 #include "support/SystemClock.h"
 #include "views/shared/ApplicationIcons.h"
 #include "views/shared/ViewEnvironment.h"
@@ -27,7 +27,7 @@ class TrovellApp : public QObject {
 
 public:
     /// Needs the QApplication, whose look and language it takes over. `store` is open.
-    explicit TrovellApp(std::unique_ptr<WorkspaceStore> store);
+    TrovellApp(PlatformAdapters platform, std::unique_ptr<WorkspaceStore> store);
     ~TrovellApp() override;
 
     /// Opens the main window or brings it forward, even over other programs. The token proves that

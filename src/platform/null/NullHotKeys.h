@@ -10,7 +10,7 @@ namespace trovell {
 class NullHotKeys final : public HotKeySystem {
 public:
     void installPressHandler(PressHandler) override {}
-    [[nodiscard]] std::optional<HotKeyReference> registerHotKey(quint32, quint32, quint32) override
+    [[nodiscard]] std::optional<HotKeyReference> registerHotKey(quint32, QKeyCombination) override
     {
         return std::nullopt;
     }

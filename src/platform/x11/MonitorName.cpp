@@ -2,8 +2,10 @@
 
 #include "platform/x11/MonitorName.h"
 
+#include <QFile>
+#include <QRegularExpression>
+
 #include <algorithm>
-#include <iterator>
 
 namespace trovell {
 
@@ -12,21 +14,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qsizetype blockSize = 128;
-
-struct Manufacturer {
-    const char* code;
-    const char* name;
-};
-
-/// The usual ones of the UEFI registry of plug-and-play ids; the others are called by their code.
-constexpr Manufacturer manufacturers[] = {
-    {"ACR", "Acer"},      {"AOC", "AOC"},    {"APP", "Apple"},   {"AUO", "AU Optronics"},
-    {"AUS", "ASUS"},      {"BNQ", "BenQ"},   {"BOE", "BOE"},     {"CMN", "InnoLux"},
-    {"DEL", "Dell"},      {"ENC", "EIZO"},   {"GSM", "LG"},      {"HPN", "HP"},
-    {"HWP", "HP"},        {"IVM", "iiyama"}, {"LEN", "Lenovo"},  {"LGD", "LG Display"},
-    {"MEI", "Panasonic"}, {"NEC", "NEC"},    {"PHL", "Philips"}, {"SAM", "Samsung"},
-    {"SDC", "Samsung"},   {"SHP", "Sharp"},  {"SNY", "Sony"},    {"VSC", "ViewSonic"},
-};
 
 quint8 byteAt(const QByteArray& edid, qsizetype index)
 {
@@ -38,15 +25,44 @@ bool isIdentificationBlock(const QByteArray& edid)
     return edid.size() >= blockSize && edid.startsWith(QByteArray::fromHex("00ffffffffffff00"));
 }
 
-QString manufacturerName(const QByteArray& edid)
+QByteArray manufacturerId(const QByteArray& edid)
 {
     const int packed = byteAt(edid, 8) << 8 | byteAt(edid, 9);
-    QByteArray code;
+    QByteArray id;
     for (const int shift : {10, 5, 0})
-        code.append(static_cast<char>('A' - 1 + (packed >> shift & 0x1f)));
-    const auto known = std::find_if(std::begin(manufacturers), std::end(manufacturers),
-                                    [&](const Manufacturer& entry) { return code == entry.code; });
-    return QString::fromLatin1(known == std::end(manufacturers) ? code.constData() : known->name);
+        id.append(static_cast<char>('A' - 1 + (packed >> shift & 0x1f)));
+    return id;
+}
+
+/// Nobody says the legal form of a company when they speak of its monitors.
+QString withoutLegalForm(const QString& company)
+{
+    static const QRegularExpression form(
+        u"([,. ]+(co|corp|inc|ltd|llc|gmbh|ag|corporation|company|limited)\\b\\.?)+$"_s,
+        QRegularExpression::CaseInsensitiveOption);
+    return QString(company).remove(form);
+}
+
+/// Empty when the registry does not know it.
+QString registeredName(const QByteArray& id, const QByteArray& registry)
+{
+    const QByteArray start = '\n' + id + '\t';
+    const qsizetype found = registry.indexOf(start);
+    if (found < 0)
+        return {};
+    const qsizetype name = found + start.size();
+    const QByteArray line = registry.sliced(name, registry.indexOf('\n', name) - name);
+    return withoutLegalForm(QString::fromUtf8(line).trimmed());
+}
+
+/// Whether the id is short for the word, as BNQ is for BenQ.
+bool isShortFor(const QByteArray& id, const QString& word)
+{
+    qsizetype next = 0;
+    return std::ranges::all_of(id, [&](char letter) {
+        next = word.indexOf(QLatin1Char(letter), next, Qt::CaseInsensitive) + 1;
+        return next > 0;
+    });
 }
 
 /// The monitor name descriptor, if there is one.
@@ -72,16 +88,28 @@ QString modelNumber(const QByteArray& edid)
 
 } // namespace
 
-QString monitorName(const QByteArray& edid)
+const QByteArray& manufacturerRegistry()
+{
+    static const QByteArray registry = [] {
+        QFile file(u"/usr/share/hwdata/pnp.ids"_s);
+        return file.open(QIODevice::ReadOnly) ? '\n' + file.readAll() + '\n' : QByteArray();
+    }();
+    return registry;
+}
+
+QString monitorName(const QByteArray& edid, const QByteArray& registry)
 {
     if (!isIdentificationBlock(edid))
         return {};
-    const QString manufacturer = manufacturerName(edid);
+    const QByteArray id = manufacturerId(edid);
+    const QString registered = registeredName(id, registry);
+    const QString manufacturer = registered.isEmpty() ? QString::fromLatin1(id) : registered;
     const QString model = modelName(edid);
     if (model.isEmpty())
         return manufacturer + u' ' + modelNumber(edid);
     // Many models carry the manufacturer in their name.
-    const bool isNamed = model.startsWith(manufacturer, Qt::CaseInsensitive);
+    const bool isNamed = model.startsWith(manufacturer.section(u' ', 0, 0), Qt::CaseInsensitive) ||
+                         isShortFor(id, model.section(u' ', 0, 0));
     return isNamed ? model : manufacturer + u' ' + model;
 }
 

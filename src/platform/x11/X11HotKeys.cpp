@@ -22,16 +22,15 @@ X11HotKeys::X11HotKeys(const QByteArray& displayName)
     processEventsSoon();
 }
 
-std::optional<HotKeyReference> X11HotKeys::registerHotKey(quint32 number, quint32 keyCode,
-                                                          quint32 modifiers)
+std::optional<HotKeyReference> X11HotKeys::registerHotKey(quint32 number, QKeyCombination keys)
 {
-    if (!m_connection.isAlive() || !isPossibleHotKey(keyCode, modifiers))
+    if (!m_connection.isAlive())
         return std::nullopt;
-    const auto combination = m_layout.combination(keyCode, modifiers);
+    const auto combination = m_layout.combination(keys);
     // The server would grant a client its own combination again.
     if (combination && (isGrabbed(*combination) || !grab(*combination)))
         return std::nullopt;
-    m_hotKeys.emplace(++m_lastReference, HotKey{number, keyCode, modifiers, combination});
+    m_hotKeys.emplace(++m_lastReference, HotKey{number, keys, combination});
     return m_lastReference;
 }
 
@@ -81,7 +80,7 @@ void X11HotKeys::followLayout()
     }
     m_layout = layout;
     for (auto& [reference, hotKey] : m_hotKeys) {
-        const auto combination = m_layout.combination(hotKey.keyCode, hotKey.modifiers);
+        const auto combination = m_layout.combination(hotKey.keys);
         if (combination && !isGrabbed(*combination) && grab(*combination))
             hotKey.grabbed = combination;
     }

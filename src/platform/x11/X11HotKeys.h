@@ -27,15 +27,14 @@ public:
     Q_DISABLE_COPY_MOVE(X11HotKeys)
 
     void installPressHandler(PressHandler handler) override { m_handler = std::move(handler); }
-    [[nodiscard]] std::optional<HotKeyReference> registerHotKey(quint32 number, quint32 keyCode,
-                                                                quint32 modifiers) override;
+    [[nodiscard]] std::optional<HotKeyReference> registerHotKey(quint32 number,
+                                                                QKeyCombination keys) override;
     void unregisterHotKey(HotKeyReference reference) override;
 
 private:
     struct HotKey {
         quint32 number = 0;
-        quint32 keyCode = 0;
-        quint32 modifiers = 0;
+        QKeyCombination keys;
         /// None while the hot key is silent.
         std::optional<X11KeyCombination> grabbed = {};
     };

@@ -2,17 +2,11 @@
 
 #include "platform/x11/X11KeyboardLayout.h"
 
-#include <QHash>
-
-#include <algorithm>
+#include "platform/desktop/Keysym.h"
 
 namespace trovell {
 
 namespace {
-
-// Of a shortcut's own mask.
-constexpr quint32 controlModifier = 0x1000;
-constexpr quint32 optionModifier = 0x0800;
 
 // Of the X protocol.
 constexpr quint16 lockMask = 1 << 1;
@@ -25,32 +19,13 @@ constexpr quint32 keysymScrollLock = 0xff14;
 constexpr quint32 keysymAltLeft = 0xffe9;
 constexpr quint32 keysymAltRight = 0xffea;
 
-/// The keysym of a fixed virtual key code; the codes are not in the order of the digits. A digit's
-/// keysym is its character code.
-std::optional<quint32> keysymOf(quint32 keyCode)
-{
-    static const QHash<quint32, quint32> digits{
-        {18, u'1'}, {19, u'2'}, {20, u'3'}, {21, u'4'}, {23, u'5'}};
-    const auto digit = digits.constFind(keyCode);
-    return digit == digits.constEnd() ? std::nullopt : std::optional(*digit);
-}
-
 } // namespace
 
-bool isPossibleHotKey(quint32 keyCode, quint32 modifiers)
+std::optional<X11KeyCombination> X11KeyboardLayout::combination(QKeyCombination keys) const
 {
-    // Without a modifier nobody could type the digit any more.
-    return keysymOf(keyCode) && modifiers != 0 &&
-           (modifiers & ~(controlModifier | optionModifier)) == 0;
-}
-
-std::optional<X11KeyCombination> X11KeyboardLayout::combination(quint32 keyCode,
-                                                                quint32 modifiers) const
-{
-    if (!isPossibleHotKey(keyCode, modifiers))
-        return std::nullopt;
-    const auto keycode = keycodeOf(*keysymOf(keyCode));
-    const auto bits = modifierBits(modifiers);
+    const auto keysym = keysymOf(keys.key());
+    const auto keycode = keysym ? keycodeOf(*keysym) : std::nullopt;
+    const auto bits = modifierBits(keys.keyboardModifiers());
     if (!keycode || !bits)
         return std::nullopt;
     return X11KeyCombination{*keycode, *bits};
@@ -95,15 +70,15 @@ quint16 X11KeyboardLayout::modifierOf(quint32 keysym) const
     return 0;
 }
 
-std::optional<quint16> X11KeyboardLayout::modifierBits(quint32 modifiers) const
+std::optional<quint16> X11KeyboardLayout::modifierBits(Qt::KeyboardModifiers modifiers) const
 {
     const quint16 left = modifierOf(keysymAltLeft);
     const quint16 alt = left != 0 ? left : modifierOf(keysymAltRight);
-    if ((modifiers & optionModifier) != 0 && alt == 0)
+    const bool isAlt = modifiers.testFlag(Qt::AltModifier);
+    if ((isAlt && alt == 0) || (modifiers & ~(Qt::ControlModifier | Qt::AltModifier)) != 0)
         return std::nullopt;
-    const int bits = ((modifiers & controlModifier) != 0 ? controlMask : 0) |
-                     ((modifiers & optionModifier) != 0 ? alt : 0);
-    return static_cast<quint16>(bits);
+    const int control = modifiers.testFlag(Qt::ControlModifier) ? controlMask : 0;
+    return static_cast<quint16>(control | (isAlt ? alt : 0));
 }
 
 QList<quint16> combinationsOfBits(quint16 mask)

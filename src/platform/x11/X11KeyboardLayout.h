@@ -4,6 +4,7 @@
 // Plain values; any thread.
 #pragma once
 
+#include <QKeyCombination>
 #include <QList>
 
 #include <optional>
@@ -28,10 +29,8 @@ struct X11KeyboardLayout {
     /// Eight rows of keycodes, one for each modifier bit; 0 is no key.
     QList<quint8> modifierKeycodes = {};
 
-    /// The keys for a shortcut as in `ShortcutDefinition`. None when the layout lacks one of them
-    /// or the shortcut is none of the digits 1 to 5 with Control, Option or both.
-    [[nodiscard]] std::optional<X11KeyCombination> combination(quint32 keyCode,
-                                                               quint32 modifiers) const;
+    /// None when the layout lacks one of the keys. Knows the modifiers Control and Alt.
+    [[nodiscard]] std::optional<X11KeyCombination> combination(QKeyCombination keys) const;
 
     /// The modifier bits that may be set or not without making a difference: Lock, and those of
     /// Num Lock and Scroll Lock where the layout has them.
@@ -43,13 +42,10 @@ private:
     [[nodiscard]] std::optional<quint8> keycodeOf(quint32 keysym) const;
     [[nodiscard]] bool hasKeysym(quint8 keycode, quint32 keysym) const;
     [[nodiscard]] quint16 modifierOf(quint32 keysym) const;
-    [[nodiscard]] std::optional<quint16> modifierBits(quint32 modifiers) const;
+    [[nodiscard]] std::optional<quint16> modifierBits(Qt::KeyboardModifiers modifiers) const;
 };
 
 /// All values that the bits of `mask` can take together, zero and `mask` included.
 [[nodiscard]] QList<quint16> combinationsOfBits(quint16 mask);
-
-/// Whether a shortcut is one that a keyboard can have at all, whatever its layout.
-[[nodiscard]] bool isPossibleHotKey(quint32 keyCode, quint32 modifiers);
 
 } // namespace trovell

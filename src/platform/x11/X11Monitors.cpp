@@ -62,7 +62,7 @@ QString X11MonitorNameRequest::receive(const X11Connection& connection) const
         const QByteArray block(reinterpret_cast<const char*>(bytes),
                                static_cast<qsizetype>(edid->num_items));
         if (identified.isEmpty())
-            identified = monitorName(block);
+            identified = monitorName(block, manufacturerRegistry());
     }
     const auto connector = connection.reply<xcb_get_atom_name_reply>(m_connector);
     if (!identified.isEmpty() || !connector)

@@ -142,8 +142,12 @@ QList<RunningApplication> X11WindowSystem::runningApplications(const QString& bu
 void X11WindowSystem::activate(const RunningApplication& application)
 {
     const xcb_window_t window = windowToActivate(m_connection, application.windows);
-    if (window == 0)
-        return;
+    if (window != 0)
+        activateWindow(window);
+}
+
+void X11WindowSystem::activateWindow(xcb_window_t window)
+{
     constexpr quint32 fromPager = 2; // otherwise the window manager may only make it blink
     m_connection.sendToRoot(window, m_connection.atoms().netActiveWindow,
                             {fromPager, XCB_CURRENT_TIME, 0, 0, 0});

@@ -39,6 +39,9 @@ public:
     readWindows(const QList<RunningApplication>& applications) const override;
     [[nodiscard]] QList<bool> setWindowFrames(const QList<WindowFrameRequest>& requests) override;
 
+    /// Gives the focus to this window. Main thread.
+    void activateWindow(xcb_window_t window);
+
     /// How often the reading operations have waited for the server so far.
     [[nodiscard]] int roundTripCount() const { return m_connection.roundTripCount(); }
 

@@ -2,7 +2,7 @@
 
 #include "views/app/AboutSettingsView.h"
 
-#include "app/AppConfiguration.h"
+#include "preferences/AppConfiguration.h"
 #include "views/app/CenteredColumn.h"
 #include "views/app/SymbolLabel.h"
 #include "views/style/SymbolLink.h"

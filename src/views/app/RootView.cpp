@@ -2,7 +2,7 @@
 
 #include "views/app/RootView.h"
 
-#include "app/PreferenceStore.h"
+#include "preferences/PreferenceStore.h"
 #include "views/app/OnboardingView.h"
 #include "views/main/MainWorkspaceView.h"
 

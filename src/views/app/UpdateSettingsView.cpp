@@ -2,7 +2,7 @@
 
 #include "views/app/UpdateSettingsView.h"
 
-#include "app/AppConfiguration.h"
+#include "preferences/AppConfiguration.h"
 #include "views/app/PreferenceSwitch.h"
 #include "views/app/SettingsCard.h"
 #include "views/app/SymbolLabel.h"

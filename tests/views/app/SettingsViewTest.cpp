@@ -2,7 +2,7 @@
 //
 // The settings as a person changes them, and as they follow what is changed elsewhere.
 #include "views/app/SettingsView.h"
-#include "app/PreferenceStore.h"
+#include "preferences/PreferenceStore.h"
 #include "views/app/GeneralSettingsView.h"
 #include "views/app/SettingsTabBar.h"
 #include "views/style/Slider.h"

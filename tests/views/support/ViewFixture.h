@@ -4,10 +4,10 @@
 // scripted desktop, and the look and words that views need. Main thread.
 #pragma once
 
-#include "app/AppConfiguration.h"
 #include "app/AppDependencies.h"
-#include "app/PreferenceStore.h"
 #include "model/TrovellWorkspace.h"
+#include "preferences/AppConfiguration.h"
+#include "preferences/PreferenceStore.h"
 #include "support/FakeClock.h"
 #include "support/FakeHotKeySystem.h"
 #include "support/FakeLoginItemSystem.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "app/PreferenceStore.h"
+#include "preferences/PreferenceStore.h"
 
 #include <QDir>
 #include <QFile>

@@ -4,8 +4,8 @@
 // is assigned. Main thread.
 #pragma once
 
-#include "app/AppAppearance.h"
-#include "app/AppLanguage.h"
+#include "preferences/AppAppearance.h"
+#include "preferences/AppLanguage.h"
 
 #include <QObject>
 

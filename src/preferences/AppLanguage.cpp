@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "app/AppLanguage.h"
+#include "preferences/AppLanguage.h"
 
 #include <array>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 
-#include "app/AppPreferences.h"
+#include "preferences/AppPreferences.h"
 
-#include "app/PreferenceStore.h"
+#include "preferences/PreferenceStore.h"
 
 namespace trovell {
 

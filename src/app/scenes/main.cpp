@@ -3,11 +3,11 @@
 // The program: one instance per session, which opens the store and serves until it is asked to end.
 // What is unsaved then is saved when the store closes.
 
-#include "app/AppConfiguration.h"
 #include "app/AppFolders.h"
 #include "app/scenes/TrovellApp.h"
 #include "app/TerminationSignals.h"
-#include "platform/freedesktop/DesktopActivation.h"
+#include "platform/BackEnds.h"
+#include "preferences/AppConfiguration.h"
 #include "views/style/Accessibility.h"
 
 #include <QApplication>
@@ -37,8 +37,9 @@ int failToStart(const QString& reason)
 int main(int argc, char** argv)
 {
     const QString& identifier = appConfiguration().bundleIdentifier;
-    DesktopActivation activation(identifier.toLatin1());
-    if (activation.forwardToRunningInstance())
+    const BackEnd& backEnd = backEndFor(sessionFacts());
+    const auto activation = backEnd.makeActivation(identifier);
+    if (activation->forwardToRunningInstance())
         return EXIT_SUCCESS;
 
     // The store is verified while the connections to the desktop are made.
@@ -55,8 +56,8 @@ int main(int argc, char** argv)
     if (!store)
         return failToStart(storeOpeningFailureText(store.error()).productText());
 
-    TrovellApp trovell(std::move(*store));
-    QObject::connect(&activation, &DesktopActivation::activationRequested, &trovell,
+    TrovellApp trovell(backEnd.create(identifier), std::move(*store));
+    QObject::connect(activation.get(), &ActivationSystem::activationRequested, &trovell,
                      &TrovellApp::openMainWindow);
     trovell.openMainWindow();
     return QApplication::exec();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "app/AppAppearance.h"
+#include "preferences/AppAppearance.h"
 
 namespace trovell {
 

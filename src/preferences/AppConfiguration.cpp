@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "app/AppConfiguration.h"
+#include "preferences/AppConfiguration.h"
 
 #include "services/update/BuiltInUpdateSource.h"
 

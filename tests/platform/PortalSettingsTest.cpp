@@ -2,7 +2,7 @@
 //
 // What the desktop's portal says about looks, from a portal on a bus of its own.
 
-#include "platform/freedesktop/DesktopSettings.h"
+#include "platform/freedesktop/PortalSettings.h"
 #include "support/BusClient.h"
 #include "support/PrivateSession.h"
 
@@ -54,7 +54,7 @@ private:
 
 } // namespace
 
-class DesktopSettingsTest : public QObject {
+class PortalSettingsTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -65,8 +65,8 @@ private Q_SLOTS:
         Portal portal("({'org.freedesktop.appearance': {'color-scheme': <uint32 1>}, "
                       "'org.gnome.desktop.interface': {'enable-animations': <false>, "
                       "'text-scaling-factor': <1.25>}},)");
-        DesktopSettings settings;
-        const QSignalSpy changed(&settings, &DesktopSettings::changed);
+        PortalSettings settings;
+        const QSignalSpy changed(&settings, &PortalSettings::changed);
         QTRY_COMPARE(changed.size(), 1);
         QVERIFY(settings.isDark());
         QVERIFY(settings.isAnimationReduced());
@@ -89,12 +89,12 @@ private Q_SLOTS:
                       "'org.gnome.desktop.interface': {'text-scaling-factor': <-1.0>, "
                       "'enable-animations': <['no']>}},)");
         // Gone before it is connected, and before the answer: nobody is touched.
-        std::make_unique<DesktopSettings>().reset();
-        auto goneLater = std::make_unique<DesktopSettings>();
+        std::make_unique<PortalSettings>().reset();
+        auto goneLater = std::make_unique<PortalSettings>();
         QCoreApplication::processEvents();
         goneLater.reset();
-        DesktopSettings settings;
-        const QSignalSpy changed(&settings, &DesktopSettings::changed);
+        PortalSettings settings;
+        const QSignalSpy changed(&settings, &PortalSettings::changed);
         QTest::qWait(200);
         QVERIFY(changed.isEmpty());
         QCOMPARE(settings.textScale(), 1.0);
@@ -104,5 +104,5 @@ private:
     PrivateSession m_session;
 };
 
-QTEST_GUILESS_MAIN(DesktopSettingsTest)
-#include "DesktopSettingsTest.moc"
+QTEST_GUILESS_MAIN(PortalSettingsTest)
+#include "PortalSettingsTest.moc"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "platform/freedesktop/DesktopSettings.h"
+#include "platform/freedesktop/PortalSettings.h"
 
 #include "platform/freedesktop/GObjectPointer.h"
 
@@ -52,7 +52,7 @@ template <class Value> bool assign(Value& member, const Value& value)
 
 } // namespace
 
-DesktopSettings::DesktopSettings() : m_cancellable(g_cancellable_new())
+PortalSettings::PortalSettings() : m_cancellable(g_cancellable_new())
 {
     // The connection is shared: cancelling would end it for others, so only the answer is dropped.
     g_bus_get(
@@ -61,7 +61,7 @@ DesktopSettings::DesktopSettings() : m_cancellable(g_cancellable_new())
             const GObjectPointer<GCancellable> owner(G_CANCELLABLE(cancellable));
             GDBusConnection* connection = g_bus_get_finish(result, nullptr);
             auto* self =
-                static_cast<DesktopSettings*>(g_object_get_data(G_OBJECT(owner.get()), "settings"));
+                static_cast<PortalSettings*>(g_object_get_data(G_OBJECT(owner.get()), "settings"));
             if (connection && self)
                 self->connectTo(connection);
             else if (connection)
@@ -71,7 +71,7 @@ DesktopSettings::DesktopSettings() : m_cancellable(g_cancellable_new())
     g_object_set_data(G_OBJECT(m_cancellable), "settings", this);
 }
 
-DesktopSettings::~DesktopSettings()
+PortalSettings::~PortalSettings()
 {
     g_object_set_data(G_OBJECT(m_cancellable), "settings", nullptr);
     g_cancellable_cancel(m_cancellable);
@@ -82,7 +82,7 @@ DesktopSettings::~DesktopSettings()
     g_object_unref(m_connection);
 }
 
-void DesktopSettings::connectTo(GDBusConnection* connection)
+void PortalSettings::connectTo(GDBusConnection* connection)
 {
     m_connection = connection;
     m_subscription = g_dbus_connection_signal_subscribe(
@@ -90,7 +90,7 @@ void DesktopSettings::connectTo(GDBusConnection* connection)
         G_DBUS_SIGNAL_FLAGS_NONE,
         [](GDBusConnection*, const char*, const char*, const char*, const char*,
            GVariant* parameters, gpointer data) {
-            auto* self = static_cast<DesktopSettings*>(data);
+            auto* self = static_cast<PortalSettings*>(data);
             const char* space = nullptr;
             const char* key = nullptr;
             GVariant* value = nullptr;
@@ -112,12 +112,12 @@ void DesktopSettings::connectTo(GDBusConnection* connection)
                 g_dbus_connection_call_finish(G_DBUS_CONNECTION(source), result, nullptr));
             // None also when it was cancelled, and `data` gone.
             if (answer)
-                static_cast<DesktopSettings*>(data)->takeAll(answer.get());
+                static_cast<PortalSettings*>(data)->takeAll(answer.get());
         },
         this);
 }
 
-void DesktopSettings::takeAll(GVariant* answer)
+void PortalSettings::takeAll(GVariant* answer)
 {
     const GVariantPointer namespaces(g_variant_get_child_value(answer, 0));
     bool hasChanged = false;
@@ -136,7 +136,7 @@ void DesktopSettings::takeAll(GVariant* answer)
 }
 
 /// True when the setting is one that matters here and has another value than before.
-bool DesktopSettings::take(const QString& space, const QString& key, GVariant* value)
+bool PortalSettings::take(const QString& space, const QString& key, GVariant* value)
 {
     const auto setting = number(unwrapped(value).get());
     if (!setting)

@@ -1,3 +1,0 @@
-// SPDX-License-Identifier: MIT
-
-#include "platform/null/NullWindowSystem.h"

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+
+#include "platform/x11/X11BackEnd.h"
+
+#include "platform/freedesktop/DesktopFileIndex.h"
+#include "platform/freedesktop/FreedesktopAdapters.h"
+#include "platform/freedesktop/OwnedBusNames.h"
+#include "platform/x11/X11Compositor.h"
+#include "platform/x11/X11HotKeys.h"
+#include "platform/x11/X11WindowSystem.h"
+
+namespace trovell {
+
+namespace {
+
+/// What the window system asks about applications.
+struct KnownApplications {
+    DesktopFileIndex installed;
+    OwnedBusNames running{installed};
+};
+
+std::unique_ptr<X11WindowSystem> makeWindowSystem()
+{
+    const auto known = std::make_shared<KnownApplications>();
+    return std::make_unique<X11WindowSystem>(
+        QByteArray(),
+        [known](const WindowIdentity& window) { return known->installed.identify(window); },
+        BackgroundApplications{[known](const QString& id) { return known->running.find(id); },
+                               [known] { return known->running.list(); }});
+}
+
+} // namespace
+
+PlatformAdapters makeX11Adapters(const QString& applicationId)
+{
+    PlatformAdapters adapters = makeFreedesktopAdapters(applicationId);
+    auto windows = makeWindowSystem();
+    adapters.bringForward = [system = windows.get()](quintptr window) {
+        system->activateWindow(static_cast<xcb_window_t>(window));
+    };
+    adapters.windowSystem = std::move(windows);
+    adapters.hotKeySystem = std::make_unique<X11HotKeys>();
+    adapters.isComposited = &hasX11Compositor;
+    return adapters;
+}
+
+} // namespace trovell

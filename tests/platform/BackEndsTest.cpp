@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+//
+// Which back end a session gets, and that the last one asks for no desktop at all.
+#include "platform/BackEnds.h"
+#include "support/PrivateSession.h"
+
+#include <QtTest>
+
+using namespace Qt::StringLiterals;
+
+using namespace trovell;
+
+class BackEndsTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void fitsTheSession()
+    {
+        const auto name = [](const SessionFacts& session) {
+            return QByteArray(backEndFor(session).name);
+        };
+        QCOMPARE(name({u"x11"_s, {}, u":0"_s}), "x11");
+        QCOMPARE(name({{}, {}, u":0"_s}), "x11");
+        QCOMPARE(name({u"tty"_s, {}, u":1"_s}), "x11");
+        // X11 would show the windows of XWayland only.
+        QCOMPARE(name({u"wayland"_s, {}, u":0"_s}), "null");
+        QCOMPARE(name({u"x11"_s, u"wayland-0"_s, u":0"_s}), "null");
+        QCOMPARE(name({u"tty"_s, {}, {}}), "null");
+    }
+
+    void launchItemsOpenWithoutAnyDesktop()
+    {
+        const test::PrivateSession session;
+        const PlatformAdapters adapters = backEndFor({}).create(u"app.trovell.Trovell"_s);
+        QVERIFY(adapters.resourceSystem && adapters.loginItemSystem && adapters.settings);
+        QVERIFY(!adapters.windowSystem->isTrusted());
+        QVERIFY(!adapters.hotKeySystem->registerHotKey(1, Qt::CTRL | Qt::Key_1));
+        adapters.bringForward(1);
+    }
+};
+
+QTEST_GUILESS_MAIN(BackEndsTest)
+#include "BackEndsTest.moc"
