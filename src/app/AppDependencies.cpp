@@ -47,6 +47,8 @@ AppDependencies::AppDependencies(PlatformAdapters& platform, PreferenceStore& de
       m_resourceOpener(*platform.resourceSystem, runningQuestion(*platform.windowSystem)),
       m_windowRestorer(*platform.windowSystem),
       m_launcher(m_resourceOpener, m_windowRestorer, *platform.windowSystem, clock),
+      m_startWorkspace(m_accessibility, m_launcher,
+                       [this] { return m_preferences.launchTimeout(); }),
       m_windowCapture(*platform.windowSystem, QCoreApplication::applicationPid()),
       m_launchAtLogin(*platform.loginItemSystem),
       m_updateController(configuration.sparkleAppcastURL, configuration.sparklePublicKey,

@@ -4,6 +4,7 @@
 // Nothing else creates one. Main thread.
 #pragma once
 
+#include "editing/WorkspaceStart.h"
 #include "launch/ResourceOpeningService.h"
 #include "launch/WorkspaceLauncher.h"
 #include "platform/desktop/PlatformAdapters.h"
@@ -34,6 +35,7 @@ public:
     [[nodiscard]] AppPreferences& preferences() { return m_preferences; }
     [[nodiscard]] AccessibilityPermissionManager& accessibility() { return m_accessibility; }
     [[nodiscard]] WorkspaceLauncher& launcher() { return m_launcher; }
+    [[nodiscard]] const WorkspaceStart& startWorkspace() const { return m_startWorkspace; }
     [[nodiscard]] WindowCaptureService& windowCapture() { return m_windowCapture; }
     [[nodiscard]] LaunchAtLoginService& launchAtLogin() { return m_launchAtLogin; }
     [[nodiscard]] UpdateController& updateController() { return m_updateController; }
@@ -51,6 +53,7 @@ private:
     ResourceOpeningService m_resourceOpener;
     WindowRestoreService m_windowRestorer;
     WorkspaceLauncher m_launcher;
+    WorkspaceStart m_startWorkspace;
     WindowCaptureService m_windowCapture;
     LaunchAtLoginService m_launchAtLogin;
     UpdateController m_updateController;

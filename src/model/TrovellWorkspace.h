@@ -74,6 +74,8 @@ public:
     [[nodiscard]] QList<WorkspaceItem*> sortedItems() const;
     /// The same by `windowIndexHint`, whatever the application.
     [[nodiscard]] QList<WindowPlacement*> sortedPlacements() const;
+    /// In the order in which they were appended.
+    [[nodiscard]] QList<WindowPlacement*> placementsInOrder() const { return m_placements.live(); }
 
     /// These never read the items and placements.
     [[nodiscard]] qint64 itemCount() const { return m_items.counts().all; }

@@ -2,8 +2,8 @@
 
 #include "views/app/MenuBarWorkspaceView.h"
 
+#include "editing/WorkspaceStart.h"
 #include "views/app/SymbolIcon.h"
-#include "views/shared/WorkspaceStart.h"
 
 #include <algorithm>
 
@@ -95,7 +95,7 @@ void MenuBarWorkspaceView::start(const QUuid& id) const
     const QList<TrovellWorkspace*> workspaces = m_environment.workspaces.workspaces();
     const auto found = std::ranges::find(workspaces, id, &TrovellWorkspace::id);
     if (found != workspaces.end())
-        startWorkspace(m_environment.dependencies, **found);
+        m_environment.dependencies.startWorkspace()(**found);
 }
 
 } // namespace trovell

@@ -2,13 +2,12 @@
 
 #include "views/app/OnboardingView.h"
 
-#include "model/StoreContext.h"
+#include "editing/WorkspaceCommands.h"
 #include "views/app/CenteredColumn.h"
 #include "views/app/PageFade.h"
 #include "views/app/PermissionPage.h"
 #include "views/app/PrivacyView.h"
 #include "views/app/StepIndicator.h"
-#include "views/shared/StoreWriting.h"
 #include "views/shared/WorkspaceAlert.h"
 #include "views/style/Accessibility.h"
 #include "views/style/PushButton.h"
@@ -216,13 +215,11 @@ void OnboardingView::finish()
 {
     if (!m_environment.workspaces.workspaces().isEmpty())
         return accept();
-    WorkspaceValues values{.name = u"My Workspace"_s};
-    m_environment.context.insert(std::make_unique<TrovellWorkspace>(values));
-    const auto saved = saveOrRollBack(m_environment.context);
-    if (saved)
+    const auto created = createWorkspace(m_environment.context, u"My Workspace"_s);
+    if (created)
         accept();
     else
-        showWorkspaceAlert(m_environment, this, saved.error());
+        showWorkspaceAlert(m_environment, this, description(created.error()));
 }
 
 } // namespace trovell

@@ -3,7 +3,6 @@
 #include "views/capture/CaptureContents.h"
 
 #include "views/capture/CapturedApplicationCard.h"
-#include "views/capture/CaptureDraft.h"
 #include "views/capture/CaptureFields.h"
 #include "views/capture/RetainedPlacementRow.h"
 #include "views/shared/GradualColumn.h"
@@ -189,7 +188,8 @@ TextLabel* CaptureContents::makeHeading(TextKey<> key)
 void CaptureContents::showSelectedCount()
 {
     m_selectedCount->setText(m_environment.words.text(
-        phrases::selectedCount, includedApplicationCount(m_draft.applications)));
+        phrases::selectedCount,
+        std::ranges::count_if(m_draft.applications, &CapturedApplication::isIncluded)));
 }
 
 } // namespace trovell

@@ -3,7 +3,7 @@
 // The lists of the capture sheet. Main thread.
 #pragma once
 
-#include "views/capture/CapturePurpose.h"
+#include "editing/CaptureDraft.h"
 #include "views/shared/ViewEnvironment.h"
 
 #include <QWidget>

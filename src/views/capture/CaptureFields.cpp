@@ -2,7 +2,7 @@
 
 #include "views/capture/CaptureFields.h"
 
-#include "views/capture/CaptureDraft.h"
+#include "editing/CaptureDraft.h"
 #include "views/shared/WorkspaceChoiceControls.h"
 #include "views/style/ChoiceRow.h"
 #include "views/style/Picker.h"
@@ -48,14 +48,14 @@ CaptureFields::CaptureFields(const ViewEnvironment& environment, CaptureDraft& d
 void CaptureFields::addName(TrovellCardModifier* card, CaptureDraft& draft)
 {
     m_name = new TextField(m_environment.visual, {});
-    m_name->setText(draft.name);
+    m_name->setText(draft.basics.name);
     const Localization& words = m_environment.words;
     words.render(m_name, [&words, field = m_name] {
         field->setPlaceholderText(words.text(u"Workspace name"_key));
         field->setAccessibleName(words.text(u"Workspace name"_key));
     });
     connect(m_name, &QLineEdit::textChanged, this, [this, &draft](const QString& text) {
-        draft.name = text;
+        draft.basics.name = text;
         Q_EMIT changed();
     });
     card->layout()->addWidget(m_name);
@@ -64,9 +64,9 @@ void CaptureFields::addName(TrovellCardModifier* card, CaptureDraft& draft)
 void CaptureFields::addChoices(TrovellCardModifier* card, CaptureDraft& draft)
 {
     auto* controls =
-        new WorkspaceChoiceControls(m_environment, draft.choices, u"No Shortcut"_key, card);
+        new WorkspaceChoiceControls(m_environment, draft.basics.choices, u"No Shortcut"_key, card);
     connect(controls, &WorkspaceChoiceControls::choicesChanged, this, [this, &draft, controls] {
-        draft.choices = controls->choices();
+        draft.basics.choices = controls->choices();
         Q_EMIT changed();
     });
     auto* accentRow = new QHBoxLayout;

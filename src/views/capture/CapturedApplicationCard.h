@@ -3,7 +3,7 @@
 // One detected application of the capture sheet. Main thread.
 #pragma once
 
-#include "views/capture/CapturePurpose.h"
+#include "editing/CaptureDraft.h"
 #include "views/shared/ViewEnvironment.h"
 #include "views/style/TrovellCardModifier.h"
 #include "windows/CapturedApplication.h"

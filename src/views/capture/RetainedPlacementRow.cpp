@@ -2,7 +2,7 @@
 
 #include "views/capture/RetainedPlacementRow.h"
 
-#include "views/capture/CaptureDraft.h"
+#include "editing/CaptureDraft.h"
 #include "views/style/Switch.h"
 #include "views/style/SymbolView.h"
 #include "views/style/TextLabel.h"

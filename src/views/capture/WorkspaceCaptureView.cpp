@@ -4,7 +4,6 @@
 
 #include "model/TrovellWorkspace.h"
 #include "views/capture/CaptureContents.h"
-#include "views/capture/CaptureSaving.h"
 #include "views/capture/CaptureStatePages.h"
 #include "views/shared/WorkspaceAlert.h"
 #include "views/style/PushButton.h"
@@ -32,6 +31,19 @@ constexpr int headerTrailingMargin = 60;
 constexpr int footerHeight = 64;
 constexpr int footerMargin = 8;
 constexpr int buttonGap = 10;
+
+Message notice(CapturePurpose purpose, const QString& name)
+{
+    switch (purpose) {
+    case CapturePurpose::create:
+        return {phrases::captured, name};
+    case CapturePurpose::update:
+        return {phrases::layoutUpdated, name};
+    case CapturePurpose::saveAsNew:
+        return {phrases::savedAsNewWorkspace, name};
+    }
+    Q_UNREACHABLE();
+}
 
 } // namespace
 
@@ -187,7 +199,8 @@ void WorkspaceCaptureView::showCapture(const QList<CapturedApplication>& applica
 {
     const auto retained = buildRetainedPlacements(m_purpose, m_workspace, applications);
     if (!retained) {
-        setLoadState({.kind = CaptureLoadState::Kind::failed, .message = retained.error()});
+        setLoadState(
+            {.kind = CaptureLoadState::Kind::failed, .message = description(retained.error())});
         return;
     }
     m_draft.applications = applications;
@@ -300,24 +313,25 @@ void WorkspaceCaptureView::showSummary()
     const Localization& words = m_environment.words;
     const QList<CapturedApplication>& applications = m_draft.applications;
     const qsizetype kept = keptPlacementIDs(m_draft.retainedPlacements).size();
-    m_summary->setText(
-        m_loadState.appsOnly
-            ? words.text(phrases::applicationsWillBeSaved, launchItemCount(applications))
-            : words.text(phrases::windowsSelectedAndPositionsKept,
-                         includedWindows(applications).size(), kept));
+    m_summary->setText(m_loadState.appsOnly
+                           ? words.text(phrases::applicationsWillBeSaved,
+                                        launchedApplications(applications).size())
+                           : words.text(phrases::windowsSelectedAndPositionsKept,
+                                        includedWindows(applications).size(), kept));
     m_saveButton->setEnabled(!isSaveDisabled(m_purpose, m_draft));
 }
 
 void WorkspaceCaptureView::saveCapture()
 {
-    const auto result = trovell::saveCapture(m_purpose, m_draft, m_workspace, m_environment.context,
-                                             m_environment.dependencies.resources());
-    if (!result) {
-        showWorkspaceAlert(m_environment, this, result.error());
+    const auto workspace =
+        trovell::saveCapture(m_purpose, m_draft, m_workspace, m_environment.context,
+                             m_environment.dependencies.resources());
+    if (!workspace) {
+        showWorkspaceAlert(m_environment, this, description(workspace.error()));
         return;
     }
     const QPointer<WorkspaceCaptureView> self(this);
-    Q_EMIT saved(result->workspace, result->notice);
+    Q_EMIT saved(*workspace, notice(m_purpose, (*workspace)->name()));
     if (self)
         accept();
 }

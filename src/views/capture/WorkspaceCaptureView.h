@@ -3,7 +3,7 @@
 // Turns what is open right now into a workspace, or into the window layout of one. Main thread.
 #pragma once
 
-#include "views/capture/CaptureDraft.h"
+#include "editing/CaptureDraft.h"
 #include "views/shared/ViewEnvironment.h"
 #include "views/style/Sheet.h"
 
@@ -15,6 +15,17 @@ namespace trovell {
 
 class PushButton;
 class TextLabel;
+
+/// How far the capture is.
+struct CaptureLoadState {
+    enum class Kind { loaded, failed, idle, loading };
+
+    Kind kind = Kind::idle;
+    /// Of `loaded`: applications were listed without their windows.
+    bool appsOnly = false;
+    /// Of `failed`: why.
+    Message message = {};
+};
 
 /// Reads the open windows as soon as it is opened, lets the user choose among them and saves.
 ///

@@ -2,6 +2,7 @@
 
 #include "views/detail/WorkspaceDetailView.h"
 
+#include "editing/WorkspaceStart.h"
 #include "model/TrovellWorkspace.h"
 #include "views/detail/AccessibilityBanner.h"
 #include "views/detail/LaunchReportBanner.h"
@@ -9,7 +10,6 @@
 #include "views/detail/WorkspaceDetailHeader.h"
 #include "views/detail/WorkspaceItemsCard.h"
 #include "views/detail/WorkspaceNoticeBanner.h"
-#include "views/shared/WorkspaceStart.h"
 #include "views/style/Divider.h"
 #include "views/style/ScrollArea.h"
 
@@ -173,7 +173,7 @@ void WorkspaceDetailView::showPermission()
 void WorkspaceDetailView::start()
 {
     if (m_workspace)
-        startWorkspace(m_environment.dependencies, *m_workspace);
+        m_environment.dependencies.startWorkspace()(*m_workspace);
 }
 
 void WorkspaceDetailView::showEvent(QShowEvent* event)

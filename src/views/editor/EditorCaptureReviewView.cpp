@@ -2,7 +2,7 @@
 
 #include "views/editor/EditorCaptureReviewView.h"
 
-#include "views/capture/CaptureDraft.h"
+#include "editing/CaptureDraft.h"
 #include "views/editor/ReviewApplicationCard.h"
 #include "views/shared/GradualColumn.h"
 #include "views/style/PushButton.h"

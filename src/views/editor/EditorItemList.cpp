@@ -2,8 +2,8 @@
 
 #include "views/editor/EditorItemList.h"
 
+#include "editing/Reorder.h"
 #include "views/editor/EditorItemRow.h"
-#include "views/shared/Reorder.h"
 #include "views/shared/ReorderOverlay.h"
 #include "views/style/RowPainting.h"
 

@@ -4,7 +4,7 @@
 // or by dropping an item's identifier on a row. Main thread.
 #pragma once
 
-#include "views/editor/EditableWorkspaceItem.h"
+#include "editing/EditableWorkspaceItem.h"
 #include "views/shared/RowDragging.h"
 #include "views/shared/ViewEnvironment.h"
 #include "views/style/Group.h"

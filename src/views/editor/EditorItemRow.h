@@ -4,7 +4,7 @@
 // the bin. Main thread.
 #pragma once
 
-#include "views/editor/EditableWorkspaceItem.h"
+#include "editing/EditableWorkspaceItem.h"
 #include "views/shared/ViewEnvironment.h"
 #include "views/style/Group.h"
 

@@ -2,8 +2,8 @@
 
 #include "views/editor/EditorLayoutSection.h"
 
+#include "editing/CaptureDraft.h"
 #include "model/TrovellWorkspace.h"
-#include "views/capture/CaptureDraft.h"
 #include "views/editor/EditorCaptureReviewView.h"
 #include "views/style/Divider.h"
 #include "views/style/PushButton.h"

@@ -4,7 +4,7 @@
 // thread.
 #pragma once
 
-#include "views/editor/WorkspaceEdits.h"
+#include "editing/WorkspaceEdits.h"
 #include "views/shared/ViewEnvironment.h"
 
 #include <QCoro/QCoroTask>

@@ -66,8 +66,8 @@ WorkspaceEditorView::WorkspaceEditorView(const ViewEnvironment& environment,
     : Sheet(environment.visual, window, {}), m_environment(environment), m_target(workspaceOrNull),
       m_save(new PushButton(environment.visual, {}, PushButton::Kind::prominent)),
       m_name(new TextField(environment.visual, {})),
-      m_choices(
-          new WorkspaceChoiceControls(environment, m_target.edits.choices, u"None"_key, this)),
+      m_choices(new WorkspaceChoiceControls(environment, m_target.edits.basics.choices, u"None"_key,
+                                            this)),
       m_items(new EditorItemsSection(environment, m_target.edits.items,
                                      openPanel ? openPanel : desktopOpenPanel(environment))),
       m_layout(new EditorLayoutSection(environment, workspaceOrNull))
@@ -84,7 +84,7 @@ WorkspaceEditorView::WorkspaceEditorView(const ViewEnvironment& environment,
         if (std::exchange(m_savesAfterAdding, false))
             save();
     });
-    m_name->setText(m_target.edits.name);
+    m_name->setText(m_target.edits.basics.name);
     showSaveState();
     environment.words.render(this, [this] { showTitle(); });
 }
@@ -178,7 +178,7 @@ void WorkspaceEditorView::save()
         return;
     const auto workspace = saveEdits(m_target, edits(), m_environment.context);
     if (!workspace) {
-        showError(workspace.error());
+        showError(description(workspace.error()));
         return;
     }
     Q_EMIT saved(*workspace);
@@ -187,8 +187,7 @@ void WorkspaceEditorView::save()
 
 WorkspaceEdits WorkspaceEditorView::edits() const
 {
-    return {.name = m_name->text(),
-            .choices = m_choices->choices(),
+    return {.basics = {m_name->text(), m_choices->choices()},
             .items = m_items->items(),
             .layoutChange = m_layout->layoutChange(),
             .capturedApplications = m_layout->capturedApplications()};

@@ -5,8 +5,8 @@
 // thread.
 #pragma once
 
+#include "editing/WorkspaceEdits.h"
 #include "views/editor/OpenPanel.h"
-#include "views/editor/WorkspaceEdits.h"
 #include "views/shared/ViewEnvironment.h"
 #include "views/style/Sheet.h"
 

@@ -2,17 +2,17 @@
 
 #include "views/main/MainWorkspaceView.h"
 
+#include "editing/WorkspaceCommands.h"
+#include "editing/WorkspaceStart.h"
 #include "model/StoreContext.h"
 #include "views/capture/WorkspaceCaptureView.h"
 #include "views/detail/WorkspaceDetailView.h"
 #include "views/editor/WorkspaceEditorView.h"
 #include "views/main/RenameWorkspaceView.h"
 #include "views/main/SidebarSplitter.h"
-#include "views/main/WorkspaceCommands.h"
 #include "views/main/WorkspaceDetailColumn.h"
 #include "views/main/WorkspaceSidebarList.h"
 #include "views/shared/WorkspaceAlert.h"
-#include "views/shared/WorkspaceStart.h"
 #include "views/style/Alert.h"
 
 #include <QVBoxLayout>
@@ -146,7 +146,7 @@ void MainWorkspaceView::registerHotKeys()
     m_environment.dependencies.hotKeys().registerHotKeys(
         m_environment.workspaces.workspaces(), [self](const QUuid& id) {
             if (TrovellWorkspace* workspace = self ? self->find(id) : nullptr)
-                startWorkspace(self->m_environment.dependencies, *workspace);
+                self->m_environment.dependencies.startWorkspace()(*workspace);
         });
 }
 
@@ -157,7 +157,7 @@ void MainWorkspaceView::runCommand(WorkspaceSidebar::Command command, const QUui
         return;
     switch (command) {
     case WorkspaceSidebar::Command::start:
-        startWorkspace(m_environment.dependencies, *workspace);
+        m_environment.dependencies.startWorkspace()(*workspace);
         return;
     case WorkspaceSidebar::Command::edit:
         present({.kind = SheetKind::edit, .workspace = workspace});
@@ -209,26 +209,26 @@ void MainWorkspaceView::clearLayout(TrovellWorkspace& workspace)
     refresh();
 }
 
-template <class Value> bool MainWorkspaceView::succeeded(const Expected<Value, Message>& written)
+template <class Value> bool MainWorkspaceView::succeeded(const Expected<Value, StoreError>& written)
 {
     if (written)
-        m_reportedFailure = {};
+        m_reportedFailure.reset();
     else
         reportFailure(written.error());
     return written.has_value();
 }
 
-void MainWorkspaceView::reportFailure(const Message& reason)
+void MainWorkspaceView::reportFailure(StoreError error)
 {
-    m_reportedFailure = reason;
-    present({.kind = AlertKind::error, .reason = reason});
+    m_reportedFailure = error;
+    present({.kind = AlertKind::error, .reason = description(error)});
 }
 
 void MainWorkspaceView::reportInBackground(StoreError error)
 {
     // It comes again with every attempt to save or read; saying it once is enough.
-    if (description(error) != m_reportedFailure)
-        reportFailure(description(error));
+    if (error != m_reportedFailure)
+        reportFailure(error);
 }
 
 void MainWorkspaceView::present(const WorkspaceSheetRequest& request)
@@ -283,7 +283,7 @@ Sheet* MainWorkspaceView::makeSheet(const WorkspaceSheetRequest& request)
 
 void MainWorkspaceView::finishSheet(TrovellWorkspace* workspace, const Message& notice)
 {
-    m_reportedFailure = {};
+    m_reportedFailure.reset();
     m_notice = {workspace->id(), notice};
     select(workspace->id());
 }

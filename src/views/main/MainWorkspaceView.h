@@ -69,8 +69,8 @@ private:
     void remove(TrovellWorkspace& workspace);
     void clearLayout(TrovellWorkspace& workspace);
     /// Whether the write succeeded; tells the user if not.
-    template <class Value> bool succeeded(const Expected<Value, Message>& written);
-    void reportFailure(const Message& reason);
+    template <class Value> bool succeeded(const Expected<Value, StoreError>& written);
+    void reportFailure(StoreError error);
     void reportInBackground(StoreError error);
 
     [[nodiscard]] Sheet* makeSheet(const WorkspaceSheetRequest& request);
@@ -88,7 +88,7 @@ private:
     std::optional<WorkspaceAlertRequest> m_activeAlert;
     QPointer<Alert> m_alert;
     /// The last failure that was reported, until a write succeeds.
-    Message m_reportedFailure;
+    std::optional<StoreError> m_reportedFailure;
     bool m_hasAppeared = false;
 };
 

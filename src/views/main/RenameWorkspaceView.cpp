@@ -2,8 +2,8 @@
 
 #include "views/main/RenameWorkspaceView.h"
 
+#include "editing/WorkspaceCommands.h"
 #include "model/TrovellWorkspace.h"
-#include "views/main/WorkspaceCommands.h"
 #include "views/shared/WorkspaceAlert.h"
 #include "views/style/PushButton.h"
 #include "views/style/TextField.h"
@@ -86,7 +86,7 @@ void RenameWorkspaceView::save()
     const auto renamed = renameWorkspace(m_environment.context, *m_workspace, m_name->text());
     if (!renamed) {
         showFailureAlert(m_environment, this, u"Workspace Could Not Be Renamed"_key,
-                         renamed.error());
+                         description(renamed.error()));
         return;
     }
     Q_EMIT saved(m_workspace);

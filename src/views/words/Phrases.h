@@ -40,8 +40,6 @@ inline constexpr auto selectedCount = u"%lld selected"_key;
 inline constexpr auto ordinaryWindowsDetected = u"%lld ordinary windows detected"_key;
 inline constexpr auto notDetected = u"%@ • Not detected"_key;
 inline constexpr auto keepSavedPositionFor = u"Keep saved position for %@"_key;
-inline constexpr auto applicationUnavailable =
-    u"%@ is no longer available. Reopen it and capture again."_key;
 
 // The capture review.
 inline constexpr auto windowsSelected = u"%lld windows selected"_key;

@@ -134,10 +134,6 @@ private Q_SLOTS:
 
     void staysOpenWhenSavingFails()
     {
-        m_fixture->addItem(*m_work, WorkspaceItemType::application, u"editor"_s);
-        m_fixture->addPlacement(*m_work, u"editor"_s);
-        openDraft();
-        const StoreContents before = contentsOf(m_fixture->context());
         const OpenSheet sheet(*m_fixture, CapturePurpose::update, m_work);
         QVERIFY(sheet.reaches(Kind::loaded));
         m_fixture->refuseSaving();
@@ -145,7 +141,6 @@ private Q_SLOTS:
         QCOMPARE(answeredAlert(*sheet.view),
                  QStringList({u"Workspace Could Not Be Saved"_s,
                               description(StoreError::diskFull).productText()}));
-        QCOMPARE(contentsOf(m_fixture->context()), before);
         QVERIFY(!sheet.saved);
         m_fixture->allowSaving();
         click(*sheet.view, u"Save Layout"_s);

@@ -13,19 +13,17 @@
 #include "support/FakeLoginItemSystem.h"
 #include "support/FakeResourceSystem.h"
 #include "support/FakeWindowSystem.h"
-#include "support/StoreContents.h"
-#include "support/StoreFaultVfs.h"
+#include "support/StoreFixture.h"
 #include "views/shared/ApplicationIcons.h"
 #include "views/shared/ViewEnvironment.h"
 
 #include <QMainWindow>
-#include <QTemporaryDir>
 
 namespace trovell::test {
 
 using namespace Qt::StringLiterals;
 
-class ViewFixture {
+class ViewFixture : public StoreFixture {
     /// Before the pointers to what is put into it.
     PlatformAdapters m_platform;
 
@@ -40,46 +38,26 @@ public:
     /// languages "en-XA" and "ar-XB" can be chosen.
     explicit ViewFixture(const AppConfiguration& configuration = appConfiguration());
 
-    QTemporaryDir folder;
     FakeWindowSystem* const windows = adopt<FakeWindowSystem>(m_platform.windowSystem);
     FakeResourceSystem* const resources = adopt<FakeResourceSystem>(m_platform.resourceSystem);
     FakeHotKeySystem* const hotKeys = adopt<FakeHotKeySystem>(m_platform.hotKeySystem);
     FakeLoginItemSystem* const loginItem = adopt<FakeLoginItemSystem>(m_platform.loginItemSystem);
     FakeClock clock;
 
-    [[nodiscard]] StoreContext& context() { return m_store->mainContext(); }
     [[nodiscard]] AppDependencies& dependencies() { return m_dependencies; }
     [[nodiscard]] ViewEnvironment& environment() { return m_environment; }
 
-    /// A saved workspace, with the sort order after the others.
-    TrovellWorkspace& addWorkspace(const QString& name);
-    /// Saved with it; an application's URL names a desktop file in the fixture's folder.
-    WorkspaceItem& addItem(TrovellWorkspace& workspace, WorkspaceItemType type,
-                           const QString& displayName, const QString& urlString = {});
-    /// Saved with it; on the display of the scripted desktop, in its middle.
-    WindowPlacement& addPlacement(TrovellWorkspace& workspace, const QString& bundleIdentifier);
-
-    /// Stops the test program when the store does not save.
-    void save();
-
     /// Whether windows may be controlled, told at once.
     void setTrusted(bool isTrusted);
-
-    /// From now on every save fails, until `allowSaving`.
-    void refuseSaving() { m_disk.arm(StoreFaultVfs::Fault::diskFull, 1, StoreFaultVfs::forEver); }
-    void allowSaving() { m_disk.disarm(); }
 
     /// A window to show views in; owned by the fixture.
     [[nodiscard]] QMainWindow& window() { return m_window; }
 
 private:
-    StoreFaultVfs m_disk;
     const AppConfiguration m_configuration;
     PreferenceStore m_defaults{folder.filePath(u"preferences.json"_s)};
     VisualStyle m_visual;
     Localization m_words;
-    std::unique_ptr<WorkspaceStore> m_store =
-        openStore(folder.filePath(u"store"_s), {.vfsName = m_disk.name()});
     AppDependencies m_dependencies{m_platform, m_defaults, clock, m_configuration};
     WorkspaceQuery m_query{context()};
     ApplicationIcons m_icons{*resources};

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "views/editor/EditableWorkspaceItem.h"
+#include "editing/EditableWorkspaceItem.h"
 
 #include "launch/ResourceSystem.h"
 #include "model/WorkspaceItem.h"

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 
-#include "views/main/WorkspaceCommands.h"
+#include "editing/WorkspaceCommands.h"
 
+#include "editing/Reorder.h"
+#include "editing/WorkspaceChange.h"
 #include "model/StoreContext.h"
-#include "views/shared/Reorder.h"
-#include "views/shared/StoreWriting.h"
 
 namespace trovell {
 
@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 using Workspaces = QList<TrovellWorkspace*>;
-using Result = Expected<void, Message>;
+using Result = Expected<void, StoreError>;
 
 WorkspaceValues copiedValues(const TrovellWorkspace& source, qint64 sortOrder)
 {
@@ -61,10 +61,22 @@ Result renumber(StoreContext& context, const Workspaces& workspaces)
     return saveOrRollBack(context);
 }
 
+Expected<TrovellWorkspace*, StoreError> insert(StoreContext& context,
+                                               std::unique_ptr<TrovellWorkspace> workspace)
+{
+    TrovellWorkspace& inserted = context.insert(std::move(workspace));
+    return saveOrRollBack(context).map([&inserted] { return &inserted; });
+}
+
 } // namespace
 
-Expected<TrovellWorkspace*, Message> duplicateWorkspace(StoreContext& context,
-                                                        const TrovellWorkspace& source)
+Expected<TrovellWorkspace*, StoreError> createWorkspace(StoreContext& context, const QString& name)
+{
+    return insert(context, std::make_unique<TrovellWorkspace>(WorkspaceValues{.name = name}));
+}
+
+Expected<TrovellWorkspace*, StoreError> duplicateWorkspace(StoreContext& context,
+                                                           const TrovellWorkspace& source)
 {
     auto copy =
         std::make_unique<TrovellWorkspace>(copiedValues(source, context.workspaces().size()));
@@ -72,8 +84,7 @@ Expected<TrovellWorkspace*, Message> duplicateWorkspace(StoreContext& context,
         copy->appendItem(copyOf(*item));
     for (const WindowPlacement* placement : source.sortedPlacements())
         copy->appendPlacement(copyOf(*placement));
-    TrovellWorkspace& inserted = context.insert(std::move(copy));
-    return saveOrRollBack(context).map([&inserted] { return &inserted; });
+    return insert(context, std::move(copy));
 }
 
 Result deleteWorkspace(StoreContext& context, TrovellWorkspace& workspace)

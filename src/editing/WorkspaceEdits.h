@@ -3,31 +3,22 @@
 // What the editor holds until "Save", and how that is written. Main thread.
 #pragma once
 
-#include "model/WorkspaceChoices.h"
-#include "support/Expected.h"
-#include "views/editor/EditableWorkspaceItem.h"
-#include "windows/CapturedApplication.h"
+#include "editing/WorkspaceChange.h"
+#include "model/TrovellWorkspace.h"
 
 #include <QPointer>
 
 namespace trovell {
 
-class StoreContext;
-class TrovellWorkspace;
-
 /// What a save does to the saved windows.
 enum class LayoutChange { none, clearLayout, replaceLayout };
 
 struct WorkspaceEdits {
-    QString name;
-    WorkspaceChoices choices;
+    WorkspaceBasics basics;
     QList<EditableWorkspaceItem> items;
     LayoutChange layoutChange = LayoutChange::none;
     /// Of the last capture, with the choice made among them.
     QList<CapturedApplication> capturedApplications;
-
-    /// Without white space around it.
-    [[nodiscard]] QString trimmedName() const { return name.trimmed(); }
 };
 
 /// The workspace that a save writes to.
@@ -46,9 +37,8 @@ struct EditedWorkspace {
 };
 
 /// Writes everything to the workspace, or to a new one, and saves; the answer is the workspace.
-/// Items are replaced by new records of the same ids, numbered from 0. When it fails, nothing has
-/// changed in the store and the answer is why, in the product's words.
-[[nodiscard]] Expected<TrovellWorkspace*, Message>
+/// Items are replaced by new records of the same ids, numbered from 0.
+[[nodiscard]] Expected<TrovellWorkspace*, EditingError>
 saveEdits(const EditedWorkspace& target, const WorkspaceEdits& edits, StoreContext& context);
 
 } // namespace trovell

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 
-#include "views/capture/CaptureSaving.h"
+#include "editing/CaptureDraft.h"
 
-#include "support/StoreContents.h"
-#include "views/support/ViewFixture.h"
+#include "support/FakeResourceSystem.h"
+#include "support/StoreFixture.h"
 
 using namespace Qt::StringLiterals;
 
 using namespace trovell;
-using trovell::test::ViewFixture;
+using trovell::test::StoreFixture;
 
 namespace {
 
@@ -31,7 +31,7 @@ CapturedApplication application(const QString& identifier, const QStringList& ti
 QStringList titles(const TrovellWorkspace& workspace)
 {
     QStringList titles;
-    for (const WindowPlacement* placement : placementsInOrder(workspace))
+    for (const WindowPlacement* placement : workspace.placementsInOrder())
         titles.append(placement->windowTitleHint().value_or(QString()));
     return titles;
 }
@@ -45,11 +45,11 @@ QStringList itemNames(const TrovellWorkspace& workspace)
 }
 
 /// A workspace that is captured and saved as the sheet does it.
-struct Saving {
+struct Saving : StoreFixture {
     explicit Saving(const QStringList& placements = {})
     {
         for (const QString& identifier : placements)
-            fixture.addPlacement(workspace, identifier);
+            addPlacement(workspace, identifier);
     }
 
     void capture(CapturePurpose purpose, const QList<CapturedApplication>& applications)
@@ -59,24 +59,22 @@ struct Saving {
         draft.retainedPlacements = *buildRetainedPlacements(purpose, &workspace, applications);
     }
 
-    Expected<SavedCapture, Message> save(CapturePurpose purpose)
+    Expected<TrovellWorkspace*, EditingError> saveAs(CapturePurpose purpose)
     {
-        return saveCapture(purpose, draft, &workspace, fixture.context(), *fixture.resources);
+        return saveCapture(purpose, draft, &workspace, context(), resources);
     }
-
-    StoreContents contents() { return contentsOf(fixture.context()); }
 
     /// The failure of a save that leaves the store as it was; empty if it did not.
     QString refusal(CapturePurpose purpose)
     {
         const StoreContents before = contents();
-        const auto saved = save(purpose);
-        const bool isUntouched = !fixture.context().hasChanges() && contents() == before;
-        return saved || !isUntouched ? QString() : saved.error().productText();
+        const auto saved = saveAs(purpose);
+        const bool isUntouched = !context().hasChanges() && contents() == before;
+        return saved || !isUntouched ? QString() : description(saved.error()).productText();
     }
 
-    ViewFixture fixture;
-    TrovellWorkspace& workspace = fixture.addWorkspace(u"Work"_s);
+    FakeResourceSystem resources;
+    TrovellWorkspace& workspace = addWorkspace(u"Work"_s);
     CaptureDraft draft;
 };
 
@@ -97,7 +95,7 @@ private Q_SLOTS:
             bool isPositionKept = false;
         };
         const auto isDisabled = [](const Choice& choice) {
-            CaptureDraft draft{.name = choice.name,
+            CaptureDraft draft{.basics = {.name = choice.name},
                                .applications = {application(u"editor"_s, {u"a"_s})}};
             draft.applications[0].isIncluded = choice.isApplicationIncluded;
             draft.applications[0].addAsLaunchItem = choice.isLaunchItem;
@@ -123,9 +121,8 @@ private Q_SLOTS:
         const StoreContents before = saving.contents();
         saving.capture(CapturePurpose::update, {});
         QTest::qSleep(2); // times are stored to the millisecond
-        const auto saved = saving.save(CapturePurpose::update);
+        const auto saved = saving.saveAs(CapturePurpose::update);
         QVERIFY(saved);
-        QCOMPARE(saved->notice.productText(), u"Work layout updated."_s);
         StoreContents after = saving.contents();
         QVERIFY(after[0].values.updatedAt > before[0].values.updatedAt);
         after[0].values.updatedAt = before[0].values.updatedAt;
@@ -144,7 +141,7 @@ private Q_SLOTS:
         saving.capture(CapturePurpose::update, applications);
         QCOMPARE(saving.draft.retainedPlacements.size(), 2);
         saving.draft.retainedPlacements[0].isKept = false;
-        QVERIFY(saving.save(CapturePurpose::update));
+        QVERIFY(saving.saveAs(CapturePurpose::update));
         QCOMPARE(titles(saving.workspace), (QStringList{u"closed window"_s, u"new"_s}));
     }
 
@@ -156,13 +153,12 @@ private Q_SLOTS:
                                                 application(u"browser"_s)};
         applications[0].addAsLaunchItem = false;
         saving.capture(CapturePurpose::create, applications);
-        saving.draft.name = u" Music\n"_s;
-        saving.draft.choices = {u"music.note"_s, u"green"_s, 2};
+        saving.draft.basics.name = u" Music\n"_s;
+        saving.draft.basics.choices = {u"music.note"_s, u"green"_s, 2};
 
-        const auto saved = saving.save(CapturePurpose::create);
+        const auto saved = saving.saveAs(CapturePurpose::create);
         QVERIFY(saved);
-        QCOMPARE(saved->notice.productText(), u"Music captured."_s);
-        const TrovellWorkspace& workspace = *saved->workspace;
+        const TrovellWorkspace& workspace = **saved;
         QVERIFY(workspace.isStored());
         QCOMPARE(workspace.name(), u"Music"_s);
         QCOMPARE(workspace.shortcut(), shortcuts().at(2));
@@ -181,9 +177,9 @@ private Q_SLOTS:
         Saving saving({u"editor"_s, u"closed"_s, u"dropped"_s});
         TrovellWorkspace& source = saving.workspace;
         source.setShortcut(shortcuts().at(1));
-        saving.fixture.addItem(source, WorkspaceItemType::application, u"editor"_s);
-        saving.fixture.addItem(source, WorkspaceItemType::folder, u"folder"_s);
-        saving.fixture.addItem(source, WorkspaceItemType::application, u"closed"_s);
+        saving.addItem(source, WorkspaceItemType::application, u"editor"_s);
+        saving.addItem(source, WorkspaceItemType::folder, u"folder"_s);
+        saving.addItem(source, WorkspaceItemType::application, u"closed"_s);
         QCOMPARE(captureFilter(CapturePurpose::update, &source),
                  (QSet<QString>{u"editor"_s, u"closed"_s}));
         QCOMPARE(captureFilter(CapturePurpose::saveAsNew, &source), std::nullopt);
@@ -192,15 +188,14 @@ private Q_SLOTS:
                        {application(u"editor"_s, {u"new"_s}), application(u"mail"_s)});
         saving.draft.retainedPlacements[1].isKept = false;
 
-        const auto saved = saving.save(CapturePurpose::saveAsNew);
+        const auto saved = saving.saveAs(CapturePurpose::saveAsNew);
         QVERIFY(saved);
-        QCOMPARE(saved->notice.productText(), u"Work Variant saved as a new workspace."_s);
-        const TrovellWorkspace& variant = *saved->workspace;
+        const TrovellWorkspace& variant = **saved;
         QCOMPARE(variant.shortcut(), std::nullopt);
         QCOMPARE(itemNames(variant),
                  (QStringList{u"0 folder"_s, u"1 closed"_s, u"2 editor"_s, u"3 mail"_s}));
         QCOMPARE(titles(variant), (QStringList{u"new"_s, u"closed window"_s}));
-        QVERIFY(placementsInOrder(variant)[1]->id() != placementsInOrder(source)[1]->id());
+        QVERIFY(variant.placementsInOrder()[1]->id() != source.placementsInOrder()[1]->id());
         QCOMPARE(saving.contents().first(), before.first());
     }
 
@@ -210,25 +205,25 @@ private Q_SLOTS:
              {CapturePurpose::create, CapturePurpose::update, CapturePurpose::saveAsNew}) {
             Saving saving({u"editor"_s});
             saving.capture(purpose, {application(u"editor"_s, {u"a"_s})});
-            saving.fixture.refuseSaving();
+            saving.refuseSaving();
             QCOMPARE(saving.refusal(purpose), description(StoreError::diskFull).productText());
-            saving.fixture.allowSaving();
-            QVERIFY(saving.save(purpose));
+            saving.allowSaving();
+            QVERIFY(saving.saveAs(purpose));
         }
 
         Saving saving;
         saving.workspace.setShortcut(shortcuts().at(1));
-        saving.fixture.save();
+        saving.save();
         CapturedApplication gone = application(u"editor"_s, {u"a"_s});
         gone.applicationURLString = u"no address"_s;
         saving.capture(CapturePurpose::saveAsNew, {application(u"mail"_s), gone});
         QCOMPARE(saving.refusal(CapturePurpose::saveAsNew),
                  u"editor is no longer available. Reopen it and capture again."_s);
-        saving.draft.choices.shortcutIndex = 1;
+        saving.draft.basics.choices.shortcutIndex = 1;
         QCOMPARE(saving.refusal(CapturePurpose::saveAsNew),
                  u"That shortcut is already assigned to another workspace."_s);
     }
 };
 
-QTEST_MAIN(CaptureSavingTest)
+QTEST_GUILESS_MAIN(CaptureSavingTest)
 #include "CaptureSavingTest.moc"
