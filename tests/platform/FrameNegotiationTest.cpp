@@ -3,7 +3,7 @@
 // The dialogue about one window's frame, with window managers and programs of every temper played
 // by the test and time that passes at once.
 
-#include "platform/x11/FrameNegotiation.h"
+#include "platform/desktop/FrameNegotiation.h"
 
 #include <QtTest>
 
@@ -14,19 +14,18 @@ namespace {
 
 using Step = FrameNegotiation::Step;
 
-constexpr PixelRectangle target = {100, 100, 700, 500};
-constexpr PixelRectangle elsewhere = {0, 0, 300, 200};
-constexpr FrameExtents titleBar = {1, 1, 22, 5};
+constexpr QRectF target = {100, 100, 700, 500};
+constexpr QRectF elsewhere = {0, 0, 300, 200};
 
-WindowReading plain(const PixelRectangle& frame, bool isFilling = false)
+FrameReading plain(const QRectF& frame, bool isFilling = false)
 {
-    return {{frame, {}, {}}, {}, isFilling};
+    return {frame, target, isFilling};
 }
 
 /// A negotiation with a clock.
 class Dialogue {
 public:
-    explicit Dialogue(const WindowReading& first) : m_negotiation(target)
+    explicit Dialogue(const FrameReading& first) : m_negotiation(target)
     {
         m_negotiation.read(first, m_now);
     }
@@ -38,7 +37,7 @@ public:
         return step();
     }
     /// The window changes and is read.
-    void becomes(const std::optional<WindowReading>& reading)
+    void becomes(const std::optional<FrameReading>& reading)
     {
         m_negotiation.changed(m_now);
         m_progress = m_now;
@@ -75,11 +74,8 @@ private Q_SLOTS:
     void terminalInPlaceIsLeftAlone()
     {
         // It shows whole cells, so it is a little smaller than the frame.
-        WindowReading terminal = {{{101, 122, 694, 472}, titleBar, {}}, {}, false};
-        terminal.hints.widthIncrement = 6;
-        terminal.hints.heightIncrement = 13;
-        terminal.hints.baseWidth = terminal.hints.baseHeight = 4;
-        QCOMPARE(Dialogue(terminal).step(), Step::wait);
+        const QRectF wholeCells(100, 100, 696, 499);
+        QCOMPARE(Dialogue({wholeCells, wholeCells}).step(), Step::wait);
     }
 
     void requestThatWasDroppedIsMadeDifferent()
@@ -96,13 +92,10 @@ private Q_SLOTS:
     {
         Dialogue dialogue(plain(elsewhere));
         dialogue.step();
-        WindowReading late = plain(target);
-        late.window.decorations = titleBar;
-        dialogue.becomes(late);
+        dialogue.becomes(plain({99, 78, 702, 527}));
         QCOMPARE(dialogue.step(), Step::wait); // it may not be at rest yet
         QCOMPARE(dialogue.stepAfter(100ms), Step::move);
-        late.window.client = {101, 122, 698, 473};
-        dialogue.becomes(late);
+        dialogue.becomes(plain(target));
         dialogue.step();
         QVERIFY(dialogue.isAccepted());
     }
@@ -177,7 +170,7 @@ private Q_SLOTS:
         dialogue.step();
         for (int width = 300; !dialogue.negotiation().isOver(); ++width) {
             QVERIFY(width < 400);
-            dialogue.becomes(plain({100, 100, width, 200}));
+            dialogue.becomes(plain(QRectF(100, 100, width, 200)));
             dialogue.stepAfter(50ms);
         }
         // It took the position, and it shows that the size is its own business.

@@ -101,11 +101,11 @@ private Q_SLOTS:
             PixelRectangle now = window;
             for (int cycle = 0; cycle < 3; ++cycle) {
                 const QRectF screenFrame =
-                    screenFrameFromAccessibility(accessibilityFrameFromRoot(now, origin), display);
+                    screenFrameFromAccessibility(frameFromPixels(now).translated(-origin), display);
                 const QRectF restored =
                     denormalizeFrame(normalizeFrame(screenFrame, visible), visible);
-                now = rootFrameFromAccessibility(accessibilityFrameFromScreen(restored, display),
-                                                 origin);
+                now = pixelsFromFrame(
+                    accessibilityFrameFromScreen(restored, display).translated(origin));
             }
             QCOMPARE(now, window);
         }

@@ -4,7 +4,7 @@
 // only; the desktop files themselves are read on a worker.
 #pragma once
 
-#include "platform/freedesktop/ApplicationIdentity.h"
+#include "platform/desktop/ApplicationIdentity.h"
 #include "platform/freedesktop/DesktopFileTable.h"
 #include "platform/freedesktop/GObjectPointer.h"
 

@@ -4,7 +4,7 @@
 // any thread.
 #pragma once
 
-#include "platform/freedesktop/ApplicationIdentity.h"
+#include "platform/desktop/ApplicationIdentity.h"
 #include "platform/freedesktop/DesktopEntry.h"
 #include "platform/freedesktop/ProcessFacts.h"
 

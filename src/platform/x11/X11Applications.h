@@ -4,7 +4,7 @@
 // asking again costs one round trip and hardly any time. Main thread.
 #pragma once
 
-#include "platform/freedesktop/ApplicationIdentity.h"
+#include "platform/desktop/ApplicationIdentity.h"
 #include "platform/x11/X11Connection.h"
 #include "windows/WindowSystem.h"
 

@@ -2,6 +2,7 @@
 
 #include "platform/x11/X11FrameSetter.h"
 
+#include "platform/x11/X11WindowHandle.h"
 #include "platform/x11/X11WindowReader.h"
 
 #include <algorithm>
@@ -12,48 +13,8 @@ namespace trovell {
 
 namespace {
 
-using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 using Step = FrameNegotiation::Step;
-
-/// A window manager that hangs is waited for so long.
-constexpr std::chrono::milliseconds longestStandstill = 1900ms;
-/// Far more than any pass takes; ends one with windows that never stop changing.
-constexpr std::chrono::milliseconds longestPass = 10s;
-constexpr std::chrono::milliseconds guardDuration = 1000ms;
-constexpr int mostCorrections = 4;
-/// Changes come in bursts: they are read together once a burst pauses, or has lasted too long.
-constexpr std::chrono::milliseconds burstPause = 10ms;
-constexpr std::chrono::milliseconds longestBurst = 100ms;
-
-class ReadingRequest {
-public:
-    ReadingRequest(const X11Connection& connection, xcb_window_t window)
-        : m_frame(connection, window),
-          m_states(connection.requestProperty(window, connection.atoms().netWmState)),
-          m_hints(connection.requestProperty(window, XCB_ATOM_WM_NORMAL_HINTS))
-    {
-    }
-
-    std::optional<WindowReading> receive(const X11Connection& connection) const
-    {
-        const X11Atoms& atoms = connection.atoms();
-        const auto window = m_frame.receive(connection);
-        const auto states = propertyNumbers(connection.reply(m_states));
-        const auto hints = propertyNumbers(connection.reply(m_hints));
-        if (!window)
-            return std::nullopt;
-        const bool isFilling = states.contains(atoms.netWmStateFullscreen) ||
-                               states.contains(atoms.netWmStateMaximizedHorz) ||
-                               states.contains(atoms.netWmStateMaximizedVert);
-        return WindowReading{*window, makeSizeHints(hints), isFilling};
-    }
-
-private:
-    X11FrameRequest m_frame;
-    xcb_get_property_cookie_t m_states;
-    xcb_get_property_cookie_t m_hints;
-};
 
 void selectEvents(const X11Connection& connection, xcb_window_t window)
 {
@@ -71,57 +32,76 @@ bool concernsFrame(xcb_atom_t property, const X11Atoms& atoms)
 
 } // namespace
 
-X11FrameSetter::X11FrameSetter(const X11Server& server, const QList<Request>& requests,
+class X11FrameSetter::ReadingRequest {
+public:
+    ReadingRequest(const X11Connection& connection, xcb_window_t window)
+        : m_frame(connection, window),
+          m_states(connection.requestProperty(window, connection.atoms().netWmState)),
+          m_hints(connection.requestProperty(window, XCB_ATOM_WM_NORMAL_HINTS))
+    {
+    }
+
+    std::optional<FrameReading> receive(const X11Connection& connection, Window& window,
+                                        const QRectF& target) const
+    {
+        const X11Atoms& atoms = connection.atoms();
+        const auto geometry = m_frame.receive(connection);
+        const auto states = propertyNumbers(connection.reply(m_states));
+        const auto hints = propertyNumbers(connection.reply(m_hints));
+        if (!geometry)
+            return std::nullopt;
+        window.geometry = *geometry;
+        window.hints = makeSizeHints(hints);
+        const bool isFilling = states.contains(atoms.netWmStateFullscreen) ||
+                               states.contains(atoms.netWmStateMaximizedHorz) ||
+                               states.contains(atoms.netWmStateMaximizedVert);
+        const PixelRectangle allowed =
+            allowedFrame(pixelsFromFrame(target), window.geometry, window.hints);
+        return FrameReading{frameFromPixels(visibleFrame(*geometry)), frameFromPixels(allowed),
+                            isFilling};
+    }
+
+private:
+    X11FrameRequest m_frame;
+    xcb_get_property_cookie_t m_states;
+    xcb_get_property_cookie_t m_hints;
+};
+
+X11FrameSetter::X11FrameSetter(const X11Server& server, const QList<FramePass::Request>& requests,
                                WindowClaims& claims)
-    : m_connection(server), m_fence(m_connection), m_claims(claims), m_claim(claims.newClaim())
+    : m_connection(server), m_fence(m_connection), m_pass(requests, claims, Clock::now())
 {
-    for (const Request& request : requests) {
-        m_positions.insert(request.window, m_windows.size());
-        m_windows.push_back({request, FrameNegotiation(request.frame), {}});
-        m_claims.take(request.window, m_claim);
+    for (const FramePass::Request& request : requests) {
+        const xcb_window_t window = windowOfHandle(request.window);
+        m_positions.insert(window, m_windows.size());
+        m_windows.push_back({window});
     }
 }
 
 QList<bool> X11FrameSetter::run()
 {
-    const Time begin = Clock::now();
-    m_lastProgress = m_lastEvent = begin;
     // Before the first reading, so that no change is missed in between.
     for (const Window& window : m_windows)
-        selectEvents(m_connection, window.request.window);
+        selectEvents(m_connection, window.id);
     readUnread();
-    negotiate(begin + longestPass);
-    QList<bool> answers;
-    for (Window& window : m_windows) {
-        window.negotiation.giveUp();
-        noteSettled(window);
-        answers.append(window.negotiation.isAccepted());
-    }
-    return answers;
-}
-
-bool X11FrameSetter::hasWindowsToGuard() const
-{
-    return std::any_of(m_windows.begin(), m_windows.end(),
-                       [](const Window& window) { return window.isWatched; });
+    negotiate();
+    return m_pass.finish();
 }
 
 void X11FrameSetter::guard()
 {
-    m_isGuarding = true;
-    m_lastProgress = Clock::now();
-    negotiate(Clock::now() + guardDuration);
+    m_pass.beginGuard(Clock::now());
+    negotiate();
 }
 
-void X11FrameSetter::negotiate(Time end)
+void X11FrameSetter::negotiate()
 {
     while (m_connection.isAlive()) {
         sendSteps();
-        const Time deadline = m_isGuarding ? end : std::min(end, m_lastEvent + longestStandstill);
-        if ((isOver() && !m_isGuarding) || Clock::now() >= deadline)
+        if (m_pass.isOver(Clock::now()))
             break;
-        waitForEvents(nextWakeUp(deadline));
-        if (isTimeToRead(Clock::now()))
+        waitForEvents(m_pass.nextWakeUp(Clock::now(), m_fence.isPending()));
+        if (m_pass.isTimeToRead(Clock::now()))
             readUnread();
     }
     readUnread();
@@ -129,85 +109,59 @@ void X11FrameSetter::negotiate(Time end)
 
 void X11FrameSetter::sendSteps()
 {
-    const Time now = Clock::now();
-    bool hasSent = false;
-    for (Window& window : m_windows) {
-        const Step step = window.negotiation.nextStep(now, progress(now));
-        noteSettled(window);
-        if (step == Step::wait)
-            continue;
-        if (window.settledFrame && !mayCorrect(window)) {
-            window.negotiation.giveUp();
-            continue;
-        }
-        send(window, step);
-        hasSent = true;
-    }
-    if (hasSent)
+    const auto commands = m_pass.nextSteps(Clock::now(), m_fence.isPending());
+    for (const FramePass::Command& command : commands)
+        send(command);
+    if (!commands.empty())
         m_fence.put();
     xcb_flush(m_connection.get());
 }
 
-void X11FrameSetter::noteSettled(Window& window) const
+void X11FrameSetter::send(const FramePass::Command& command)
 {
-    if (window.settledFrame || !window.negotiation.isAccepted())
-        return;
-    window.settledFrame = visibleFrame(window.negotiation.reading().window);
-    window.isWatched = window.request.isYoung || window.negotiation.hadFillingState();
-}
-
-bool X11FrameSetter::mayCorrect(Window& window) const
-{
-    window.isWatched =
-        m_claims.isHeld(window.request.window, m_claim) && ++window.corrections <= mostCorrections;
-    return window.isWatched;
-}
-
-void X11FrameSetter::send(const Window& window, Step step)
-{
-    if (step == Step::takeOffStates)
-        return takeOffStates(window);
-    const FrameNegotiation& negotiation = window.negotiation;
+    const Window& window = m_windows[command.position];
+    if (command.step == Step::takeOffStates)
+        return takeOffStates(window.id);
+    const PixelRectangle target = pixelsFromFrame(m_pass.target(command.position));
     const auto sendMove = [&](int offset) {
-        m_connection.sendToRoot(window.request.window, m_connection.atoms().netMoveresizeWindow,
-                                moveResizeData(negotiation.target(), negotiation.reading().window,
-                                               negotiation.reading().hints, offset));
+        m_connection.sendToRoot(window.id, m_connection.atoms().netMoveresizeWindow,
+                                moveResizeData(target, window.geometry, window.hints, offset));
     };
-    if (step == Step::moveAround)
+    if (command.step == Step::moveAround)
         sendMove(1);
     sendMove(0);
 }
 
-void X11FrameSetter::takeOffStates(const Window& window)
+void X11FrameSetter::takeOffStates(xcb_window_t window)
 {
     // EWMH section 5: _NET_WM_STATE client messages; two states at a time.
     constexpr quint32 remove = 0;
     constexpr quint32 fromPager = 2;
     const X11Atoms& atoms = m_connection.atoms();
-    m_connection.sendToRoot(window.request.window, atoms.netWmState,
+    m_connection.sendToRoot(window, atoms.netWmState,
                             {remove, atoms.netWmStateFullscreen, 0, fromPager, 0});
     m_connection.sendToRoot(
-        window.request.window, atoms.netWmState,
+        window, atoms.netWmState,
         {remove, atoms.netWmStateMaximizedHorz, atoms.netWmStateMaximizedVert, fromPager, 0});
 }
 
 void X11FrameSetter::readUnread()
 {
-    std::vector<std::pair<Window*, ReadingRequest>> requests;
-    for (Window& window : m_windows) {
-        if (!window.negotiation.isOver() && window.negotiation.isUnread())
-            requests.emplace_back(&window, ReadingRequest(m_connection, window.request.window));
-    }
-    m_unreadSince.reset();
+    std::vector<std::pair<std::size_t, ReadingRequest>> requests;
+    for (const std::size_t position : m_pass.unread())
+        requests.emplace_back(position, ReadingRequest(m_connection, m_windows[position].id));
     if (requests.empty())
         return;
     m_connection.finishBatch();
-    const Time now = Clock::now();
-    for (const auto& [window, request] : requests)
-        window->negotiation.read(request.receive(m_connection), now);
+    const auto now = Clock::now();
+    for (const auto& [position, request] : requests) {
+        const auto reading =
+            request.receive(m_connection, m_windows[position], m_pass.target(position));
+        m_pass.read(position, reading, now);
+    }
 }
 
-void X11FrameSetter::waitForEvents(Time until)
+void X11FrameSetter::waitForEvents(FramePass::Time until)
 {
     // Events that came with a reply are in memory already and do not wake the socket.
     if (takeEvents())
@@ -231,10 +185,8 @@ bool X11FrameSetter::takeEvents()
 
 void X11FrameSetter::noteEvent(const xcb_generic_event_t& event)
 {
-    if (m_fence.noteEvent(event)) {
-        m_lastProgress = m_lastEvent = Clock::now();
-        return;
-    }
+    if (m_fence.noteEvent(event))
+        return m_pass.noteProgress(Clock::now());
     constexpr quint8 withoutSendBit = 0x7f;
     switch (event.response_type & withoutSendBit) {
     case XCB_CONFIGURE_NOTIFY:
@@ -252,58 +204,11 @@ void X11FrameSetter::noteEvent(const xcb_generic_event_t& event)
     }
 }
 
-void X11FrameSetter::noteChange(xcb_window_t id)
+void X11FrameSetter::noteChange(xcb_window_t window)
 {
-    const auto position = m_positions.constFind(id);
-    if (position == m_positions.cend())
-        return;
-    Window& window = m_windows[*position];
-    // Also while others of the pass are not in place yet.
-    if (window.isWatched && window.negotiation.isOver())
-        window.negotiation = FrameNegotiation(*window.settledFrame);
-    if (window.negotiation.isOver())
-        return;
-    const Time now = Clock::now();
-    if (window.negotiation.isUnanswered())
-        m_lastProgress = now;
-    window.negotiation.changed(now);
-    m_lastEvent = now;
-    m_unreadSince = m_unreadSince.value_or(now);
-}
-
-bool X11FrameSetter::isTimeToRead(Time now) const
-{
-    if (!m_unreadSince)
-        return false;
-    const bool hasEachAnswered =
-        std::all_of(m_windows.begin(), m_windows.end(), [](const Window& window) {
-            return window.negotiation.isOver() || !window.negotiation.isUnanswered();
-        });
-    return hasEachAnswered || now >= m_lastEvent + burstPause ||
-           now >= *m_unreadSince + longestBurst;
-}
-
-X11FrameSetter::Time X11FrameSetter::progress(Time now) const
-{
-    return m_fence.isPending() ? now : m_lastProgress;
-}
-
-X11FrameSetter::Time X11FrameSetter::nextWakeUp(Time deadline) const
-{
-    Time next = deadline;
-    if (m_unreadSince)
-        next = std::min({next, m_lastEvent + burstPause, *m_unreadSince + longestBurst});
-    for (const Window& window : m_windows) {
-        if (!window.negotiation.isOver() && !window.negotiation.isUnread())
-            next = std::min(next, window.negotiation.nextStepAt(progress(Clock::now())));
-    }
-    return next;
-}
-
-bool X11FrameSetter::isOver() const
-{
-    return std::all_of(m_windows.begin(), m_windows.end(),
-                       [](const Window& window) { return window.negotiation.isOver(); });
+    const auto position = m_positions.constFind(window);
+    if (position != m_positions.cend())
+        m_pass.noteChange(*position, Clock::now());
 }
 
 } // namespace trovell

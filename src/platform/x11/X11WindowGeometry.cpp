@@ -119,15 +119,15 @@ std::array<quint32, 5> moveResizeData(const PixelRectangle& target, const Decora
             static_cast<quint32>(client.height)};
 }
 
-QRectF accessibilityFrameFromRoot(const PixelRectangle& frame, QPoint origin)
+QRectF frameFromPixels(const PixelRectangle& rectangle)
 {
-    return QRectF(frame.x - origin.x(), frame.y - origin.y(), frame.width, frame.height);
+    return QRectF(rectangle.x, rectangle.y, rectangle.width, rectangle.height);
 }
 
-PixelRectangle rootFrameFromAccessibility(const QRectF& frame, QPoint origin)
+PixelRectangle pixelsFromFrame(const QRectF& frame)
 {
-    return {wholePixels(frame.x()) + origin.x(), wholePixels(frame.y()) + origin.y(),
-            wholePixels(frame.width()), wholePixels(frame.height())};
+    return {wholePixels(frame.x()), wholePixels(frame.y()), wholePixels(frame.width()),
+            wholePixels(frame.height())};
 }
 
 } // namespace trovell

@@ -6,7 +6,6 @@
 #pragma once
 
 #include <QList>
-#include <QPoint>
 #include <QRectF>
 
 #include <array>
@@ -80,10 +79,9 @@ struct SizeHints {
                                                     const DecoratedWindow& window,
                                                     const SizeHints& hints, int offset = 0);
 
-/// `origin` is the top left of the primary display in root pixels. The only conversion between
-/// root pixels and the coordinates of the window system; one pixel is one point.
-[[nodiscard]] QRectF accessibilityFrameFromRoot(const PixelRectangle& frame, QPoint origin);
+/// One pixel is one point.
+[[nodiscard]] QRectF frameFromPixels(const PixelRectangle& rectangle);
 /// Rounded to whole pixels, so that a frame that was saved and brought back is the same.
-[[nodiscard]] PixelRectangle rootFrameFromAccessibility(const QRectF& frame, QPoint origin);
+[[nodiscard]] PixelRectangle pixelsFromFrame(const QRectF& frame);
 
 } // namespace trovell

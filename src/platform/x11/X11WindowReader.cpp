@@ -41,7 +41,7 @@ public:
             return std::nullopt;
         attributes.role = roleOfWindows();
         attributes.subrole = subroleOf(kindOfHandle(m_handle));
-        const QRectF frame = accessibilityFrameFromRoot(visibleFrame(*window), origin);
+        const QRectF frame = frameFromPixels(visibleFrame(*window)).translated(-origin);
         attributes.position = frame.topLeft();
         attributes.size = frame.size();
         return attributes;

@@ -172,11 +172,11 @@ QList<bool> X11WindowSystem::setWindowFrames(const QList<WindowFrameRequest>& re
 {
     const QPoint origin = readOrigin(m_connection);
     const auto now = std::chrono::steady_clock::now();
-    QList<X11FrameSetter::Request> settable;
+    QList<FramePass::Request> settable;
     for (const WindowFrameRequest& request : requests) {
         if (isFinite(request.frame))
-            settable.append({windowOfHandle(request.handle),
-                             rootFrameFromAccessibility(request.frame, origin),
+            settable.append({request.handle,
+                             frameFromPixels(pixelsFromFrame(request.frame.translated(origin))),
                              isYoung(request.handle, now)});
     }
     const auto setter = std::make_shared<X11FrameSetter>(m_connection.server(), settable, m_claims);

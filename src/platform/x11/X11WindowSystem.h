@@ -4,8 +4,8 @@
 // the interface says. When the X server goes away everything answers that there is nothing.
 #pragma once
 
-#include "platform/freedesktop/ApplicationIdentity.h"
-#include "platform/x11/WindowClaims.h"
+#include "platform/desktop/ApplicationIdentity.h"
+#include "platform/desktop/WindowClaims.h"
 #include "platform/x11/X11Applications.h"
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11Displays.h"

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 
-#include "platform/x11/FrameNegotiation.h"
+#include "platform/desktop/FrameNegotiation.h"
+
+#include "display/Rectangle.h"
 
 #include <algorithm>
 
@@ -20,9 +22,7 @@ constexpr std::chrono::milliseconds longestUnrest = 1500ms;
 
 } // namespace
 
-FrameNegotiation::FrameNegotiation(const PixelRectangle& target) : m_target(target) {}
-
-void FrameNegotiation::read(const std::optional<WindowReading>& reading, Time now)
+void FrameNegotiation::read(const std::optional<FrameReading>& reading, Time now)
 {
     m_isUnread = false;
     if (isOver())
@@ -31,7 +31,7 @@ void FrameNegotiation::read(const std::optional<WindowReading>& reading, Time no
         m_isAccepted = false;
         return;
     }
-    if (m_frameBefore && visibleFrame(reading->window) != *m_frameBefore)
+    if (m_frameBefore && !isSameRectangle(reading->frame, *m_frameBefore))
         m_reactedAt = m_reactedAt.value_or(now);
     if (m_reading.hasFillingState && !reading->hasFillingState)
         m_attempts = 0;
@@ -47,16 +47,14 @@ void FrameNegotiation::changed(Time now)
 
 bool FrameNegotiation::isExact() const
 {
-    const PixelRectangle frame = visibleFrame(m_reading.window);
-    return !m_reading.hasFillingState &&
-           (frame == m_target ||
-            frame == allowedFrame(m_target, m_reading.window, m_reading.hints));
+    return !m_reading.hasFillingState && (isSameRectangle(m_reading.frame, m_target) ||
+                                          isSameRectangle(m_reading.frame, m_reading.allowedFrame));
 }
 
 bool FrameNegotiation::isInPosition() const
 {
-    const PixelRectangle frame = visibleFrame(m_reading.window);
-    return !m_reading.hasFillingState && frame.x == m_target.x && frame.y == m_target.y;
+    return !m_reading.hasFillingState && m_reading.frame.x() == m_target.x() &&
+           m_reading.frame.y() == m_target.y();
 }
 
 std::chrono::milliseconds FrameNegotiation::patience() const
@@ -107,13 +105,12 @@ FrameNegotiation::Step FrameNegotiation::correct(Time now, bool isQuiet)
     const bool isFirst = m_lastMove == Step::wait;
     if (!isFirst && !isQuiet)
         return Step::wait;
-    const PixelRectangle frame = visibleFrame(m_reading.window);
-    const bool hadNoEffect = m_frameBefore == frame;
+    const bool hadNoEffect = m_frameBefore && isSameRectangle(*m_frameBefore, m_reading.frame);
     if (hadNoEffect && m_reactedAt && m_lastMove == Step::moveAround) {
         giveUp();
         return Step::wait;
     }
-    m_frameBefore = frame;
+    m_frameBefore = m_reading.frame;
     m_lastMove = hadNoEffect ? Step::moveAround : Step::move;
     return sent(m_lastMove, now);
 }

@@ -5,7 +5,7 @@
 // Values and given times, any thread.
 #pragma once
 
-#include "platform/x11/X11WindowGeometry.h"
+#include <QRectF>
 
 #include <chrono>
 #include <optional>
@@ -13,13 +13,13 @@
 namespace trovell {
 
 /// What was read of a window at one moment.
-struct WindowReading {
-    DecoratedWindow window;
-    SizeHints hints;
+struct FrameReading {
+    /// What the user sees of the window.
+    QRectF frame;
+    /// What becomes of the frame that it is asked to take, by the window's own rules for its size.
+    QRectF allowedFrame;
     /// It is maximized in a direction or full screen, and so has no frame of its own.
     bool hasFillingState = false;
-
-    bool operator==(const WindowReading&) const = default;
 };
 
 class FrameNegotiation {
@@ -35,11 +35,10 @@ public:
         moveAround,
     };
 
-    /// `target` is the visible frame, in root pixels.
-    explicit FrameNegotiation(const PixelRectangle& target);
+    explicit FrameNegotiation(const QRectF& target) : m_target(target) {}
 
     /// The window looks like this now; none means that it is gone.
-    void read(const std::optional<WindowReading>& reading, Time now);
+    void read(const std::optional<FrameReading>& reading, Time now);
     /// The window changed somehow and has to be read again.
     void changed(Time now);
 
@@ -59,9 +58,9 @@ public:
     [[nodiscard]] bool isUnanswered() const { return m_isUnanswered; }
     /// Had to be taken out of a state that fills the display.
     [[nodiscard]] bool hadFillingState() const { return m_hadFillingState; }
-    /// What was last read; meaningful unless the window is gone.
-    [[nodiscard]] const WindowReading& reading() const { return m_reading; }
-    [[nodiscard]] const PixelRectangle& target() const { return m_target; }
+    /// Where it was when it was last read; meaningful unless the window is gone.
+    [[nodiscard]] const QRectF& frame() const { return m_reading.frame; }
+    [[nodiscard]] const QRectF& target() const { return m_target; }
 
 private:
     [[nodiscard]] bool isExact() const;
@@ -72,10 +71,10 @@ private:
     Step correct(Time now, bool isQuiet);
     Step sent(Step step, Time now);
 
-    PixelRectangle m_target;
-    WindowReading m_reading;
+    QRectF m_target;
+    FrameReading m_reading;
     /// The frame at the time of the last move request.
-    std::optional<PixelRectangle> m_frameBefore;
+    std::optional<QRectF> m_frameBefore;
     Step m_lastMove = Step::wait;
     int m_attempts = 0;
     Time m_lastActivity;

@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: MIT
+
+#include "platform/desktop/FramePass.h"
+
+#include <algorithm>
+
+namespace trovell {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// A window manager that hangs is waited for so long.
+constexpr std::chrono::milliseconds longestStandstill = 1900ms;
+/// Far more than any pass takes; ends one with windows that never stop changing.
+constexpr std::chrono::milliseconds longestPass = 10s;
+constexpr std::chrono::milliseconds guardDuration = 1000ms;
+constexpr int mostCorrections = 4;
+/// A burst is over once it pauses, or has lasted too long.
+constexpr std::chrono::milliseconds burstPause = 10ms;
+constexpr std::chrono::milliseconds longestBurst = 100ms;
+
+} // namespace
+
+FramePass::FramePass(const QList<Request>& requests, WindowClaims& claims, Time now)
+    : m_claims(claims), m_claim(claims.newClaim()), m_end(now + longestPass), m_lastProgress(now),
+      m_lastEvent(now)
+{
+    for (const Request& request : requests) {
+        m_windows.push_back({request, FrameNegotiation(request.frame)});
+        m_claims.take(request.window, m_claim);
+    }
+}
+
+FramePass::~FramePass()
+{
+    m_claims.release(m_claim);
+}
+
+const QRectF& FramePass::target(std::size_t position) const
+{
+    return m_windows[position].negotiation.target();
+}
+
+std::vector<std::size_t> FramePass::unread() const
+{
+    std::vector<std::size_t> positions;
+    for (std::size_t position = 0; position < m_windows.size(); ++position) {
+        const FrameNegotiation& negotiation = m_windows[position].negotiation;
+        if (!negotiation.isOver() && negotiation.isUnread())
+            positions.push_back(position);
+    }
+    return positions;
+}
+
+void FramePass::read(std::size_t position, const std::optional<FrameReading>& reading, Time now)
+{
+    m_unreadSince.reset();
+    m_windows[position].negotiation.read(reading, now);
+}
+
+void FramePass::noteChange(std::size_t position, Time now)
+{
+    Window& window = m_windows[position];
+    // Also while others of the pass are not in place yet.
+    if (window.isWatched && window.negotiation.isOver())
+        window.negotiation = FrameNegotiation(*window.settledFrame);
+    if (window.negotiation.isOver())
+        return;
+    if (window.negotiation.isUnanswered())
+        m_lastProgress = now;
+    window.negotiation.changed(now);
+    m_lastEvent = now;
+    m_unreadSince = m_unreadSince.value_or(now);
+}
+
+std::vector<FramePass::Command> FramePass::nextSteps(Time now, bool isBusy)
+{
+    std::vector<Command> commands;
+    for (std::size_t position = 0; position < m_windows.size(); ++position) {
+        Window& window = m_windows[position];
+        const Step step = window.negotiation.nextStep(now, progress(now, isBusy));
+        noteSettled(window);
+        if (step == Step::wait)
+            continue;
+        if (window.settledFrame && !mayCorrect(window))
+            window.negotiation.giveUp();
+        else
+            commands.push_back({position, step});
+    }
+    return commands;
+}
+
+void FramePass::noteSettled(Window& window)
+{
+    if (window.settledFrame || !window.negotiation.isAccepted())
+        return;
+    window.settledFrame = window.negotiation.frame();
+    window.isWatched = window.request.isYoung || window.negotiation.hadFillingState();
+}
+
+bool FramePass::mayCorrect(Window& window) const
+{
+    window.isWatched =
+        m_claims.isHeld(window.request.window, m_claim) && ++window.corrections <= mostCorrections;
+    return window.isWatched;
+}
+
+bool FramePass::isTimeToRead(Time now) const
+{
+    if (!m_unreadSince)
+        return false;
+    const bool hasEachAnswered =
+        std::all_of(m_windows.begin(), m_windows.end(), [](const Window& window) {
+            return window.negotiation.isOver() || !window.negotiation.isUnanswered();
+        });
+    return hasEachAnswered || now >= m_lastEvent + burstPause ||
+           now >= *m_unreadSince + longestBurst;
+}
+
+FramePass::Time FramePass::deadline() const
+{
+    return m_isGuarding ? m_end : std::min(m_end, m_lastEvent + longestStandstill);
+}
+
+FramePass::Time FramePass::nextWakeUp(Time now, bool isBusy) const
+{
+    Time next = deadline();
+    if (m_unreadSince)
+        next = std::min({next, m_lastEvent + burstPause, *m_unreadSince + longestBurst});
+    for (const Window& window : m_windows) {
+        if (!window.negotiation.isOver() && !window.negotiation.isUnread())
+            next = std::min(next, window.negotiation.nextStepAt(progress(now, isBusy)));
+    }
+    return next;
+}
+
+bool FramePass::isOver(Time now) const
+{
+    const bool isEachOver =
+        std::all_of(m_windows.begin(), m_windows.end(),
+                    [](const Window& window) { return window.negotiation.isOver(); });
+    return (isEachOver && !m_isGuarding) || now >= deadline();
+}
+
+QList<bool> FramePass::finish()
+{
+    QList<bool> answers;
+    for (Window& window : m_windows) {
+        window.negotiation.giveUp();
+        noteSettled(window);
+        answers.append(window.negotiation.isAccepted());
+    }
+    return answers;
+}
+
+bool FramePass::hasWindowsToGuard() const
+{
+    return std::any_of(m_windows.begin(), m_windows.end(),
+                       [](const Window& window) { return window.isWatched; });
+}
+
+void FramePass::beginGuard(Time now)
+{
+    m_isGuarding = true;
+    m_lastProgress = now;
+    m_end = now + guardDuration;
+}
+
+} // namespace trovell
