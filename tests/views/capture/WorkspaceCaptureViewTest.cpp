@@ -33,7 +33,7 @@ struct OpenSheet {
 
     bool reaches(Kind kind) const
     {
-        return QTest::qWaitFor([&] { return view && view->loadState().kind == kind; });
+        return QTest::qWaitFor([&] { return view && view->loadState().kind == kind; }, patience);
     }
     bool shows(const QString& text) const { return find<QLabel>(*view, text) != nullptr; }
 

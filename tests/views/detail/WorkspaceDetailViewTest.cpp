@@ -47,9 +47,11 @@ private Q_SLOTS:
     void whatCanBeDoneDependsOnWhatThereIs()
     {
         const auto shows = [this](const QString& counts, bool canStart) {
-            return QTest::qWaitFor([&] {
-                return find<TextLabel>(*m_view, counts) && start()->isEnabled() == canStart;
-            });
+            return QTest::qWaitFor(
+                [&] {
+                    return find<TextLabel>(*m_view, counts) && start()->isEnabled() == canStart;
+                },
+                patience);
         };
         m_fixture->setTrusted(false);
         auto* banner = child<AccessibilityBanner>();
