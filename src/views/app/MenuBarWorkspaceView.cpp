@@ -2,6 +2,7 @@
 
 #include "views/app/MenuBarWorkspaceView.h"
 
+#include "model/WorkspaceChoices.h"
 #include "views/app/SymbolIcon.h"
 #include "views/shared/WorkspaceStart.h"
 

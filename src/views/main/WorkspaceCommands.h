@@ -5,6 +5,7 @@
 #pragma once
 
 #include "support/Expected.h"
+#include "support/Message.h"
 
 #include <QList>
 #include <QString>
