@@ -20,8 +20,8 @@ class StoreContext;
 
 struct WorkspaceBasics {
     /// Stored without the white space around it.
-    QString name;
-    WorkspaceChoices choices;
+    QString name = {};
+    WorkspaceChoices choices = {};
 };
 
 struct WorkspaceLayout {

@@ -3,6 +3,7 @@
 #include "views/app/MenuBarWorkspaceView.h"
 
 #include "editing/WorkspaceStart.h"
+#include "model/WorkspaceChoices.h"
 #include "views/app/SymbolIcon.h"
 
 #include <algorithm>

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "model/TrovellWorkspace.h"
+#include "support/Message.h"
 
 #include <QPointer>
 

@@ -3,6 +3,7 @@
 #include "views/main/WorkspaceSidebarRow.h"
 
 #include "model/TrovellWorkspace.h"
+#include "model/WorkspaceChoices.h"
 #include "views/style/VisualStyle.h"
 #include "views/words/Localization.h"
 #include "views/words/Phrases.h"
