@@ -37,10 +37,10 @@ struct CapturedWindow {
 };
 
 struct CapturedApplication {
-    QString bundleIdentifier;
-    QString applicationName;
-    std::optional<QString> applicationURLString;
-    QList<CapturedWindow> windows;
+    QString bundleIdentifier = {};
+    QString applicationName = {};
+    std::optional<QString> applicationURLString = {};
+    QList<CapturedWindow> windows = {};
     bool isIncluded = true;
     bool addAsLaunchItem = true;
 
