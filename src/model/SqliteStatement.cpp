@@ -123,7 +123,7 @@ void SqliteStatement::read(QDateTime& value)
     }
     qint64 milliseconds = 0;
     read(milliseconds);
-    value = QDateTime::fromMSecsSinceEpoch(milliseconds, Qt::UTC);
+    value = QDateTime::fromMSecsSinceEpoch(milliseconds).toUTC();
 }
 
 void SqliteStatement::read(qint64& value)

@@ -94,7 +94,7 @@ void RecordsTest::sortsStably()
 void RecordsTest::duplicatesRecords()
 {
     TrovellWorkspace workspace({});
-    const QDateTime created = QDateTime::fromMSecsSinceEpoch(1, Qt::UTC);
+    const QDateTime created = QDateTime::fromMSecsSinceEpoch(1).toUTC();
     const WorkspaceItem& item = workspace.appendItem(
         std::make_unique<WorkspaceItem>(WorkspaceItemValues{.typeRawValue = u"a type to come"_s,
                                                             .sortOrder = 3,

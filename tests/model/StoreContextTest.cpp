@@ -82,7 +82,7 @@ void StoreContextTest::init()
 void StoreContextTest::keepsEveryValue()
 {
     TrovellWorkspace& workspace = insert(u"Ünï\u0000code 🗂"_s, -7, 5);
-    workspace.setLastLaunchedAt(QDateTime(QDate(2024, 2, 29), QTime(1, 2, 3, 456), Qt::LocalTime));
+    workspace.setLastLaunchedAt(QDateTime(QDate(2024, 2, 29), QTime(1, 2, 3, 456)));
     workspace.setShortcut(ShortcutDefinition{4294967295, 6144, u"⌃⌥1"_s});
     workspace.setSortOrder(std::numeric_limits<qint64>::min());
     workspace.setCreatedAt({});

@@ -30,7 +30,7 @@ private:
         std::shared_ptr<QPromise<void>> promise;
     };
 
-    QDateTime m_now = QDateTime::fromMSecsSinceEpoch(1'700'000'000'000, Qt::UTC);
+    QDateTime m_now = QDateTime::fromMSecsSinceEpoch(1'700'000'000'000).toUTC();
     qint64 m_elapsed = 0;
     int m_sleepCount = 0;
     QList<Sleeper> m_sleepers;

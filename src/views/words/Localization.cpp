@@ -162,8 +162,9 @@ QString Localization::shownNotice(const QString& productText) const
 
 QString Localization::shownResultName(const QString& name) const
 {
-    return std::ranges::find(resultNames, QStringView(name)) == resultNames.end() ? name
-                                                                                  : text(name);
+    const bool isText = std::ranges::any_of(
+        resultNames, [&name](QStringView resultName) { return resultName == name; });
+    return isText ? text(name) : name;
 }
 
 QString Localization::shownShortcut(const QString& displayValue) const
