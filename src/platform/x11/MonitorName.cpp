@@ -2,6 +2,9 @@
 
 #include "platform/x11/MonitorName.h"
 
+#include <QByteArray>
+#include <QList>
+
 #include <algorithm>
 #include <iterator>
 
