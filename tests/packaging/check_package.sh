@@ -1,13 +1,13 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 #
-# Builds the Debian package, installs it into an empty root, starts the program from there on a
+# Packs the program of a build folder as a Debian package, installs it into an empty root, starts the program from there on a
 # server of its own, ends it, and removes the package again.
 #
-#   check_package.sh SOURCE_FOLDER
+#   check_package.sh BUILD_FOLDER
 set -euo pipefail
 
-source=$1
+build=$1
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 root=$work/root
@@ -23,9 +23,9 @@ step() {
     fail "$failure (status $status of: $*)"
 }
 
-# With the flags of the tests, so that the compiler's cache knows most of it.
-step "the package cannot be built" "$source/tools/package" -DTROVELL_WERROR=ON
-package=$(tail -n 1 "$work/output")
+step "the package cannot be built" \
+    cpack -G DEB --config "$build/CPackConfig.cmake" -B "$work/package"
+package=$(ls "$work"/package/*.deb)
 [ -f "$package" ] || fail "no package was made; tools/package printed: $(cat "$work/output")"
 
 mkdir -p "$root/var/lib/dpkg"

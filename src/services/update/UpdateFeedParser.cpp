@@ -19,7 +19,7 @@ namespace {
 // Fields of an item by name; names in our namespace have a prefix of our own.
 using Fields = QHash<QString, QString>;
 
-constexpr qsizetype chunkBytes = 4 * 1024;
+constexpr qsizetype feedChunkBytes = 4 * 1024;
 constexpr qsizetype itemDepth = 3;
 constexpr qsizetype fieldDepth = itemDepth + 1;
 constexpr qsizetype maximumShortVersionLength = 100;
@@ -127,8 +127,8 @@ Expected<QList<UpdateItem>, UpdateError> FeedReader::read(const QByteArray& feed
     // In pieces, because the XML parser compares each attribute of a tag with every other one: a
     // single tag of a megabyte keeps it busy for half a minute before its attributes can be
     // counted.
-    for (qsizetype start = 0; start < feed.size() && !m_error; start += chunkBytes) {
-        const QByteArray chunk = feed.mid(start, chunkBytes);
+    for (qsizetype start = 0; start < feed.size() && !m_error; start += feedChunkBytes) {
+        const QByteArray chunk = feed.mid(start, feedChunkBytes);
         m_xml.addData(chunk);
         m_pendingBytes += chunk.size();
         readTokens();

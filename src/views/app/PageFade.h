@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-
+//
+// How pages turn into one another. Main thread.
 #pragma once
 
 #include <QPixmap>

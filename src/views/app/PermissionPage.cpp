@@ -14,8 +14,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int wrapWidth = 440;
-constexpr int gap = 18;
-constexpr int titleGap = 10;
+constexpr int permissionGap = 18;
+constexpr int permissionTitleGap = 10;
 
 constexpr SymbolLabel::Look statusLook{.symbolSize = 16, .role = TextRole::callout};
 
@@ -31,14 +31,14 @@ PermissionPage::PermissionPage(const ViewEnvironment& environment, QWidget* pare
     auto* content = new CenteredColumn(environment.visual);
     content->add(m_symbol, 0);
     words.renderText(
-        content->addText(TextRole::pageTitle, ColorToken::labelPrimary, wrapWidth, gap),
+        content->addText(TextRole::pageTitle, ColorToken::labelPrimary, wrapWidth, permissionGap),
         u"Allow window control"_key);
     words.renderText(
-        content->addText(TextRole::body, ColorToken::labelPrimary, wrapWidth, titleGap),
+        content->addText(TextRole::body, ColorToken::labelPrimary, wrapWidth, permissionTitleGap),
         u"Accessibility access lets Trovell read and restore window size and position. You can still launch workspace items without it."_key);
-    content->add(m_status, gap);
-    content->add(buildPrivacyLink(), gap);
-    content->add(buildButtons(), gap);
+    content->add(m_status, permissionGap);
+    content->add(buildPrivacyLink(), permissionGap);
+    content->add(buildButtons(), permissionGap);
 
     auto* middle = new QVBoxLayout(this);
     middle->setContentsMargins({});

@@ -12,8 +12,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int sheetWidth = 540;
-constexpr int margin = 32;
-constexpr int wrapWidth = 460;
+constexpr int privacyMargin = 32;
+constexpr int privacyWrapWidth = 460;
 constexpr int promiseWidth = 280;
 
 constexpr SymbolLabel::Look promiseLook{.symbolColor = ColorToken::successIcon,
@@ -38,14 +38,16 @@ QWidget* PrivacyView::buildBody()
 {
     const Localization& words = m_environment.words;
     auto* content = new CenteredColumn(m_environment.visual);
-    content->layout()->setContentsMargins(margin, margin, margin, margin - 4);
+    content->layout()->setContentsMargins(privacyMargin, privacyMargin, privacyMargin,
+                                          privacyMargin - 4);
     auto* hand = new SymbolView(m_environment.visual, u"hand.raised.fill"_s, 28);
     hand->setTile(54, m_environment.visual.radius(Radius::card));
     content->add(hand, 0);
-    words.renderText(content->addText(TextRole::title2, ColorToken::labelPrimary, wrapWidth, 13),
-                     phrases::workspaceStaysHere);
     words.renderText(
-        content->addText(TextRole::body, ColorToken::labelSecondary, wrapWidth, 9),
+        content->addText(TextRole::title2, ColorToken::labelPrimary, privacyWrapWidth, 13),
+        phrases::workspaceStaysHere);
+    words.renderText(
+        content->addText(TextRole::body, ColorToken::labelSecondary, privacyWrapWidth, 9),
         u"Trovell uses Accessibility permission only to read and restore the position and size of windows you choose. It does not upload your apps, files, window titles, or layouts."_key);
     content->add(buildPromises(), 18);
     return content;

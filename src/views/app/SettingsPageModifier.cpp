@@ -8,14 +8,14 @@ namespace trovell {
 
 namespace {
 
-constexpr int widestContent = 540;
-constexpr QMargins padding(34, 26, 34, 26);
+constexpr int widestPage = 540;
+constexpr QMargins pagePadding(34, 26, 34, 26);
 
 } // namespace
 
 SettingsPageModifier::SettingsPageModifier(QWidget* content, QWidget* parent) : ScrollArea(parent)
 {
-    content->setMaximumWidth(widestContent);
+    content->setMaximumWidth(widestPage);
     auto* page = new QWidget;
     auto* row = new QHBoxLayout;
     row->setSpacing(0);
@@ -24,7 +24,7 @@ SettingsPageModifier::SettingsPageModifier(QWidget* content, QWidget* parent) : 
     row->addWidget(content, 1);
     row->addStretch();
     auto* column = new QVBoxLayout(page);
-    column->setContentsMargins(padding);
+    column->setContentsMargins(pagePadding);
     column->setSpacing(0);
     column->addLayout(row);
     column->addStretch();

@@ -15,8 +15,8 @@ namespace trovell {
 namespace {
 
 constexpr QSize leastTab(84, 56);
-constexpr int gap = 6;
-constexpr int padding = 10;
+constexpr int tabGap = 6;
+constexpr int tabPadding = 10;
 constexpr int symbolSize = 22;
 constexpr int symbolTop = 7;
 constexpr int textGap = 4;
@@ -46,9 +46,9 @@ int SettingsTabBar::addSymbolTab(const QString& symbolName)
 
 QSize SettingsTabBar::tabSizeHint(int index) const
 {
-    const int text =
-        textWidth(m_visual.text(TextRole::caption, QFont::DemiBold), tabText(index)) + 2 * padding;
-    return {std::max(m_visual.scaled(leastTab.width()), text) + gap,
+    const int text = textWidth(m_visual.text(TextRole::caption, QFont::DemiBold), tabText(index)) +
+                     2 * tabPadding;
+    return {std::max(m_visual.scaled(leastTab.width()), text) + tabGap,
             m_visual.scaled(leastTab.height())};
 }
 
@@ -67,7 +67,7 @@ FocusOutline SettingsTabBar::focusOutline() const
 
 QRect SettingsTabBar::boxOf(int index) const
 {
-    return tabRect(index).adjusted(gap / 2, 0, -gap / 2, 0);
+    return tabRect(index).adjusted(tabGap / 2, 0, -tabGap / 2, 0);
 }
 
 void SettingsTabBar::paintEvent(QPaintEvent*)

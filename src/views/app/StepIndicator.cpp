@@ -19,7 +19,7 @@ namespace {
 constexpr int barHeight = 6;
 constexpr int shortBar = 8;
 constexpr int longBar = 28;
-constexpr int gap = 7;
+constexpr int stepGap = 7;
 constexpr float restOpacity = 0.2F;
 
 } // namespace
@@ -51,7 +51,7 @@ void StepIndicator::setStep(int step, bool isAnimated)
 
 QSize StepIndicator::sizeHint() const
 {
-    return {longBar + (m_stepCount - 1) * (shortBar + gap), barHeight};
+    return {longBar + (m_stepCount - 1) * (shortBar + stepGap), barHeight};
 }
 
 double StepIndicator::share(int step) const
@@ -72,7 +72,7 @@ void StepIndicator::paintEvent(QPaintEvent*)
         const double x = isRightToLeft() ? this->width() - left - width : left;
         paintBox(painter, {x, 0, width, barHeight}, barHeight / 2.0,
                  mixed(rest, m_visual.brandTint(), share(step)));
-        left += width + gap;
+        left += width + stepGap;
     }
 }
 

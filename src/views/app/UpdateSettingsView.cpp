@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int cardGap = 14;
+constexpr int updateCardGap = 14;
 constexpr int noteInset = 17;
 
 } // namespace
@@ -28,7 +28,7 @@ UpdateSettingsView::UpdateSettingsView(const ViewEnvironment& environment, QWidg
 {
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins({});
-    column->setSpacing(cardGap);
+    column->setSpacing(updateCardGap);
     column->addWidget(buildChecks());
     if (!environment.dependencies.updateController().isConfigured())
         column->addWidget(buildExplanation());

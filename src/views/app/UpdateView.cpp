@@ -20,10 +20,10 @@ namespace trovell {
 namespace {
 
 constexpr int windowWidth = 480;
-constexpr int margin = 24;
-constexpr int gap = 20;
+constexpr int updateMargin = 24;
+constexpr int updateGap = 20;
 constexpr int headingGap = 16;
-constexpr int textGap = 4;
+constexpr int updateTextGap = 4;
 constexpr int buttonGap = 10;
 constexpr int markSize = 48;
 
@@ -61,8 +61,8 @@ UpdateView::UpdateView(const ViewEnvironment& environment, Updater& updater, QWi
 void UpdateView::build()
 {
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(margin, margin, margin, margin);
-    column->setSpacing(gap);
+    column->setContentsMargins(updateMargin, updateMargin, updateMargin, updateMargin);
+    column->setSpacing(updateGap);
     column->addLayout(buildHeading());
     column->addWidget(buildNotes());
     column->addWidget(m_bar);
@@ -77,7 +77,7 @@ QLayout* UpdateView::buildHeading()
     m_title->setWordWrap(true);
     m_text->setWordWrap(true);
     auto* texts = new QVBoxLayout;
-    texts->setSpacing(textGap);
+    texts->setSpacing(updateTextGap);
     texts->addStretch();
     texts->addWidget(m_title);
     texts->addWidget(m_text);

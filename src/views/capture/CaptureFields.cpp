@@ -16,10 +16,10 @@ namespace trovell {
 
 namespace {
 
-constexpr int headingGap = 10;
+constexpr int fieldHeadingGap = 10;
 constexpr int fieldGap = 28;
 constexpr int rowGap = 12;
-constexpr int captionGap = 26;
+constexpr int fieldCaptionGap = 26;
 constexpr int pickerGap = 12;
 
 } // namespace
@@ -29,7 +29,7 @@ CaptureFields::CaptureFields(const ViewEnvironment& environment, CaptureDraft& d
 {
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins({});
-    column->setSpacing(headingGap);
+    column->setSpacing(fieldHeadingGap);
     auto* heading = new TextLabel(environment.visual, {}, TextRole::headline);
     environment.words.renderText(heading, u"Workspace"_key);
     auto* card = new TrovellCardModifier(environment.visual);
@@ -76,7 +76,7 @@ void CaptureFields::addChoices(TrovellCardModifier* card, CaptureDraft& draft)
     accentRow->addWidget(makeCaption(u"Shortcut"_key));
     accentRow->addWidget(controls->shortcut());
     auto* grid = new QGridLayout;
-    grid->setHorizontalSpacing(captionGap);
+    grid->setHorizontalSpacing(fieldCaptionGap);
     grid->setVerticalSpacing(rowGap);
     grid->setColumnStretch(1, 1);
     grid->addWidget(makeCaption(u"Icon"_key), 0, 0);

@@ -26,8 +26,8 @@ constexpr int textGap = 8;
 constexpr int buttonsGap = 22;
 constexpr int buttonSpacing = 10;
 constexpr int linkGap = 16;
-constexpr int noteGap = 24;
-constexpr int noteSymbolSize = 16;
+constexpr int stateNoteGap = 24;
+constexpr int stateNoteSymbolSize = 16;
 constexpr int noteSpacing = 6;
 constexpr int ringGap = 16;
 
@@ -133,8 +133,9 @@ void CapturePermissionPage::addNote()
     const VisualStyle& visual = environment().visual;
     auto* note = new TextLabel(visual, {}, TextRole::callout, ColorToken::labelSecondary);
     environment().words.renderText(note, phrases::workspaceStaysHere);
-    auto* lock = new SymbolView(visual, u"lock.fill"_s, noteSymbolSize, ColorToken::labelSecondary);
-    addLine(noteGap, {lock, note}, noteSpacing);
+    auto* lock =
+        new SymbolView(visual, u"lock.fill"_s, stateNoteSymbolSize, ColorToken::labelSecondary);
+    addLine(stateNoteGap, {lock, note}, noteSpacing);
 }
 
 CaptureFailurePage::CaptureFailurePage(const ViewEnvironment& environment, const Message& message)

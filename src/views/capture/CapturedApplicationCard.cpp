@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int padding = 16;
+constexpr int cardPadding = 16;
 constexpr int headingMargin = 12;
 constexpr int gap = 12;
 // Puts the check boxes of windows below the name of their application.
@@ -50,7 +50,7 @@ QWidget* CapturedApplicationCard::makeHeading(CapturePurpose purpose, bool appsO
 {
     auto* heading = new QWidget;
     auto* row = new QHBoxLayout(heading);
-    row->setContentsMargins(padding, headingMargin, padding, headingMargin);
+    row->setContentsMargins(cardPadding, headingMargin, cardPadding, headingMargin);
     row->setSpacing(gap);
     auto* included = new CheckBox(m_environment.visual, {});
     included->setAccessibleName(application().applicationName);

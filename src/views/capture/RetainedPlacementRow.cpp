@@ -17,7 +17,7 @@ namespace {
 
 constexpr int sidePadding = 16;
 constexpr int verticalPadding = 11;
-constexpr int gap = 12;
+constexpr int retainedRowGap = 12;
 constexpr int symbolSize = 24;
 
 } // namespace
@@ -43,7 +43,7 @@ RetainedPlacementRow::RetainedPlacementRow(const ViewEnvironment& environment,
     });
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(sidePadding, verticalPadding, sidePadding, verticalPadding);
-    row->setSpacing(gap);
+    row->setSpacing(retainedRowGap);
     row->addWidget(new SymbolView(visual, u"macwindow.badge.exclamationmark"_s, symbolSize,
                                   ColorToken::labelSecondary));
     row->addWidget(makeNames(placement), 1);

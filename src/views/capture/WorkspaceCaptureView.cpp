@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QSize boxSize(820, 720);
-constexpr int padding = 24;
+constexpr int sheetPadding = 24;
 constexpr int headerHeight = 84;
 constexpr int headerMargin = 18;
 constexpr int tileSide = 44;
@@ -104,7 +104,7 @@ QWidget* WorkspaceCaptureView::makeHeader()
     }
     titles->addStretch();
     auto* row = new QHBoxLayout(header);
-    row->setContentsMargins(padding, headerMargin, headerTrailingMargin, headerMargin);
+    row->setContentsMargins(sheetPadding, headerMargin, headerTrailingMargin, headerMargin);
     row->setSpacing(headerGap);
     row->addWidget(symbol);
     row->addLayout(titles, 1);
@@ -127,7 +127,7 @@ QWidget* WorkspaceCaptureView::makeFooter()
                                                                        : u"Save Workspace"_key);
     connect(m_saveButton, &QAbstractButton::clicked, this, &WorkspaceCaptureView::saveCapture);
     auto* row = new QHBoxLayout(footer);
-    row->setContentsMargins(padding, footerMargin, padding, footerMargin);
+    row->setContentsMargins(sheetPadding, footerMargin, sheetPadding, footerMargin);
     row->setSpacing(buttonGap);
     row->addWidget(m_summary, 1);
     row->addWidget(cancelButton);

@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int verticalMargin = 7;
-constexpr int gap = 12;
+constexpr int itemRowGap = 12;
 
 } // namespace
 
@@ -46,7 +46,7 @@ WorkspaceItemRow::WorkspaceItemRow(const ViewEnvironment& environment, QWidget* 
     auto* row = new QHBoxLayout(this);
     // One more below for the rule.
     row->setContentsMargins(0, verticalMargin, 0, verticalMargin + 1);
-    row->setSpacing(gap);
+    row->setSpacing(itemRowGap);
     row->addWidget(m_icon);
     row->addLayout(texts, 1);
     row->addWidget(m_disabled);
@@ -110,7 +110,7 @@ void WorkspaceItemRow::paintEvent(QPaintEvent*)
     if (!m_isDivided)
         return;
     QPainter painter(this);
-    const int start = m_icon->width() + gap;
+    const int start = m_icon->width() + itemRowGap;
     const QRect rule(start, height() - 1, width() - start, 1);
     paintHairline(painter, QStyle::visualRect(layoutDirection(), rect(), rule),
                   m_environment.visual.color(ColorToken::separator));

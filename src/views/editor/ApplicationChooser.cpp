@@ -18,10 +18,10 @@ namespace trovell {
 namespace {
 
 constexpr QSize boxSize(480, 560);
-constexpr int margin = 24;
+constexpr int chooserMargin = 24;
 constexpr int listInset = 14; ///< so that the rows' texts start under the field's
 constexpr int gap = 12;
-constexpr int buttonGap = 10;
+constexpr int chooserButtonGap = 10;
 constexpr int barPadding = 16;
 
 QList<InstalledApplication> listApplications(const ResourceSystem& resources)
@@ -67,7 +67,7 @@ QWidget* ApplicationChooser::makeHeader()
 {
     auto* header = new QWidget;
     auto* column = new QVBoxLayout(header);
-    column->setContentsMargins(margin, margin - 4, margin, barPadding);
+    column->setContentsMargins(chooserMargin, chooserMargin - 4, chooserMargin, barPadding);
     column->setSpacing(gap);
     auto* title = new TextLabel(visual(), {}, TextRole::title2);
     connect(this, &QWidget::windowTitleChanged, title, &QLabel::setText);
@@ -93,8 +93,8 @@ QWidget* ApplicationChooser::makeFooter()
 {
     auto* footer = new QWidget;
     auto* row = new QHBoxLayout(footer);
-    row->setContentsMargins(margin, barPadding, margin, barPadding);
-    row->setSpacing(buttonGap);
+    row->setContentsMargins(chooserMargin, barPadding, chooserMargin, barPadding);
+    row->setSpacing(chooserButtonGap);
     auto* other = new PushButton(visual(), {});
     auto* cancelButton = new PushButton(visual(), {});
     m_environment.words.renderText(other, u"Other…"_key);

@@ -14,12 +14,12 @@ namespace trovell {
 
 namespace {
 
-constexpr QSize boxSize(640, 600);
+constexpr QSize reviewBoxSize(640, 600);
 constexpr int padding = 24;
 constexpr int headerMargin = 20;
 constexpr int footerHeight = 64;
 constexpr int footerMargin = 8;
-constexpr int buttonGap = 10;
+constexpr int reviewButtonGap = 10;
 
 } // namespace
 
@@ -32,7 +32,7 @@ EditorCaptureReviewView::EditorCaptureReviewView(const ViewEnvironment& environm
     setHeader(makeHeader());
     setBody(makeBody());
     setFooter(makeFooter());
-    setBoxSize(boxSize);
+    setBoxSize(reviewBoxSize);
     setDefaultButton(m_useButton);
     environment.words.render(this, [this] {
         setWindowTitle(m_environment.words.text(u"Review Captured Windows"_key));
@@ -93,7 +93,7 @@ QWidget* EditorCaptureReviewView::makeFooter()
     connect(m_useButton, &QAbstractButton::clicked, this, &EditorCaptureReviewView::useSelection);
     auto* row = new QHBoxLayout(footer);
     row->setContentsMargins(padding, footerMargin, padding, footerMargin);
-    row->setSpacing(buttonGap);
+    row->setSpacing(reviewButtonGap);
     row->addWidget(m_selectedCount, 1);
     row->addWidget(cancelButton);
     row->addWidget(m_useButton);

@@ -24,7 +24,7 @@ constexpr int leadingInset = 8;
 constexpr int trailingInset = 12;
 constexpr int gripSize = 16;
 constexpr int symbolSize = 20;
-constexpr int gap = 12;
+constexpr int itemRowGap = 12;
 constexpr int gripGap = 6;
 constexpr int dividerStart = 56;
 
@@ -115,13 +115,13 @@ void EditorItemRow::buildLayout()
     row->addWidget(m_grip);
     row->addSpacing(gripGap);
     row->addWidget(m_isEnabled);
-    row->addSpacing(gap);
+    row->addSpacing(itemRowGap);
     row->addWidget(m_symbol);
-    row->addSpacing(gap);
+    row->addSpacing(itemRowGap);
     row->addLayout(texts, 1);
-    row->addSpacing(gap);
+    row->addSpacing(itemRowGap);
     row->addWidget(m_locateAgain);
-    row->addSpacing(gap);
+    row->addSpacing(itemRowGap);
     row->addWidget(m_remove);
 }
 

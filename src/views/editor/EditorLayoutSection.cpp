@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int buttonGap = 10;
+constexpr int layoutButtonGap = 10;
 constexpr int statusGap = 16;
 constexpr int blockGap = 12;
 constexpr int lockSize = 20;
@@ -58,7 +58,7 @@ QWidget* EditorLayoutSection::makeActions()
     m_status->setWordWrap(true);
     m_status->setAlignment(Qt::AlignRight);
     row->addWidget(m_capture);
-    row->addSpacing(buttonGap);
+    row->addSpacing(layoutButtonGap);
     row->addWidget(m_clear);
     row->addSpacing(statusGap);
     row->addWidget(m_status, 1);

@@ -16,9 +16,9 @@ namespace trovell {
 
 namespace {
 
-constexpr int padding = 16;
+constexpr int cardPadding = 16;
 constexpr int headingHeight = 48;
-constexpr int gap = 12;
+constexpr int reviewCardGap = 12;
 constexpr int windowGap = 14;
 constexpr QSize miniatureSize(70, 44);
 constexpr double faintOpacity = 0.55;
@@ -57,8 +57,8 @@ QWidget* ReviewApplicationCard::makeHeading()
         Q_EMIT changed();
     });
     auto* row = new QHBoxLayout(heading);
-    row->setContentsMargins(padding, 0, padding, 0);
-    row->setSpacing(gap);
+    row->setContentsMargins(cardPadding, 0, cardPadding, 0);
+    row->setSpacing(reviewCardGap);
     row->addWidget(new CapturedApplicationIcon(m_environment, application()));
     row->addWidget(name, 1);
     row->addWidget(included);
@@ -87,7 +87,7 @@ QWidget* ReviewApplicationCard::makeWindowRow(qsizetype window)
         Q_EMIT changed();
     });
     return new CapturedWindowRow(m_environment, application().windows[window], included,
-                                 {.leadingMargin = padding,
+                                 {.leadingMargin = cardPadding,
                                   .miniature = miniatureSize,
                                   .gap = windowGap,
                                   .role = TextRole::caption,

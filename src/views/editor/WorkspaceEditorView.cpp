@@ -21,16 +21,16 @@ namespace trovell {
 
 namespace {
 
-constexpr QSize boxSize(760, 700);
-constexpr int padding = 24;
+constexpr QSize editorBoxSize(760, 700);
+constexpr int editorPadding = 24;
 constexpr int headerPadding = 18;
-constexpr int buttonGap = 10;
+constexpr int editorButtonGap = 10;
 constexpr int sectionGap = 24;
 constexpr int headingGap = 10;
 constexpr int controlGap = 12;
 constexpr int choicesGap = 24; ///< between the name and the rows of choices
 constexpr int labelGap = 32;
-constexpr int captionGap = 16;
+constexpr int editorCaptionGap = 16;
 
 /// A heading with a card below it that holds `content`.
 QWidget* makeSection(const ViewEnvironment& environment, TextKey<> heading, QWidget* content)
@@ -74,7 +74,7 @@ WorkspaceEditorView::WorkspaceEditorView(const ViewEnvironment& environment,
 {
     setHeader(makeHeader());
     setBody(makeBody());
-    setBoxSize(boxSize);
+    setBoxSize(editorBoxSize);
     setInitialFocus(m_name);
     setDefaultButton(m_save);
     connect(m_name, &QLineEdit::textChanged, this, &WorkspaceEditorView::showSaveState);
@@ -95,8 +95,8 @@ QWidget* WorkspaceEditorView::makeHeader()
 {
     auto* header = new QWidget;
     auto* row = new QHBoxLayout(header);
-    row->setContentsMargins(padding, headerPadding, padding, headerPadding);
-    row->setSpacing(buttonGap);
+    row->setContentsMargins(editorPadding, headerPadding, editorPadding, headerPadding);
+    row->setSpacing(editorButtonGap);
     auto* title = new TextLabel(visual(), {}, TextRole::title2);
     connect(this, &QWidget::windowTitleChanged, title, &QLabel::setText);
     auto* cancelButton = new PushButton(visual(), {});
@@ -113,7 +113,7 @@ QWidget* WorkspaceEditorView::makeBody()
 {
     auto* body = new QWidget;
     auto* column = new QVBoxLayout(body);
-    column->setContentsMargins(padding, padding, padding, padding);
+    column->setContentsMargins(editorPadding, editorPadding, editorPadding, editorPadding);
     column->setSpacing(sectionGap);
     column->addWidget(makeSection(m_environment, u"Basics"_key, makeBasics()));
     column->addWidget(m_items);
@@ -145,7 +145,7 @@ QWidget* WorkspaceEditorView::makeShortcut()
     auto* shortcut = new QWidget;
     auto* row = new QHBoxLayout(shortcut);
     row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(captionGap);
+    row->setSpacing(editorCaptionGap);
     auto* caption = new TextLabel(visual(), {}, TextRole::caption, ColorToken::labelSecondary);
     caption->setWordWrap(true);
     m_environment.words.renderText(caption, phrases::shortcutCaption);

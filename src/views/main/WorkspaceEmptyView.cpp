@@ -14,9 +14,9 @@ namespace trovell {
 
 namespace {
 
-constexpr int columnGap = 18;
+constexpr int emptyColumnGap = 18;
 constexpr int textWidthLimit = 440;
-constexpr int buttonGap = 10;
+constexpr int emptyButtonGap = 10;
 constexpr int sideMargin = 24;
 
 /// Two windows on a dashed desktop. Says nothing to assistive tools.
@@ -80,13 +80,13 @@ WorkspaceEmptyView::WorkspaceEmptyView(const ViewEnvironment& environment, QWidg
     words.renderText(capture, u"Capture Current Workspace"_key);
     connect(capture, &QAbstractButton::clicked, this, &WorkspaceEmptyView::captureRequested);
     auto* buttons = new QHBoxLayout;
-    buttons->setSpacing(buttonGap);
+    buttons->setSpacing(emptyButtonGap);
     buttons->addWidget(create);
     buttons->addWidget(capture);
 
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(sideMargin, 0, sideMargin, 0);
-    column->setSpacing(columnGap);
+    column->setSpacing(emptyColumnGap);
     column->addStretch();
     column->addWidget(new EmptyIllustration(visual, this), 0, Qt::AlignHCenter);
     column->addWidget(title, 0, Qt::AlignHCenter);

@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int textInset = 18;
-constexpr int buttonInset = 10;
+constexpr int sidebarButtonInset = 10;
 constexpr int captionAbove = 10;
 constexpr int captionBelow = 6;
 
@@ -56,7 +56,7 @@ QWidget* WorkspaceSidebar::buildHeader()
     connect(add, &AddWorkspaceButton::createRequested, this, &WorkspaceSidebar::createRequested);
     connect(add, &AddWorkspaceButton::captureRequested, this, &WorkspaceSidebar::captureRequested);
     auto* row = new QHBoxLayout(header);
-    row->setContentsMargins(textInset, 0, buttonInset, 0);
+    row->setContentsMargins(textInset, 0, sidebarButtonInset, 0);
     row->addWidget(name, 1);
     row->addWidget(add);
     return header;
@@ -71,7 +71,7 @@ QWidget* WorkspaceSidebar::buildFooter()
     m_environment.words.renderText(settings, u"Settings"_key);
     connect(settings, &QAbstractButton::clicked, this, &WorkspaceSidebar::settingsRequested);
     auto* row = new QHBoxLayout(footer);
-    row->setContentsMargins(buttonInset, 0, buttonInset, 0);
+    row->setContentsMargins(sidebarButtonInset, 0, sidebarButtonInset, 0);
     row->addWidget(settings);
     row->addStretch();
     return footer;

@@ -10,8 +10,8 @@ namespace trovell {
 
 namespace {
 
-constexpr int buttonGap = 6;
-constexpr int symbolSize = 18;
+constexpr int choiceGap = 6;
+constexpr int choiceSymbolSize = 18;
 
 class IconButton : public ChoiceButton {
 public:
@@ -37,7 +37,7 @@ protected:
             fill.setAlphaF(fill.alphaF() * static_cast<float>(isDown() ? 1.0 : hovered()));
             paintBox(painter, rect(), radius(), fill);
         }
-        const double side = visual().scaled(symbolSize);
+        const double side = visual().scaled(choiceSymbolSize);
         const QPointF corner((width() - side) / 2, (height() - side) / 2);
         visual().paintSymbol(painter, QRectF(corner, QSizeF(side, side)), identifier(), color());
     }
@@ -57,7 +57,7 @@ private:
 
 IconChoiceRow::IconChoiceRow(const VisualStyle& visual, const QString& name,
                              const QStringList& symbolNames, QWidget* parent)
-    : ChoiceRow(name, buttonGap, parent)
+    : ChoiceRow(name, choiceGap, parent)
 {
     for (const QString& symbolName : symbolNames)
         addButton(new IconButton(visual, symbolName, *this));

@@ -20,10 +20,10 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // One pixel of each is the border.
-constexpr int leadingPadding = 13;
-constexpr int trailingPadding = 9;
-constexpr int symbolSize = 16;
-constexpr int symbolGap = 8;
+constexpr int pickerLeadingPadding = 13;
+constexpr int pickerTrailingPadding = 9;
+constexpr int pickerSymbolSize = 16;
+constexpr int pickerSymbolGap = 8;
 
 } // namespace
 
@@ -44,7 +44,8 @@ QSize Picker::sizeHint() const
     int text = 0;
     for (int i = 0; i < count(); ++i)
         text = std::max(text, textWidth(m_visual.text(TextRole::body), itemText(i)));
-    const int around = m_visual.scaledSum({leadingPadding, symbolGap, symbolSize, trailingPadding});
+    const int around = m_visual.scaledSum(
+        {pickerLeadingPadding, pickerSymbolGap, pickerSymbolSize, pickerTrailingPadding});
     return {std::max(m_visual.scaled(m_leastWidth), text + around),
             m_visual.scaled(Tokens::Size::controlHeight)};
 }
@@ -116,10 +117,10 @@ void Picker::paintEvent(QPaintEvent*)
     const auto tint = [&](ColorToken enabled) {
         return m_visual.color(isEnabled() ? enabled : ColorToken::labelDisabled);
     };
-    const int side = m_visual.scaled(symbolSize);
-    const int symbolLeft = width() - m_visual.scaled(trailingPadding) - side;
-    const int textLeft = m_visual.scaled(leadingPadding);
-    const int textRoom = symbolLeft - m_visual.scaled(symbolGap) - textLeft;
+    const int side = m_visual.scaled(pickerSymbolSize);
+    const int symbolLeft = width() - m_visual.scaled(pickerTrailingPadding) - side;
+    const int textLeft = m_visual.scaled(pickerLeadingPadding);
+    const int textRoom = symbolLeft - m_visual.scaled(pickerSymbolGap) - textLeft;
     paintLine(painter, place({textLeft, 0, textRoom, height()}), m_visual.text(TextRole::body),
               tint(ColorToken::labelPrimary), currentText());
     m_visual.paintSymbol(painter, place({symbolLeft, 0, side, height()}), u"_ui/chevron.up.down"_s,

@@ -16,7 +16,7 @@ namespace {
 
 constexpr int barHeight = 6;
 constexpr int usualWidth = 200;
-constexpr int leastWidth = 60;
+constexpr int leastBarWidth = 60;
 
 } // namespace
 
@@ -35,7 +35,7 @@ QSize ProgressBar::sizeHint() const
 
 QSize ProgressBar::minimumSizeHint() const
 {
-    return {leastWidth, barHeight};
+    return {leastBarWidth, barHeight};
 }
 
 void ProgressBar::paintEvent(QPaintEvent*)

@@ -41,7 +41,7 @@ int heightAtWidth(const QWidget* part, int width)
 }
 
 /// `wanted` moved, where it must, to lie inside `area`.
-QPoint keptInside(const QRect& area, const QPoint& wanted, const QSize& size)
+QPoint sheetKeptInside(const QRect& area, const QPoint& wanted, const QSize& size)
 {
     const int right = area.x() + area.width() - size.width();
     const int bottom = area.y() + area.height() - size.height();
@@ -239,7 +239,7 @@ void Sheet::place()
     const QRect area = m_window->screen()->availableGeometry().adjusted(
         screenMargin, screenMargin, -screenMargin, -screenMargin);
     const QPoint corner(middle.x() - box.width() / 2, middle.y() - box.height() / 2);
-    move(keptInside(area, corner, box) - QPoint(margin, margin));
+    move(sheetKeptInside(area, corner, box) - QPoint(margin, margin));
 }
 
 void Sheet::layOut()

@@ -14,7 +14,7 @@ namespace trovell {
 
 namespace {
 
-constexpr int appearMilliseconds = 180;
+constexpr int curtainMilliseconds = 180;
 constexpr double firstScale = 0.98;
 
 } // namespace
@@ -30,7 +30,7 @@ SheetCurtain::SheetCurtain(const VisualStyle& visual, Sheet& sheet) : m_picture(
     auto* animation = new QVariantAnimation(this);
     animation->setStartValue(0.0);
     animation->setEndValue(1.0);
-    animation->setDuration(visual.duration(appearMilliseconds));
+    animation->setDuration(visual.duration(curtainMilliseconds));
     animation->setEasingCurve(QEasingCurve::OutCubic);
     connect(animation, &QVariantAnimation::valueChanged, this, [this](const QVariant& value) {
         m_progress = value.toDouble();

@@ -16,7 +16,7 @@ namespace {
 
 constexpr int trackHeight = 4;
 constexpr int knobSize = 18;
-constexpr int labelGap = 12;
+constexpr int sliderLabelGap = 12;
 constexpr int tickGap = 6; ///< from the track to the ticks
 constexpr QSizeF tickSize(2, 4);
 constexpr int usualTrack = 250;
@@ -55,7 +55,8 @@ QSize Slider::minimumSizeHint() const
 {
     const TextStyle style = m_visual.text(TextRole::caption);
     const int labels = textWidth(style, m_lowLabel) + textWidth(style, m_highLabel);
-    return {labels + 2 * labelGap + narrowestTrack, m_visual.scaled(knobSize) + 2 * focusRingReach};
+    return {labels + 2 * sliderLabelGap + narrowestTrack,
+            m_visual.scaled(knobSize) + 2 * focusRingReach};
 }
 
 FocusOutline Slider::focusOutline() const
@@ -66,8 +67,8 @@ FocusOutline Slider::focusOutline() const
 QRectF Slider::trackRect() const
 {
     const TextStyle style = m_visual.text(TextRole::caption);
-    const int left = textWidth(style, m_lowLabel) + labelGap;
-    const int right = textWidth(style, m_highLabel) + labelGap;
+    const int left = textWidth(style, m_lowLabel) + sliderLabelGap;
+    const int right = textWidth(style, m_highLabel) + sliderLabelGap;
     const double top = (height() - trackHeight) / 2.0;
     const QRect track(left, static_cast<int>(top), std::max(1, width() - left - right),
                       trackHeight);

@@ -12,12 +12,12 @@ namespace trovell {
 
 namespace {
 
-constexpr int hoverMilliseconds = 80;
+constexpr int buttonHoverMilliseconds = 80;
 
 } // namespace
 
 StyledButton::StyledButton(const VisualStyle& visual, const QString& text, QWidget* parent)
-    : QPushButton(text, parent), m_visual(visual), m_hover(*this, visual, hoverMilliseconds)
+    : QPushButton(text, parent), m_visual(visual), m_hover(*this, visual, buttonHoverMilliseconds)
 {
     setAutoDefault(false);
     setFocusPolicy(Qt::TabFocus);

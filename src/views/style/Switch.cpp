@@ -13,7 +13,7 @@ namespace trovell {
 namespace {
 
 constexpr int switchMilliseconds = 120;
-constexpr int labelGap = 16;
+constexpr int switchLabelGap = 16;
 constexpr int narrowestLabel = 120;
 
 } // namespace
@@ -45,7 +45,7 @@ QSize Switch::sizeHint() const
     if (m_label.isEmpty())
         return track;
     const TextStyle style = m_visual.text(TextRole::body);
-    return {textWidth(style, m_label) + labelGap + track.width(),
+    return {textWidth(style, m_label) + switchLabelGap + track.width(),
             std::max(style.lineHeight, track.height())};
 }
 
@@ -53,7 +53,7 @@ QSize Switch::minimumSizeHint() const
 {
     if (m_label.isEmpty())
         return trackSize();
-    return {std::min(sizeHint().width(), narrowestLabel + labelGap + trackSize().width()),
+    return {std::min(sizeHint().width(), narrowestLabel + switchLabelGap + trackSize().width()),
             sizeHint().height()};
 }
 
@@ -84,7 +84,7 @@ QRect Switch::trackRect() const
 
 int Switch::labelRoom(int width) const
 {
-    return std::max(1, width - labelGap - trackSize().width());
+    return std::max(1, width - switchLabelGap - trackSize().width());
 }
 
 void Switch::paintEvent(QPaintEvent*)

@@ -12,7 +12,7 @@ namespace {
 
 constexpr int linkHeight = 30;
 constexpr int padding = 8;
-constexpr int symbolSize = 18;
+constexpr int linkSymbolSize = 18;
 constexpr int gap = 8;
 
 } // namespace
@@ -28,7 +28,7 @@ SymbolLink::SymbolLink(const VisualStyle& visual, const QString& symbolName, con
 QSize SymbolLink::sizeHint() const
 {
     const TextStyle style = visual().text(TextRole::body);
-    return {visual().scaledSum({padding, symbolSize, gap, padding}) + textWidth(style, text()),
+    return {visual().scaledSum({padding, linkSymbolSize, gap, padding}) + textWidth(style, text()),
             visual().scaled(linkHeight)};
 }
 
@@ -42,7 +42,7 @@ void SymbolLink::paintEvent(QPaintEvent*)
 
     const QColor color = visual().color(isEnabled() ? m_color : ColorToken::labelDisabled);
     const int inset = visual().scaled(padding);
-    const int side = visual().scaled(symbolSize);
+    const int side = visual().scaled(linkSymbolSize);
     const int textLeft = inset + side + visual().scaled(gap);
     const auto place = [&](const QRect& part) {
         return QStyle::visualRect(layoutDirection(), rect(), part);

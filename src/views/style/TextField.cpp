@@ -11,7 +11,7 @@ namespace trovell {
 
 namespace {
 
-constexpr int usualWidth = 200;
+constexpr int usualFieldWidth = 200;
 constexpr int narrowestWidth = 80;
 constexpr int textInset = 2; ///< QLineEdit's own, inside its contents
 
@@ -31,7 +31,7 @@ TextField::TextField(const VisualStyle& visual, const QString& name, const QStri
 
 QSize TextField::sizeHint() const
 {
-    return {m_visual.scaled(usualWidth), m_visual.scaled(Tokens::Size::fieldHeight)};
+    return {m_visual.scaled(usualFieldWidth), m_visual.scaled(Tokens::Size::fieldHeight)};
 }
 
 void TextField::paintEvent(QPaintEvent* event)

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-
+//
+// The measures and colours of the design, as resources/tokens.json gives them. Any thread.
 #pragma once
 
 #include "views/style/Palette.h"
