@@ -14,11 +14,11 @@ namespace trovell {
 enum class LayoutChange { none, clearLayout, replaceLayout };
 
 struct WorkspaceEdits {
-    WorkspaceBasics basics;
-    QList<EditableWorkspaceItem> items;
+    WorkspaceBasics basics = {};
+    QList<EditableWorkspaceItem> items = {};
     LayoutChange layoutChange = LayoutChange::none;
     /// Of the last capture, with the choice made among them.
-    QList<CapturedApplication> capturedApplications;
+    QList<CapturedApplication> capturedApplications = {};
 };
 
 /// The workspace that a save writes to.

@@ -2,6 +2,8 @@
 
 #include "views/capture/WorkspaceCaptureView.h"
 
+#include "launch/ResourceSystem.h"
+#include "model/StoreContext.h"
 #include "model/TrovellWorkspace.h"
 #include "views/capture/CaptureContents.h"
 #include "views/capture/CaptureStatePages.h"
@@ -9,6 +11,8 @@
 #include "views/style/PushButton.h"
 #include "views/style/SymbolView.h"
 #include "views/style/TextLabel.h"
+#include "windows/AccessibilityPermissionManager.h"
+#include "windows/WindowCaptureService.h"
 
 #include <QVBoxLayout>
 
@@ -47,7 +51,7 @@ Message notice(CapturePurpose purpose, const QString& name)
 
 } // namespace
 
-WorkspaceCaptureView::WorkspaceCaptureView(const ViewEnvironment& environment,
+WorkspaceCaptureView::WorkspaceCaptureView(const EditingEnvironment& environment,
                                            CapturePurpose purpose,
                                            TrovellWorkspace* workspaceOrNull, QWidget* window)
     : Sheet(environment.visual, window, {}), m_environment(environment), m_purpose(purpose),
@@ -69,8 +73,8 @@ WorkspaceCaptureView::WorkspaceCaptureView(const ViewEnvironment& environment,
         showCloseButtonWhereNeeded();
         showSummary();
     });
-    connect(&environment.dependencies.accessibility(),
-            &AccessibilityPermissionManager::isTrustedChanged, this, [this](bool isTrusted) {
+    connect(&environment.accessibility, &AccessibilityPermissionManager::isTrustedChanged, this,
+            [this](bool isTrusted) {
                 if (isTrusted && isVisible())
                     loadCapture();
             });
@@ -166,7 +170,7 @@ QString WorkspaceCaptureView::shownSubtitle() const
 void WorkspaceCaptureView::loadCapture()
 {
     const int load = ++m_loadCount;
-    AccessibilityPermissionManager& accessibility = m_environment.dependencies.accessibility();
+    AccessibilityPermissionManager& accessibility = m_environment.accessibility;
     accessibility.refresh();
     // Finding access granted, the refresh has started a capture already.
     if (load != m_loadCount)
@@ -183,7 +187,7 @@ QCoro::Task<> WorkspaceCaptureView::capture(int load)
 {
     const QPointer<WorkspaceCaptureView> self(this);
     const auto filter = captureFilter(m_purpose, m_workspace);
-    auto reading = m_environment.dependencies.windowCapture().captureApplications(
+    auto reading = m_environment.windowCapture.captureApplications(
         filter, m_purpose == CapturePurpose::update);
     const WindowCaptureService::Capture captured = co_await reading;
     if (!self || load != m_loadCount)
@@ -211,7 +215,7 @@ void WorkspaceCaptureView::showCapture(const QList<CapturedApplication>& applica
 QCoro::Task<> WorkspaceCaptureView::continueWithAppsOnly(int load)
 {
     const QPointer<WorkspaceCaptureView> self(this);
-    auto listing = m_environment.dependencies.windowCapture().runningApplications();
+    auto listing = m_environment.windowCapture.runningApplications();
     const QList<CapturedApplication> applications = co_await listing;
     if (!self || load != m_loadCount)
         co_return;
@@ -247,7 +251,7 @@ QWidget* WorkspaceCaptureView::makePage()
     case CaptureLoadState::Kind::failed:
         return makeFailurePage();
     case CaptureLoadState::Kind::idle:
-        if (!m_environment.dependencies.accessibility().isTrusted())
+        if (!m_environment.accessibility.isTrusted())
             return makePermissionPage();
         break;
     case CaptureLoadState::Kind::loading:
@@ -267,7 +271,8 @@ QWidget* WorkspaceCaptureView::makeLoadedPage()
 
 QWidget* WorkspaceCaptureView::makePermissionPage()
 {
-    auto* page = new CapturePermissionPage(m_environment, m_purpose == CapturePurpose::create);
+    auto* page = new CapturePermissionPage(m_environment, m_environment.accessibility,
+                                           m_purpose == CapturePurpose::create);
     connect(page, &CapturePermissionPage::continueWithAppsOnly, this,
             [this] { continueWithAppsOnly(++m_loadCount); });
     setDefaultButton(page->defaultButton());
@@ -323,9 +328,8 @@ void WorkspaceCaptureView::showSummary()
 
 void WorkspaceCaptureView::saveCapture()
 {
-    const auto workspace =
-        trovell::saveCapture(m_purpose, m_draft, m_workspace, m_environment.context,
-                             m_environment.dependencies.resources());
+    const auto workspace = trovell::saveCapture(m_purpose, m_draft, m_workspace,
+                                                m_environment.context, m_environment.resources);
     if (!workspace) {
         showWorkspaceAlert(m_environment, this, description(workspace.error()));
         return;

@@ -2,6 +2,7 @@
 
 #include "views/editor/WorkspaceEditorView.h"
 
+#include "model/StoreContext.h"
 #include "model/TrovellWorkspace.h"
 #include "views/editor/EditorItemsSection.h"
 #include "views/editor/EditorLayoutSection.h"
@@ -60,7 +61,7 @@ TextLabel* makeRowLabel(const ViewEnvironment& environment, TextKey<> key)
 
 } // namespace
 
-WorkspaceEditorView::WorkspaceEditorView(const ViewEnvironment& environment,
+WorkspaceEditorView::WorkspaceEditorView(const EditingEnvironment& environment,
                                          TrovellWorkspace* workspaceOrNull, QWidget* window,
                                          OpenPanel openPanel)
     : Sheet(environment.visual, window, {}), m_environment(environment), m_target(workspaceOrNull),

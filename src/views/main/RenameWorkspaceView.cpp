@@ -3,6 +3,7 @@
 #include "views/main/RenameWorkspaceView.h"
 
 #include "editing/WorkspaceCommands.h"
+#include "model/StoreContext.h"
 #include "model/TrovellWorkspace.h"
 #include "views/shared/WorkspaceAlert.h"
 #include "views/style/PushButton.h"
@@ -22,7 +23,7 @@ constexpr int buttonGap = 10;
 
 } // namespace
 
-RenameWorkspaceView::RenameWorkspaceView(const ViewEnvironment& environment,
+RenameWorkspaceView::RenameWorkspaceView(const EditingEnvironment& environment,
                                          TrovellWorkspace& workspace, QWidget* window)
     : Sheet(environment.visual, window, environment.words.text(u"Rename Workspace"_key)),
       m_environment(environment), m_workspace(&workspace),

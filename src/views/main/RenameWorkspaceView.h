@@ -3,7 +3,7 @@
 // The sheet that gives a workspace another name. Main thread.
 #pragma once
 
-#include "views/shared/ViewEnvironment.h"
+#include "views/shared/EditingEnvironment.h"
 #include "views/style/Sheet.h"
 
 #include <QPointer>
@@ -20,7 +20,7 @@ class RenameWorkspaceView : public Sheet {
 public:
     /// The workspace may be deleted while the sheet is open. `window` is any widget of the window
     /// to cover.
-    RenameWorkspaceView(const ViewEnvironment& environment, TrovellWorkspace& workspace,
+    RenameWorkspaceView(const EditingEnvironment& environment, TrovellWorkspace& workspace,
                         QWidget* window);
 
 Q_SIGNALS:
@@ -32,7 +32,7 @@ private:
     void allowRenaming();
     void save();
 
-    const ViewEnvironment m_environment;
+    const EditingEnvironment m_environment;
     QPointer<TrovellWorkspace> m_workspace;
     TextField* m_name;
     PushButton* m_rename;
