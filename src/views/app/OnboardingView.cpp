@@ -10,6 +10,7 @@
 #include "views/app/PermissionPage.h"
 #include "views/app/PrivacyView.h"
 #include "views/app/StepIndicator.h"
+#include "views/shared/SheetParts.h"
 #include "views/shared/WorkspaceAlert.h"
 #include "views/style/Accessibility.h"
 #include "views/style/PushButton.h"
@@ -185,9 +186,7 @@ void OnboardingView::goTo(Step step, Change change)
 void OnboardingView::showStep()
 {
     const Localization& words = m_environment.words;
-    const QString title = words.text(u"Welcome to Trovell"_key);
-    setWindowTitle(title);
-    setAccessibleName(title);
+    setTitle(*this, words.text(u"Welcome to Trovell"_key));
     m_indicator->setAccessibleName(
         words.text(phrases::stepOfSteps, static_cast<int>(m_step) + 1, stepCount));
     const bool isWithoutLayout = m_step == Step::permission && !isTrusted();

@@ -7,6 +7,7 @@
 #include "model/TrovellWorkspace.h"
 #include "views/capture/CaptureContents.h"
 #include "views/capture/CaptureStatePages.h"
+#include "views/shared/SheetParts.h"
 #include "views/shared/WorkspaceAlert.h"
 #include "views/style/PushButton.h"
 #include "views/style/SymbolView.h"
@@ -32,9 +33,6 @@ constexpr int tileSymbolSize = 24;
 constexpr int headerGap = 14;
 // The titles leave room for the cross in the corner.
 constexpr int headerTrailingMargin = 60;
-constexpr int footerHeight = 64;
-constexpr int footerMargin = 8;
-constexpr int buttonGap = 10;
 
 Message notice(CapturePurpose purpose, const QString& name)
 {
@@ -68,8 +66,7 @@ WorkspaceCaptureView::WorkspaceCaptureView(const EditingEnvironment& environment
     setBoxSize(boxSize);
     setLoadState({});
     environment.words.render(this, [this] {
-        setWindowTitle(shownTitle());
-        setAccessibleName(shownTitle());
+        setTitle(*this, shownTitle());
         showCloseButtonWhereNeeded();
         showSummary();
     });
@@ -118,25 +115,13 @@ QWidget* WorkspaceCaptureView::makeHeader()
 QWidget* WorkspaceCaptureView::makeFooter()
 {
     const VisualStyle& visual = m_environment.visual;
-    const Localization& words = m_environment.words;
-    auto* footer = new QWidget;
-    footer->setMinimumHeight(footerHeight);
     m_summary = new TextLabel(visual, {}, TextRole::body, ColorToken::labelSecondary);
-    m_summary->setWordWrap(true);
-    auto* cancelButton = new PushButton(visual, {});
-    words.renderText(cancelButton, u"Cancel"_key);
-    connect(cancelButton, &QAbstractButton::clicked, this, &Sheet::cancel);
     m_saveButton = new PushButton(visual, {}, PushButton::Kind::prominent);
-    words.renderText(m_saveButton, m_purpose == CapturePurpose::update ? u"Save Layout"_key
-                                                                       : u"Save Workspace"_key);
+    m_environment.words.renderText(m_saveButton, m_purpose == CapturePurpose::update
+                                                     ? u"Save Layout"_key
+                                                     : u"Save Workspace"_key);
     connect(m_saveButton, &QAbstractButton::clicked, this, &WorkspaceCaptureView::saveCapture);
-    auto* row = new QHBoxLayout(footer);
-    row->setContentsMargins(padding, footerMargin, padding, footerMargin);
-    row->setSpacing(buttonGap);
-    row->addWidget(m_summary, 1);
-    row->addWidget(cancelButton);
-    row->addWidget(m_saveButton);
-    return footer;
+    return makeSheetFooter(m_environment, *this, m_summary, m_saveButton);
 }
 
 QString WorkspaceCaptureView::shownTitle() const

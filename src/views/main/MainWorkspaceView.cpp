@@ -245,7 +245,8 @@ Sheet* MainWorkspaceView::makeSheet(const WorkspaceSheetRequest& request)
     case SheetKind::rename:
         break;
     }
-    auto* sheet = new RenameWorkspaceView(m_environment, *request.workspace, window());
+    auto* sheet =
+        new RenameWorkspaceView(m_environment, m_environment.context, *request.workspace, window());
     connect(sheet, &RenameWorkspaceView::saved, this, [this](TrovellWorkspace* saved) {
         finishSheet(saved, {phrases::renamed, saved->name()});
     });
