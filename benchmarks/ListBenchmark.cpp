@@ -67,7 +67,7 @@ void addRow(Report& report, const QString& what, const Samples& samples, double 
          .isMet = slow <= budget});
 }
 
-void measureWindow(Report& report, const ViewEnvironment& environment)
+void measureWindow(Report& report, const MainEnvironment& environment)
 {
     // A frame of a display with 60 Hz, and the longest turn of the event loop.
     constexpr double frame = 1.0 / 60;

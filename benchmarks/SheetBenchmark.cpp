@@ -27,7 +27,7 @@ struct Opening {
     double longestTurn = 0;
 };
 
-Opening openSheet(const ViewEnvironment& environment, QMainWindow& window)
+Opening openSheet(const EditingEnvironment& environment, QMainWindow& window)
 {
     Opening opening;
     QElapsedTimer clock;

@@ -4,9 +4,10 @@
 // into memory. Main thread.
 #pragma once
 
+#include "app/scenes/SurfaceEnvironments.h"
 #include "CrowdedDesktop.h"
+#include "model/WorkspaceQuery.h"
 #include "views/shared/ApplicationIcons.h"
-#include "views/shared/ViewEnvironment.h"
 
 #include <QApplication>
 
@@ -22,9 +23,10 @@ public:
         m_visual.install(*qApp);
     }
 
-    [[nodiscard]] ViewEnvironment environment()
+    [[nodiscard]] MainEnvironment environment()
     {
-        return {m_visual, m_words, m_session.dependencies(), m_context, m_workspaces, m_icons};
+        return mainEnvironment({m_visual, m_words, m_icons}, m_session.dependencies(), m_context,
+                               m_workspaces);
     }
 
 private:

@@ -14,16 +14,6 @@ namespace {
 
 using Items = QList<EditableWorkspaceItem>;
 
-/// Where the application is now; none when it is gone.
-std::optional<QUrl> applicationURL(const CapturedApplication& application,
-                                   const ResourceSystem& resources)
-{
-    const QUrl url(application.applicationURLString.value_or(QString()), QUrl::StrictMode);
-    if (url.isValid())
-        return url;
-    return resources.applicationURL(application.bundleIdentifier);
-}
-
 EditableWorkspaceItem launchItem(const CapturedApplication& application, const QUrl& url,
                                  const ResourceSystem& resources)
 {

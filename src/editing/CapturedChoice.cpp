@@ -2,6 +2,8 @@
 
 #include "editing/CapturedChoice.h"
 
+#include "launch/ResourceSystem.h"
+
 #include <algorithm>
 
 namespace trovell {
@@ -32,6 +34,15 @@ QList<CapturedWindow> includedWindows(const QList<CapturedApplication>& applicat
                                  &CapturedWindow::isIncluded);
     }
     return included;
+}
+
+std::optional<QUrl> applicationURL(const CapturedApplication& application,
+                                   const ResourceSystem& resources)
+{
+    const QUrl url(application.applicationURLString.value_or(QString()), QUrl::StrictMode);
+    if (url.isValid())
+        return url;
+    return resources.applicationURL(application.bundleIdentifier);
 }
 
 } // namespace trovell

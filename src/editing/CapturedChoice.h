@@ -6,8 +6,11 @@
 #include "windows/CapturedApplication.h"
 
 #include <QSet>
+#include <QUrl>
 
 namespace trovell {
+
+class ResourceSystem;
 
 /// Of all applications, included or not.
 [[nodiscard]] QSet<QString>
@@ -19,5 +22,9 @@ launchedApplications(const QList<CapturedApplication>& applications);
 
 /// Included windows of included applications.
 [[nodiscard]] QList<CapturedWindow> includedWindows(const QList<CapturedApplication>& applications);
+
+/// Where the application is now; none when it is gone.
+[[nodiscard]] std::optional<QUrl> applicationURL(const CapturedApplication& application,
+                                                 const ResourceSystem& resources);
 
 } // namespace trovell

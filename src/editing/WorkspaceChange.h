@@ -6,6 +6,7 @@
 
 #include "editing/EditableWorkspaceItem.h"
 #include "editing/EditingError.h"
+#include "model/WindowPlacement.h"
 #include "model/WorkspaceChoices.h"
 #include "support/Expected.h"
 #include "windows/CapturedApplication.h"

@@ -24,6 +24,13 @@ WorkspaceQuery::WorkspaceQuery(StoreContext& context)
     connect(&context, &StoreContext::changed, this, &WorkspaceQuery::scheduleUpdate);
 }
 
+TrovellWorkspace* WorkspaceQuery::find(const QUuid& id) const
+{
+    const QList<TrovellWorkspace*> all = workspaces();
+    const auto found = std::ranges::find(all, id, &TrovellWorkspace::id);
+    return found == all.end() ? nullptr : *found;
+}
+
 void WorkspaceQuery::scheduleUpdate()
 {
     // A reorder writes every workspace; observers rebuild their lists once.

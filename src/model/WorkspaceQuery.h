@@ -22,6 +22,8 @@ public:
 
     /// By `sortOrder`, those with equal ones in the order in which they were inserted.
     [[nodiscard]] QList<TrovellWorkspace*> workspaces() const { return m_context.workspaces(); }
+    /// Null where there is none.
+    [[nodiscard]] TrovellWorkspace* find(const QUuid& id) const;
 
 Q_SIGNALS:
     /// Which workspaces there are, or their order.

@@ -85,12 +85,15 @@ private Q_SLOTS:
     void clearsOrReplacesTheLayout()
     {
         Editing editing;
-        editing.edits.capturedApplications = {{.bundleIdentifier = u"new"_s, .windows = {{}, {}}}};
-        editing.edits.capturedApplications[0].windows[1].isIncluded = false;
+        CapturedApplication application;
+        application.windows.resize(2);
+        application.windows[0].windowTitle = u"new"_s;
+        application.windows[1].isIncluded = false;
+        editing.edits.capturedApplications = {application};
         editing.edits.layoutChange = LayoutChange::replaceLayout;
         QVERIFY(editing.saveEdited());
         QCOMPARE(editing.contents()[0].placements.size(), 1);
-        QCOMPARE(editing.contents()[0].placements[0].bundleIdentifier, QString());
+        QCOMPARE(editing.contents()[0].placements[0].windowTitleHint, u"new"_s);
         editing.edits.layoutChange = LayoutChange::clearLayout;
         QVERIFY(editing.saveEdited());
         QVERIFY(editing.contents()[0].placements.isEmpty());

@@ -16,7 +16,7 @@ using Page = SettingsView::Page;
 
 std::unique_ptr<SettingsView> open(Stage& stage, Page page)
 {
-    auto view = std::make_unique<SettingsView>(stage.environment());
+    auto view = std::make_unique<SettingsView>(stage.settings());
     view->show();
     view->activateWindow();
     view->showPage(page);

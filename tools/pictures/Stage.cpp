@@ -75,7 +75,7 @@ void Stage::finishLaunch()
 
 void Stage::openMainWindow(int row)
 {
-    window().setCentralWidget(new RootView(environment()));
+    window().setCentralWidget(new RootView(environment(), dependencies().defaults()));
     window().show();
     window().activateWindow();
     settle();

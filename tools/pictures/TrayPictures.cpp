@@ -13,7 +13,7 @@ namespace {
 
 QImage open(Stage& stage)
 {
-    MenuBarWorkspaceView view(stage.environment());
+    MenuBarWorkspaceView view(stage.menuBar());
     Stage::settle();
     view.menu()->popup({200, 200});
     if (view.menu()->actions().first()->isEnabled())

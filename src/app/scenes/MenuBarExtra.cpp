@@ -2,8 +2,8 @@
 
 #include "app/scenes/MenuBarExtra.h"
 
+#include "preferences/AppPreferences.h"
 #include "views/app/MenuBarWorkspaceView.h"
-#include "views/shared/ViewEnvironment.h"
 
 #include <QCursor>
 #include <QMenu>
@@ -33,9 +33,9 @@ QIcon trayIcon(const VisualStyle& visual, const QString& name)
 
 } // namespace
 
-MenuBarExtra::MenuBarExtra(const ViewEnvironment& environment, const QString& iconName)
-    : m_preferences(environment.dependencies.preferences()),
-      m_content(new MenuBarWorkspaceView(environment, this)),
+MenuBarExtra::MenuBarExtra(const MenuBarEnvironment& environment, AppPreferences& preferences,
+                           const QString& iconName)
+    : m_preferences(preferences), m_content(new MenuBarWorkspaceView(environment, this)),
       m_icon(trayIcon(environment.visual, iconName))
 {
     m_icon.setToolTip(u"Trovell"_s);

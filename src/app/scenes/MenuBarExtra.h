@@ -10,7 +10,7 @@ namespace trovell {
 
 class AppPreferences;
 class MenuBarWorkspaceView;
-struct ViewEnvironment;
+struct MenuBarEnvironment;
 
 /// Inserted while the preference says so, and only useful on desktops with a tray: nothing may be
 /// reachable through it alone.
@@ -19,7 +19,8 @@ class MenuBarExtra : public QObject {
 
 public:
     /// `iconName` is that of the theme's icon for the tray.
-    MenuBarExtra(const ViewEnvironment& environment, const QString& iconName);
+    MenuBarExtra(const MenuBarEnvironment& environment, AppPreferences& preferences,
+                 const QString& iconName);
     ~MenuBarExtra() override;
 
     [[nodiscard]] MenuBarWorkspaceView& content() { return *m_content; }

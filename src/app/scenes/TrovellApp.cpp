@@ -5,9 +5,9 @@
 #include "app/AppFolders.h"
 #include "app/scenes/MenuBarExtra.h"
 #include "app/scenes/SceneWindow.h"
+#include "app/scenes/SurfaceEnvironments.h"
 #include "preferences/AppConfiguration.h"
 #include "services/update/Updater.h"
-#include "views/app/MenuBarWorkspaceView.h"
 #include "views/app/OnboardingView.h"
 #include "views/app/RootView.h"
 #include "views/app/SettingsView.h"
@@ -47,11 +47,9 @@ TrovellApp::TrovellApp(PlatformAdapters platform, std::unique_ptr<WorkspaceStore
       m_modelContainer(std::move(store)),
       m_dependencies(m_platform, m_defaults, m_clock, appConfiguration()),
       m_look(m_visual, m_words, m_dependencies.preferences(), m_platform),
-      m_workspaces(m_modelContainer->mainContext()),
-      m_icons(m_dependencies.resources()), m_environment{
-                                               m_visual,       m_words,
-                                               m_dependencies, m_modelContainer->mainContext(),
-                                               m_workspaces,   m_icons}
+      m_workspaces(m_modelContainer->mainContext()), m_icons(m_dependencies.resources()),
+      m_environment(mainEnvironment({m_visual, m_words, m_icons}, m_dependencies,
+                                    m_modelContainer->mainContext(), m_workspaces))
 {
     m_visual.install(*qApp);
     QApplication::setQuitOnLastWindowClosed(false);
@@ -74,7 +72,7 @@ std::unique_ptr<SceneWindow> TrovellApp::makeMainWindow()
     window->setWindowTitle(u"Trovell"_s);
     window->setMinimumSize(900, 620);
     window->resize(1180, 760);
-    auto* root = new RootView(m_environment, window.get());
+    auto* root = new RootView(m_environment, m_defaults, window.get());
     window->setCentralWidget(root);
     connect(root, &RootView::settingsRequested, this, &TrovellApp::openSettings);
     addCommands(*window);
@@ -85,7 +83,8 @@ std::unique_ptr<SceneWindow> TrovellApp::makeSettingsWindow()
 {
     auto window = std::make_unique<SceneWindow>();
     window->setFixedSize(680, 560);
-    window->setCentralWidget(new SettingsView(m_environment, window.get()));
+    window->setCentralWidget(
+        new SettingsView(settingsEnvironment(m_environment, m_dependencies), window.get()));
     m_words.render(window.get(), [this, shown = window.get()] {
         shown->setWindowTitle(m_words.text(u"Settings"_key));
     });
@@ -96,7 +95,8 @@ std::unique_ptr<SceneWindow> TrovellApp::makeSettingsWindow()
 std::unique_ptr<SceneWindow> TrovellApp::makeUpdateWindow()
 {
     auto window = std::make_unique<SceneWindow>();
-    window->setCentralWidget(new UpdateView(m_environment, window.get()));
+    Updater& updater = *m_dependencies.updateController().controller();
+    window->setCentralWidget(new UpdateView(m_environment, updater, window.get()));
     m_words.render(window.get(), [this, shown = window.get()] {
         shown->setWindowTitle(m_words.text(u"Software Update"_key));
     });
@@ -106,7 +106,9 @@ std::unique_ptr<SceneWindow> TrovellApp::makeUpdateWindow()
 
 void TrovellApp::insertMenuBarExtra()
 {
-    m_menuBarExtra = std::make_unique<MenuBarExtra>(m_environment, m_platform.trayIconName);
+    m_menuBarExtra = std::make_unique<MenuBarExtra>(
+        menuBarEnvironment(m_environment, m_dependencies, m_workspaces),
+        m_dependencies.preferences(), m_platform.trayIconName);
     const MenuBarWorkspaceView& menu = m_menuBarExtra->content();
     connect(&menu, &MenuBarWorkspaceView::openMainWindowRequested, this,
             [this] { openMainWindow(); });

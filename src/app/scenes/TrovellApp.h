@@ -10,8 +10,8 @@
 #include "model/WorkspaceStore.h"
 #include "preferences/PreferenceStore.h"
 #include "support/SystemClock.h"
+#include "views/main/MainEnvironment.h"
 #include "views/shared/ApplicationIcons.h"
-#include "views/shared/ViewEnvironment.h"
 
 #include <QObject>
 
@@ -56,7 +56,7 @@ private:
     DesktopLook m_look;
     WorkspaceQuery m_workspaces;
     ApplicationIcons m_icons;
-    ViewEnvironment m_environment;
+    MainEnvironment m_environment;
     std::unique_ptr<MenuBarExtra> m_menuBarExtra;
     std::unique_ptr<SceneWindow> m_mainWindow;
     std::unique_ptr<SceneWindow> m_settingsWindow;

@@ -2,6 +2,7 @@
 
 #include "views/app/AboutSettingsView.h"
 
+#include "launch/ResourceSystem.h"
 #include "preferences/AppConfiguration.h"
 #include "views/app/CenteredColumn.h"
 #include "views/app/SymbolLabel.h"
@@ -27,11 +28,11 @@ constexpr SymbolLabel::Look badgeLook{.symbolSize = 14,
 
 } // namespace
 
-AboutSettingsView::AboutSettingsView(const ViewEnvironment& environment, QWidget* parent)
+AboutSettingsView::AboutSettingsView(const SettingsEnvironment& environment, QWidget* parent)
     : QWidget(parent), m_environment(environment)
 {
     const Localization& words = environment.words;
-    const AppConfiguration& configuration = environment.dependencies.configuration();
+    const AppConfiguration& configuration = environment.configuration;
     auto* content = new CenteredColumn(environment.visual);
     content->add(new TrovellBrandMark(environment.visual, 72), 0);
     content->addText(TextRole::pageTitle, ColorToken::labelPrimary, widestContent, 10)
@@ -56,7 +57,7 @@ AboutSettingsView::AboutSettingsView(const ViewEnvironment& environment, QWidget
 
 QWidget* AboutSettingsView::buildLinks()
 {
-    const AppConfiguration& configuration = m_environment.dependencies.configuration();
+    const AppConfiguration& configuration = m_environment.configuration;
     auto* links = new QWidget;
     auto* row = new QHBoxLayout(links);
     row->setContentsMargins({});
@@ -72,7 +73,7 @@ QWidget* AboutSettingsView::buildLink(const QString& symbolName, TextKey<> label
 {
     auto* link = new SymbolLink(m_environment.visual, symbolName, {}, ColorToken::link);
     m_environment.words.renderText(link, label);
-    ResourceSystem* resources = &m_environment.dependencies.resources();
+    ResourceSystem* resources = &m_environment.resources;
     connect(link, &QAbstractButton::clicked, this,
             [resources, address] { (void)resources->openResource(address); });
     return link;

@@ -3,7 +3,7 @@
 // Who the program is and what it promises, the last page of the settings. Main thread.
 #pragma once
 
-#include "views/shared/ViewEnvironment.h"
+#include "views/app/SettingsEnvironment.h"
 
 #include <QWidget>
 
@@ -13,7 +13,7 @@ class AboutSettingsView : public QWidget {
     Q_OBJECT
 
 public:
-    explicit AboutSettingsView(const ViewEnvironment& environment, QWidget* parent = nullptr);
+    explicit AboutSettingsView(const SettingsEnvironment& environment, QWidget* parent = nullptr);
 
 private:
     QWidget* buildLinks();
@@ -21,7 +21,7 @@ private:
     QWidget* buildPrivacyCard();
     QWidget* buildBadges();
 
-    ViewEnvironment m_environment;
+    SettingsEnvironment m_environment;
 };
 
 } // namespace trovell

@@ -2,6 +2,8 @@
 
 #include "views/app/GeneralSettingsView.h"
 
+#include "preferences/AppPreferences.h"
+#include "services/LaunchAtLoginService.h"
 #include "views/app/PreferenceSwitch.h"
 #include "views/app/SettingsCard.h"
 #include "views/style/CheckBox.h"
@@ -25,7 +27,7 @@ constexpr int pickerWidth = 190;
 constexpr int shortestTimeout = 8;
 constexpr int longestTimeout = 12;
 
-void addPickerRow(const ViewEnvironment& environment, SettingsCard& card, TextKey<> name,
+void addPickerRow(const SettingsEnvironment& environment, SettingsCard& card, TextKey<> name,
                   Picker* picker)
 {
     auto* label = new TextLabel(environment.visual, {});
@@ -56,14 +58,14 @@ std::optional<qint64> wholeSeconds(double seconds)
     return static_cast<qint64>(seconds);
 }
 
-GeneralSettingsView::GeneralSettingsView(const ViewEnvironment& environment, QWidget* parent)
+GeneralSettingsView::GeneralSettingsView(const SettingsEnvironment& environment, QWidget* parent)
     : QWidget(parent), m_environment(environment), m_login(new Switch(environment.visual, {})),
       m_loginError(
           new TextLabel(environment.visual, {}, TextRole::caption, ColorToken::destructive)),
       m_timeout(new Slider(environment.visual, {}, shortestTimeout, longestTimeout, {}, {})),
       m_timeoutText(
           new TextLabel(environment.visual, {}, TextRole::caption, ColorToken::labelSecondary)),
-      m_showsMenuBarItem(environment.dependencies.preferences().showMenuBarItem())
+      m_showsMenuBarItem(environment.preferences.showMenuBarItem())
 {
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins({});
@@ -71,7 +73,7 @@ GeneralSettingsView::GeneralSettingsView(const ViewEnvironment& environment, QWi
     column->addWidget(buildPickers());
     column->addWidget(buildSwitches());
     column->addWidget(buildTimeout());
-    connect(&environment.dependencies.preferences(), &AppPreferences::showMenuBarItemChanged, this,
+    connect(&environment.preferences, &AppPreferences::showMenuBarItemChanged, this,
             &GeneralSettingsView::coupleKeepRunning);
 }
 
@@ -86,7 +88,7 @@ QWidget* GeneralSettingsView::buildPickers()
 Picker* GeneralSettingsView::buildAppearance()
 {
     const Localization& words = m_environment.words;
-    AppPreferences* preferences = &m_environment.dependencies.preferences();
+    AppPreferences* preferences = &m_environment.preferences;
     auto* picker = new Picker(m_environment.visual, {}, pickerWidth);
     for (qsizetype index = 0; index < allAppearances().size(); ++index)
         picker->addItem({});
@@ -107,7 +109,7 @@ Picker* GeneralSettingsView::buildAppearance()
 Picker* GeneralSettingsView::buildLanguage()
 {
     const Localization& words = m_environment.words;
-    AppPreferences* preferences = &m_environment.dependencies.preferences();
+    AppPreferences* preferences = &m_environment.preferences;
     auto* picker = new Picker(m_environment.visual, {}, pickerWidth);
     for (const AppLanguage language : allLanguages())
         picker->addItem(words.text(displayName(language)));
@@ -135,7 +137,7 @@ QWidget* GeneralSettingsView::buildSwitches()
     renderLabel(m_environment.words, m_login, u"Launch Trovell at login"_key);
     m_loginError->setWordWrap(true);
     m_environment.words.render(this, [this] { showLoginItem(); });
-    const LaunchAtLoginService* service = &m_environment.dependencies.launchAtLogin();
+    const LaunchAtLoginService* service = &m_environment.launchAtLogin;
     connect(service, &LaunchAtLoginService::isEnabledChanged, this,
             &GeneralSettingsView::showLoginItem);
     connect(service, &LaunchAtLoginService::errorMessageChanged, this,
@@ -156,7 +158,7 @@ QWidget* GeneralSettingsView::buildSwitches()
 
 void GeneralSettingsView::changeLoginItem(bool isWanted)
 {
-    LaunchAtLoginService& service = m_environment.dependencies.launchAtLogin();
+    LaunchAtLoginService& service = m_environment.launchAtLogin;
     if (service.isEnabled() == isWanted)
         return;
     service.setEnabled(isWanted);
@@ -166,7 +168,7 @@ void GeneralSettingsView::changeLoginItem(bool isWanted)
 
 void GeneralSettingsView::showLoginItem()
 {
-    const LaunchAtLoginService& service = m_environment.dependencies.launchAtLogin();
+    const LaunchAtLoginService& service = m_environment.launchAtLogin;
     m_login->setChecked(service.isEnabled());
     const auto& error = service.errorMessage();
     m_loginError->setText(error.value_or(QString()));
@@ -176,7 +178,7 @@ void GeneralSettingsView::showLoginItem()
 QWidget* GeneralSettingsView::buildTimeout()
 {
     const Localization& words = m_environment.words;
-    AppPreferences* preferences = &m_environment.dependencies.preferences();
+    AppPreferences* preferences = &m_environment.preferences;
     auto* card = new SettingsCard(m_environment.visual);
     QVBoxLayout* column = card->addColumn();
     auto* label = new TextLabel(m_environment.visual, {});
@@ -201,7 +203,7 @@ QWidget* GeneralSettingsView::buildTimeout()
 
 void GeneralSettingsView::showTimeout()
 {
-    const double seconds = m_environment.dependencies.preferences().launchTimeout();
+    const double seconds = m_environment.preferences.launchTimeout();
     // Not written back: what is stored may lie beyond the ends of the slider or between its steps.
     const QSignalBlocker blocker(m_timeout);
     const double shown = std::isnan(seconds) ? shortestTimeout : seconds;
@@ -215,7 +217,7 @@ void GeneralSettingsView::showTimeout()
 
 void GeneralSettingsView::coupleKeepRunning()
 {
-    AppPreferences& preferences = m_environment.dependencies.preferences();
+    AppPreferences& preferences = m_environment.preferences;
     const bool wasShown = std::exchange(m_showsMenuBarItem, preferences.showMenuBarItem());
     if (wasShown && !m_showsMenuBarItem)
         preferences.setKeepRunningAfterClose(false);

@@ -3,7 +3,7 @@
 // The first page of the settings. Main thread.
 #pragma once
 
-#include "views/shared/ViewEnvironment.h"
+#include "views/app/SettingsEnvironment.h"
 
 #include <QWidget>
 
@@ -22,7 +22,7 @@ class GeneralSettingsView : public QWidget {
     Q_OBJECT
 
 public:
-    explicit GeneralSettingsView(const ViewEnvironment& environment, QWidget* parent = nullptr);
+    explicit GeneralSettingsView(const SettingsEnvironment& environment, QWidget* parent = nullptr);
 
 private:
     QWidget* buildPickers();
@@ -35,7 +35,7 @@ private:
     void showTimeout();
     void coupleKeepRunning();
 
-    ViewEnvironment m_environment;
+    SettingsEnvironment m_environment;
     Switch* m_login;
     TextLabel* m_loginError;
     Slider* m_timeout;

@@ -4,6 +4,8 @@
 
 #include "editing/WorkspaceStart.h"
 #include "model/WorkspaceChoices.h"
+#include "model/WorkspaceQuery.h"
+#include "services/update/UpdateController.h"
 #include "views/app/SymbolIcon.h"
 
 #include <algorithm>
@@ -22,7 +24,7 @@ QString literally(QString text)
 
 } // namespace
 
-MenuBarWorkspaceView::MenuBarWorkspaceView(const ViewEnvironment& environment, QObject* parent)
+MenuBarWorkspaceView::MenuBarWorkspaceView(const MenuBarEnvironment& environment, QObject* parent)
     : QObject(parent), m_environment(environment)
 {
     m_environment.words.render(this, [this] { rebuild(); });
@@ -77,7 +79,7 @@ void MenuBarWorkspaceView::addWorkspaces()
 void MenuBarWorkspaceView::addCommands()
 {
     const Localization& words = m_environment.words;
-    UpdateController* updates = &m_environment.dependencies.updateController();
+    UpdateController* updates = &m_environment.updateController;
     const QAction* open = m_menu.addAction(words.text(u"Open Trovell"_key));
     connect(open, &QAction::triggered, this, &MenuBarWorkspaceView::openMainWindowRequested);
     QAction* check = m_menu.addAction(words.text(u"Check for Updates…"_key));
@@ -93,10 +95,8 @@ void MenuBarWorkspaceView::addCommands()
 // The menu may have been open, or shown elsewhere, while the workspace was deleted.
 void MenuBarWorkspaceView::start(const QUuid& id) const
 {
-    const QList<TrovellWorkspace*> workspaces = m_environment.workspaces.workspaces();
-    const auto found = std::ranges::find(workspaces, id, &TrovellWorkspace::id);
-    if (found != workspaces.end())
-        m_environment.dependencies.startWorkspace()(**found);
+    if (TrovellWorkspace* workspace = m_environment.workspaces.find(id))
+        m_environment.startWorkspace(*workspace);
 }
 
 } // namespace trovell

@@ -11,6 +11,16 @@
 
 namespace trovell {
 
+class UpdateController;
+class WorkspaceQuery;
+class WorkspaceStart;
+
+struct MenuBarEnvironment : ViewEnvironment {
+    WorkspaceQuery& workspaces;
+    const WorkspaceStart& startWorkspace;
+    UpdateController& updateController;
+};
+
 /// A plain menu in the desktop's own rendering, which may take place in another process: what it
 /// shows is in its actions alone. The menu follows the store, the language and the appearance, and
 /// looks at the store once more when it is about to be shown.
@@ -18,7 +28,7 @@ class MenuBarWorkspaceView : public QObject {
     Q_OBJECT
 
 public:
-    explicit MenuBarWorkspaceView(const ViewEnvironment& environment, QObject* parent = nullptr);
+    explicit MenuBarWorkspaceView(const MenuBarEnvironment& environment, QObject* parent = nullptr);
 
     /// For the icon's context menu; lives as long as this object.
     [[nodiscard]] QMenu* menu() { return &m_menu; }
@@ -46,7 +56,7 @@ private:
     void addCommands();
     void start(const QUuid& id) const;
 
-    ViewEnvironment m_environment;
+    MenuBarEnvironment m_environment;
     QMenu m_menu;
     QList<Line> m_lines;
 };

@@ -3,17 +3,21 @@
 #include "views/app/OnboardingView.h"
 
 #include "editing/WorkspaceCommands.h"
+#include "model/StoreContext.h"
+#include "model/WorkspaceQuery.h"
 #include "views/app/CenteredColumn.h"
 #include "views/app/PageFade.h"
 #include "views/app/PermissionPage.h"
 #include "views/app/PrivacyView.h"
 #include "views/app/StepIndicator.h"
+#include "views/shared/SheetParts.h"
 #include "views/shared/WorkspaceAlert.h"
 #include "views/style/Accessibility.h"
 #include "views/style/PushButton.h"
 #include "views/style/SymbolView.h"
 #include "views/style/TextLabel.h"
 #include "views/style/TrovellBrandMark.h"
+#include "windows/AccessibilityPermissionManager.h"
 
 #include <QHBoxLayout>
 #include <QStackedWidget>
@@ -55,10 +59,11 @@ OnboardingView::Step stepBefore(OnboardingView::Step step, bool isTrusted)
     return isPermissionNext ? OnboardingView::Step::permission : OnboardingView::Step::welcome;
 }
 
-OnboardingView::OnboardingView(const ViewEnvironment& environment, QWidget* window)
+OnboardingView::OnboardingView(const MainEnvironment& environment, QWidget* window)
     : Sheet(environment.visual, window, {}), m_environment(environment),
       m_indicator(new StepIndicator(environment.visual, stepCount)), m_pages(new QStackedWidget),
-      m_permission(new PermissionPage(environment)), m_back(new PushButton(environment.visual, {})),
+      m_permission(new PermissionPage(environment, environment.accessibility)),
+      m_back(new PushButton(environment.visual, {})),
       m_forward(new PushButton(environment.visual, {})),
       m_finish(new PushButton(environment.visual, {}, PushButton::Kind::prominent))
 {
@@ -66,8 +71,7 @@ OnboardingView::OnboardingView(const ViewEnvironment& environment, QWidget* wind
     setBoxSize(guideSize);
     environment.words.render(this, [this] { showStep(); });
     connect(&environment.workspaces, &WorkspaceQuery::listChanged, this, &OnboardingView::showStep);
-    connect(&environment.dependencies.accessibility(),
-            &AccessibilityPermissionManager::isTrustedChanged, this,
+    connect(&environment.accessibility, &AccessibilityPermissionManager::isTrustedChanged, this,
             &OnboardingView::advanceWhenGranted);
     connect(m_permission, &PermissionPage::privacyRequested, this, &OnboardingView::showPrivacy);
 }
@@ -133,27 +137,27 @@ QWidget* OnboardingView::buildNavigation()
 
 void OnboardingView::open()
 {
-    m_environment.dependencies.accessibility().refresh();
+    m_environment.accessibility.refresh();
     Sheet::open();
 }
 
 bool OnboardingView::isTrusted() const
 {
-    return m_environment.dependencies.accessibility().isTrusted();
+    return m_environment.accessibility.isTrusted();
 }
 
 void OnboardingView::goForward()
 {
     if (m_step == Step::permission)
         return goTo(Step::firstWorkspace, Change::immediate);
-    m_environment.dependencies.accessibility().refresh();
+    m_environment.accessibility.refresh();
     goTo(stepAfterWelcome(isTrusted()), Change::animated);
 }
 
 void OnboardingView::goBack()
 {
     if (m_step == Step::firstWorkspace)
-        m_environment.dependencies.accessibility().refresh();
+        m_environment.accessibility.refresh();
     goTo(stepBefore(m_step, isTrusted()), Change::animated);
 }
 
@@ -182,9 +186,7 @@ void OnboardingView::goTo(Step step, Change change)
 void OnboardingView::showStep()
 {
     const Localization& words = m_environment.words;
-    const QString title = words.text(u"Welcome to Trovell"_key);
-    setWindowTitle(title);
-    setAccessibleName(title);
+    setTitle(*this, words.text(u"Welcome to Trovell"_key));
     m_indicator->setAccessibleName(
         words.text(phrases::stepOfSteps, static_cast<int>(m_step) + 1, stepCount));
     const bool isWithoutLayout = m_step == Step::permission && !isTrusted();

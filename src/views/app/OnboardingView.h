@@ -3,7 +3,7 @@
 // The guide of the first run: a welcome, the window permission, the first workspace. Main thread.
 #pragma once
 
-#include "views/shared/ViewEnvironment.h"
+#include "views/main/MainEnvironment.h"
 #include "views/style/Sheet.h"
 
 class QStackedWidget;
@@ -22,7 +22,7 @@ public:
     enum class Step { welcome, permission, firstWorkspace };
 
     /// `window` is any widget of the window to cover.
-    OnboardingView(const ViewEnvironment& environment, QWidget* window);
+    OnboardingView(const MainEnvironment& environment, QWidget* window);
 
     [[nodiscard]] Step step() const { return m_step; }
 
@@ -47,7 +47,7 @@ private:
     /// The next step of the page, for Return and the first focus.
     [[nodiscard]] PushButton* nextButton() const;
 
-    ViewEnvironment m_environment;
+    MainEnvironment m_environment;
     Step m_step = Step::welcome;
     StepIndicator* m_indicator;
     QStackedWidget* m_pages;

@@ -6,6 +6,7 @@
 #include "views/app/SymbolLabel.h"
 #include "views/style/LinkButton.h"
 #include "views/style/PushButton.h"
+#include "windows/AccessibilityPermissionManager.h"
 
 namespace trovell {
 
@@ -21,8 +22,9 @@ constexpr SymbolLabel::Look statusLook{.symbolSize = 16, .role = TextRole::callo
 
 } // namespace
 
-PermissionPage::PermissionPage(const ViewEnvironment& environment, QWidget* parent)
-    : QWidget(parent), m_environment(environment),
+PermissionPage::PermissionPage(const ViewEnvironment& environment,
+                               AccessibilityPermissionManager& accessibility)
+    : m_environment(environment), m_accessibility(accessibility),
       m_symbol(new SymbolView(environment.visual, {}, 48)),
       m_status(new SymbolLabel(environment.visual, {}, statusLook)),
       m_request(new PushButton(environment.visual, {}, PushButton::Kind::prominent))
@@ -46,8 +48,7 @@ PermissionPage::PermissionPage(const ViewEnvironment& environment, QWidget* pare
     middle->addWidget(content);
     middle->addStretch();
     words.render(this, [this] { showPermission(); });
-    connect(&environment.dependencies.accessibility(),
-            &AccessibilityPermissionManager::isTrustedChanged, this,
+    connect(&accessibility, &AccessibilityPermissionManager::isTrustedChanged, this,
             &PermissionPage::showPermission);
 }
 
@@ -64,10 +65,9 @@ QWidget* PermissionPage::buildButtons()
     auto* settings = new PushButton(m_environment.visual, {});
     m_environment.words.renderText(m_request, u"Request Permission"_key);
     m_environment.words.renderText(settings, u"Open System Settings"_key);
-    AccessibilityPermissionManager* accessibility = &m_environment.dependencies.accessibility();
-    connect(m_request, &QAbstractButton::clicked, accessibility,
+    connect(m_request, &QAbstractButton::clicked, &m_accessibility,
             &AccessibilityPermissionManager::requestAccess);
-    connect(settings, &QAbstractButton::clicked, accessibility,
+    connect(settings, &QAbstractButton::clicked, &m_accessibility,
             &AccessibilityPermissionManager::openSystemSettings);
 
     auto* buttons = new QWidget;
@@ -82,7 +82,7 @@ QWidget* PermissionPage::buildButtons()
 void PermissionPage::showPermission()
 {
     const Localization& words = m_environment.words;
-    const bool isGranted = m_environment.dependencies.accessibility().isTrusted();
+    const bool isGranted = m_accessibility.isTrusted();
     m_symbol->setSymbol(isGranted ? u"checkmark.shield.fill"_s : u"macwindow.on.rectangle"_s);
     m_symbol->setColor(isGranted ? ColorToken::successIcon : ColorToken::brand);
     m_status->symbol()->setSymbol(isGranted ? u"checkmark.circle.fill"_s : u"lock.fill"_s);

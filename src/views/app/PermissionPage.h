@@ -9,6 +9,7 @@
 
 namespace trovell {
 
+class AccessibilityPermissionManager;
 class PushButton;
 class SymbolLabel;
 class SymbolView;
@@ -19,7 +20,8 @@ class PermissionPage : public QWidget {
     Q_OBJECT
 
 public:
-    explicit PermissionPage(const ViewEnvironment& environment, QWidget* parent = nullptr);
+    PermissionPage(const ViewEnvironment& environment,
+                   AccessibilityPermissionManager& accessibility);
 
     [[nodiscard]] PushButton* requestButton() const { return m_request; }
 
@@ -32,6 +34,7 @@ private:
     void showPermission();
 
     ViewEnvironment m_environment;
+    AccessibilityPermissionManager& m_accessibility;
     SymbolView* m_symbol;
     SymbolLabel* m_status;
     PushButton* m_request;

@@ -2,16 +2,17 @@
 
 #include "views/app/PreferenceSwitch.h"
 
+#include "preferences/AppPreferences.h"
 #include "views/style/Switch.h"
 
 namespace trovell {
 
-Switch* preferenceSwitch(const ViewEnvironment& environment, TextKey<> label,
+Switch* preferenceSwitch(const SettingsEnvironment& environment, TextKey<> label,
                          const BooleanPreference& preference)
 {
     auto* control = new Switch(environment.visual, {});
     renderLabel(environment.words, control, label);
-    AppPreferences* preferences = &environment.dependencies.preferences();
+    AppPreferences* preferences = &environment.preferences;
     const auto show = [control, preferences, preference] {
         control->setChecked((preferences->*preference.value)());
     };

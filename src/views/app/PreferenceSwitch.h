@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "views/shared/ViewEnvironment.h"
+#include "views/app/SettingsEnvironment.h"
 
 namespace trovell {
 
@@ -16,7 +16,7 @@ struct BooleanPreference {
 };
 
 /// A switch for `preference` that follows it, wherever it is changed. Main thread.
-[[nodiscard]] Switch* preferenceSwitch(const ViewEnvironment& environment, TextKey<> label,
+[[nodiscard]] Switch* preferenceSwitch(const SettingsEnvironment& environment, TextKey<> label,
                                        const BooleanPreference& preference);
 
 /// Keeps the label of a switch at the text of a key.

@@ -4,6 +4,7 @@
 
 #include "views/app/CenteredColumn.h"
 #include "views/app/SymbolLabel.h"
+#include "views/shared/SheetParts.h"
 
 namespace trovell {
 
@@ -26,9 +27,7 @@ PrivacyView::PrivacyView(const ViewEnvironment& environment, QWidget* window)
 {
     setBody(buildBody());
     environment.words.render(this, [this] {
-        const QString title = m_environment.words.text(phrases::workspaceStaysHere);
-        setWindowTitle(title);
-        setAccessibleName(title);
+        setTitle(*this, m_environment.words.text(phrases::workspaceStaysHere));
         showCloseButton(m_environment.words.text(u"Cancel"_key));
     });
     setBoxWidth(sheetWidth);

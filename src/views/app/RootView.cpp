@@ -5,6 +5,7 @@
 #include "preferences/PreferenceStore.h"
 #include "views/app/OnboardingView.h"
 #include "views/main/MainWorkspaceView.h"
+#include "windows/AccessibilityPermissionManager.h"
 
 #include <QGuiApplication>
 #include <QVBoxLayout>
@@ -19,8 +20,8 @@ const QString completedKey = u"onboarding.completed"_s;
 
 } // namespace
 
-RootView::RootView(const ViewEnvironment& environment, QWidget* parent)
-    : QWidget(parent), m_environment(environment),
+RootView::RootView(const MainEnvironment& environment, PreferenceStore& defaults, QWidget* parent)
+    : QWidget(parent), m_environment(environment), m_defaults(defaults),
       m_workspaces(new MainWorkspaceView(environment, this))
 {
     auto* room = new QVBoxLayout(this);
@@ -41,26 +42,25 @@ void RootView::showEvent(QShowEvent* event)
 void RootView::appear()
 {
     if (!m_hasAppeared)
-        m_environment.dependencies.accessibility().refresh();
+        m_environment.accessibility.refresh();
     m_hasAppeared = true;
     presentOnboarding();
 }
 
 void RootView::presentOnboarding()
 {
-    PreferenceStore& defaults = m_environment.dependencies.defaults();
-    if (defaults.value(completedKey).toBool(false) || m_onboarding || !isVisible())
+    if (m_defaults.value(completedKey).toBool(false) || m_onboarding || !isVisible())
         return;
     m_onboarding = new OnboardingView(m_environment, this);
     connect(m_onboarding, &QDialog::finished, this,
-            [&defaults] { defaults.setValue(completedKey, true); });
+            [&defaults = m_defaults] { defaults.setValue(completedKey, true); });
     m_onboarding->open();
 }
 
 void RootView::refreshWhenActive(Qt::ApplicationState state)
 {
     if (state == Qt::ApplicationActive)
-        m_environment.dependencies.accessibility().refresh();
+        m_environment.accessibility.refresh();
 }
 
 } // namespace trovell

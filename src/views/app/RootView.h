@@ -4,7 +4,7 @@
 // thread.
 #pragma once
 
-#include "views/shared/ViewEnvironment.h"
+#include "views/main/MainEnvironment.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -13,6 +13,7 @@ namespace trovell {
 
 class MainWorkspaceView;
 class OnboardingView;
+class PreferenceStore;
 
 /// The guide comes as a sheet over this view's window, each time that is shown while the preference
 /// "onboarding.completed" is not true. However the guide is closed, it counts as seen; when it goes
@@ -22,7 +23,9 @@ class RootView : public QWidget {
     Q_OBJECT
 
 public:
-    explicit RootView(const ViewEnvironment& environment, QWidget* parent = nullptr);
+    /// `defaults` outlives the view.
+    RootView(const MainEnvironment& environment, PreferenceStore& defaults,
+             QWidget* parent = nullptr);
 
     [[nodiscard]] MainWorkspaceView& workspaces() const { return *m_workspaces; }
     /// The guide while it is open, else none.
@@ -39,7 +42,8 @@ private:
     void presentOnboarding();
     void refreshWhenActive(Qt::ApplicationState state);
 
-    ViewEnvironment m_environment;
+    MainEnvironment m_environment;
+    PreferenceStore& m_defaults;
     MainWorkspaceView* m_workspaces;
     QPointer<OnboardingView> m_onboarding;
     bool m_hasAppeared = false;

@@ -24,7 +24,7 @@ constexpr QMargins tabMargins(8, 8, 8, 8);
 
 } // namespace
 
-SettingsView::SettingsView(const ViewEnvironment& environment, QWidget* parent)
+SettingsView::SettingsView(const SettingsEnvironment& environment, QWidget* parent)
     : QWidget(parent), m_environment(environment), m_tabs(new SettingsTabBar(environment.visual)),
       m_pages(new QStackedWidget)
 {

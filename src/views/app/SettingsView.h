@@ -3,7 +3,7 @@
 // The content of the settings window. Main thread.
 #pragma once
 
-#include "views/shared/ViewEnvironment.h"
+#include "views/app/SettingsEnvironment.h"
 
 #include <QWidget>
 
@@ -22,7 +22,7 @@ class SettingsView : public QWidget {
 public:
     enum class Page { general, updates, about };
 
-    explicit SettingsView(const ViewEnvironment& environment, QWidget* parent = nullptr);
+    explicit SettingsView(const SettingsEnvironment& environment, QWidget* parent = nullptr);
 
     [[nodiscard]] Page page() const;
     void showPage(Page page);
@@ -33,7 +33,7 @@ protected:
 private:
     void addPage(const QString& symbolName, TextKey<> label, QWidget* content);
 
-    ViewEnvironment m_environment;
+    SettingsEnvironment m_environment;
     SettingsTabBar* m_tabs;
     QStackedWidget* m_pages;
 };

@@ -3,6 +3,8 @@
 #include "views/app/UpdateSettingsView.h"
 
 #include "preferences/AppConfiguration.h"
+#include "preferences/AppPreferences.h"
+#include "services/update/UpdateController.h"
 #include "views/app/PreferenceSwitch.h"
 #include "views/app/SettingsCard.h"
 #include "views/app/SymbolLabel.h"
@@ -23,14 +25,14 @@ constexpr int noteInset = 17;
 
 } // namespace
 
-UpdateSettingsView::UpdateSettingsView(const ViewEnvironment& environment, QWidget* parent)
+UpdateSettingsView::UpdateSettingsView(const SettingsEnvironment& environment, QWidget* parent)
     : QWidget(parent), m_environment(environment)
 {
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins({});
     column->setSpacing(updateCardGap);
     column->addWidget(buildChecks());
-    if (!environment.dependencies.updateController().isConfigured())
+    if (!environment.updateController.isConfigured())
         column->addWidget(buildExplanation());
     column->addWidget(buildStatus());
     column->addWidget(buildVersion());
@@ -38,7 +40,7 @@ UpdateSettingsView::UpdateSettingsView(const ViewEnvironment& environment, QWidg
 
 QWidget* UpdateSettingsView::buildChecks()
 {
-    UpdateController* controller = &m_environment.dependencies.updateController();
+    UpdateController* controller = &m_environment.updateController;
     auto* card = new SettingsCard(m_environment.visual);
     Switch* automatic = preferenceSwitch(m_environment, u"Automatically check for updates"_key,
                                          {&AppPreferences::automaticallyCheckForUpdates,
@@ -81,7 +83,7 @@ QWidget* UpdateSettingsView::buildStatus()
     status->setWordWrap(true);
     status->setContentsMargins(noteInset, 0, noteInset, 0);
     const Localization& words = m_environment.words;
-    const UpdateController* controller = &m_environment.dependencies.updateController();
+    const UpdateController* controller = &m_environment.updateController;
     const auto show = [&words, controller, status] {
         status->setText(words.text(controller->statusMessage()));
         status->setVisible(!controller->statusMessage().isEmpty());
@@ -96,9 +98,8 @@ QWidget* UpdateSettingsView::buildVersion()
     auto* card = new SettingsCard(m_environment.visual);
     auto* label = new TextLabel(m_environment.visual, {});
     m_environment.words.renderText(label, u"Version"_key);
-    auto* value =
-        new TextLabel(m_environment.visual, versionText(m_environment.dependencies.configuration()),
-                      TextRole::body, ColorToken::labelSecondary);
+    auto* value = new TextLabel(m_environment.visual, versionText(m_environment.configuration),
+                                TextRole::body, ColorToken::labelSecondary);
     QHBoxLayout* row = card->addRow();
     row->addWidget(label, 1);
     row->addWidget(value);

@@ -3,7 +3,7 @@
 // The page of the settings about software updates. Main thread.
 #pragma once
 
-#include "views/shared/ViewEnvironment.h"
+#include "views/app/SettingsEnvironment.h"
 
 #include <QWidget>
 
@@ -13,7 +13,7 @@ class UpdateSettingsView : public QWidget {
     Q_OBJECT
 
 public:
-    explicit UpdateSettingsView(const ViewEnvironment& environment, QWidget* parent = nullptr);
+    explicit UpdateSettingsView(const SettingsEnvironment& environment, QWidget* parent = nullptr);
 
 private:
     QWidget* buildChecks();
@@ -21,7 +21,7 @@ private:
     QWidget* buildStatus();
     QWidget* buildVersion();
 
-    ViewEnvironment m_environment;
+    SettingsEnvironment m_environment;
 };
 
 } // namespace trovell

@@ -31,11 +31,6 @@ using Phase = UpdateState::Phase;
 
 } // namespace
 
-UpdateView::UpdateView(const ViewEnvironment& environment, QWidget* parent)
-    : UpdateView(environment, *environment.dependencies.updateController().controller(), parent)
-{
-}
-
 UpdateView::UpdateView(const ViewEnvironment& environment, Updater& updater, QWidget* parent)
     : QWidget(parent), m_environment(environment), m_updater(updater),
       m_title(new TextLabel(environment.visual, {}, TextRole::title3)),

@@ -26,8 +26,6 @@ class UpdateView : public QWidget {
     Q_OBJECT
 
 public:
-    /// Over the environment's updater: updates are configured.
-    explicit UpdateView(const ViewEnvironment& environment, QWidget* parent = nullptr);
     /// `updater` outlives the view.
     UpdateView(const ViewEnvironment& environment, Updater& updater, QWidget* parent = nullptr);
 

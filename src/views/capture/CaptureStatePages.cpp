@@ -7,6 +7,7 @@
 #include "views/style/PushButton.h"
 #include "views/style/SymbolView.h"
 #include "views/style/TextLabel.h"
+#include "windows/AccessibilityPermissionManager.h"
 
 #include <QVBoxLayout>
 
@@ -92,6 +93,7 @@ CaptureProgressPage::CaptureProgressPage(const ViewEnvironment& environment)
 }
 
 CapturePermissionPage::CapturePermissionPage(const ViewEnvironment& environment,
+                                             AccessibilityPermissionManager& accessibility,
                                              bool offersAppsOnly)
     : CaptureStatePage(environment)
 {
@@ -101,7 +103,7 @@ CapturePermissionPage::CapturePermissionPage(const ViewEnvironment& environment,
     words.renderText(
         addText(textGap),
         u"Apps can still be saved as launch items, but Accessibility access is required to capture their exact window positions and sizes."_key);
-    addButtons();
+    addButtons(accessibility);
     if (offersAppsOnly) {
         auto* link = new LinkButton(environment.visual, {});
         words.renderText(link, u"Continue with Apps Only"_key);
@@ -112,10 +114,9 @@ CapturePermissionPage::CapturePermissionPage(const ViewEnvironment& environment,
     addNote();
 }
 
-void CapturePermissionPage::addButtons()
+void CapturePermissionPage::addButtons(AccessibilityPermissionManager& accessibility)
 {
     const VisualStyle& visual = environment().visual;
-    AccessibilityPermissionManager& accessibility = environment().dependencies.accessibility();
     auto* request = new PushButton(visual, {}, PushButton::Kind::prominent);
     auto* settings = new PushButton(visual, {});
     environment().words.renderText(request, u"Request Access"_key);

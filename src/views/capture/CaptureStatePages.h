@@ -13,7 +13,7 @@ class QVBoxLayout;
 
 namespace trovell {
 
-class PushButton;
+class AccessibilityPermissionManager;
 class TextLabel;
 
 class CaptureStatePage : public QWidget {
@@ -53,13 +53,14 @@ class CapturePermissionPage : public CaptureStatePage {
 
 public:
     /// `offersAppsOnly`: the user may go on without.
-    CapturePermissionPage(const ViewEnvironment& environment, bool offersAppsOnly);
+    CapturePermissionPage(const ViewEnvironment& environment,
+                          AccessibilityPermissionManager& accessibility, bool offersAppsOnly);
 
 Q_SIGNALS:
     void continueWithAppsOnly();
 
 private:
-    void addButtons();
+    void addButtons(AccessibilityPermissionManager& accessibility);
     void addNote();
 };
 

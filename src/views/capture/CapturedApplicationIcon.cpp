@@ -4,7 +4,6 @@
 
 #include "views/shared/ApplicationIcons.h"
 #include "views/shared/ViewEnvironment.h"
-#include "windows/CapturedApplication.h"
 
 #include <QPainter>
 #include <QStyle>
@@ -15,21 +14,11 @@ namespace {
 
 constexpr int iconSize = 24;
 
-QString applicationPath(const CapturedApplication& application, const ResourceSystem& resources)
-{
-    const QUrl url(application.applicationURLString.value_or(QString()), QUrl::StrictMode);
-    if (url.isValid())
-        return url.toLocalFile();
-    const auto found = resources.applicationURL(application.bundleIdentifier);
-    return found ? found->toLocalFile() : QString();
-}
-
 } // namespace
 
 CapturedApplicationIcon::CapturedApplicationIcon(const ViewEnvironment& environment,
                                                  const CapturedApplication& application)
-    : m_icons(environment.icons),
-      m_applicationPath(applicationPath(application, environment.dependencies.resources()))
+    : m_icons(environment.icons), m_applicationPath(m_icons.pathOf(application))
 {
     setFixedSize(iconSize, iconSize);
     connect(&m_icons, &ApplicationIcons::loaded, this, [this](const QString& path) {

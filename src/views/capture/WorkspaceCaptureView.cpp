@@ -2,13 +2,18 @@
 
 #include "views/capture/WorkspaceCaptureView.h"
 
+#include "launch/ResourceSystem.h"
+#include "model/StoreContext.h"
 #include "model/TrovellWorkspace.h"
 #include "views/capture/CaptureContents.h"
 #include "views/capture/CaptureStatePages.h"
+#include "views/shared/SheetParts.h"
 #include "views/shared/WorkspaceAlert.h"
 #include "views/style/PushButton.h"
 #include "views/style/SymbolView.h"
 #include "views/style/TextLabel.h"
+#include "windows/AccessibilityPermissionManager.h"
+#include "windows/WindowCaptureService.h"
 
 #include <QVBoxLayout>
 
@@ -28,9 +33,6 @@ constexpr int tileSymbolSize = 24;
 constexpr int headerGap = 14;
 // The titles leave room for the cross in the corner.
 constexpr int headerTrailingMargin = 60;
-constexpr int footerHeight = 64;
-constexpr int footerMargin = 8;
-constexpr int buttonGap = 10;
 
 Message notice(CapturePurpose purpose, const QString& name)
 {
@@ -47,7 +49,7 @@ Message notice(CapturePurpose purpose, const QString& name)
 
 } // namespace
 
-WorkspaceCaptureView::WorkspaceCaptureView(const ViewEnvironment& environment,
+WorkspaceCaptureView::WorkspaceCaptureView(const EditingEnvironment& environment,
                                            CapturePurpose purpose,
                                            TrovellWorkspace* workspaceOrNull, QWidget* window)
     : Sheet(environment.visual, window, {}), m_environment(environment), m_purpose(purpose),
@@ -64,13 +66,12 @@ WorkspaceCaptureView::WorkspaceCaptureView(const ViewEnvironment& environment,
     setBoxSize(boxSize);
     setLoadState({});
     environment.words.render(this, [this] {
-        setWindowTitle(shownTitle());
-        setAccessibleName(shownTitle());
+        setTitle(*this, shownTitle());
         showCloseButtonWhereNeeded();
         showSummary();
     });
-    connect(&environment.dependencies.accessibility(),
-            &AccessibilityPermissionManager::isTrustedChanged, this, [this](bool isTrusted) {
+    connect(&environment.accessibility, &AccessibilityPermissionManager::isTrustedChanged, this,
+            [this](bool isTrusted) {
                 if (isTrusted && isVisible())
                     loadCapture();
             });
@@ -114,25 +115,13 @@ QWidget* WorkspaceCaptureView::makeHeader()
 QWidget* WorkspaceCaptureView::makeFooter()
 {
     const VisualStyle& visual = m_environment.visual;
-    const Localization& words = m_environment.words;
-    auto* footer = new QWidget;
-    footer->setMinimumHeight(footerHeight);
     m_summary = new TextLabel(visual, {}, TextRole::body, ColorToken::labelSecondary);
-    m_summary->setWordWrap(true);
-    auto* cancelButton = new PushButton(visual, {});
-    words.renderText(cancelButton, u"Cancel"_key);
-    connect(cancelButton, &QAbstractButton::clicked, this, &Sheet::cancel);
     m_saveButton = new PushButton(visual, {}, PushButton::Kind::prominent);
-    words.renderText(m_saveButton, m_purpose == CapturePurpose::update ? u"Save Layout"_key
-                                                                       : u"Save Workspace"_key);
+    m_environment.words.renderText(m_saveButton, m_purpose == CapturePurpose::update
+                                                     ? u"Save Layout"_key
+                                                     : u"Save Workspace"_key);
     connect(m_saveButton, &QAbstractButton::clicked, this, &WorkspaceCaptureView::saveCapture);
-    auto* row = new QHBoxLayout(footer);
-    row->setContentsMargins(sheetPadding, footerMargin, sheetPadding, footerMargin);
-    row->setSpacing(buttonGap);
-    row->addWidget(m_summary, 1);
-    row->addWidget(cancelButton);
-    row->addWidget(m_saveButton);
-    return footer;
+    return makeSheetFooter(m_environment, *this, m_summary, m_saveButton);
 }
 
 QString WorkspaceCaptureView::shownTitle() const
@@ -166,7 +155,7 @@ QString WorkspaceCaptureView::shownSubtitle() const
 void WorkspaceCaptureView::loadCapture()
 {
     const int load = ++m_loadCount;
-    AccessibilityPermissionManager& accessibility = m_environment.dependencies.accessibility();
+    AccessibilityPermissionManager& accessibility = m_environment.accessibility;
     accessibility.refresh();
     // Finding access granted, the refresh has started a capture already.
     if (load != m_loadCount)
@@ -183,7 +172,7 @@ QCoro::Task<> WorkspaceCaptureView::capture(int load)
 {
     const QPointer<WorkspaceCaptureView> self(this);
     const auto filter = captureFilter(m_purpose, m_workspace);
-    auto reading = m_environment.dependencies.windowCapture().captureApplications(
+    auto reading = m_environment.windowCapture.captureApplications(
         filter, m_purpose == CapturePurpose::update);
     const WindowCaptureService::Capture captured = co_await reading;
     if (!self || load != m_loadCount)
@@ -211,7 +200,7 @@ void WorkspaceCaptureView::showCapture(const QList<CapturedApplication>& applica
 QCoro::Task<> WorkspaceCaptureView::continueWithAppsOnly(int load)
 {
     const QPointer<WorkspaceCaptureView> self(this);
-    auto listing = m_environment.dependencies.windowCapture().runningApplications();
+    auto listing = m_environment.windowCapture.runningApplications();
     const QList<CapturedApplication> applications = co_await listing;
     if (!self || load != m_loadCount)
         co_return;
@@ -247,7 +236,7 @@ QWidget* WorkspaceCaptureView::makePage()
     case CaptureLoadState::Kind::failed:
         return makeFailurePage();
     case CaptureLoadState::Kind::idle:
-        if (!m_environment.dependencies.accessibility().isTrusted())
+        if (!m_environment.accessibility.isTrusted())
             return makePermissionPage();
         break;
     case CaptureLoadState::Kind::loading:
@@ -267,7 +256,8 @@ QWidget* WorkspaceCaptureView::makeLoadedPage()
 
 QWidget* WorkspaceCaptureView::makePermissionPage()
 {
-    auto* page = new CapturePermissionPage(m_environment, m_purpose == CapturePurpose::create);
+    auto* page = new CapturePermissionPage(m_environment, m_environment.accessibility,
+                                           m_purpose == CapturePurpose::create);
     connect(page, &CapturePermissionPage::continueWithAppsOnly, this,
             [this] { continueWithAppsOnly(++m_loadCount); });
     setDefaultButton(page->defaultButton());
@@ -323,9 +313,8 @@ void WorkspaceCaptureView::showSummary()
 
 void WorkspaceCaptureView::saveCapture()
 {
-    const auto workspace =
-        trovell::saveCapture(m_purpose, m_draft, m_workspace, m_environment.context,
-                             m_environment.dependencies.resources());
+    const auto workspace = trovell::saveCapture(m_purpose, m_draft, m_workspace,
+                                                m_environment.context, m_environment.resources);
     if (!workspace) {
         showWorkspaceAlert(m_environment, this, description(workspace.error()));
         return;

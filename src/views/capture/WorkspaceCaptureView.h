@@ -4,7 +4,7 @@
 #pragma once
 
 #include "editing/CaptureDraft.h"
-#include "views/shared/ViewEnvironment.h"
+#include "views/shared/EditingEnvironment.h"
 #include "views/style/Sheet.h"
 
 #include <QCoro/QCoroTask>
@@ -38,7 +38,7 @@ class WorkspaceCaptureView : public Sheet {
 public:
     /// `workspaceOrNull` is the one to update or to start from; null for `create`. It may be
     /// deleted while the sheet is open. `window` is any widget of the window to cover.
-    WorkspaceCaptureView(const ViewEnvironment& environment, CapturePurpose purpose,
+    WorkspaceCaptureView(const EditingEnvironment& environment, CapturePurpose purpose,
                          TrovellWorkspace* workspaceOrNull, QWidget* window);
 
     void open() override;
@@ -71,7 +71,7 @@ private:
     void showSummary();
     void saveCapture();
 
-    const ViewEnvironment m_environment;
+    const EditingEnvironment m_environment;
     const CapturePurpose m_purpose;
     QPointer<TrovellWorkspace> m_workspace;
     /// As it was when the sheet was made.

@@ -6,6 +6,7 @@
 #include "views/style/PushButton.h"
 #include "views/style/SymbolView.h"
 #include "views/style/TextLabel.h"
+#include "windows/AccessibilityPermissionManager.h"
 
 #include <QHBoxLayout>
 
@@ -13,8 +14,9 @@ namespace trovell {
 
 using namespace Qt::StringLiterals;
 
-AccessibilityBanner::AccessibilityBanner(const ViewEnvironment& environment, QWidget* parent)
-    : BannerFrame(environment.visual, Kind::warning, parent), m_environment(environment)
+AccessibilityBanner::AccessibilityBanner(const ViewEnvironment& environment,
+                                         AccessibilityPermissionManager& accessibility)
+    : BannerFrame(environment.visual, Kind::warning), m_environment(environment)
 {
     setVisible(false);
     const VisualStyle& visual = environment.visual;
@@ -30,7 +32,7 @@ AccessibilityBanner::AccessibilityBanner(const ViewEnvironment& environment, QWi
     texts->addWidget(title);
     texts->addWidget(explanation);
     texts->addSpacing(8);
-    texts->addLayout(buildButtons());
+    texts->addLayout(buildButtons(accessibility));
 
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(17, 15, 17, 15);
@@ -46,11 +48,10 @@ AccessibilityBanner::AccessibilityBanner(const ViewEnvironment& environment, QWi
     });
 }
 
-QLayout* AccessibilityBanner::buildButtons()
+QLayout* AccessibilityBanner::buildButtons(AccessibilityPermissionManager& accessibility)
 {
     constexpr int gap = 8;
     auto* row = new WrappingRow(gap);
-    AccessibilityPermissionManager& accessibility = m_environment.dependencies.accessibility();
     const auto add = [&](TextKey<> key, void (AccessibilityPermissionManager::*action)()) {
         auto* button = new PushButton(m_environment.visual, {}, PushButton::Kind::bordered,
                                       PushButton::Scale::small);

@@ -11,16 +11,19 @@ class QLayout;
 
 namespace trovell {
 
+class AccessibilityPermissionManager;
+
 class AccessibilityBanner : public BannerFrame {
     Q_OBJECT
 
 public:
-    explicit AccessibilityBanner(const ViewEnvironment& environment, QWidget* parent = nullptr);
+    AccessibilityBanner(const ViewEnvironment& environment,
+                        AccessibilityPermissionManager& accessibility);
 
     void setShown(bool isShown);
 
 private:
-    QLayout* buildButtons();
+    QLayout* buildButtons(AccessibilityPermissionManager& accessibility);
 
     ViewEnvironment m_environment;
 };

@@ -35,8 +35,9 @@ WorkspaceDetailHeader::WorkspaceDetailHeader(const ViewEnvironment& environment,
     layout->addWidget(m_menuButton);
     buildMenu();
     connect(m_saveLayout, &QAbstractButton::clicked, this,
-            &WorkspaceDetailHeader::updateLayoutRequested);
-    connect(m_start, &QAbstractButton::clicked, this, &WorkspaceDetailHeader::startRequested);
+            [this] { Q_EMIT chosen(WorkspaceAction::updateLayout); });
+    connect(m_start, &QAbstractButton::clicked, this,
+            [this] { Q_EMIT chosen(WorkspaceAction::start); });
     environment.words.render(this, [this] { showTexts(); });
 }
 
@@ -55,26 +56,24 @@ QWidget* WorkspaceDetailHeader::buildTexts()
 
 void WorkspaceDetailHeader::buildMenu()
 {
-    using Header = WorkspaceDetailHeader;
     auto* menu = new PopupMenu(m_environment.visual, this);
-    addMenuAction(*menu, u"Edit Workspace"_key, &Header::editRequested);
-    addMenuAction(*menu, u"Save as New Workspace"_key, &Header::saveAsNewRequested);
-    addMenuAction(*menu, u"Duplicate Workspace"_key, &Header::duplicateRequested);
-    addMenuAction(*menu, u"Rename"_key, &Header::renameRequested);
-    addMenuAction(*menu, u"Clear Saved Layout"_key, &Header::clearLayoutRequested);
-    m_clearLayout = menu->actions().last();
+    addMenuAction(*menu, u"Edit Workspace"_key, WorkspaceAction::edit);
+    addMenuAction(*menu, u"Save as New Workspace"_key, WorkspaceAction::saveAsNew);
+    addMenuAction(*menu, u"Duplicate Workspace"_key, WorkspaceAction::duplicate);
+    addMenuAction(*menu, u"Rename"_key, WorkspaceAction::rename);
+    m_clearLayout = addMenuAction(*menu, u"Clear Saved Layout"_key, WorkspaceAction::clearLayout);
     menu->addSeparator();
-    addMenuAction(*menu, u"Delete Workspace"_key, &Header::deleteRequested);
-    setDestructive(*menu->actions().last(), true);
+    setDestructive(*addMenuAction(*menu, u"Delete Workspace"_key, WorkspaceAction::remove), true);
     m_menuButton->setMenu(menu, Qt::AlignRight);
 }
 
-void WorkspaceDetailHeader::addMenuAction(PopupMenu& menu, TextKey<> key,
-                                          void (WorkspaceDetailHeader::*request)())
+QAction* WorkspaceDetailHeader::addMenuAction(PopupMenu& menu, TextKey<> key,
+                                              WorkspaceAction action)
 {
-    QAction* const action = menu.addAction(QString());
-    m_environment.words.renderText(action, key);
-    connect(action, &QAction::triggered, this, request);
+    QAction* const entry = menu.addAction(QString());
+    m_environment.words.renderText(entry, key);
+    connect(entry, &QAction::triggered, this, [this, action] { Q_EMIT chosen(action); });
+    return entry;
 }
 
 void WorkspaceDetailHeader::showWorkspace(const TrovellWorkspace& workspace)

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "views/shared/ViewEnvironment.h"
+#include "views/shared/WorkspaceAction.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -31,19 +32,12 @@ public:
     void setTrusted(bool isTrusted);
 
 Q_SIGNALS:
-    void updateLayoutRequested();
-    void startRequested();
-    void editRequested();
-    void saveAsNewRequested();
-    void duplicateRequested();
-    void renameRequested();
-    void clearLayoutRequested();
-    void deleteRequested();
+    void chosen(trovell::WorkspaceAction action);
 
 private:
     QWidget* buildTexts();
     void buildMenu();
-    void addMenuAction(PopupMenu& menu, TextKey<> key, void (WorkspaceDetailHeader::*request)());
+    QAction* addMenuAction(PopupMenu& menu, TextKey<> key, WorkspaceAction action);
     void showTexts();
     void updateStart();
 

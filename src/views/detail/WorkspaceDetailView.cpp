@@ -3,6 +3,7 @@
 #include "views/detail/WorkspaceDetailView.h"
 
 #include "editing/WorkspaceStart.h"
+#include "launch/WorkspaceLauncher.h"
 #include "model/TrovellWorkspace.h"
 #include "views/detail/AccessibilityBanner.h"
 #include "views/detail/LaunchReportBanner.h"
@@ -12,6 +13,7 @@
 #include "views/detail/WorkspaceNoticeBanner.h"
 #include "views/style/Divider.h"
 #include "views/style/ScrollArea.h"
+#include "windows/AccessibilityPermissionManager.h"
 
 #include <QGuiApplication>
 #include <QScrollBar>
@@ -33,12 +35,12 @@ constexpr int widestPreview = 400;
 
 } // namespace
 
-WorkspaceDetailView::WorkspaceDetailView(const ViewEnvironment& environment, QWidget* parent)
+WorkspaceDetailView::WorkspaceDetailView(const DetailEnvironment& environment, QWidget* parent)
     : QWidget(parent), m_environment(environment), m_scrollArea(new ScrollArea),
       m_header(new WorkspaceDetailHeader(environment)),
       m_noticeBanner(new WorkspaceNoticeBanner(environment)),
       m_reportBanner(new LaunchReportBanner(environment)),
-      m_accessibilityBanner(new AccessibilityBanner(environment)),
+      m_accessibilityBanner(new AccessibilityBanner(environment, environment.accessibility)),
       m_items(new WorkspaceItemsCard(environment)), m_preview(new LayoutPreview(environment))
 {
     m_scrollArea->setContent(buildColumn());
@@ -75,25 +77,17 @@ QWidget* WorkspaceDetailView::buildColumn()
 
 void WorkspaceDetailView::connectActions()
 {
-    using View = WorkspaceDetailView;
-    using Header = WorkspaceDetailHeader;
-    connect(m_header, &Header::startRequested, this, &View::start);
-    connect(m_header, &Header::updateLayoutRequested, this, &View::updateLayoutRequested);
-    connect(m_header, &Header::editRequested, this, &View::editRequested);
-    connect(m_header, &Header::saveAsNewRequested, this, &View::saveAsNewRequested);
-    connect(m_header, &Header::duplicateRequested, this, &View::duplicateRequested);
-    connect(m_header, &Header::renameRequested, this, &View::renameRequested);
-    connect(m_header, &Header::clearLayoutRequested, this, &View::clearLayoutRequested);
-    connect(m_header, &Header::deleteRequested, this, &View::deleteRequested);
-    connect(m_items, &WorkspaceItemsCard::editRequested, this, &View::editRequested);
-    connect(m_noticeBanner, &WorkspaceNoticeBanner::dismissed, this, &View::noticeDismissed);
+    connect(m_header, &WorkspaceDetailHeader::chosen, this, &WorkspaceDetailView::choose);
+    connect(m_items, &WorkspaceItemsCard::editRequested, this,
+            [this] { Q_EMIT chosen(WorkspaceAction::edit); });
+    connect(m_noticeBanner, &WorkspaceNoticeBanner::dismissed, this,
+            &WorkspaceDetailView::noticeDismissed);
 }
 
 void WorkspaceDetailView::followServices()
 {
-    const WorkspaceLauncher& launcher = m_environment.dependencies.launcher();
-    const AccessibilityPermissionManager& accessibility =
-        m_environment.dependencies.accessibility();
+    const WorkspaceLauncher& launcher = m_environment.launcher;
+    const AccessibilityPermissionManager& accessibility = m_environment.accessibility;
     m_header->setLaunching(launcher.isLaunching());
     m_header->setTrusted(accessibility.isTrusted());
     connect(&launcher, &WorkspaceLauncher::isLaunchingChanged, m_header,
@@ -159,21 +153,23 @@ void WorkspaceDetailView::showWorkspace()
 
 void WorkspaceDetailView::showReport()
 {
-    const WorkspaceLauncher& launcher = m_environment.dependencies.launcher();
+    const WorkspaceLauncher& launcher = m_environment.launcher;
     const bool isAboutThis = m_workspace && launcher.latestWorkspaceID() == m_workspace->id();
     m_reportBanner->setReport(isAboutThis ? launcher.latestReport() : std::nullopt);
 }
 
 void WorkspaceDetailView::showPermission()
 {
-    const bool isTrusted = m_environment.dependencies.accessibility().isTrusted();
+    const bool isTrusted = m_environment.accessibility.isTrusted();
     m_accessibilityBanner->setShown(!isTrusted && m_workspace && m_workspace->placementCount() > 0);
 }
 
-void WorkspaceDetailView::start()
+void WorkspaceDetailView::choose(WorkspaceAction action)
 {
-    if (m_workspace)
-        m_environment.dependencies.startWorkspace()(*m_workspace);
+    if (action != WorkspaceAction::start)
+        Q_EMIT chosen(action);
+    else if (m_workspace)
+        m_environment.startWorkspace(*m_workspace);
 }
 
 void WorkspaceDetailView::showEvent(QShowEvent* event)

@@ -5,7 +5,8 @@
 // Main thread.
 #pragma once
 
-#include "views/shared/ViewEnvironment.h"
+#include "views/detail/DetailEnvironment.h"
+#include "views/shared/WorkspaceAction.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -27,7 +28,7 @@ class WorkspaceDetailView : public QWidget {
     Q_OBJECT
 
 public:
-    explicit WorkspaceDetailView(const ViewEnvironment& environment, QWidget* parent = nullptr);
+    explicit WorkspaceDetailView(const DetailEnvironment& environment, QWidget* parent = nullptr);
 
     /// May be null, which shows nothing. Follows the workspace, and shows nothing once it is gone.
     void setWorkspace(TrovellWorkspace* workspace);
@@ -40,13 +41,8 @@ public:
 
 Q_SIGNALS:
     void noticeDismissed();
-    void editRequested();
-    void updateLayoutRequested();
-    void saveAsNewRequested();
-    void duplicateRequested();
-    void renameRequested();
-    void clearLayoutRequested();
-    void deleteRequested();
+    /// All but starting, which the view does itself.
+    void chosen(trovell::WorkspaceAction action);
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -59,9 +55,9 @@ private:
     void showWorkspace();
     void showReport();
     void showPermission();
-    void start();
+    void choose(WorkspaceAction action);
 
-    ViewEnvironment m_environment;
+    DetailEnvironment m_environment;
     QPointer<TrovellWorkspace> m_workspace;
     bool m_isShowingScheduled = false;
 

@@ -3,16 +3,13 @@
 // The small sheet in which the address of a web link is typed. Main thread.
 #pragma once
 
-#include "views/shared/ViewEnvironment.h"
-#include "views/style/Sheet.h"
+#include "views/shared/TextSheet.h"
 
 #include <QUrl>
 
 namespace trovell {
 
-class TextField;
-
-class AddWebLinkView : public Sheet {
+class AddWebLinkView : public TextSheet {
     Q_OBJECT
 
 public:
@@ -25,12 +22,7 @@ Q_SIGNALS:
     void added(const QUrl& url);
 
 private:
-    QWidget* makeBody(const QString& text);
-    QWidget* makeButtons();
-    void add();
-
-    const ViewEnvironment m_environment;
-    TextField* m_field;
+    void confirm() override;
 };
 
 } // namespace trovell

@@ -2,6 +2,7 @@
 
 #include "views/editor/ApplicationChooser.h"
 
+#include "launch/ResourceSystem.h"
 #include "views/editor/ApplicationList.h"
 #include "views/style/PushButton.h"
 #include "views/style/TextField.h"
@@ -33,7 +34,7 @@ QList<InstalledApplication> listApplications(const ResourceSystem& resources)
 
 } // namespace
 
-ApplicationChooser::ApplicationChooser(const ViewEnvironment& environment,
+ApplicationChooser::ApplicationChooser(const EditingEnvironment& environment,
                                        const OpenPanelRequest& request, QWidget* window)
     : Sheet(environment.visual, window, {}), m_environment(environment), m_request(request),
       m_search(new TextField(environment.visual, {})), m_model(new ApplicationListModel(this)),
@@ -136,8 +137,7 @@ void ApplicationChooser::loadApplications()
         m_model->setApplications(watcher->result());
         search(m_search->text());
     });
-    watcher->setFuture(
-        QtConcurrent::run(&listApplications, std::cref(m_environment.dependencies.resources())));
+    watcher->setFuture(QtConcurrent::run(&listApplications, std::cref(m_environment.resources)));
 }
 
 /// The first match is selected, so that typing and Return is enough.
@@ -176,7 +176,7 @@ bool ApplicationChooser::eventFilter(QObject* watched, QEvent* event)
     return true;
 }
 
-void openApplicationChooser(const ViewEnvironment& environment, const OpenPanelRequest& request,
+void openApplicationChooser(const EditingEnvironment& environment, const OpenPanelRequest& request,
                             QWidget* over, const ChosenURLs& chosen)
 {
     auto* chooser = new ApplicationChooser(environment, request, over);

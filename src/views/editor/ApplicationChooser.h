@@ -22,7 +22,7 @@ class ApplicationChooser : public Sheet {
 
 public:
     /// The applications are listed on a worker and appear when it is done.
-    ApplicationChooser(const ViewEnvironment& environment, const OpenPanelRequest& request,
+    ApplicationChooser(const EditingEnvironment& environment, const OpenPanelRequest& request,
                        QWidget* window);
 
 Q_SIGNALS:
@@ -40,7 +40,7 @@ private:
     void choose(const QList<QUrl>& urls);
     bool eventFilter(QObject* watched, QEvent* event) override;
 
-    const ViewEnvironment m_environment;
+    const EditingEnvironment m_environment;
     const OpenPanelRequest m_request;
     TextField* m_search;
     ApplicationListModel* m_model;
@@ -52,7 +52,7 @@ private:
 };
 
 /// As an `OpenPanel` opens it.
-void openApplicationChooser(const ViewEnvironment& environment, const OpenPanelRequest& request,
+void openApplicationChooser(const EditingEnvironment& environment, const OpenPanelRequest& request,
                             QWidget* over, const ChosenURLs& chosen);
 
 } // namespace trovell

@@ -5,6 +5,7 @@
 #include "editing/CaptureDraft.h"
 #include "views/editor/ReviewApplicationCard.h"
 #include "views/shared/GradualColumn.h"
+#include "views/shared/SheetParts.h"
 #include "views/style/PushButton.h"
 #include "views/style/TextLabel.h"
 
@@ -17,9 +18,6 @@ namespace {
 constexpr QSize reviewBoxSize(640, 600);
 constexpr int padding = 24;
 constexpr int headerMargin = 20;
-constexpr int footerHeight = 64;
-constexpr int footerMargin = 8;
-constexpr int reviewButtonGap = 10;
 
 } // namespace
 
@@ -35,8 +33,7 @@ EditorCaptureReviewView::EditorCaptureReviewView(const ViewEnvironment& environm
     setBoxSize(reviewBoxSize);
     setDefaultButton(m_useButton);
     environment.words.render(this, [this] {
-        setWindowTitle(m_environment.words.text(u"Review Captured Windows"_key));
-        setAccessibleName(windowTitle());
+        setTitle(*this, m_environment.words.text(u"Review Captured Windows"_key));
         showSelectedCount();
     });
 }
@@ -80,24 +77,11 @@ QWidget* EditorCaptureReviewView::makeBody()
 QWidget* EditorCaptureReviewView::makeFooter()
 {
     const VisualStyle& visual = m_environment.visual;
-    const Localization& words = m_environment.words;
-    auto* footer = new QWidget;
-    footer->setMinimumHeight(footerHeight);
     m_selectedCount = new TextLabel(visual, {}, TextRole::body, ColorToken::labelSecondary);
-    m_selectedCount->setWordWrap(true);
-    auto* cancelButton = new PushButton(visual, {});
-    words.renderText(cancelButton, u"Cancel"_key);
-    connect(cancelButton, &QAbstractButton::clicked, this, &Sheet::cancel);
     m_useButton = new PushButton(visual, {}, PushButton::Kind::prominent);
-    words.renderText(m_useButton, u"Use Selected Windows"_key);
+    m_environment.words.renderText(m_useButton, u"Use Selected Windows"_key);
     connect(m_useButton, &QAbstractButton::clicked, this, &EditorCaptureReviewView::useSelection);
-    auto* row = new QHBoxLayout(footer);
-    row->setContentsMargins(padding, footerMargin, padding, footerMargin);
-    row->setSpacing(reviewButtonGap);
-    row->addWidget(m_selectedCount, 1);
-    row->addWidget(cancelButton);
-    row->addWidget(m_useButton);
-    return footer;
+    return makeSheetFooter(m_environment, *this, m_selectedCount, m_useButton);
 }
 
 void EditorCaptureReviewView::showSelectedCount()

@@ -11,6 +11,7 @@
 #include <QGraphicsOpacityEffect>
 #include <QScrollArea>
 #include <QShortcut>
+#include <QTimer>
 #include <QTimerEvent>
 
 namespace trovell {

@@ -2,6 +2,7 @@
 
 #include "views/editor/EditorItemsSection.h"
 
+#include "launch/ResourceSystem.h"
 #include "views/editor/AddWebLinkView.h"
 #include "views/style/PopupMenu.h"
 #include "views/style/PushButton.h"
@@ -21,7 +22,7 @@ constexpr int cardGap = 10;
 
 } // namespace
 
-EditorItemsSection::EditorItemsSection(const ViewEnvironment& environment,
+EditorItemsSection::EditorItemsSection(const EditingEnvironment& environment,
                                        const QList<EditableWorkspaceItem>& items,
                                        OpenPanel openPanel, QWidget* parent)
     : QWidget(parent), m_environment(environment), m_openPanel(std::move(openPanel)),
@@ -107,8 +108,7 @@ void EditorItemsSection::addWebLink()
             [this](const QString& text) { m_webLinkText = text; });
     connect(sheet, &AddWebLinkView::added, this, [this](const QUrl& url) {
         m_webLinkText.clear();
-        m_list->append({editableItem(url, WorkspaceItemType::webLink,
-                                     m_environment.dependencies.resources())});
+        m_list->append({editableItem(url, WorkspaceItemType::webLink, m_environment.resources)});
     });
     sheet->open();
 }
@@ -146,8 +146,8 @@ void EditorItemsSection::look(const QList<QUrl>& urls, WorkspaceItemType type, c
             Q_EMIT addingFinished();
     });
     m_pendingCount += 1;
-    watcher->setFuture(QtConcurrent::run(&editableItems, urls, type,
-                                         std::cref(m_environment.dependencies.resources())));
+    watcher->setFuture(
+        QtConcurrent::run(&editableItems, urls, type, std::cref(m_environment.resources)));
 }
 
 } // namespace trovell

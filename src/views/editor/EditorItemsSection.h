@@ -16,7 +16,7 @@ class EditorItemsSection : public QWidget {
     Q_OBJECT
 
 public:
-    EditorItemsSection(const ViewEnvironment& environment,
+    EditorItemsSection(const EditingEnvironment& environment,
                        const QList<EditableWorkspaceItem>& items, OpenPanel openPanel,
                        QWidget* parent = nullptr);
 
@@ -40,7 +40,7 @@ private:
     /// Looks at the resources on a worker.
     void look(const QList<QUrl>& urls, WorkspaceItemType type, const Use& use);
 
-    const ViewEnvironment m_environment;
+    const EditingEnvironment m_environment;
     const OpenPanel m_openPanel;
     PushButton* m_addButton;
     TrovellCardModifier* m_card;

@@ -9,6 +9,8 @@
 #include "views/style/PushButton.h"
 #include "views/style/SymbolView.h"
 #include "views/style/TextLabel.h"
+#include "windows/AccessibilityPermissionManager.h"
+#include "windows/WindowCaptureService.h"
 
 #include <QVBoxLayout>
 
@@ -26,7 +28,7 @@ constexpr int lockGap = 8;
 
 } // namespace
 
-EditorLayoutSection::EditorLayoutSection(const ViewEnvironment& environment,
+EditorLayoutSection::EditorLayoutSection(const EditingEnvironment& environment,
                                          TrovellWorkspace* workspaceOrNull, QWidget* parent)
     : QWidget(parent), m_environment(environment), m_workspace(workspaceOrNull),
       m_capture(new PushButton(environment.visual, {})),
@@ -41,8 +43,7 @@ EditorLayoutSection::EditorLayoutSection(const ViewEnvironment& environment,
     column->addWidget(m_notice);
     connect(m_capture, &QAbstractButton::clicked, this, &EditorLayoutSection::captureIfTrusted);
     connect(m_clear, &QAbstractButton::clicked, this, &EditorLayoutSection::clear);
-    connect(&environment.dependencies.accessibility(),
-            &AccessibilityPermissionManager::isTrustedChanged, this,
+    connect(&environment.accessibility, &AccessibilityPermissionManager::isTrustedChanged, this,
             &EditorLayoutSection::showState);
     environment.words.renderText(m_capture, u"Capture Current Layout"_key);
     environment.words.renderText(m_clear, u"Clear"_key);
@@ -77,7 +78,7 @@ QWidget* EditorLayoutSection::makeNotice()
                                     PushButton::Scale::small);
     m_environment.words.renderText(settings, u"Open Settings"_key);
     connect(settings, &QAbstractButton::clicked, this,
-            [this] { m_environment.dependencies.accessibility().openSystemSettings(); });
+            [this] { m_environment.accessibility.openSystemSettings(); });
     auto* row = new QHBoxLayout;
     row->setSpacing(lockGap);
     row->addWidget(
@@ -94,7 +95,7 @@ QWidget* EditorLayoutSection::makeNotice()
 
 void EditorLayoutSection::captureIfTrusted()
 {
-    AccessibilityPermissionManager& accessibility = m_environment.dependencies.accessibility();
+    AccessibilityPermissionManager& accessibility = m_environment.accessibility;
     accessibility.refresh();
     if (accessibility.isTrusted())
         capture();
@@ -107,8 +108,7 @@ QCoro::Task<> EditorLayoutSection::capture()
 {
     const QPointer<EditorLayoutSection> self(this);
     m_capture->setEnabled(false);
-    const auto reading =
-        m_environment.dependencies.windowCapture().captureApplications(std::nullopt, false);
+    const auto reading = m_environment.windowCapture.captureApplications(std::nullopt, false);
     const WindowCaptureService::Capture captured = co_await reading;
     if (!self)
         co_return;
@@ -152,7 +152,7 @@ void EditorLayoutSection::setChange(LayoutChange change)
 
 void EditorLayoutSection::showState()
 {
-    const bool isTrusted = m_environment.dependencies.accessibility().isTrusted();
+    const bool isTrusted = m_environment.accessibility.isTrusted();
     const Localization& words = m_environment.words;
     const QString help = isTrusted ? words.text(u"Review currently open app windows"_key)
                                    : words.text(u"Accessibility access is required"_key);

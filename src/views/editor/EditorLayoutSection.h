@@ -5,7 +5,7 @@
 #pragma once
 
 #include "editing/WorkspaceEdits.h"
-#include "views/shared/ViewEnvironment.h"
+#include "views/shared/EditingEnvironment.h"
 
 #include <QCoro/QCoroTask>
 #include <QPointer>
@@ -21,7 +21,7 @@ class EditorLayoutSection : public QWidget {
 
 public:
     /// Null for a workspace that is yet to be made.
-    EditorLayoutSection(const ViewEnvironment& environment, TrovellWorkspace* workspaceOrNull,
+    EditorLayoutSection(const EditingEnvironment& environment, TrovellWorkspace* workspaceOrNull,
                         QWidget* parent = nullptr);
 
     [[nodiscard]] LayoutChange layoutChange() const { return m_change; }
@@ -45,7 +45,7 @@ private:
     void showState();
     [[nodiscard]] QString status() const;
 
-    const ViewEnvironment m_environment;
+    const EditingEnvironment m_environment;
     const QPointer<TrovellWorkspace> m_workspace;
     LayoutChange m_change = LayoutChange::none;
     QList<CapturedApplication> m_capturedApplications;

@@ -61,7 +61,7 @@ void setUpFolders(QFileDialog& dialog, bool allowsMultiple)
 
 } // namespace
 
-OpenPanel desktopOpenPanel(const ViewEnvironment& environment)
+OpenPanel desktopOpenPanel(const EditingEnvironment& environment)
 {
     return [environment](const OpenPanelRequest& request, QWidget* over, const ChosenURLs& chosen) {
         if (request.type == WorkspaceItemType::application)

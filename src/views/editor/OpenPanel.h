@@ -4,7 +4,7 @@
 #pragma once
 
 #include "model/WorkspaceItemType.h"
-#include "views/shared/ViewEnvironment.h"
+#include "views/shared/EditingEnvironment.h"
 
 #include <QList>
 #include <QUrl>
@@ -30,7 +30,7 @@ using OpenPanel =
     std::function<void(const OpenPanelRequest&, QWidget* over, const ChosenURLs& chosen)>;
 
 /// The list of the installed applications, or the desktop's file dialog.
-[[nodiscard]] OpenPanel desktopOpenPanel(const ViewEnvironment& environment);
+[[nodiscard]] OpenPanel desktopOpenPanel(const EditingEnvironment& environment);
 
 /// The file dialog alone, for applications as well.
 void openFilePanel(const Localization& words, const OpenPanelRequest& request, QWidget* over,

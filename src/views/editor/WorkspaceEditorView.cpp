@@ -2,9 +2,11 @@
 
 #include "views/editor/WorkspaceEditorView.h"
 
+#include "model/StoreContext.h"
 #include "model/TrovellWorkspace.h"
 #include "views/editor/EditorItemsSection.h"
 #include "views/editor/EditorLayoutSection.h"
+#include "views/shared/SheetParts.h"
 #include "views/shared/WorkspaceAlert.h"
 #include "views/shared/WorkspaceChoiceControls.h"
 #include "views/style/ChoiceRow.h"
@@ -60,7 +62,7 @@ TextLabel* makeRowLabel(const ViewEnvironment& environment, TextKey<> key)
 
 } // namespace
 
-WorkspaceEditorView::WorkspaceEditorView(const ViewEnvironment& environment,
+WorkspaceEditorView::WorkspaceEditorView(const EditingEnvironment& environment,
                                          TrovellWorkspace* workspaceOrNull, QWidget* window,
                                          OpenPanel openPanel)
     : Sheet(environment.visual, window, {}), m_environment(environment), m_target(workspaceOrNull),
@@ -99,12 +101,9 @@ QWidget* WorkspaceEditorView::makeHeader()
     row->setSpacing(editorButtonGap);
     auto* title = new TextLabel(visual(), {}, TextRole::title2);
     connect(this, &QWidget::windowTitleChanged, title, &QLabel::setText);
-    auto* cancelButton = new PushButton(visual(), {});
-    m_environment.words.renderText(cancelButton, u"Cancel"_key);
     m_environment.words.renderText(m_save, u"Save"_key);
-    connect(cancelButton, &QAbstractButton::clicked, this, &Sheet::cancel);
     row->addWidget(title, 1);
-    row->addWidget(cancelButton);
+    row->addWidget(makeCancelButton(m_environment, *this));
     row->addWidget(m_save);
     return header;
 }
@@ -157,10 +156,8 @@ QWidget* WorkspaceEditorView::makeShortcut()
 void WorkspaceEditorView::showTitle()
 {
     const Localization& words = m_environment.words;
-    const QString title =
-        m_target.isNew ? words.text(u"New Workspace"_key) : words.text(u"Edit Workspace"_key);
-    setWindowTitle(title);
-    setAccessibleName(title);
+    setTitle(*this,
+             m_target.isNew ? words.text(u"New Workspace"_key) : words.text(u"Edit Workspace"_key));
     m_name->setPlaceholderText(words.text(u"Workspace name"_key));
     m_name->setAccessibleName(words.text(u"Workspace name"_key));
 }

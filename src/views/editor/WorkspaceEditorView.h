@@ -7,7 +7,7 @@
 
 #include "editing/WorkspaceEdits.h"
 #include "views/editor/OpenPanel.h"
-#include "views/shared/ViewEnvironment.h"
+#include "views/shared/EditingEnvironment.h"
 #include "views/style/Sheet.h"
 
 namespace trovell {
@@ -25,7 +25,7 @@ public:
     /// `workspaceOrNull` is the one to edit; null makes a new one on save. `window` is any widget
     /// of the window to cover. `openPanel` is the desktop's unless given. Open with `open()`; the
     /// sheet deletes itself after it has closed.
-    WorkspaceEditorView(const ViewEnvironment& environment, TrovellWorkspace* workspaceOrNull,
+    WorkspaceEditorView(const EditingEnvironment& environment, TrovellWorkspace* workspaceOrNull,
                         QWidget* window, OpenPanel openPanel = {});
     ~WorkspaceEditorView() override;
 
@@ -44,7 +44,7 @@ private:
     [[nodiscard]] WorkspaceEdits edits() const;
     void showError(const Message& reason);
 
-    const ViewEnvironment m_environment;
+    const EditingEnvironment m_environment;
     const EditedWorkspace m_target;
     PushButton* m_save;
     TextField* m_name;

@@ -5,6 +5,8 @@
 #include "editing/WorkspaceCommands.h"
 #include "editing/WorkspaceStart.h"
 #include "model/StoreContext.h"
+#include "model/WorkspaceQuery.h"
+#include "services/GlobalHotKeyManager.h"
 #include "views/capture/WorkspaceCaptureView.h"
 #include "views/detail/WorkspaceDetailView.h"
 #include "views/editor/WorkspaceEditorView.h"
@@ -24,7 +26,7 @@ namespace trovell {
 using SheetKind = WorkspaceSheetRequest::Kind;
 using AlertKind = WorkspaceAlertRequest::Kind;
 
-MainWorkspaceView::MainWorkspaceView(const ViewEnvironment& environment, QWidget* parent)
+MainWorkspaceView::MainWorkspaceView(const MainEnvironment& environment, QWidget* parent)
     : QWidget(parent), m_environment(environment), m_sidebar(new WorkspaceSidebar(environment)),
       m_column(new WorkspaceDetailColumn(environment))
 {
@@ -39,7 +41,7 @@ MainWorkspaceView::MainWorkspaceView(const ViewEnvironment& environment, QWidget
 void MainWorkspaceView::connectSidebar()
 {
     connect(m_sidebar, &WorkspaceSidebar::selected, this, &MainWorkspaceView::select);
-    connect(m_sidebar, &WorkspaceSidebar::commandChosen, this, &MainWorkspaceView::runCommand);
+    connect(m_sidebar, &WorkspaceSidebar::chosen, this, &MainWorkspaceView::perform);
     connect(m_sidebar, &WorkspaceSidebar::settingsRequested, this,
             &MainWorkspaceView::settingsRequested);
     connect(m_sidebar, &WorkspaceSidebar::dropped, this,
@@ -59,24 +61,10 @@ void MainWorkspaceView::connectSidebar()
 
 void MainWorkspaceView::connectDetail()
 {
-    using Detail = WorkspaceDetailView;
-    const Detail* detail = m_column->detail();
-    const auto presenting = [this](SheetKind kind) {
-        return [this, kind] { presentSelected(kind); };
-    };
-    connect(detail, &Detail::editRequested, this, presenting(SheetKind::edit));
-    connect(detail, &Detail::updateLayoutRequested, this, presenting(SheetKind::updateLayout));
-    connect(detail, &Detail::saveAsNewRequested, this, presenting(SheetKind::saveAsNew));
-    connect(detail, &Detail::renameRequested, this, presenting(SheetKind::rename));
-    connect(detail, &Detail::duplicateRequested, this, [this] {
-        if (const TrovellWorkspace* workspace = find(m_selection))
-            duplicate(*workspace);
-    });
-    connect(detail, &Detail::clearLayoutRequested, this,
-            [this] { askAboutSelected(AlertKind::clearLayout); });
-    connect(detail, &Detail::deleteRequested, this,
-            [this] { askAboutSelected(AlertKind::deleteWorkspace); });
-    connect(detail, &Detail::noticeDismissed, this, [this] {
+    const WorkspaceDetailView* detail = m_column->detail();
+    connect(detail, &WorkspaceDetailView::chosen, this,
+            [this](WorkspaceAction action) { perform(action, m_selection); });
+    connect(detail, &WorkspaceDetailView::noticeDismissed, this, [this] {
         m_notice.reset();
         refresh();
     });
@@ -109,13 +97,6 @@ void MainWorkspaceView::showEvent(QShowEvent* event)
     m_sidebar->list()->setFocus(Qt::OtherFocusReason);
 }
 
-TrovellWorkspace* MainWorkspaceView::find(const QUuid& id) const
-{
-    const QList<TrovellWorkspace*> workspaces = m_environment.workspaces.workspaces();
-    const auto found = std::ranges::find(workspaces, id, &TrovellWorkspace::id);
-    return found == workspaces.end() ? nullptr : *found;
-}
-
 void MainWorkspaceView::select(const QUuid& id)
 {
     m_selection = id;
@@ -124,7 +105,7 @@ void MainWorkspaceView::select(const QUuid& id)
 
 void MainWorkspaceView::reconcileSelection()
 {
-    if (!find(m_selection)) {
+    if (!m_environment.workspaces.find(m_selection)) {
         const QList<TrovellWorkspace*> workspaces = m_environment.workspaces.workspaces();
         m_selection = workspaces.isEmpty() ? QUuid() : workspaces.first()->id();
     }
@@ -137,53 +118,43 @@ void MainWorkspaceView::refresh()
     Message message;
     if (m_notice && m_notice->workspaceID == m_selection)
         message = m_notice->message;
-    m_column->show(find(m_selection), message);
+    m_column->show(m_environment.workspaces.find(m_selection), message);
 }
 
 void MainWorkspaceView::registerHotKeys()
 {
     const QPointer<MainWorkspaceView> self = this;
-    m_environment.dependencies.hotKeys().registerHotKeys(
+    m_environment.hotKeys.registerHotKeys(
         m_environment.workspaces.workspaces(), [self](const QUuid& id) {
-            if (TrovellWorkspace* workspace = self ? self->find(id) : nullptr)
-                self->m_environment.dependencies.startWorkspace()(*workspace);
+            if (TrovellWorkspace* workspace =
+                    self ? self->m_environment.workspaces.find(id) : nullptr)
+                self->m_environment.startWorkspace(*workspace);
         });
 }
 
-void MainWorkspaceView::runCommand(WorkspaceSidebar::Command command, const QUuid& id)
+void MainWorkspaceView::perform(WorkspaceAction action, const QUuid& id)
 {
-    TrovellWorkspace* workspace = find(id);
+    TrovellWorkspace* workspace = m_environment.workspaces.find(id);
     if (!workspace)
         return;
-    switch (command) {
-    case WorkspaceSidebar::Command::start:
-        m_environment.dependencies.startWorkspace()(*workspace);
-        return;
-    case WorkspaceSidebar::Command::edit:
-        present({.kind = SheetKind::edit, .workspace = workspace});
-        return;
-    case WorkspaceSidebar::Command::saveAsNew:
-        present({.kind = SheetKind::saveAsNew, .workspace = workspace});
-        return;
-    case WorkspaceSidebar::Command::duplicate:
-        duplicate(*workspace);
-        return;
-    case WorkspaceSidebar::Command::remove:
-        present({.kind = AlertKind::deleteWorkspace, .workspace = workspace});
-        return;
+    switch (action) {
+    case WorkspaceAction::start:
+        return m_environment.startWorkspace(*workspace);
+    case WorkspaceAction::edit:
+        return present({.kind = SheetKind::edit, .workspace = workspace});
+    case WorkspaceAction::updateLayout:
+        return present({.kind = SheetKind::updateLayout, .workspace = workspace});
+    case WorkspaceAction::saveAsNew:
+        return present({.kind = SheetKind::saveAsNew, .workspace = workspace});
+    case WorkspaceAction::rename:
+        return present({.kind = SheetKind::rename, .workspace = workspace});
+    case WorkspaceAction::duplicate:
+        return duplicate(*workspace);
+    case WorkspaceAction::clearLayout:
+        return present({.kind = AlertKind::clearLayout, .workspace = workspace});
+    case WorkspaceAction::remove:
+        return present({.kind = AlertKind::deleteWorkspace, .workspace = workspace});
     }
-}
-
-void MainWorkspaceView::presentSelected(SheetKind kind)
-{
-    if (TrovellWorkspace* workspace = find(m_selection))
-        present({.kind = kind, .workspace = workspace});
-}
-
-void MainWorkspaceView::askAboutSelected(AlertKind kind)
-{
-    if (TrovellWorkspace* workspace = find(m_selection))
-        present({.kind = kind, .workspace = workspace});
 }
 
 void MainWorkspaceView::duplicate(const TrovellWorkspace& workspace)
@@ -197,8 +168,8 @@ void MainWorkspaceView::remove(TrovellWorkspace& workspace)
 {
     if (!succeeded(deleteWorkspace(m_environment.context, workspace)))
         return;
-    const QList<TrovellWorkspace*> remaining = m_environment.workspaces.workspaces();
-    select(remaining.isEmpty() ? QUuid() : remaining.first()->id());
+    m_selection = {};
+    reconcileSelection();
 }
 
 void MainWorkspaceView::clearLayout(TrovellWorkspace& workspace)
@@ -274,7 +245,8 @@ Sheet* MainWorkspaceView::makeSheet(const WorkspaceSheetRequest& request)
     case SheetKind::rename:
         break;
     }
-    auto* sheet = new RenameWorkspaceView(m_environment, *request.workspace, window());
+    auto* sheet =
+        new RenameWorkspaceView(m_environment, m_environment.context, *request.workspace, window());
     connect(sheet, &RenameWorkspaceView::saved, this, [this](TrovellWorkspace* saved) {
         finishSheet(saved, {phrases::renamed, saved->name()});
     });

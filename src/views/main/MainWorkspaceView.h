@@ -6,11 +6,11 @@
 
 #include "model/StoreError.h"
 #include "support/Expected.h"
+#include "views/main/MainEnvironment.h"
 #include "views/main/WorkspaceAlertRequest.h"
 #include "views/main/WorkspaceNotice.h"
 #include "views/main/WorkspaceSheetRequest.h"
 #include "views/main/WorkspaceSidebar.h"
-#include "views/shared/ViewEnvironment.h"
 
 namespace trovell {
 
@@ -25,7 +25,7 @@ class MainWorkspaceView : public QWidget {
     Q_OBJECT
 
 public:
-    explicit MainWorkspaceView(const ViewEnvironment& environment, QWidget* parent = nullptr);
+    explicit MainWorkspaceView(const MainEnvironment& environment, QWidget* parent = nullptr);
 
     /// The workspace in the detail column; null exactly while there are no workspaces.
     [[nodiscard]] const QUuid& selection() const { return m_selection; }
@@ -56,14 +56,11 @@ private:
     void connectDetail();
     void connectStore();
 
-    [[nodiscard]] TrovellWorkspace* find(const QUuid& id) const;
     void select(const QUuid& id);
     void reconcileSelection();
     void refresh();
     void registerHotKeys();
-    void runCommand(WorkspaceSidebar::Command command, const QUuid& id);
-    void presentSelected(WorkspaceSheetRequest::Kind kind);
-    void askAboutSelected(WorkspaceAlertRequest::Kind kind);
+    void perform(WorkspaceAction action, const QUuid& id);
 
     void duplicate(const TrovellWorkspace& workspace);
     void remove(TrovellWorkspace& workspace);
@@ -79,7 +76,7 @@ private:
     void answerAlert(const WorkspaceAlertRequest& request);
     [[nodiscard]] QWidget* frontWindow() const;
 
-    const ViewEnvironment m_environment;
+    const MainEnvironment m_environment;
     WorkspaceSidebar* m_sidebar;
     WorkspaceDetailColumn* m_column;
     QUuid m_selection;

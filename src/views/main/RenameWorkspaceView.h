@@ -3,39 +3,34 @@
 // The sheet that gives a workspace another name. Main thread.
 #pragma once
 
-#include "views/shared/ViewEnvironment.h"
-#include "views/style/Sheet.h"
+#include "views/shared/TextSheet.h"
 
 #include <QPointer>
 
 namespace trovell {
 
-class PushButton;
-class TextField;
+class StoreContext;
 class TrovellWorkspace;
 
-class RenameWorkspaceView : public Sheet {
+class RenameWorkspaceView : public TextSheet {
     Q_OBJECT
 
 public:
     /// The workspace may be deleted while the sheet is open. `window` is any widget of the window
     /// to cover.
-    RenameWorkspaceView(const ViewEnvironment& environment, TrovellWorkspace& workspace,
-                        QWidget* window);
+    RenameWorkspaceView(const ViewEnvironment& environment, StoreContext& context,
+                        TrovellWorkspace& workspace, QWidget* window);
 
 Q_SIGNALS:
     /// The name is stored; the sheet closes after this.
     void saved(trovell::TrovellWorkspace* workspace);
 
 private:
-    QWidget* buildForm();
+    void confirm() override;
     void allowRenaming();
-    void save();
 
-    const ViewEnvironment m_environment;
+    StoreContext& m_context;
     QPointer<TrovellWorkspace> m_workspace;
-    TextField* m_name;
-    PushButton* m_rename;
 };
 
 } // namespace trovell

@@ -21,7 +21,7 @@ constexpr int buttonInset = 24;
 
 } // namespace
 
-WorkspaceDetailColumn::WorkspaceDetailColumn(const ViewEnvironment& environment, QWidget* parent)
+WorkspaceDetailColumn::WorkspaceDetailColumn(const MainEnvironment& environment, QWidget* parent)
     : QWidget(parent), m_environment(environment), m_hairline(new Divider(environment.visual)),
       m_pages(new QStackedLayout)
 {
@@ -31,7 +31,7 @@ WorkspaceDetailColumn::WorkspaceDetailColumn(const ViewEnvironment& environment,
     column->addWidget(buildToolbar());
     column->addLayout(m_pages, 1);
 
-    m_detail = new WorkspaceDetailView(environment, this);
+    m_detail = new WorkspaceDetailView(environment.detail(), this);
     m_empty = new WorkspaceEmptyView(environment, this);
     // In the middle of the window, toolbar included.
     m_empty->setContentsMargins(0, 0, 0, environment.visual.tokens().size(Tokens::Size::toolbar));

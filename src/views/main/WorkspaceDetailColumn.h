@@ -4,7 +4,7 @@
 // shown while there is none. Main thread.
 #pragma once
 
-#include "views/shared/ViewEnvironment.h"
+#include "views/main/MainEnvironment.h"
 
 #include <QWidget>
 
@@ -21,7 +21,7 @@ class WorkspaceDetailColumn : public QWidget {
     Q_OBJECT
 
 public:
-    explicit WorkspaceDetailColumn(const ViewEnvironment& environment, QWidget* parent = nullptr);
+    explicit WorkspaceDetailColumn(const MainEnvironment& environment, QWidget* parent = nullptr);
 
     /// Null shows the empty state. `notice` is one about the workspace, in the product's words.
     void show(TrovellWorkspace* workspace, const Message& notice);
@@ -36,7 +36,7 @@ private:
     QWidget* buildToolbar();
     void showScrolled();
 
-    const ViewEnvironment m_environment;
+    const MainEnvironment m_environment;
     /// Under the toolbar while the content is scrolled.
     Divider* m_hairline;
     QStackedLayout* m_pages;

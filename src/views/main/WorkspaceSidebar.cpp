@@ -25,7 +25,7 @@ constexpr int captionBelow = 6;
 
 } // namespace
 
-WorkspaceSidebar::WorkspaceSidebar(const ViewEnvironment& environment, QWidget* parent)
+WorkspaceSidebar::WorkspaceSidebar(const MainEnvironment& environment, QWidget* parent)
     : QWidget(parent), m_environment(environment)
 {
     auto* column = new QVBoxLayout(this);
@@ -84,7 +84,7 @@ void WorkspaceSidebar::connectList()
     connect(m_list, &WorkspaceSidebarList::moveRequested, this, &WorkspaceSidebar::moveRequested);
     connect(m_list, &WorkspaceSidebarList::menuRequested, this, &WorkspaceSidebar::openRowMenu);
     connect(m_list, &WorkspaceSidebarList::startRequested, this,
-            [this](const QUuid& id) { Q_EMIT commandChosen(Command::start, id); });
+            [this](const QUuid& id) { Q_EMIT chosen(WorkspaceAction::start, id); });
 }
 
 void WorkspaceSidebar::showWorkspaces(const QList<TrovellWorkspace*>& workspaces,
@@ -99,16 +99,17 @@ void WorkspaceSidebar::openRowMenu(const QUuid& id, const QPoint& screenPoint, b
     auto* menu = new PopupMenu(m_environment.visual, this);
     connect(menu, &QMenu::aboutToHide, m_list, &WorkspaceSidebarList::closeRowMenu);
     connect(menu, &QMenu::aboutToHide, menu, &QObject::deleteLater);
-    const auto choose = [this, id](QAction* action, Command command) {
+    const auto choose = [this, id](QAction* action, WorkspaceAction chosenAction) {
         connect(action, &QAction::triggered, this,
-                [this, command, id] { Q_EMIT commandChosen(command, id); });
+                [this, chosenAction, id] { Q_EMIT chosen(chosenAction, id); });
     };
-    choose(menu->addAction(words.text(u"Start Workspace"_key)), Command::start);
-    choose(menu->addAction(words.text(u"Edit Workspace"_key)), Command::edit);
-    choose(menu->addAction(words.text(u"Save as New Workspace"_key)), Command::saveAsNew);
-    choose(menu->addAction(words.text(u"Duplicate Workspace"_key)), Command::duplicate);
+    choose(menu->addAction(words.text(u"Start Workspace"_key)), WorkspaceAction::start);
+    choose(menu->addAction(words.text(u"Edit Workspace"_key)), WorkspaceAction::edit);
+    choose(menu->addAction(words.text(u"Save as New Workspace"_key)), WorkspaceAction::saveAsNew);
+    choose(menu->addAction(words.text(u"Duplicate Workspace"_key)), WorkspaceAction::duplicate);
     menu->addSeparator();
-    choose(menu->addDestructiveAction(words.text(u"Delete Workspace"_key)), Command::remove);
+    choose(menu->addDestructiveAction(words.text(u"Delete Workspace"_key)),
+           WorkspaceAction::remove);
     menu->openAt(screenPoint);
     if (isByKeyboard)
         menu->setActiveAction(menu->actions().first());

@@ -4,7 +4,8 @@
 // thread.
 #pragma once
 
-#include "views/shared/ViewEnvironment.h"
+#include "views/main/MainEnvironment.h"
+#include "views/shared/WorkspaceAction.h"
 
 #include <QUuid>
 #include <QWidget>
@@ -19,10 +20,7 @@ class WorkspaceSidebar : public QWidget {
     Q_OBJECT
 
 public:
-    enum class Command { start, edit, saveAsNew, duplicate, remove };
-    Q_ENUM(Command)
-
-    explicit WorkspaceSidebar(const ViewEnvironment& environment, QWidget* parent = nullptr);
+    explicit WorkspaceSidebar(const MainEnvironment& environment, QWidget* parent = nullptr);
 
     /// `selection` is null while there are no workspaces.
     void showWorkspaces(const QList<TrovellWorkspace*>& workspaces, const QUuid& selection);
@@ -31,7 +29,7 @@ public:
 
 Q_SIGNALS:
     void selected(const QUuid& id);
-    void commandChosen(trovell::WorkspaceSidebar::Command command, const QUuid& id);
+    void chosen(trovell::WorkspaceAction action, const QUuid& id);
     /// Dropped on `target`, which need not be another one.
     void dropped(const QUuid& dragged, const QUuid& target);
     /// To go `step` places down.
@@ -49,7 +47,7 @@ private:
     void connectList();
     void openRowMenu(const QUuid& id, const QPoint& screenPoint, bool isByKeyboard);
 
-    const ViewEnvironment m_environment;
+    const MainEnvironment m_environment;
     WorkspaceSidebarList* m_list;
 };
 

@@ -34,7 +34,7 @@ public:
         const TrovellWorkspace* workspace = m_list.m_model->workspaceAt(index);
         if (!workspace)
             return;
-        const ViewEnvironment& environment = m_list.m_environment;
+        const MainEnvironment& environment = m_list.m_environment;
         const WorkspaceSidebarRow row(*workspace, environment.words);
         const QRect box = m_list.rowRect(index);
         const auto paintRow = [&](QPainter& target) {
@@ -67,7 +67,7 @@ private:
     WorkspaceSidebarList& m_list;
 };
 
-WorkspaceSidebarList::WorkspaceSidebarList(const ViewEnvironment& environment, QWidget* parent)
+WorkspaceSidebarList::WorkspaceSidebarList(const MainEnvironment& environment, QWidget* parent)
     : QListView(parent), m_environment(environment),
       m_model(new WorkspaceSidebarModel(environment, this)),
       m_dragging(environment.visual, *viewport(), *this)

@@ -18,7 +18,7 @@ class WorkspaceSidebarList : public QListView, private ReorderableRows {
     Q_OBJECT
 
 public:
-    explicit WorkspaceSidebarList(const ViewEnvironment& environment, QWidget* parent = nullptr);
+    explicit WorkspaceSidebarList(const MainEnvironment& environment, QWidget* parent = nullptr);
 
     /// `selection` may be null or name none of them, which selects nothing.
     void showWorkspaces(const QList<TrovellWorkspace*>& workspaces, const QUuid& selection);
@@ -64,7 +64,7 @@ private:
     void showWords();
     bool moveByKey(const QKeyEvent& event);
 
-    const ViewEnvironment m_environment;
+    const MainEnvironment m_environment;
     WorkspaceSidebarModel* m_model;
     QUuid m_liftedRow;
     QPersistentModelIndex m_menuRow;

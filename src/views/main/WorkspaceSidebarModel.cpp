@@ -9,7 +9,7 @@
 
 namespace trovell {
 
-WorkspaceSidebarModel::WorkspaceSidebarModel(const ViewEnvironment& environment, QObject* parent)
+WorkspaceSidebarModel::WorkspaceSidebarModel(const MainEnvironment& environment, QObject* parent)
     : QAbstractListModel(parent), m_environment(environment)
 {
     connect(&environment.context, &StoreContext::changed, this,

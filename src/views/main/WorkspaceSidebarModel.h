@@ -3,7 +3,7 @@
 // The workspaces as rows for the sidebar. Main thread.
 #pragma once
 
-#include "views/shared/ViewEnvironment.h"
+#include "views/main/MainEnvironment.h"
 
 #include <QAbstractListModel>
 #include <QPointer>
@@ -18,7 +18,7 @@ class WorkspaceSidebarModel : public QAbstractListModel {
     Q_OBJECT
 
 public:
-    explicit WorkspaceSidebarModel(const ViewEnvironment& environment, QObject* parent);
+    explicit WorkspaceSidebarModel(const MainEnvironment& environment, QObject* parent);
 
     /// Resets the model when they differ from those it has.
     void setWorkspaces(const QList<TrovellWorkspace*>& workspaces);
@@ -38,7 +38,7 @@ private:
     void scheduleContentUpdate();
     void updateContents();
 
-    const ViewEnvironment m_environment;
+    const MainEnvironment m_environment;
     QList<QPointer<TrovellWorkspace>> m_workspaces;
     bool m_isUpdateScheduled = false;
 };

@@ -2,6 +2,7 @@
 
 #include "views/shared/ApplicationIcons.h"
 
+#include "editing/CapturedChoice.h"
 #include "launch/ResourceSystem.h"
 
 #include <QDir>
@@ -20,6 +21,11 @@ QPixmap ApplicationIcons::pixmap(const QString& applicationPath, int size, doubl
         request(applicationPath);
     const QIcon& icon = m_icons[applicationPath];
     return icon.isNull() ? QPixmap() : icon.pixmap(QSize(size, size), devicePixelRatio);
+}
+
+QString ApplicationIcons::pathOf(const CapturedApplication& application) const
+{
+    return applicationURL(application, m_resources).value_or(QUrl()).toLocalFile();
 }
 
 /// A worker reads the desktop file.

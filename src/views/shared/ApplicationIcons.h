@@ -4,7 +4,6 @@
 // thread.
 #pragma once
 
-#include <QCache>
 #include <QHash>
 #include <QIcon>
 #include <QObject>
@@ -13,6 +12,7 @@
 namespace trovell {
 
 class ResourceSystem;
+struct CapturedApplication;
 
 class ApplicationIcons : public QObject {
     Q_OBJECT
@@ -25,6 +25,9 @@ public:
     /// pixels wide and high, sharp at the ratio. Null while it is not known yet (`loaded` tells
     /// when to ask again) and when there is none.
     [[nodiscard]] QPixmap pixmap(const QString& applicationPath, int size, double devicePixelRatio);
+
+    /// Of the desktop file of a captured application; empty when it has none.
+    [[nodiscard]] QString pathOf(const CapturedApplication& application) const;
 
 Q_SIGNALS:
     /// Also when it turned out that there is no icon.

@@ -24,7 +24,7 @@ private Q_SLOTS:
     void init()
     {
         m_fixture = std::make_unique<ViewFixture>();
-        m_view = std::make_unique<MenuBarWorkspaceView>(m_fixture->environment());
+        m_view = std::make_unique<MenuBarWorkspaceView>(m_fixture->menuBar());
     }
     void cleanup()
     {

@@ -151,7 +151,7 @@ private:
     /// Shows the guide over a root.
     void open()
     {
-        auto* root = new RootView(m_fixture->environment());
+        auto* root = new RootView(m_fixture->environment(), m_fixture->dependencies().defaults());
         m_fixture->window().setCentralWidget(root);
         m_fixture->window().show();
         QCoreApplication::processEvents();

@@ -154,7 +154,7 @@ private:
     {
         cleanup();
         m_fixture = std::make_unique<ViewFixture>(configuration);
-        m_view = std::make_unique<SettingsView>(m_fixture->environment());
+        m_view = std::make_unique<SettingsView>(m_fixture->settings());
         m_view->show();
     }
     [[nodiscard]] AppPreferences& preferences() { return m_fixture->dependencies().preferences(); }

@@ -35,7 +35,7 @@ private Q_SLOTS:
     {
         m_fixture = std::make_unique<ViewFixture>();
         m_work = &m_fixture->addWorkspace(u"Work"_s);
-        m_view = new WorkspaceDetailView(m_fixture->environment());
+        m_view = new WorkspaceDetailView(m_fixture->environment().detail());
         m_fixture->window().setCentralWidget(m_view);
         m_fixture->dependencies().accessibility().refresh();
         m_view->setWorkspace(m_work);
@@ -78,18 +78,20 @@ private Q_SLOTS:
 
     void menuAsksTheWindow()
     {
-        using View = WorkspaceDetailView;
-        const std::pair<QString, void (View::*)()> commands[]{
-            {u"Edit Workspace"_s, &View::editRequested},
-            {u"Save as New Workspace"_s, &View::saveAsNewRequested},
-            {u"Duplicate Workspace"_s, &View::duplicateRequested},
-            {u"Rename"_s, &View::renameRequested},
-            {u"Delete Workspace"_s, &View::deleteRequested}};
-        for (const auto& [text, signal] : commands) {
-            QSignalSpy asked(m_view, signal);
+        const std::pair<QString, WorkspaceAction> actions[]{
+            {u"Edit Workspace"_s, WorkspaceAction::edit},
+            {u"Save as New Workspace"_s, WorkspaceAction::saveAsNew},
+            {u"Duplicate Workspace"_s, WorkspaceAction::duplicate},
+            {u"Rename"_s, WorkspaceAction::rename},
+            {u"Delete Workspace"_s, WorkspaceAction::remove}};
+        QList<WorkspaceAction> chosen;
+        connect(m_view, &WorkspaceDetailView::chosen, this,
+                [&chosen](WorkspaceAction action) { chosen.append(action); });
+        for (const auto& [text, action] : actions) {
             menuAction(text)->trigger();
-            QCOMPARE(asked.size(), 1);
+            QCOMPARE(chosen.takeLast(), action);
         }
+        disconnect(m_view, &WorkspaceDetailView::chosen, this, nullptr);
     }
 
     void reportsALaunchUntilTheNext()

@@ -137,13 +137,13 @@ private Q_SLOTS:
         m_desk->open(u"ABC"_s);
         m_desk->pressKey(Qt::Key_Down);
         QCOMPARE(m_desk->view->selection(), m_desk->workspace(1).id());
-        Q_EMIT m_desk->detail->deleteRequested();
+        Q_EMIT m_desk->detail->chosen(WorkspaceAction::remove);
         QCOMPARE(m_desk->front()->focusWidget(), find(*m_desk->front(), u"Cancel"_s));
         QTest::keyClick(m_desk->front(), Qt::Key_Escape);
         QCOMPARE(m_desk->namesInStore(), u"ABC"_s);
         QVERIFY(!m_desk->view->activeAlert());
 
-        Q_EMIT m_desk->detail->deleteRequested();
+        Q_EMIT m_desk->detail->chosen(WorkspaceAction::remove);
         click(*m_desk->front(), u"Delete"_s);
         Desk::flush();
         QCOMPARE(m_desk->namesInStore(), u"AC"_s);
@@ -157,10 +157,10 @@ private Q_SLOTS:
     {
         m_desk->addPlacement(m_desk->addWorkspace(u"Work"_s), u"org.example.Editor"_s);
         m_desk->open();
-        Q_EMIT m_desk->detail->duplicateRequested();
+        Q_EMIT m_desk->detail->chosen(WorkspaceAction::duplicate);
         QCOMPARE(m_desk->noticeText(), u"Work Copy created."_s);
         QCOMPARE(m_desk->selectedName(), u"Work Copy"_s);
-        Q_EMIT m_desk->detail->clearLayoutRequested();
+        Q_EMIT m_desk->detail->chosen(WorkspaceAction::clearLayout);
         click(*m_desk->front(), u"Clear Saved Layout"_s);
         QCOMPARE(m_desk->noticeText(), u"Work Copy saved layout cleared."_s);
         QCOMPARE(m_desk->workspace(0).placementCount(), 1);
@@ -232,13 +232,13 @@ private Q_SLOTS:
         const StoreContents before = m_desk->contents();
         m_desk->refuseSaving();
         const QList<Act> acts{
-            [](Desk& desk) { Q_EMIT desk.detail->duplicateRequested(); },
+            [](Desk& desk) { Q_EMIT desk.detail->chosen(WorkspaceAction::duplicate); },
             [](Desk& desk) {
-                Q_EMIT desk.detail->deleteRequested();
+                Q_EMIT desk.detail->chosen(WorkspaceAction::remove);
                 click(*desk.front(), u"Delete"_s);
             },
             [](Desk& desk) {
-                Q_EMIT desk.detail->clearLayoutRequested();
+                Q_EMIT desk.detail->chosen(WorkspaceAction::clearLayout);
                 click(*desk.front(), u"Clear Saved Layout"_s);
             },
             [](Desk& desk) { desk.dragRow(0, 2); },
@@ -260,7 +260,7 @@ private Q_SLOTS:
     void noticesStayWithTheirWorkspaceUntilDismissed()
     {
         m_desk->open(u"AB"_s);
-        Q_EMIT m_desk->detail->duplicateRequested();
+        Q_EMIT m_desk->detail->chosen(WorkspaceAction::duplicate);
         Desk::flush();
         const auto* banner = m_desk->detail->findChild<WorkspaceNoticeBanner*>();
         QTRY_VERIFY(banner->isVisible());
@@ -277,7 +277,7 @@ private Q_SLOTS:
     {
         m_desk->open(u"AB"_s);
         const auto type = [this](const QString& name) {
-            Q_EMIT m_desk->detail->renameRequested();
+            Q_EMIT m_desk->detail->chosen(WorkspaceAction::rename);
             auto* field = m_desk->front<RenameWorkspaceView>()->findChild<TextField*>();
             field->selectAll();
             QTest::keyClicks(field, name);
@@ -305,9 +305,9 @@ private Q_SLOTS:
         m_desk->open(u"ABC"_s);
         for (const bool isAlert : {false, true}) {
             if (isAlert)
-                Q_EMIT m_desk->detail->deleteRequested();
+                Q_EMIT m_desk->detail->chosen(WorkspaceAction::remove);
             else
-                Q_EMIT m_desk->detail->renameRequested();
+                Q_EMIT m_desk->detail->chosen(WorkspaceAction::rename);
             m_desk->removeWorkspace(0);
             click(*m_desk->front<Sheet>(), isAlert ? u"Delete"_s : u"Rename"_s);
             Desk::flush();
@@ -340,11 +340,11 @@ private Q_SLOTS:
     void opensOneSheetAtATime()
     {
         m_desk->open(u"A"_s);
-        Q_EMIT m_desk->detail->saveAsNewRequested();
-        Q_EMIT m_desk->detail->editRequested();
+        Q_EMIT m_desk->detail->chosen(WorkspaceAction::saveAsNew);
+        Q_EMIT m_desk->detail->chosen(WorkspaceAction::edit);
         QVERIFY(!m_desk->front<WorkspaceEditorView>());
         m_desk->front<WorkspaceCaptureView>()->reject();
-        Q_EMIT m_desk->detail->editRequested();
+        Q_EMIT m_desk->detail->chosen(WorkspaceAction::edit);
         click(*m_desk->front<WorkspaceEditorView>(), u"Save"_s);
         QCOMPARE(m_desk->noticeText(), u"A saved."_s);
     }
@@ -357,7 +357,7 @@ private Q_SLOTS:
         Q_EMIT m_desk->context().automaticSaveFailed(StoreError::diskFull);
         QVERIFY(!m_desk->front());
         // After a success it is news again.
-        Q_EMIT m_desk->detail->duplicateRequested();
+        Q_EMIT m_desk->detail->chosen(WorkspaceAction::duplicate);
         Q_EMIT m_desk->context().automaticSaveFailed(StoreError::diskFull);
         QVERIFY(m_desk->front());
     }
@@ -372,9 +372,7 @@ private Q_SLOTS:
         store.reset();
         store = openStore(folder);
         WorkspaceQuery query(store->mainContext());
-        const ViewEnvironment& given = m_desk->environment();
-        MainWorkspaceView view({given.visual, given.words, given.dependencies, store->mainContext(),
-                                query, given.icons});
+        MainWorkspaceView view(m_desk->environment(store->mainContext(), query));
         view.resize(1180, 760);
         view.show();
         auto* list = view.findChild<WorkspaceSidebarList*>();
@@ -417,7 +415,7 @@ private Q_SLOTS:
         QCOMPARE(languageProblems(*m_desk->view, words, data), QString());
         // Alerts that are open meanwhile: the question, and the failure.
         m_desk->refuseSaving();
-        Q_EMIT m_desk->detail->deleteRequested();
+        Q_EMIT m_desk->detail->chosen(WorkspaceAction::remove);
         QCOMPARE(languageProblems(*m_desk->front(), words, data), QString());
         click(*m_desk->front(), u"Delete"_s);
         QCOMPARE(languageProblems(*m_desk->front(), words, data), QString());

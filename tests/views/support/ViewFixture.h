@@ -4,8 +4,9 @@
 // scripted desktop, and the look and words that views need. Main thread.
 #pragma once
 
-#include "app/AppDependencies.h"
+#include "app/scenes/SurfaceEnvironments.h"
 #include "model/TrovellWorkspace.h"
+#include "model/WorkspaceQuery.h"
 #include "preferences/AppConfiguration.h"
 #include "preferences/PreferenceStore.h"
 #include "support/FakeClock.h"
@@ -15,7 +16,6 @@
 #include "support/FakeWindowSystem.h"
 #include "support/StoreFixture.h"
 #include "views/shared/ApplicationIcons.h"
-#include "views/shared/ViewEnvironment.h"
 
 #include <QMainWindow>
 
@@ -45,7 +45,20 @@ public:
     FakeClock clock;
 
     [[nodiscard]] AppDependencies& dependencies() { return m_dependencies; }
-    [[nodiscard]] ViewEnvironment& environment() { return m_environment; }
+    [[nodiscard]] MainEnvironment& environment() { return m_environment; }
+    /// The same over another store.
+    [[nodiscard]] MainEnvironment environment(StoreContext& store, WorkspaceQuery& workspaces)
+    {
+        return mainEnvironment({m_visual, m_words, m_icons}, m_dependencies, store, workspaces);
+    }
+    [[nodiscard]] SettingsEnvironment settings()
+    {
+        return settingsEnvironment(m_environment, m_dependencies);
+    }
+    [[nodiscard]] MenuBarEnvironment menuBar()
+    {
+        return menuBarEnvironment(m_environment, m_dependencies, m_query);
+    }
 
     /// Whether windows may be controlled, told at once.
     void setTrusted(bool isTrusted);
@@ -61,7 +74,7 @@ private:
     AppDependencies m_dependencies{m_platform, m_defaults, clock, m_configuration};
     WorkspaceQuery m_query{context()};
     ApplicationIcons m_icons{*resources};
-    ViewEnvironment m_environment{m_visual, m_words, m_dependencies, context(), m_query, m_icons};
+    MainEnvironment m_environment = environment(context(), m_query);
     QMainWindow m_window;
 };
 
