@@ -89,19 +89,8 @@ QImage empty(Stage& stage)
 QImage reordering(Stage& stage)
 {
     open(stage, Workspace::writing);
-    WorkspaceSidebarList& list = stage.sidebar();
-    const auto send = [&list](QEvent::Type type, const QPoint& place) {
-        QMouseEvent event(type, place, list.viewport()->mapToGlobal(place), Qt::LeftButton,
-                          Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(list.viewport(), &event);
-    };
-    const auto middleOf = [&list](Workspace row) {
-        return list.rowRect(list.model()->index(int(row), 0)).center();
-    };
-    send(QEvent::MouseButtonPress, middleOf(Workspace::fieldSketches));
-    send(QEvent::MouseMove, middleOf(Workspace::fieldSketches) + QPoint(40, 0));
-    send(QEvent::MouseMove, middleOf(Workspace::musicPractice) + QPoint(104, 14));
-    return stage.picture();
+    return stage.pictureOfDrag(stage.sidebar(), int(Workspace::fieldSketches),
+                               int(Workspace::musicPractice), QPoint(104, 14));
 }
 
 QImage atMinimum(Stage& stage)

@@ -8,6 +8,9 @@
 #include "views/main/WorkspaceSidebarList.h"
 #include "views/style/PopupMenu.h"
 #include "views/style/Sheet.h"
+#include "views/support/Controls.h"
+
+#include <QDrag>
 
 namespace trovell::screenshots {
 
@@ -186,6 +189,31 @@ QImage Stage::pictureNow(QWidget& window)
         painter.drawPixmap(placeOf(shown, shown->rect()).topLeft() - area.topLeft(), shown->grab());
     painter.end();
     return picture;
+}
+
+QImage Stage::pictureOfDrag(RowList& list, int from, int to, const QPoint& offset)
+{
+    const auto middleOf = [&list](int row) {
+        return list.rowRect(list.model()->index(row, 0)).center();
+    };
+    QWidget& rows = *list.viewport();
+    test::sendMouse(rows, QEvent::MouseButtonPress, middleOf(from));
+    test::sendMouse(rows, QEvent::MouseMove, middleOf(from) + QPoint(40, 0));
+    // Over already, since this platform has no drags.
+    const auto& held = *list.window()->findChild<QDrag*>();
+    const QPixmap row = held.pixmap();
+    const QPoint place = rows.mapToGlobal(middleOf(to) + offset) -
+                         window().mapToGlobal(held.hotSpot());
+    QMimeData data;
+    data.setText(held.mimeData()->text());
+    list.setLiftedRow(list.model()->index(from, 0));
+    QDragEnterEvent entry(middleOf(to), Qt::MoveAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(&rows, &entry);
+    QDragMoveEvent move(middleOf(to), Qt::MoveAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(&rows, &move);
+    QImage image = picture();
+    QPainter(&image).drawPixmap(place, row);
+    return image;
 }
 
 QImage Stage::pictureOfSheet(Sheet& sheet)

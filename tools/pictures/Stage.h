@@ -10,6 +10,7 @@
 namespace trovell {
 
 using namespace Qt::StringLiterals;
+class RowList;
 class Sheet;
 class WorkspaceSidebarList;
 } // namespace trovell
@@ -59,6 +60,8 @@ public:
     [[nodiscard]] QImage picture() { return picture(window()); }
     /// The painted box of the sheet, and all that lies over it.
     [[nodiscard]] QImage pictureOfSheet(Sheet& sheet);
+    /// As `picture`, while row `from` hangs `offset` beside the middle of row `to`.
+    [[nodiscard]] QImage pictureOfDrag(RowList& list, int from, int to, const QPoint& offset);
     /// As `picture`, while something is still going on.
     [[nodiscard]] QImage pictureNow(QWidget& window);
 

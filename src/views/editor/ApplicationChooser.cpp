@@ -3,18 +3,23 @@
 #include "views/editor/ApplicationChooser.h"
 
 #include "launch/ResourceSystem.h"
-#include "views/editor/ApplicationList.h"
+#include "views/shared/RowList.h"
+#include "views/shared/RowModel.h"
 #include "views/style/PushButton.h"
 #include "views/style/TextField.h"
 #include "views/style/TextLabel.h"
 
+#include <QCollator>
 #include <QFutureWatcher>
 #include <QKeyEvent>
 #include <QSortFilterProxyModel>
+#include <QStandardItemModel>
 #include <QtConcurrentRun>
 #include <QVBoxLayout>
 
 namespace trovell {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -25,11 +30,31 @@ constexpr int gap = 12;
 constexpr int chooserButtonGap = 10;
 constexpr int barPadding = 16;
 
+constexpr RowLook rowLook{.height = 40,
+                          .iconSize = 24,
+                          .symbolSize = 24,
+                          .nameWeight = QFont::Normal,
+                          .selectedNameWeight = QFont::Normal};
+
+/// By name as the user's language sorts; names that are equal by address.
 QList<InstalledApplication> listApplications(const ResourceSystem& resources)
 {
     QList<InstalledApplication> applications = resources.installedApplications();
-    sortByName(applications);
+    QCollator collator;
+    collator.setCaseSensitivity(Qt::CaseInsensitive);
+    std::ranges::sort(applications, [&collator](const auto& a, const auto& b) {
+        const int order = collator.compare(a.description.name, b.description.name);
+        return order != 0 ? order < 0 : a.url < b.url;
+    });
     return applications;
+}
+
+QStandardItem* makeRow(const InstalledApplication& application)
+{
+    auto* row = new QStandardItem(application.description.name);
+    row->setData(application.url.toLocalFile(), applicationRole);
+    row->setData(u"app"_s, symbolRole);
+    return row;
 }
 
 } // namespace
@@ -37,8 +62,8 @@ QList<InstalledApplication> listApplications(const ResourceSystem& resources)
 ApplicationChooser::ApplicationChooser(const EditingEnvironment& environment,
                                        const OpenPanelRequest& request, QWidget* window)
     : Sheet(environment.visual, window, {}), m_environment(environment), m_request(request),
-      m_search(new TextField(environment.visual, {})), m_model(new ApplicationListModel(this)),
-      m_matches(new QSortFilterProxyModel(this)), m_list(new ApplicationList(environment)),
+      m_search(new TextField(environment.visual, {})), m_model(new QStandardItemModel(this)),
+      m_matches(new QSortFilterProxyModel(this)), m_list(new RowList(environment, rowLook)),
       m_nothing(
           new TextLabel(environment.visual, {}, TextRole::callout, ColorToken::labelSecondary)),
       m_choose(new PushButton(environment.visual, {}, PushButton::Kind::prominent))
@@ -56,9 +81,10 @@ ApplicationChooser::ApplicationChooser(const EditingEnvironment& environment,
     setDefaultButton(m_choose);
     m_search->installEventFilter(this);
     connect(m_search, &QLineEdit::textChanged, this, &ApplicationChooser::search);
-    connect(m_list, &ApplicationList::selectionChanges, this, &ApplicationChooser::showState);
+    connect(m_list->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &ApplicationChooser::showState);
     connect(m_list, &QAbstractItemView::doubleClicked, m_choose, &QAbstractButton::click);
-    connect(m_choose, &QAbstractButton::clicked, this, [this] { choose(m_list->selectedURLs()); });
+    connect(m_choose, &QAbstractButton::clicked, this, [this] { choose(selectedURLs()); });
     environment.words.render(this, [this] { showTitle(); });
     showState();
     loadApplications();
@@ -134,7 +160,8 @@ void ApplicationChooser::loadApplications()
     connect(watcher, &QFutureWatcher<Applications>::finished, this, [this, watcher] {
         watcher->deleteLater();
         m_isLoaded = true;
-        m_model->setApplications(watcher->result());
+        for (const InstalledApplication& application : watcher->result())
+            m_model->appendRow(makeRow(application));
         search(m_search->text());
     });
     watcher->setFuture(QtConcurrent::run(&listApplications, std::cref(m_environment.resources)));
@@ -144,14 +171,31 @@ void ApplicationChooser::loadApplications()
 void ApplicationChooser::search(const QString& text)
 {
     m_matches->setFilterFixedString(text.trimmed());
-    if (!text.trimmed().isEmpty() && m_list->selectedURLs().isEmpty())
-        m_list->setCurrentIndex(m_matches->index(0, 0));
+    if (!text.trimmed().isEmpty())
+        selectFirst();
     showState();
+}
+
+/// Unless something is selected already.
+void ApplicationChooser::selectFirst()
+{
+    if (!m_list->selectionModel()->hasSelection())
+        m_list->setCurrentIndex(m_matches->index(0, 0));
+}
+
+QList<QUrl> ApplicationChooser::selectedURLs() const
+{
+    QModelIndexList rows = m_list->selectionModel()->selectedIndexes();
+    std::sort(rows.begin(), rows.end());
+    QList<QUrl> urls;
+    for (const QModelIndex& row : std::as_const(rows))
+        urls.append(QUrl::fromLocalFile(row.data(applicationRole).toString()));
+    return urls;
 }
 
 void ApplicationChooser::showState()
 {
-    m_choose->setEnabled(!m_list->selectedURLs().isEmpty());
+    m_choose->setEnabled(m_list->selectionModel()->hasSelection());
     const bool isNothingFound = m_isLoaded && m_matches->rowCount() == 0;
     m_nothing->setVisible(isNothingFound);
     m_list->setVisible(!isNothingFound);
@@ -171,8 +215,7 @@ bool ApplicationChooser::eventFilter(QObject* watched, QEvent* event)
     if (!isDown)
         return Sheet::eventFilter(watched, event);
     m_list->setFocus(Qt::TabFocusReason);
-    if (m_list->selectedURLs().isEmpty())
-        m_list->setCurrentIndex(m_matches->index(0, 0));
+    selectFirst();
     return true;
 }
 

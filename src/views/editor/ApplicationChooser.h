@@ -8,12 +8,12 @@
 #include "views/style/Sheet.h"
 
 class QSortFilterProxyModel;
+class QStandardItemModel;
 
 namespace trovell {
 
-class ApplicationList;
-class ApplicationListModel;
 class PushButton;
+class RowList;
 class TextField;
 class TextLabel;
 
@@ -36,6 +36,9 @@ private:
     void showTitle();
     void loadApplications();
     void search(const QString& text);
+    void selectFirst();
+    /// From top to bottom.
+    [[nodiscard]] QList<QUrl> selectedURLs() const;
     void showState();
     void choose(const QList<QUrl>& urls);
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -43,9 +46,9 @@ private:
     const EditingEnvironment m_environment;
     const OpenPanelRequest m_request;
     TextField* m_search;
-    ApplicationListModel* m_model;
+    QStandardItemModel* m_model;
     QSortFilterProxyModel* m_matches;
-    ApplicationList* m_list;
+    RowList* m_list;
     TextLabel* m_nothing;
     PushButton* m_choose;
     bool m_isLoaded = false;

@@ -81,7 +81,8 @@ void WorkspaceSidebar::connectList()
 {
     connect(m_list, &WorkspaceSidebarList::selected, this, &WorkspaceSidebar::selected);
     connect(m_list, &WorkspaceSidebarList::dropped, this, &WorkspaceSidebar::dropped);
-    connect(m_list, &WorkspaceSidebarList::moveRequested, this, &WorkspaceSidebar::moveRequested);
+    connect(m_list, &WorkspaceSidebarList::moveWorkspaceRequested, this,
+            &WorkspaceSidebar::moveRequested);
     connect(m_list, &WorkspaceSidebarList::menuRequested, this, &WorkspaceSidebar::openRowMenu);
     connect(m_list, &WorkspaceSidebarList::startRequested, this,
             [this](const QUuid& id) { Q_EMIT chosen(WorkspaceAction::start, id); });

@@ -2,86 +2,42 @@
 
 #include "views/main/WorkspaceSidebarList.h"
 
-#include "model/TrovellWorkspace.h"
-#include "views/main/WorkspaceSidebarRow.h"
-#include "views/style/Painting.h"
-
-#include <QKeyEvent>
-#include <QPainter>
+#include <QContextMenuEvent>
 #include <QScrollBar>
-#include <QStyledItemDelegate>
 
 namespace trovell {
 
 namespace {
 
-constexpr int inset = 8;
-constexpr int rowGap = 2;
 constexpr int menuOffset = 40; ///< of a menu opened by key from the row's leading edge
+
+RowLook lookOf(const VisualStyle& visual)
+{
+    return {.height = visual.tokens().size(Tokens::Size::sidebarRow),
+            .inset = 8,
+            .gap = 2,
+            .spacing = 10,
+            .lineGap = 2,
+            .selectedNameWeight = QFont::DemiBold,
+            .trailingText = TextRole::caption2,
+            .trailingColor = ColorToken::labelTertiary};
+}
 
 } // namespace
 
-class WorkspaceSidebarDelegate : public QStyledItemDelegate {
-public:
-    explicit WorkspaceSidebarDelegate(WorkspaceSidebarList& list)
-        : QStyledItemDelegate(&list), m_list(list)
-    {
-    }
-
-    void paint(QPainter* painter, const QStyleOptionViewItem& option,
-               const QModelIndex& index) const override
-    {
-        const TrovellWorkspace* workspace = m_list.m_model->workspaceAt(index);
-        if (!workspace)
-            return;
-        const MainEnvironment& environment = m_list.m_environment;
-        const WorkspaceSidebarRow row(*workspace, environment.words);
-        const QRect box = m_list.rowRect(index);
-        const auto paintRow = [&](QPainter& target) {
-            target.setLayoutDirection(option.direction);
-            row.paint(target, environment.visual, box, stateOf(option, index));
-        };
-        if (workspace->id() == m_list.m_liftedRow)
-            paintGroup(*painter, box, draggedRowOpacity, paintRow);
-        else
-            paintRow(*painter);
-    }
-
-    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const override
-    {
-        return {1, m_list.m_environment.visual.scaled(Tokens::Size::sidebarRow) + rowGap};
-    }
-
-private:
-    [[nodiscard]] RowState stateOf(const QStyleOptionViewItem& option,
-                                   const QModelIndex& index) const
-    {
-        return {.isSelected = index == m_list.currentIndex(),
-                .isHovered =
-                    option.state.testFlag(QStyle::State_MouseOver) || index == m_list.m_menuRow,
-                .hasFocus = option.state.testFlag(QStyle::State_HasFocus),
-                // The option's own flag is about the focus of the list.
-                .isWindowActive = m_list.isActiveWindow()};
-    }
-
-    WorkspaceSidebarList& m_list;
-};
-
 WorkspaceSidebarList::WorkspaceSidebarList(const MainEnvironment& environment, QWidget* parent)
-    : QListView(parent), m_environment(environment),
-      m_model(new WorkspaceSidebarModel(environment, this)),
-      m_dragging(environment.visual, *viewport(), *this)
+    : RowList(environment, lookOf(environment.visual), parent), m_environment(environment),
+      m_model(new WorkspaceSidebarModel(environment, this))
 {
     setModel(m_model);
-    setItemDelegate(new WorkspaceSidebarDelegate(*this));
-    setUniformItemSizes(true);
-    setVerticalScrollMode(ScrollPerPixel);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setEditTriggers(NoEditTriggers);
-    setFrameShape(NoFrame);
-    setFocusPolicy(Qt::StrongFocus);
-    viewport()->setAutoFillBackground(false);
-    viewport()->setAttribute(Qt::WA_Hover);
+    setReorderable();
+    connect(this, &RowList::clicked, this, &RowList::setCurrentIndex);
+    connect(this, &RowList::activated, this,
+            [this](const QModelIndex& row) { Q_EMIT startRequested(m_model->idAt(row)); });
+    connect(this, &RowList::moveRequested, this, [this](int step) {
+        Q_EMIT moveWorkspaceRequested(m_model->idAt(currentIndex()), step);
+    });
+    connect(m_model, &RowModel::dropped, this, &WorkspaceSidebarList::dropped);
     environment.words.render(this, [this] { showWords(); });
 }
 
@@ -109,58 +65,9 @@ void WorkspaceSidebarList::showWorkspaces(const QList<TrovellWorkspace*>& worksp
     setAutoScroll(true);
 }
 
-QRect WorkspaceSidebarList::rowRect(const QModelIndex& index) const
-{
-    return visualRect(index).adjusted(inset, 0, -inset, -rowGap);
-}
-
-QUuid WorkspaceSidebarList::rowAt(const QPoint& position) const
-{
-    return m_model->idAt(indexAt(position));
-}
-
-QRect WorkspaceSidebarList::rectOf(const QUuid& id) const
-{
-    const QModelIndex index = m_model->indexOf(id);
-    return index.isValid() ? rowRect(index) : QRect();
-}
-
-QPixmap WorkspaceSidebarList::pictureOf(const QUuid& id) const
-{
-    const TrovellWorkspace* workspace = m_model->workspaceAt(m_model->indexOf(id));
-    if (!workspace)
-        return {};
-    const WorkspaceSidebarRow row(*workspace, m_environment.words);
-    return row.picture(m_environment.visual, rectOf(id).size(), devicePixelRatio(),
-                       layoutDirection());
-}
-
-void WorkspaceSidebarList::setLifted(const QUuid& id, bool isLifted)
-{
-    m_liftedRow = isLifted ? id : QUuid();
-    viewport()->update();
-}
-
-void WorkspaceSidebarList::dropOn(const QUuid& target, const QUuid& dragged)
-{
-    Q_EMIT dropped(dragged, target);
-}
-
-void WorkspaceSidebarList::click(const QUuid& id)
-{
-    setCurrentIndex(m_model->indexOf(id));
-}
-
-void WorkspaceSidebarList::closeRowMenu()
-{
-    m_menuRow = QModelIndex();
-    viewport()->update();
-}
-
 void WorkspaceSidebarList::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
-    QListView::currentChanged(current, previous);
-    viewport()->update();
+    RowList::currentChanged(current, previous);
     const QUuid id = m_model->idAt(current);
     if (id.isNull() || id == m_shownSelection)
         return;
@@ -177,39 +84,16 @@ QItemSelectionModel::SelectionFlags WorkspaceSidebarList::selectionCommand(const
 
 void WorkspaceSidebarList::keyPressEvent(QKeyEvent* event)
 {
-    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isReturn && currentIndex().isValid()) {
-        if (!event->isAutoRepeat())
-            Q_EMIT startRequested(m_model->idAt(currentIndex()));
-        return;
-    }
-    if (!moveByKey(*event))
-        QListView::keyPressEvent(event);
-}
-
-bool WorkspaceSidebarList::moveByKey(const QKeyEvent& event)
-{
-    const bool isUp = event.key() == Qt::Key_Up;
-    const bool isAlt = (event.modifiers() & ~Qt::KeypadModifier) == Qt::AltModifier;
-    if (!isAlt || !(isUp || event.key() == Qt::Key_Down))
-        return false;
-    if (currentIndex().isValid())
-        Q_EMIT moveRequested(m_model->idAt(currentIndex()), isUp ? -1 : 1);
-    return true;
-}
-
-void WorkspaceSidebarList::mouseDoubleClickEvent(QMouseEvent* event)
-{
-    const QModelIndex row = indexAt(event->position().toPoint());
-    if (event->button() == Qt::LeftButton && row.isValid())
-        Q_EMIT startRequested(m_model->idAt(row));
+    // A key held down starts once.
+    if (event->key() != Qt::Key_Return || !event->isAutoRepeat())
+        RowList::keyPressEvent(event);
 }
 
 void WorkspaceSidebarList::contextMenuEvent(QContextMenuEvent* event)
 {
     const bool isByKeyboard = event->reason() == QContextMenuEvent::Keyboard;
     const QModelIndex row = isByKeyboard ? currentIndex() : indexAt(event->pos());
-    if (!row.isValid() || m_dragging.isDragging())
+    if (!row.isValid())
         return;
     QPoint screenPoint = event->globalPos();
     if (isByKeyboard) {
@@ -219,18 +103,8 @@ void WorkspaceSidebarList::contextMenuEvent(QContextMenuEvent* event)
         screenPoint =
             viewport()->mapToGlobal(QStyle::visualRect(layoutDirection(), box, corner).topLeft());
     }
-    m_menuRow = row;
-    viewport()->update();
+    setMarkedRow(row);
     Q_EMIT menuRequested(m_model->idAt(row), screenPoint, isByKeyboard);
-}
-
-void WorkspaceSidebarList::changeEvent(QEvent* event)
-{
-    QListView::changeEvent(event);
-    if (event->type() == QEvent::FontChange)
-        scheduleDelayedItemsLayout();
-    if (event->type() == QEvent::ActivationChange)
-        viewport()->update();
 }
 
 } // namespace trovell

@@ -3,14 +3,26 @@
 #include "views/main/WorkspaceSidebarModel.h"
 
 #include "model/StoreContext.h"
-#include "views/main/WorkspaceSidebarRow.h"
+#include "model/WorkspaceChoices.h"
 
 #include <utility>
 
 namespace trovell {
 
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString shortcutOf(const TrovellWorkspace& workspace, const Localization& words)
+{
+    const auto definition = workspace.shortcut();
+    return definition ? words.text(displayName(*definition)) : QString();
+}
+
+} // namespace
+
 WorkspaceSidebarModel::WorkspaceSidebarModel(const MainEnvironment& environment, QObject* parent)
-    : QAbstractListModel(parent), m_environment(environment)
+    : RowModel(parent), m_environment(environment)
 {
     connect(&environment.context, &StoreContext::changed, this,
             &WorkspaceSidebarModel::scheduleContentUpdate);
@@ -28,14 +40,9 @@ void WorkspaceSidebarModel::setWorkspaces(const QList<TrovellWorkspace*>& worksp
     endResetModel();
 }
 
-TrovellWorkspace* WorkspaceSidebarModel::workspaceAt(const QModelIndex& index) const
-{
-    return m_workspaces.value(index.row());
-}
-
 QUuid WorkspaceSidebarModel::idAt(const QModelIndex& index) const
 {
-    const TrovellWorkspace* workspace = workspaceAt(index);
+    const TrovellWorkspace* workspace = m_workspaces.value(index.row());
     return workspace ? workspace->id() : QUuid();
 }
 
@@ -55,14 +62,22 @@ int WorkspaceSidebarModel::rowCount(const QModelIndex& parent) const
 
 QVariant WorkspaceSidebarModel::data(const QModelIndex& index, int role) const
 {
-    const TrovellWorkspace* workspace = workspaceAt(index);
+    const TrovellWorkspace* workspace = m_workspaces.value(index.row());
     if (!workspace)
         return {};
-    if (role == Qt::DisplayRole)
+    const Localization& words = m_environment.words;
+    switch (role) {
+    case Qt::DisplayRole:
         return workspace->name();
-    if (role == Qt::AccessibleTextRole)
-        return WorkspaceSidebarRow(*workspace, m_environment.words).spokenText();
-    return {};
+    case captionRole:
+        return words.text(phrases::itemCount, workspace->itemCount());
+    case trailingRole:
+        return shortcutOf(*workspace, words);
+    case symbolRole:
+        return workspace->symbolName();
+    default:
+        return RowModel::data(index, role);
+    }
 }
 
 void WorkspaceSidebarModel::scheduleContentUpdate()

@@ -7,6 +7,8 @@
 
 #include <QPainter>
 
+#include <algorithm>
+
 namespace trovell {
 
 namespace {
@@ -14,6 +16,7 @@ namespace {
 constexpr double dropLineWidth = 2;
 constexpr double dropRingSize = 6;
 constexpr double dropLineInset = 4; ///< how much shorter than the row it ends
+constexpr double dropLineTop = 3;   ///< so that nothing is cut above the first row
 
 } // namespace
 
@@ -36,7 +39,7 @@ void paintDropLine(QPainter& painter, const VisualStyle& visual, const QRect& ro
                    Qt::LayoutDirection direction)
 {
     const QColor color = visual.color(ColorToken::dropLine);
-    const double middle = row.y() - dropLineWidth / 2;
+    const double middle = std::max(row.y() - dropLineWidth / 2, dropLineTop);
     const bool isMirrored = direction == Qt::RightToLeft;
     const double start = isMirrored ? row.x() + row.width() - dropRingSize : row.x();
     const QRectF ring(start, middle - dropRingSize / 2, dropRingSize, dropRingSize);

@@ -6,6 +6,7 @@
 #include "views/style/MenuPainting.h"
 #include "views/style/Painting.h"
 #include "views/style/PopupMenu.h"
+#include "views/style/RowPainting.h"
 #include "views/style/ScrollBarPainting.h"
 #include "views/style/VisualStyle.h"
 
@@ -29,6 +30,7 @@ constexpr int fieldPadding = 11 + 1 - 2;
 constexpr int tooltipPadding = 6 - 1;
 constexpr int tooltipExtraPadding = 9 - 6;
 constexpr int tooltipDelayMilliseconds = 600;
+constexpr int dropInset = 8; ///< of the line's ends from the list's edges
 
 bool isTooltip(const QWidget* widget)
 {
@@ -74,6 +76,11 @@ void TrovellStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
         return;
     case PE_PanelLineEdit:
         drawField(*painter, *option);
+        return;
+    case PE_IndicatorItemViewItemDrop:
+        if (option->rect.isValid())
+            paintDropLine(*painter, m_visual, option->rect.adjusted(dropInset, 0, -dropInset, 0),
+                          option->direction);
         return;
     case PE_PanelTipLabel:
         drawTooltip(*painter, *option);

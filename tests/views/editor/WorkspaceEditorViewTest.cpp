@@ -72,6 +72,14 @@ struct OpenEditor {
         return {list().width() / 2, row * height + height / 2};
     }
 
+    void drag(int row, int target) const
+    {
+        sendMouse(list(), QEvent::MouseButtonPress, middleOf(row));
+        sendMouse(list(), QEvent::MouseMove, middleOf(row) + QPoint(0, 30));
+        sendMouse(list(), QEvent::MouseMove, middleOf(target));
+        sendMouse(list(), QEvent::MouseButtonRelease, middleOf(target));
+    }
+
     QPointer<WorkspaceEditorView> view;
     QPointer<TrovellWorkspace> saved;
     QList<QUrl> chosen;
@@ -329,7 +337,7 @@ private Q_SLOTS:
             QTest::keyClick(moved.data(), target < row ? Qt::Key_Up : Qt::Key_Down,
                             Qt::AltModifier);
         else
-            drag(editor.list(), editor.middleOf(row), editor.middleOf(target));
+            editor.drag(row, target);
         QCOMPARE(editor.names(), order);
         QCOMPARE(editor.view->focusWidget(), moved.data());
 

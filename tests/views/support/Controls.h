@@ -62,20 +62,6 @@ inline void sendMouse(QWidget& widget, QEvent::Type type, const QPoint& position
     QApplication::sendEvent(&widget, &event);
 }
 
-/// A drag that is not over yet.
-inline void lift(QWidget& list, const QPoint& from, const QPoint& to)
-{
-    sendMouse(list, QEvent::MouseButtonPress, from);
-    sendMouse(list, QEvent::MouseMove, from + QPoint(0, 30));
-    sendMouse(list, QEvent::MouseMove, to);
-}
-
-inline void drag(QWidget& list, const QPoint& from, const QPoint& to)
-{
-    lift(list, from, to);
-    sendMouse(list, QEvent::MouseButtonRelease, to);
-}
-
 /// Whether the list took the text.
 inline bool dropText(QWidget& list, const QString& text, const QPoint& position)
 {
@@ -87,6 +73,16 @@ inline bool dropText(QWidget& list, const QString& text, const QPoint& position)
     QDropEvent event(position, Qt::MoveAction, &data, Qt::LeftButton, {});
     QApplication::sendEvent(&list, &event);
     return entry.isAccepted() && event.isAccepted();
+}
+
+/// The offscreen platform ends every drag at once: what the list gave to it is dropped at `to`.
+inline void drag(QWidget& list, const QPoint& from, const QPoint& to)
+{
+    sendMouse(list, QEvent::MouseButtonPress, from);
+    sendMouse(list, QEvent::MouseMove, from + QPoint(0, 30));
+    const auto* held = list.window()->findChild<QDrag*>();
+    QVERIFY(held && !held->pixmap().isNull());
+    QVERIFY(dropText(list, held->mimeData()->text(), to));
 }
 
 /// What `view` shows badly when the language changes while it is open, to longer texts and to

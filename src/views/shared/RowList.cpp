@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: MIT
+
+#include "views/shared/RowList.h"
+
+#include "views/shared/ApplicationIcons.h"
+#include "views/shared/ViewEnvironment.h"
+
+#include <QApplication>
+#include <QDrag>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPointer>
+#include <QShortcut>
+
+#include <utility>
+
+namespace trovell {
+
+namespace {
+
+constexpr int autoScrollEdge = 32;
+
+} // namespace
+
+RowList::RowList(const ViewEnvironment& environment, const RowLook& look, QWidget* parent)
+    : QListView(parent), m_visual(environment.visual),
+      m_delegate(new RowDelegate(environment.visual, environment.icons, look, *this))
+{
+    setItemDelegate(m_delegate);
+    setUniformItemSizes(true);
+    setVerticalScrollMode(ScrollPerPixel);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setAutoScrollMargin(autoScrollEdge);
+    setEditTriggers(NoEditTriggers);
+    setFrameShape(NoFrame);
+    setFocusPolicy(Qt::StrongFocus);
+    viewport()->setAutoFillBackground(false);
+    viewport()->setAttribute(Qt::WA_Hover);
+    connect(&environment.icons, &ApplicationIcons::loaded, viewport(),
+            qOverload<>(&QWidget::update));
+}
+
+void RowList::setReorderable()
+{
+    m_isReorderable = true;
+    setDragDropMode(DragDrop);
+    // Whatever is dropped goes before the row it is dropped on, never between two.
+    setDragDropOverwriteMode(true);
+    const std::pair<Qt::Key, int> keys[] = {{Qt::Key_Up, -1}, {Qt::Key_Down, 1}};
+    for (const auto& [key, step] : keys) {
+        auto* shortcut = new QShortcut(QKeySequence(Qt::ALT | key), this);
+        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        connect(shortcut, &QShortcut::activated, this,
+                [this, places = step] { Q_EMIT moveRequested(places); });
+    }
+}
+
+void RowList::setFitsRows()
+{
+    m_fitsRows = true;
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    for (const auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
+        connect(model(), signal, this, &RowList::updateGeometry);
+    connect(model(), &QAbstractItemModel::modelReset, this, &RowList::updateGeometry);
+}
+
+QRect RowList::rowRect(const QModelIndex& index) const
+{
+    return m_delegate->rowRect(visualRect(index));
+}
+
+RowState RowList::stateOf(const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    const bool isHovered = option.state.testFlag(QStyle::State_MouseOver) || index == m_markedRow;
+    return {.isSelected = option.state.testFlag(QStyle::State_Selected),
+            .isHovered = isHovered && selectionMode() != NoSelection,
+            .hasFocus = option.state.testFlag(QStyle::State_HasFocus),
+            // The option's own flag is about the focus of the list.
+            .isWindowActive = isActiveWindow()};
+}
+
+void RowList::setLiftedRow(const QModelIndex& index)
+{
+    m_liftedRow = index;
+    viewport()->update();
+}
+
+void RowList::setMarkedRow(const QModelIndex& index)
+{
+    m_markedRow = index;
+    viewport()->update();
+}
+
+QSize RowList::sizeHint() const
+{
+    if (!m_fitsRows)
+        return QListView::sizeHint();
+    return {0, model()->rowCount() * m_delegate->sizeHint({}, {}).height()};
+}
+
+QSize RowList::minimumSizeHint() const
+{
+    return m_fitsRows ? sizeHint() : QListView::minimumSizeHint();
+}
+
+/// Its source is not the list: Qt would refuse a drop on a selected row of the same one.
+void RowList::startDrag(Qt::DropActions)
+{
+    const QPersistentModelIndex row = std::exchange(m_pressedRow, QModelIndex());
+    const int margin = m_visual.isComposited() ? liftedRowMargin : 0;
+    auto* drag = new QDrag(window());
+    drag->setMimeData(model()->mimeData({row}));
+    drag->setPixmap(pictureOf(row, margin));
+    drag->setHotSpot(m_pressedPlace - rowRect(row).topLeft() + QPoint(margin, margin));
+    setLiftedRow(row);
+    // The list may close meanwhile.
+    const QPointer list(this);
+    drag->exec(Qt::MoveAction);
+    if (list)
+        setLiftedRow({});
+}
+
+QPixmap RowList::pictureOf(const QModelIndex& index, int margin)
+{
+    const QRect row = rowRect(index);
+    QPixmap picture((row.size() + 2 * QSize(margin, margin)) * devicePixelRatioF());
+    picture.setDevicePixelRatio(devicePixelRatioF());
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    paintLiftedRow(painter, m_visual, QRect(QPoint(margin, margin), row.size()));
+    painter.translate(QPoint(margin, margin) - row.topLeft());
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    option.rect = visualRect(index);
+    option.state = QStyle::State_Enabled;
+    m_delegate->paint(&painter, option, index);
+    return picture;
+}
+
+void RowList::mousePressEvent(QMouseEvent* event)
+{
+    if (!m_isReorderable)
+        return QListView::mousePressEvent(event);
+    m_pressedPlace = event->position().toPoint();
+    m_pressedRow = event->button() == Qt::LeftButton ? indexAt(m_pressedPlace) : QModelIndex();
+}
+
+void RowList::mouseMoveEvent(QMouseEvent* event)
+{
+    if (!m_isReorderable)
+        return QListView::mouseMoveEvent(event);
+    const int distance = (event->position().toPoint() - m_pressedPlace).manhattanLength();
+    if (m_pressedRow.isValid() && distance >= QApplication::startDragDistance())
+        startDrag(Qt::MoveAction);
+}
+
+void RowList::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (!m_isReorderable)
+        return QListView::mouseReleaseEvent(event);
+    const QPersistentModelIndex row = std::exchange(m_pressedRow, QModelIndex());
+    if (row.isValid() && row == indexAt(event->position().toPoint()))
+        Q_EMIT clicked(row);
+}
+
+void RowList::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (!m_isReorderable)
+        return QListView::mouseDoubleClickEvent(event);
+    const QModelIndex row = indexAt(event->position().toPoint());
+    if (event->button() == Qt::LeftButton && row.isValid())
+        Q_EMIT activated(row);
+}
+
+void RowList::changeEvent(QEvent* event)
+{
+    QListView::changeEvent(event);
+    if (event->type() == QEvent::FontChange) {
+        scheduleDelayedItemsLayout();
+        updateGeometry();
+    }
+    if (event->type() == QEvent::ActivationChange)
+        viewport()->update();
+}
+
+} // namespace trovell
