@@ -5,7 +5,7 @@
 #include "app/AppConfiguration.h"
 #include "views/app/CenteredColumn.h"
 #include "views/app/SymbolLabel.h"
-#include "views/style/SymbolLink.h"
+#include "views/style/PushButton.h"
 #include "views/style/TrovellBrandMark.h"
 #include "views/style/TrovellCardModifier.h"
 
