@@ -2,27 +2,25 @@
 
 #include "GalleryPage.h"
 
-#include "views/style/ActionButton.h"
 #include "views/style/BannerFrame.h"
-#include "views/style/CheckBox.h"
 #include "views/style/ChoiceRow.h"
 #include "views/style/Divider.h"
-#include "views/style/LinkButton.h"
 #include "views/style/Picker.h"
 #include "views/style/PopupMenu.h"
 #include "views/style/PushButton.h"
 #include "views/style/RowPainting.h"
 #include "views/style/Switch.h"
-#include "views/style/SymbolButton.h"
 #include "views/style/SymbolView.h"
 #include "views/style/TextField.h"
 #include "views/style/TextLabel.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QEnterEvent>
 #include <QFocusFrame>
 #include <QLabel>
 #include <QPainter>
+#include <QRadioButton>
 #include <QToolTip>
 
 namespace trovell::gallery {
@@ -163,7 +161,8 @@ void ComponentsPage::addButtons()
         return new SymbolButton(visual(), u"ellipsis.circle"_s, u"Workspace Actions"_s);
     });
     addStates(card, u"Remove"_s, 405, [this]() -> QWidget* {
-        return new SymbolButton(visual(), u"trash"_s, u"Remove"_s, SymbolButton::Kind::destructive);
+        return new SymbolButton(visual(), u"trash"_s, u"Remove"_s,
+                                SymbolButton::Kind::softDestructive);
     });
 }
 
@@ -246,9 +245,9 @@ void ComponentsPage::addFields()
     icons->setSelected(u"book"_s);
     add(card, icons, {100, 210});
     auto* ring = new QFocusFrame(card);
-    ring->setWidget(icons->buttons()[2]);
+    ring->setWidget(icons->findChildren<QRadioButton*>()[2]);
     QEnterEvent enter({}, {}, {});
-    QApplication::sendEvent(icons->buttons()[5], &enter);
+    QApplication::sendEvent(icons->findChildren<QRadioButton*>()[5], &enter);
     auto* swatches = new SwatchRow(visual(), u"Accent"_s,
                                    {u"blue"_s, u"indigo"_s, u"purple"_s, u"green"_s, u"orange"_s});
     swatches->setSelected(u"purple"_s);
@@ -261,7 +260,7 @@ void ComponentsPage::addToggles(QWidget* card)
     int switchX = 20;
     for (const State state : {State::rest, State::focus, State::disabled})
         for (const bool isOn : {false, true}) {
-            auto* box = new CheckBox(visual(), {});
+            auto* box = new QCheckBox;
             box->setChecked(isOn);
             add(card, box, {x, 109}, state);
             x += 34;

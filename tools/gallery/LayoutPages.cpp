@@ -5,13 +5,13 @@
 #include "views/style/Divider.h"
 #include "views/style/Picker.h"
 #include "views/style/ProgressRing.h"
+#include "views/style/PushButton.h"
 #include "views/style/ScrollArea.h"
-#include "views/style/Slider.h"
 #include "views/style/Switch.h"
-#include "views/style/SymbolLink.h"
 #include "views/style/TextLabel.h"
 #include "views/style/TrovellCardModifier.h"
 
+#include <QSlider>
 #include <QVBoxLayout>
 
 namespace trovell::gallery {
@@ -98,17 +98,23 @@ private:
         auto* rows = new QVBoxLayout(card);
         rows->setContentsMargins(0, 0, 0, 0);
         rows->setSpacing(4);
-        auto* slider =
-            new Slider(visual(), u"Workspace launch timeout"_s, 8, 12, u"8s"_s, u"12s"_s);
+        auto* slider = new QSlider(Qt::Horizontal);
+        slider->setRange(8, 12);
         slider->setValue(10);
         auto* row = new QHBoxLayout;
         row->setSpacing(24);
         row->addWidget(new TextLabel(visual(), u"Workspace launch timeout"_s));
+        row->addWidget(makeCaption(u"8s"_s));
         row->addWidget(slider, 1);
+        row->addWidget(makeCaption(u"12s"_s));
         rows->addLayout(row);
-        rows->addWidget(new TextLabel(visual(), u"Current timeout: 10 seconds"_s, TextRole::caption,
-                                      ColorToken::labelSecondary));
+        rows->addWidget(makeCaption(u"Current timeout: 10 seconds"_s));
         return card;
+    }
+
+    QWidget* makeCaption(const QString& text)
+    {
+        return new TextLabel(visual(), text, TextRole::caption, ColorToken::labelSecondary);
     }
 
     QHBoxLayout* makeLinks()

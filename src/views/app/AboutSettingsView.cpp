@@ -6,7 +6,7 @@
 #include "preferences/AppConfiguration.h"
 #include "views/app/CenteredColumn.h"
 #include "views/app/SymbolLabel.h"
-#include "views/style/SymbolLink.h"
+#include "views/style/PushButton.h"
 #include "views/style/TrovellBrandMark.h"
 #include "views/style/TrovellCardModifier.h"
 

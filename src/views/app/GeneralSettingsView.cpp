@@ -6,13 +6,13 @@
 #include "services/LaunchAtLoginService.h"
 #include "views/app/PreferenceSwitch.h"
 #include "views/app/SettingsCard.h"
-#include "views/style/CheckBox.h"
+#include "views/style/ForwardedClicks.h"
 #include "views/style/Picker.h"
-#include "views/style/Slider.h"
 #include "views/style/Switch.h"
 #include "views/style/TextLabel.h"
 
 #include <QSignalBlocker>
+#include <QSlider>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -24,6 +24,7 @@ namespace {
 
 constexpr int cardGap = 16;
 constexpr int pickerWidth = 190;
+constexpr int sliderLabelGap = 12;
 constexpr int shortestTimeout = 8;
 constexpr int longestTimeout = 12;
 
@@ -62,7 +63,7 @@ GeneralSettingsView::GeneralSettingsView(const SettingsEnvironment& environment,
     : QWidget(parent), m_environment(environment), m_login(new Switch(environment.visual, {})),
       m_loginError(
           new TextLabel(environment.visual, {}, TextRole::caption, ColorToken::destructive)),
-      m_timeout(new Slider(environment.visual, {}, shortestTimeout, longestTimeout, {}, {})),
+      m_timeout(new QSlider(Qt::Horizontal)),
       m_timeoutText(
           new TextLabel(environment.visual, {}, TextRole::caption, ColorToken::labelSecondary)),
       m_showsMenuBarItem(environment.preferences.showMenuBarItem())
@@ -186,19 +187,38 @@ QWidget* GeneralSettingsView::buildTimeout()
     auto* row = new QHBoxLayout;
     row->setSpacing(24);
     row->addWidget(label);
-    row->addWidget(m_timeout, 1);
+    row->addLayout(buildTimeoutSlider(), 1);
     column->addLayout(row);
     column->addWidget(m_timeoutText);
     words.render(this, [this, &words, label] {
         label->setText(words.text(u"Workspace launch timeout"_key));
         m_timeout->setAccessibleName(label->text());
-        m_timeout->setEndLabels(words.text(u"8s"_key), words.text(u"12s"_key));
         showTimeout();
     });
     connect(preferences, &AppPreferences::launchTimeoutChanged, this,
             &GeneralSettingsView::showTimeout);
     connect(m_timeout, &QSlider::valueChanged, preferences, &AppPreferences::setLaunchTimeout);
     return card;
+}
+
+QLayout* GeneralSettingsView::buildTimeoutSlider()
+{
+    m_timeout->setRange(shortestTimeout, longestTimeout);
+    m_timeout->setPageStep(1);
+    auto* row = new QHBoxLayout;
+    row->setSpacing(sliderLabelGap);
+    const auto addEnd = [&](TextKey<> key) {
+        auto* end =
+            new TextLabel(m_environment.visual, {}, TextRole::caption, ColorToken::labelSecondary);
+        end->setElides(false);
+        m_environment.words.renderText(end, key);
+        row->addWidget(end);
+        return end;
+    };
+    addEnd(u"8s"_key);
+    row->addWidget(m_timeout, 1);
+    addEnd(u"12s"_key)->setAlignment(Qt::AlignRight);
+    return row;
 }
 
 void GeneralSettingsView::showTimeout()

@@ -9,10 +9,12 @@
 
 #include <optional>
 
+class QLayout;
+class QSlider;
+
 namespace trovell {
 
 class Picker;
-class Slider;
 class Switch;
 class TextLabel;
 
@@ -28,6 +30,7 @@ private:
     QWidget* buildPickers();
     QWidget* buildSwitches();
     QWidget* buildTimeout();
+    QLayout* buildTimeoutSlider();
     Picker* buildAppearance();
     Picker* buildLanguage();
     void showLoginItem();
@@ -38,7 +41,7 @@ private:
     SettingsEnvironment m_environment;
     Switch* m_login;
     TextLabel* m_loginError;
-    Slider* m_timeout;
+    QSlider* m_timeout;
     TextLabel* m_timeoutText;
     bool m_showsMenuBarItem;
 };

@@ -4,7 +4,6 @@
 
 #include "views/app/CenteredColumn.h"
 #include "views/app/SymbolLabel.h"
-#include "views/style/LinkButton.h"
 #include "views/style/PushButton.h"
 #include "windows/AccessibilityPermissionManager.h"
 

@@ -8,7 +8,7 @@
 #include "views/app/PreferenceSwitch.h"
 #include "views/app/SettingsCard.h"
 #include "views/app/SymbolLabel.h"
-#include "views/style/CheckBox.h"
+#include "views/style/ForwardedClicks.h"
 #include "views/style/PushButton.h"
 #include "views/style/Switch.h"
 

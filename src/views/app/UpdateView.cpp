@@ -5,7 +5,6 @@
 #include "views/app/NotesArea.h"
 #include "views/app/UpdateTexts.h"
 #include "views/style/Accessibility.h"
-#include "views/style/ProgressBar.h"
 #include "views/style/ProgressRing.h"
 #include "views/style/PushButton.h"
 #include "views/style/TextLabel.h"
@@ -13,6 +12,7 @@
 #include "views/style/TrovellCardModifier.h"
 
 #include <QKeyEvent>
+#include <QProgressBar>
 #include <QVBoxLayout>
 
 namespace trovell {
@@ -26,6 +26,7 @@ constexpr int headingGap = 16;
 constexpr int updateTextGap = 4;
 constexpr int buttonGap = 10;
 constexpr int markSize = 48;
+constexpr int barHeight = 6;
 
 using Phase = UpdateState::Phase;
 
@@ -37,8 +38,7 @@ UpdateView::UpdateView(const ViewEnvironment& environment, Updater& updater, QWi
       m_text(new TextLabel(environment.visual, {}, TextRole::body, ColorToken::labelSecondary)),
       m_notesCard(new TrovellCardModifier(environment.visual)),
       m_notes(new NotesArea(environment.visual)), m_ring(new ProgressRing(environment.visual, {})),
-      m_bar(new ProgressBar(environment.visual, {})),
-      m_close(new PushButton(environment.visual, {})),
+      m_bar(new QProgressBar), m_close(new PushButton(environment.visual, {})),
       m_next(new PushButton(environment.visual, {}, PushButton::Kind::prominent))
 {
     build();
@@ -63,6 +63,8 @@ void UpdateView::build()
     column->addWidget(m_bar);
     column->addLayout(buildButtons());
     m_bar->setRange(0, 100);
+    m_bar->setTextVisible(false);
+    m_bar->setFixedHeight(barHeight);
     fit();
 }
 

@@ -8,12 +8,13 @@
 
 #include <QWidget>
 
+class QProgressBar;
+
 class QVBoxLayout;
 
 namespace trovell {
 
 class NotesArea;
-class ProgressBar;
 class ProgressRing;
 class PushButton;
 class TextLabel;
@@ -56,7 +57,7 @@ private:
     TrovellCardModifier* m_notesCard;
     NotesArea* m_notes;
     ProgressRing* m_ring;
-    ProgressBar* m_bar;
+    QProgressBar* m_bar;
     PushButton* m_close;
     PushButton* m_next;
 };

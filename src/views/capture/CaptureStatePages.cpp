@@ -2,7 +2,6 @@
 
 #include "views/capture/CaptureStatePages.h"
 
-#include "views/style/LinkButton.h"
 #include "views/style/ProgressRing.h"
 #include "views/style/PushButton.h"
 #include "views/style/SymbolView.h"

@@ -3,11 +3,12 @@
 #include "views/capture/CapturedApplicationCard.h"
 
 #include "views/capture/CapturedWindowRow.h"
-#include "views/style/CheckBox.h"
 #include "views/style/Divider.h"
+#include "views/style/ForwardedClicks.h"
 #include "views/style/SymbolView.h"
 #include "views/style/TextLabel.h"
 
+#include <QCheckBox>
 #include <QVBoxLayout>
 
 namespace trovell {
@@ -52,7 +53,7 @@ QWidget* CapturedApplicationCard::makeHeading(CapturePurpose purpose, bool appsO
     auto* row = new QHBoxLayout(heading);
     row->setContentsMargins(cardPadding, headingMargin, cardPadding, headingMargin);
     row->setSpacing(gap);
-    auto* included = new CheckBox(m_environment.visual, {});
+    auto* included = new QCheckBox;
     included->setAccessibleName(application().applicationName);
     included->setChecked(application().isIncluded);
     connect(included, &QAbstractButton::toggled, this, [this](bool isOn) {
@@ -90,10 +91,8 @@ QWidget* CapturedApplicationCard::makeNames(bool appsOnly)
 
 QWidget* CapturedApplicationCard::makeLaunchItemChoice()
 {
-    auto* choice = new CheckBox(m_environment.visual, {});
-    const Localization& words = m_environment.words;
-    words.render(choice,
-                 [&words, choice] { choice->setLabel(words.text(u"Add as launch item"_key)); });
+    auto* choice = new QCheckBox;
+    m_environment.words.renderText(choice, u"Add as launch item"_key);
     choice->setChecked(application().addAsLaunchItem);
     connect(choice, &QAbstractButton::toggled, this, [this](bool isOn) {
         application().addAsLaunchItem = isOn;
@@ -120,7 +119,7 @@ QWidget* CapturedApplicationCard::makeLaunchItemMark()
 
 QWidget* CapturedApplicationCard::makeWindowRow(qsizetype window)
 {
-    auto* included = new CheckBox(m_environment.visual, {});
+    auto* included = new QCheckBox;
     included->setChecked(application().windows[window].isIncluded);
     connect(included, &QAbstractButton::toggled, this, [this, window](bool isOn) {
         application().windows[window].isIncluded = isOn;

@@ -4,10 +4,11 @@
 
 #include "views/capture/CaptureWindowMiniature.h"
 #include "views/shared/ViewEnvironment.h"
-#include "views/style/CheckBox.h"
+#include "views/style/ForwardedClicks.h"
 #include "views/style/TextLabel.h"
 #include "windows/CapturedApplication.h"
 
+#include <QAbstractButton>
 #include <QHBoxLayout>
 
 namespace trovell {

@@ -4,8 +4,7 @@
 
 #include "model/TrovellWorkspace.h"
 #include "views/detail/DetailHeaderLayout.h"
-#include "views/style/ActionButton.h"
-#include "views/style/SymbolButton.h"
+#include "views/style/PushButton.h"
 #include "views/style/SymbolView.h"
 #include "views/style/TextLabel.h"
 

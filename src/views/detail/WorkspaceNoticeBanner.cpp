@@ -3,7 +3,7 @@
 #include "views/detail/WorkspaceNoticeBanner.h"
 
 #include "views/shared/ViewEnvironment.h"
-#include "views/style/SymbolButton.h"
+#include "views/style/PushButton.h"
 #include "views/style/SymbolView.h"
 #include "views/style/TextLabel.h"
 

@@ -3,13 +3,12 @@
 #include "views/editor/EditorItemRow.h"
 
 #include "views/shared/ItemPresentation.h"
-#include "views/style/CheckBox.h"
-#include "views/style/LinkButton.h"
 #include "views/style/Painting.h"
-#include "views/style/SymbolButton.h"
+#include "views/style/PushButton.h"
 #include "views/style/SymbolView.h"
 #include "views/style/TextLabel.h"
 
+#include <QCheckBox>
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QStyle>
@@ -35,13 +34,13 @@ EditorItemRow::EditorItemRow(const ViewEnvironment& environment, const EditableW
     : ListRow(parent), m_environment(environment), m_id(item.id),
       m_grip(
           new SymbolView(environment.visual, u"_ui/grip"_s, gripSize, ColorToken::labelTertiary)),
-      m_isEnabled(new CheckBox(environment.visual, {})),
+      m_isEnabled(new QCheckBox),
       m_symbol(new SymbolView(environment.visual, symbolOf(item.type), symbolSize)),
       m_name(new TextLabel(environment.visual, {})),
       m_url(new TextLabel(environment.visual, {}, TextRole::caption, ColorToken::labelSecondary)),
       m_locateAgain(new LinkButton(environment.visual, {})),
       m_remove(
-          new SymbolButton(environment.visual, u"trash"_s, {}, SymbolButton::Kind::destructive))
+          new SymbolButton(environment.visual, u"trash"_s, {}, SymbolButton::Kind::softDestructive))
 {
     buildLayout();
     connect(m_isEnabled, &QAbstractButton::toggled, this, &EditorItemRow::enabledChanged);

@@ -8,9 +8,10 @@
 #include "views/shared/ViewEnvironment.h"
 #include "views/style/Group.h"
 
+class QCheckBox;
+
 namespace trovell {
 
-class CheckBox;
 class LinkButton;
 class SymbolButton;
 class SymbolView;
@@ -54,7 +55,7 @@ private:
     QString m_displayName;
     QString m_urlString;
     SymbolView* m_grip;
-    CheckBox* m_isEnabled;
+    QCheckBox* m_isEnabled;
     SymbolView* m_symbol;
     TextLabel* m_name;
     TextLabel* m_url;

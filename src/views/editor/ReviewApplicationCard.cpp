@@ -4,8 +4,8 @@
 
 #include "views/capture/CapturedApplicationIcon.h"
 #include "views/capture/CapturedWindowRow.h"
-#include "views/style/CheckBox.h"
 #include "views/style/Divider.h"
+#include "views/style/ForwardedClicks.h"
 #include "views/style/Switch.h"
 #include "views/style/TextLabel.h"
 

@@ -6,7 +6,7 @@
 #include "views/shared/AddWorkspaceButton.h"
 #include "views/style/Divider.h"
 #include "views/style/PopupMenu.h"
-#include "views/style/SymbolLink.h"
+#include "views/style/PushButton.h"
 #include "views/style/TextLabel.h"
 
 #include <QPainter>

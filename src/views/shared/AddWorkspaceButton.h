@@ -4,7 +4,7 @@
 // thread.
 #pragma once
 
-#include "views/style/SymbolButton.h"
+#include "views/style/PushButton.h"
 
 namespace trovell {
 

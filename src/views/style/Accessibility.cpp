@@ -3,7 +3,7 @@
 #include "views/style/Accessibility.h"
 
 #include "views/style/Picker.h"
-#include "views/style/StyledButton.h"
+#include "views/style/PushButton.h"
 
 #include <QAccessibleObject>
 #include <QAccessibleWidget>
@@ -14,33 +14,23 @@ namespace trovell {
 
 namespace {
 
-/// Something to look at that says nothing: assistive tools pass over what is invisible.
-class AccessibleDecoration : public QAccessibleWidget {
+constexpr char roleProperty[] = "trovellAccessibleRole";
+
+/// A widget of the role it was given. A graphic without a name is a decoration, which assistive
+/// tools pass over.
+class AccessiblePart : public QAccessibleWidget {
 public:
-    explicit AccessibleDecoration(QWidget* widget) : QAccessibleWidget(widget, QAccessible::Graphic)
-    {
-    }
+    AccessiblePart(QWidget* widget, QAccessible::Role role) : QAccessibleWidget(widget, role) {}
 
     QAccessible::State state() const override
     {
         QAccessible::State state = QAccessibleWidget::state();
-        state.invisible = true;
-        state.focusable = false;
-        return state;
-    }
-};
-
-class AccessibleProgress : public QAccessibleWidget {
-public:
-    explicit AccessibleProgress(QWidget* widget)
-        : QAccessibleWidget(widget, QAccessible::ProgressBar)
-    {
-    }
-
-    QAccessible::State state() const override
-    {
-        QAccessible::State state = QAccessibleWidget::state();
-        state.busy = true;
+        if (role() == QAccessible::Graphic && widget()->accessibleName().isEmpty()) {
+            state.invisible = true;
+            state.focusable = false;
+        }
+        state.busy = role() == QAccessible::ProgressBar;
+        state.modal = role() == QAccessible::Dialog;
         return state;
     }
 };
@@ -48,7 +38,7 @@ public:
 /// A push button with or without a menu. Qt's own face for one is tied to the menu of QPushButton.
 class AccessibleButton : public QAccessibleWidget {
 public:
-    explicit AccessibleButton(StyledButton* button) : QAccessibleWidget(button) {}
+    explicit AccessibleButton(PushButton* button) : QAccessibleWidget(button) {}
 
     QAccessible::Role role() const override
     {
@@ -93,7 +83,7 @@ public:
     }
 
 private:
-    StyledButton* button() const { return static_cast<StyledButton*>(widget()); }
+    PushButton* button() const { return static_cast<PushButton*>(widget()); }
 };
 
 /// On Linux Qt names a combo box by its current text. Here the name says what is chosen, and the
@@ -140,18 +130,6 @@ private:
     Picker* picker() const { return static_cast<Picker*>(widget()); }
 };
 
-class AccessibleSheet : public QAccessibleWidget {
-public:
-    explicit AccessibleSheet(QWidget* widget) : QAccessibleWidget(widget, QAccessible::Dialog) {}
-
-    QAccessible::State state() const override
-    {
-        QAccessible::State state = QAccessibleWidget::state();
-        state.modal = true;
-        return state;
-    }
-};
-
 /// Menus are windows that Qt leaves out of the application's tree, so that assistive tools find
 /// their entries only by the focus. Here the open one is the application's last child.
 class AccessibleTrovell : public QAccessibleApplication {
@@ -181,42 +159,19 @@ private:
     }
 };
 
-QAccessibleInterface* makePicture(QWidget* widget)
+/// Qt asks for the most derived class of an object first, so its type alone decides.
+QAccessibleInterface* makePart(const QString&, QObject* object)
 {
-    if (widget->accessibleName().isEmpty())
-        return new AccessibleDecoration(widget);
-    return new QAccessibleWidget(widget, QAccessible::Graphic);
-}
-
-QAccessibleInterface* makePart(const QString& className, QObject* object)
-{
-    if (className == u"QApplication")
+    if (qobject_cast<QApplication*>(object))
         return new AccessibleTrovell;
-    auto* widget = qobject_cast<QWidget*>(object);
-    if (!widget || !className.startsWith(u"trovell::"))
-        return nullptr;
-    const QStringView name = QStringView(className).sliced(9);
-    if (name == u"Divider" || name == u"TrovellBrandMark" || name == u"Scrim")
-        return new AccessibleDecoration(widget);
-    if (name == u"SymbolView" || name == u"Picture")
-        return makePicture(widget);
-    if (name == u"ProgressRing")
-        return new AccessibleProgress(widget);
-    if (name == u"BannerFrame")
-        return new QAccessibleWidget(widget, QAccessible::AlertMessage);
-    if (name == u"ChoiceRow" || name == u"TrovellCardModifier" || name == u"Group")
-        return new QAccessibleWidget(widget, QAccessible::Grouping);
-    if (name == u"ListGroup")
-        return new QAccessibleWidget(widget, QAccessible::List);
-    if (name == u"ListRow")
-        return new QAccessibleWidget(widget, QAccessible::ListItem);
-    if (name == u"StyledButton")
-        return new AccessibleButton(static_cast<StyledButton*>(widget));
-    if (name == u"Picker")
-        return new AccessiblePicker(static_cast<Picker*>(widget));
-    if (name == u"Sheet")
-        return new AccessibleSheet(widget);
-    return nullptr;
+    if (auto* button = qobject_cast<PushButton*>(object))
+        return new AccessibleButton(button);
+    if (auto* picker = qobject_cast<Picker*>(object))
+        return new AccessiblePicker(picker);
+    const QVariant role = object->property(roleProperty);
+    return role.isValid() ? new AccessiblePart(static_cast<QWidget*>(object),
+                                               static_cast<QAccessible::Role>(role.toInt()))
+                          : nullptr;
 }
 
 } // namespace
@@ -224,6 +179,11 @@ QAccessibleInterface* makePart(const QString& className, QObject* object)
 void installAccessibleParts()
 {
     QAccessible::installFactory(&makePart);
+}
+
+void setAccessibleRole(QWidget& widget, QAccessible::Role role)
+{
+    widget.setProperty(roleProperty, role);
 }
 
 void announce(QWidget& widget, const QString& text)

@@ -13,6 +13,7 @@ namespace trovell {
 BannerFrame::BannerFrame(const VisualStyle& visual, Kind kind, QWidget* parent)
     : QFrame(parent), m_visual(visual), m_kind(kind)
 {
+    setAccessibleRole(*this, QAccessible::AlertMessage);
 }
 
 void BannerFrame::setKind(Kind kind)

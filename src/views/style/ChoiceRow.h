@@ -2,47 +2,19 @@
 
 #pragma once
 
-#include "views/style/Fade.h"
-#include "views/style/FocusRing.h"
+#include "views/style/Group.h"
 #include "views/style/VisualStyle.h"
-
-#include <QRadioButton>
 
 #include <optional>
 
 namespace trovell {
 
-class ChoiceRow;
-
-/// One choice of a ChoiceRow: a radio button that is only painted differently.
-class ChoiceButton : public QRadioButton, public FocusOutlined {
-    Q_OBJECT
-
-public:
-    /// `identifier` is what the row reports, and the accessible name.
-    ChoiceButton(const VisualStyle& visual, const QString& identifier, ChoiceRow& row);
-
-    const QString& identifier() const { return m_identifier; }
-    QSize minimumSizeHint() const override { return sizeHint(); }
-
-protected:
-    const VisualStyle& visual() const { return m_visual; }
-    double hovered() const { return m_hover.value(); }
-
-    bool event(QEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
-    bool hitButton(const QPoint& position) const override { return rect().contains(position); }
-
-private:
-    const VisualStyle& m_visual;
-    QString m_identifier;
-    ChoiceRow& m_row;
-    Fade m_hover;
-};
+class ChoiceButton;
 
 /// A row of choices of which at most one is selected. It is one tab stop: arrow keys move the
-/// focus, Space selects. To assistive tools it is a group of radio buttons.
-class ChoiceRow : public QWidget {
+/// focus, Space selects. To assistive tools it is a group of radio buttons, each named by its
+/// identifier.
+class ChoiceRow : public Group {
     Q_OBJECT
 
 public:
@@ -51,43 +23,48 @@ public:
     /// Selects a choice without a signal. An unknown text leaves every choice unselected.
     void setSelected(const QString& identifier);
 
-    const QList<ChoiceButton*>& buttons() const { return m_buttons; }
-
 Q_SIGNALS:
     /// The person has chosen; not emitted for the choice that was selected already.
     void chosen(const QString& identifier);
 
 protected:
-    /// `name` is the accessible name of the group.
-    ChoiceRow(const QString& name, int gap, QWidget* parent);
+    enum class Look { symbol, swatch };
 
-    void addButton(ChoiceButton* button);
+    /// `name` is the accessible name of the group.
+    ChoiceRow(const VisualStyle& visual, const QString& name, Look look,
+              const QStringList& identifiers, QWidget* parent);
+
+    bool eventFilter(QObject* button, QEvent* event) override;
 
 private:
-    friend class ChoiceButton;
-
-    void moveFocus(ChoiceButton& from, int step);
+    void addButton(ChoiceButton* button);
     void makeTabStop(ChoiceButton* button);
 
     QList<ChoiceButton*> m_buttons;
 };
 
-/// The symbols a workspace can have. Accessible names are the symbol names.
+/// The symbols a workspace can have.
 class IconChoiceRow : public ChoiceRow {
     Q_OBJECT
 
 public:
     IconChoiceRow(const VisualStyle& visual, const QString& name, const QStringList& symbolNames,
-                  QWidget* parent = nullptr);
+                  QWidget* parent = nullptr)
+        : ChoiceRow(visual, name, Look::symbol, symbolNames, parent)
+    {
+    }
 };
 
-/// The accents a workspace can have. Accessible names are the identifiers.
+/// The accents a workspace can have.
 class SwatchRow : public ChoiceRow {
     Q_OBJECT
 
 public:
     SwatchRow(const VisualStyle& visual, const QString& name, const QStringList& accentIdentifiers,
-              QWidget* parent = nullptr);
+              QWidget* parent = nullptr)
+        : ChoiceRow(visual, name, Look::swatch, accentIdentifiers, parent)
+    {
+    }
 };
 
 } // namespace trovell

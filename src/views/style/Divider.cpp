@@ -10,7 +10,7 @@
 namespace trovell {
 
 Divider::Divider(const VisualStyle& visual, Qt::Orientation orientation, QWidget* parent)
-    : QWidget(parent), m_visual(visual)
+    : Picture(parent), m_visual(visual)
 {
     if (orientation == Qt::Horizontal)
         setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);

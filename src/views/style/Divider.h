@@ -2,14 +2,14 @@
 
 #pragma once
 
-#include <QWidget>
+#include "views/style/Picture.h"
 
 namespace trovell {
 
 class VisualStyle;
 
 /// A hairline across the room it is given.
-class Divider : public QWidget {
+class Divider : public Picture {
     Q_OBJECT
 
 public:

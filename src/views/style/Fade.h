@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <QObject>
 #include <QPointer>
 
 class QVariantAnimation;
@@ -28,6 +29,22 @@ private:
     int m_milliseconds;
     double m_value = 0;
     QPointer<QVariantAnimation> m_animation;
+};
+
+/// How far the pointer has come in over a control: 0 at rest, and while it is disabled, to 1.
+class HoverFade : public QObject {
+    Q_OBJECT
+
+public:
+    HoverFade(QWidget& control, const VisualStyle& visual);
+
+    double value() const { return m_fade.value(); }
+
+protected:
+    bool eventFilter(QObject* control, QEvent* event) override;
+
+private:
+    Fade m_fade;
 };
 
 } // namespace trovell

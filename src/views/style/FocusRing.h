@@ -21,8 +21,8 @@ struct FocusOutline {
     double radius = 0;
 };
 
-/// A widget that wants the keyboard focus ring around it. Widgets without this interface show
-/// their focus themselves.
+/// A widget that wants the keyboard focus ring around it. Qt's check boxes, combo boxes and sliders
+/// have it too; other widgets without this interface show their focus themselves.
 class FocusOutlined {
 public:
     virtual ~FocusOutlined() = default;
@@ -49,7 +49,7 @@ private:
     QPointer<QFocusFrame> m_frame;
 };
 
-/// Paints the ring of a focus frame that follows a FocusOutlined widget.
+/// Paints the ring of a focus frame around the widget it follows.
 void paintFocusFrame(QPainter& painter, const VisualStyle& visual, const QFocusFrame& frame);
 
 } // namespace trovell

@@ -2,6 +2,8 @@
 
 #pragma once
 
+#include "views/style/Accessibility.h"
+
 #include <QWidget>
 
 namespace trovell {
@@ -11,7 +13,11 @@ class Group : public QWidget {
     Q_OBJECT
 
 public:
-    using QWidget::QWidget;
+    explicit Group(QWidget* parent = nullptr, QAccessible::Role role = QAccessible::Grouping)
+        : QWidget(parent)
+    {
+        setAccessibleRole(*this, role);
+    }
 };
 
 /// Rows one below the other, each a ListRow.
@@ -19,7 +25,7 @@ class ListGroup : public Group {
     Q_OBJECT
 
 public:
-    using Group::Group;
+    explicit ListGroup(QWidget* parent = nullptr) : Group(parent, QAccessible::List) {}
 };
 
 /// A row of several parts under the name of what it stands for.
@@ -27,7 +33,7 @@ class ListRow : public Group {
     Q_OBJECT
 
 public:
-    using Group::Group;
+    explicit ListRow(QWidget* parent = nullptr) : Group(parent, QAccessible::ListItem) {}
 };
 
 } // namespace trovell

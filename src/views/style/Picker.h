@@ -2,7 +2,6 @@
 
 #pragma once
 
-#include "views/style/FocusRing.h"
 #include "views/style/PopupMenu.h"
 
 #include <QComboBox>
@@ -14,7 +13,7 @@ class VisualStyle;
 /// A choice of one of several texts: a combo box whose list opens as a menu with a check mark. Use
 /// it as a QComboBox (`addItem`, `currentIndexChanged`, `activated` for choices of the person
 /// alone); the view of QComboBox is never shown.
-class Picker : public QComboBox, public FocusOutlined {
+class Picker : public QComboBox {
     Q_OBJECT
 
 public:
@@ -23,27 +22,22 @@ public:
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
-    FocusOutline focusOutline() const override;
 
     bool isOpen() const { return m_menu != nullptr; }
     void showPopup() override;
     void hidePopup() override;
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
-    bool event(QEvent* event) override;
+    void initStyleOption(QStyleOptionComboBox* option) const override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
-    void wheelEvent(QWheelEvent* event) override;
 
 private:
     PopupMenu* makeMenu();
     void choose(int index);
-    QColor fillColor() const;
 
     const VisualStyle& m_visual;
     int m_leastWidth;
-    bool m_isHovered = false;
     QPointer<PopupMenu> m_menu;
 };
 

@@ -2,6 +2,8 @@
 
 #pragma once
 
+#include "views/style/Accessibility.h"
+
 #include <QWidget>
 
 namespace trovell {
@@ -12,7 +14,10 @@ class Picture : public QWidget {
     Q_OBJECT
 
 public:
-    using QWidget::QWidget;
+    explicit Picture(QWidget* parent = nullptr) : QWidget(parent)
+    {
+        setAccessibleRole(*this, QAccessible::Graphic);
+    }
 };
 
 } // namespace trovell

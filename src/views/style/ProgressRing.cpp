@@ -2,6 +2,7 @@
 
 #include "views/style/ProgressRing.h"
 
+#include "views/style/Accessibility.h"
 #include "views/style/VisualStyle.h"
 
 #include <QPainter>
@@ -23,6 +24,7 @@ constexpr int wholeTurn = 360 * 16;
 ProgressRing::ProgressRing(const VisualStyle& visual, const QString& name, QWidget* parent)
     : QWidget(parent), m_visual(visual)
 {
+    setAccessibleRole(*this, QAccessible::ProgressBar);
     setAccessibleName(name);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }

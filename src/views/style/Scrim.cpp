@@ -21,7 +21,7 @@ constexpr double nestedShare = 0.6;
 } // namespace
 
 Scrim::Scrim(const VisualStyle& visual, QWidget& window)
-    : QWidget(&window), m_visual(visual), m_window(window),
+    : Picture(&window), m_visual(visual), m_window(window),
       m_fadeIn(*this, visual, appearMilliseconds), m_fadeOut(*this, visual, dismissMilliseconds)
 {
     setFocusPolicy(Qt::NoFocus);
@@ -61,7 +61,7 @@ bool Scrim::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == &m_window && event->type() == QEvent::Resize)
         cover();
-    return QWidget::eventFilter(watched, event);
+    return Picture::eventFilter(watched, event);
 }
 
 void Scrim::cover()

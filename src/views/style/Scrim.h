@@ -3,9 +3,9 @@
 #pragma once
 
 #include "views/style/Fade.h"
+#include "views/style/Picture.h"
 
 #include <QPixmap>
-#include <QWidget>
 
 namespace trovell {
 
@@ -14,7 +14,7 @@ class VisualStyle;
 /// The veil over a window that a sheet blocks: a child above everything else in the window, as
 /// large as the window's content (of a sheet: its box, dimmed less) and following its size.
 /// Owned by the window until `dismiss`, after which it fades and deletes itself.
-class Scrim : public QWidget {
+class Scrim : public Picture {
     Q_OBJECT
 
 public:

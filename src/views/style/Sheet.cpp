@@ -2,12 +2,13 @@
 
 #include "views/style/Sheet.h"
 
+#include "views/style/Accessibility.h"
 #include "views/style/Divider.h"
 #include "views/style/Painting.h"
+#include "views/style/PushButton.h"
 #include "views/style/Scrim.h"
 #include "views/style/ScrollArea.h"
 #include "views/style/SheetCurtain.h"
-#include "views/style/SymbolButton.h"
 #include "views/style/VisualStyle.h"
 
 #include <QApplication>
@@ -57,6 +58,7 @@ Sheet::Sheet(const VisualStyle& visual, QWidget* window, const QString& title)
       m_headerRule(new Divider(visual, Qt::Horizontal, this)),
       m_footerRule(new Divider(visual, Qt::Horizontal, this))
 {
+    setAccessibleRole(*this, QAccessible::Dialog);
     setWindowTitle(title);
     setAccessibleName(title);
     setWindowModality(Qt::WindowModal);

@@ -21,7 +21,6 @@ constexpr int narrowestLabel = 120;
 Switch::Switch(const VisualStyle& visual, const QString& label, QWidget* parent)
     : QCheckBox(parent), m_visual(visual), m_knob(*this, visual, switchMilliseconds)
 {
-    setFocusPolicy(Qt::TabFocus);
     setLabel(label);
     connect(this, &QCheckBox::toggled, this, [this](bool isOn) { m_knob.moveTo(isOn ? 1 : 0); });
 }
@@ -119,13 +118,6 @@ void Switch::paintSwitch(QPainter& painter) const
     painter.setPen(Qt::NoPen);
     painter.setBrush(m_visual.color(ColorToken::switchKnob));
     painter.drawEllipse(knob);
-}
-
-bool Switch::event(QEvent* event)
-{
-    if (event->type() == QEvent::FontChange)
-        updateGeometry();
-    return QCheckBox::event(event);
 }
 
 } // namespace trovell

@@ -29,7 +29,6 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
     bool hitButton(const QPoint& position) const override { return rect().contains(position); }
-    bool event(QEvent* event) override;
 
 private:
     QSize trackSize() const;

@@ -4,14 +4,13 @@
 
 #include "views/style/Painting.h"
 
-#include <QEvent>
 #include <QPainter>
 
 namespace trovell {
 
 SymbolView::SymbolView(const VisualStyle& visual, const QString& symbolName, int size,
                        ColorToken color, QWidget* parent)
-    : QWidget(parent), m_visual(visual), m_symbolName(symbolName), m_size(size), m_color(color)
+    : Picture(parent), m_visual(visual), m_symbolName(symbolName), m_size(size), m_color(color)
 {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
@@ -50,13 +49,6 @@ void SymbolView::paintEvent(QPaintEvent*)
     const QPointF corner((width() - side) / 2, (height() - side) / 2);
     m_visual.paintSymbol(painter, QRectF(corner, QSizeF(side, side)), m_symbolName,
                          m_visual.color(isEnabled() ? m_color : ColorToken::labelDisabled));
-}
-
-bool SymbolView::event(QEvent* event)
-{
-    if (event->type() == QEvent::FontChange)
-        updateGeometry();
-    return QWidget::event(event);
 }
 
 } // namespace trovell

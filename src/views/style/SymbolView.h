@@ -2,9 +2,8 @@
 
 #pragma once
 
+#include "views/style/Picture.h"
 #include "views/style/VisualStyle.h"
-
-#include <QWidget>
 
 #include <optional>
 
@@ -12,7 +11,7 @@ namespace trovell {
 
 /// A symbol as a picture. With an accessible name it is a graphic to assistive tools, without one
 /// it is hidden from them.
-class SymbolView : public QWidget {
+class SymbolView : public Picture {
     Q_OBJECT
 
 public:
@@ -29,7 +28,6 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    bool event(QEvent* event) override;
 
 private:
     struct Tile {

@@ -97,13 +97,6 @@ void TextLabel::paintEvent(QPaintEvent*)
     lines.paint(painter, QPointF(area.x(), top), color);
 }
 
-bool TextLabel::event(QEvent* event)
-{
-    if (event->type() == QEvent::FontChange)
-        updateGeometry();
-    return QLabel::event(event);
-}
-
 TextStyle TextLabel::textStyle() const
 {
     return m_weight ? m_visual.text(m_role, *m_weight) : m_visual.text(m_role);

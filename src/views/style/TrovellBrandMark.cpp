@@ -11,7 +11,7 @@
 namespace trovell {
 
 TrovellBrandMark::TrovellBrandMark(const VisualStyle& visual, double size, QWidget* parent)
-    : QWidget(parent), m_visual(visual), m_size(size)
+    : Picture(parent), m_visual(visual), m_size(size)
 {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setFixedSize(sizeHint());

@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include <QWidget>
+#include "views/style/Picture.h"
 
 namespace trovell {
 
@@ -10,7 +10,7 @@ class VisualStyle;
 
 /// The logo in a square of `size` logical pixels, hidden from assistive tools. A mark of size 0
 /// draws nothing and takes no space.
-class TrovellBrandMark : public QWidget {
+class TrovellBrandMark : public Picture {
     Q_OBJECT
 
 public:

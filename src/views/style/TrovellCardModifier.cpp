@@ -2,6 +2,7 @@
 
 #include "views/style/TrovellCardModifier.h"
 
+#include "views/style/Accessibility.h"
 #include "views/style/Painting.h"
 #include "views/style/VisualStyle.h"
 
@@ -12,6 +13,7 @@ namespace trovell {
 TrovellCardModifier::TrovellCardModifier(const VisualStyle& visual, QWidget* parent)
     : QFrame(parent), m_visual(visual)
 {
+    setAccessibleRole(*this, QAccessible::Grouping);
     setPadding(visual.tokens().size(Tokens::Size::cardPadding));
 }
 

@@ -2,6 +2,7 @@
 
 #include "views/style/TrovellStyle.h"
 
+#include "views/style/ControlPainting.h"
 #include "views/style/FocusRing.h"
 #include "views/style/MenuPainting.h"
 #include "views/style/Painting.h"
@@ -10,10 +11,13 @@
 #include "views/style/ScrollBarPainting.h"
 #include "views/style/VisualStyle.h"
 
+#include <QComboBox>
+#include <QEvent>
 #include <QFocusFrame>
 #include <QLineEdit>
 #include <QPainter>
 #include <QScrollBar>
+#include <QSlider>
 #include <QStyleOption>
 
 #include <optional>
@@ -55,7 +59,18 @@ void TrovellStyle::polish(QWidget* widget)
         widget->setContentsMargins(tooltipExtraPadding, 0, tooltipExtraPadding, 0);
     } else if (auto* menu = qobject_cast<QMenu*>(widget)) {
         prepareMenuWindow(*menu, m_visual);
+    } else if (qobject_cast<QComboBox*>(widget) || qobject_cast<QSlider*>(widget)) {
+        widget->installEventFilter(this);
     }
+}
+
+bool TrovellStyle::eventFilter(QObject* watched, QEvent* event)
+{
+    // Scrolling a page must not change the controls that pass below the pointer.
+    if (event->type() != QEvent::Wheel)
+        return QProxyStyle::eventFilter(watched, event);
+    event->ignore();
+    return true;
 }
 
 QPalette TrovellStyle::standardPalette() const
@@ -99,6 +114,15 @@ void TrovellStyle::drawControl(ControlElement element, const QStyleOption* optio
             paintMenuItem(*painter, m_visual, *item, qobject_cast<const QMenu*>(widget));
         return;
     case CE_MenuEmptyArea:
+    case CE_ComboBoxLabel: // painted with the box
+        return;
+    case CE_CheckBox:
+        if (const auto* box = qstyleoption_cast<const QStyleOptionButton*>(option))
+            paintCheckBox(*painter, m_visual, *box);
+        return;
+    case CE_ProgressBar:
+        if (const auto* bar = qstyleoption_cast<const QStyleOptionProgressBar*>(option))
+            paintProgressBar(*painter, m_visual, *bar);
         return;
     case CE_FocusFrame:
         if (const auto* frame = qobject_cast<const QFocusFrame*>(widget))
@@ -115,9 +139,14 @@ void TrovellStyle::drawControl(ControlElement element, const QStyleOption* optio
 void TrovellStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                       QPainter* painter, const QWidget* widget) const
 {
+    const auto* slider = qstyleoption_cast<const QStyleOptionSlider*>(option);
     if (control == CC_ScrollBar)
         paintScrollBar(*painter, m_visual, *option,
                        subControlRect(control, option, SC_ScrollBarSlider, widget));
+    else if (control == CC_Slider && slider)
+        paintSlider(*painter, m_visual, *slider);
+    else if (const auto* box = qstyleoption_cast<const QStyleOptionComboBox*>(option))
+        paintComboBox(*painter, m_visual, *box);
     else
         QProxyStyle::drawComplexControl(control, option, painter, widget);
 }
@@ -171,6 +200,8 @@ int TrovellStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
         return 0;
     case PM_ToolTipLabelFrameWidth:
         return tooltipPadding;
+    case PM_SliderLength:
+        return narrowestSlider;
     case PM_SplitterWidth:
         return 1;
     default:
@@ -182,6 +213,10 @@ int TrovellStyle::styleHint(StyleHint hint, const QStyleOption* option, const QW
                             QStyleHintReturn* returnData) const
 {
     switch (hint) {
+    case SH_Button_FocusPolicy: // a click has already done what it should
+        return Qt::TabFocus;
+    case SH_Slider_AbsoluteSetButtons:
+        return Qt::LeftButton;
     case SH_ToolTip_WakeUpDelay:
         return tooltipDelayMilliseconds;
     case SH_ToolTipLabel_Opacity:
@@ -209,15 +244,22 @@ QRect TrovellStyle::subElementRect(SubElement element, const QStyleOption* optio
 {
     if (element == SE_LineEditContents && qobject_cast<const QLineEdit*>(widget))
         return option->rect.adjusted(fieldPadding, 2, -fieldPadding, 0);
+    if (element == SE_CheckBoxIndicator)
+        return checkBoxIndicator(m_visual, *option);
+    if (element == SE_CheckBoxClickRect)
+        return option->rect;
     return QProxyStyle::subElementRect(element, option, widget);
 }
 
 QRect TrovellStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
                                    SubControl subControl, const QWidget* widget) const
 {
-    if (control == CC_ScrollBar)
-        if (const auto* slider = qstyleoption_cast<const QStyleOptionSlider*>(option))
-            return scrollBarPart(*slider, subControl);
+    const auto* slider = qstyleoption_cast<const QStyleOptionSlider*>(option);
+    if (control == CC_ScrollBar && slider)
+        return scrollBarPart(*slider, subControl);
+    if (control == CC_Slider && slider)
+        return subControl == SC_SliderHandle ? sliderKnob(m_visual, *slider).toRect()
+                                             : sliderTrack(*slider).toRect();
     return QProxyStyle::subControlRect(control, option, subControl, widget);
 }
 
@@ -227,6 +269,11 @@ QSize TrovellStyle::sizeFromContents(ContentsType type, const QStyleOption* opti
     if (type == CT_MenuItem)
         if (const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option))
             return menuItemSize(m_visual, *item);
+    if (type == CT_CheckBox)
+        if (const auto* box = qstyleoption_cast<const QStyleOptionButton*>(option))
+            return checkBoxSize(m_visual, *box);
+    if (type == CT_Slider)
+        return sliderSize(m_visual);
     if (type == CT_LineEdit)
         return {contentsSize.width() + 2 * fieldPadding,
                 m_visual.scaled(Tokens::Size::fieldHeight)};

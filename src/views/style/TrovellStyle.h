@@ -8,9 +8,9 @@ namespace trovell {
 
 class VisualStyle;
 
-/// Fusion with this program's menus, text fields, scroll bars, tooltips, splitters and focus
-/// frames. Controls with a class of their own in this folder paint themselves. Made by
-/// VisualStyle::install; the application owns it.
+/// Fusion with this program's check boxes, combo boxes, sliders, progress bars, menus, text fields,
+/// scroll bars, tooltips, splitters and focus frames. Made by VisualStyle::install; the application
+/// owns it.
 class TrovellStyle : public QProxyStyle {
     Q_OBJECT
 
@@ -37,6 +37,9 @@ public:
                          SubControl subControl, const QWidget* widget) const override;
     QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contentsSize,
                            const QWidget* widget) const override;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void drawField(QPainter& painter, const QStyleOption& option) const;

@@ -36,8 +36,8 @@ class QPainter;
 ///
 /// What there is:
 ///   buttons    PushButton, ActionButton, LinkButton, SymbolLink, SymbolButton; menus: PopupMenu
-///   fields     TextField, Picker, CheckBox, Switch, Slider, IconChoiceRow, SwatchRow
-///   pictures   SymbolView, TrovellBrandMark, ProgressRing, ProgressBar, Divider; own ones derive
+///   fields     QCheckBox, QSlider, TextField, Picker, Switch, IconChoiceRow, SwatchRow
+///   pictures   SymbolView, TrovellBrandMark, ProgressRing, QProgressBar, Divider; own ones derive
 ///              from Picture
 ///   texts      TextLabel, SelectableLabel; in own painting paintLine and Paragraph (TextStyle.h)
 ///   boxes      TrovellCardModifier, BannerFrame, ScrollArea; several parts under one accessible
@@ -46,7 +46,7 @@ class QPainter;
 ///   windows    Sheet, Alert
 ///   painting   Painting.h: boxes, rings, hairlines, shadows on whole device pixels
 ///
-/// Texts come from the caller, already translated. Button, CheckBox, … take their accessible name
+/// Texts come from the caller, already translated. Buttons, QCheckBox, … take their accessible name
 /// from their text; controls without a text want `setAccessibleName`.
 namespace trovell {
 

@@ -6,7 +6,6 @@
 #include "support/UpdateWorld.h"
 #include "views/app/NotesArea.h"
 #include "views/app/UpdateTexts.h"
-#include "views/style/ProgressBar.h"
 #include "views/support/Controls.h"
 #include "views/support/ViewFixture.h"
 
@@ -49,7 +48,7 @@ private Q_SLOTS:
                  u"What is <b>new</b>"_s);
         QTest::keyClick(m_view.get(), Qt::Key_Return);
         QCOMPARE(m_updater->state().phase, Phase::downloading);
-        QVERIFY(m_view->findChild<ProgressBar*>()->isVisible());
+        QVERIFY(m_view->findChild<QProgressBar*>()->isVisible());
         wait(*m_updater);
         QCOMPARE(m_updater->state().phase, Phase::ready);
         QVERIFY(announced().startsWith(u"Trovell 2.0 is ready to install"_s));

@@ -2,17 +2,13 @@
 
 #include "Stage.h"
 
-#include "views/style/ActionButton.h"
 #include "views/style/BannerFrame.h"
-#include "views/style/CheckBox.h"
 #include "views/style/ChoiceRow.h"
 #include "views/style/Divider.h"
 #include "views/style/Picker.h"
 #include "views/style/ProgressRing.h"
 #include "views/style/PushButton.h"
-#include "views/style/Slider.h"
 #include "views/style/Switch.h"
-#include "views/style/SymbolButton.h"
 #include "views/style/SymbolView.h"
 #include "views/style/TextField.h"
 #include "views/style/TextLabel.h"
@@ -56,10 +52,8 @@ private Q_SLOTS:
         check(new TextField(m_visual, u"Name"_s, u"Workspace name"_s), QAccessible::EditableText,
               u"Name"_s);
         check(new ProgressRing(m_visual, u"Reading"_s), QAccessible::ProgressBar, u"Reading"_s);
-        check(new Slider(m_visual, u"Time"_s, 8, 12, {}, {}), QAccessible::Slider, u"Time"_s);
         check(new Picker(m_visual, u"Shortcut"_s, 180), QAccessible::ComboBox, u"Shortcut"_s);
         check(new Switch(m_visual, u"Open & stay"_s), QAccessible::CheckBox, u"Open & stay"_s);
-        check(new CheckBox(m_visual, u"Keep"_s), QAccessible::CheckBox, u"Keep"_s);
         check(new TextLabel(m_visual, u"Q&A"_s), QAccessible::StaticText, u"Q&A"_s);
         check(new SelectableLabel(m_visual, u"a < b"_s), QAccessible::StaticText, u"a < b"_s);
         auto* starting = new ActionButton(m_visual, u"play.fill"_s, u"Start"_s, u"Opens"_s);

@@ -2,19 +2,15 @@
 
 #include "Stage.h"
 
-#include "views/style/ActionButton.h"
-#include "views/style/CheckBox.h"
 #include "views/style/DesktopFont.h"
-#include "views/style/LinkButton.h"
 #include "views/style/Picker.h"
 #include "views/style/PushButton.h"
-#include "views/style/Slider.h"
 #include "views/style/Switch.h"
-#include "views/style/SymbolLink.h"
 #include "views/style/TextField.h"
 #include "views/style/TextLabel.h"
 #include "views/style/TrovellCardModifier.h"
 
+#include <QCheckBox>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -72,7 +68,7 @@ private Q_SLOTS:
         ActionButton action(m_visual, u"play.fill"_s, u"Start"_s,
                             u"Open everything and restore the layout"_s);
         SymbolLink link(m_visual, u"gearshape"_s, u"Settings"_s);
-        CheckBox box(m_visual, u"Add as launch item"_s);
+        QCheckBox box(u"Add as launch item"_s);
         LinkButton locate(m_visual, u"Locate Again"_s);
         TextLabel label(m_visual, u"Workspaces"_s, TextRole::caption);
         const auto painted = [](QWidget& control, int extra) {

@@ -3,13 +3,13 @@
 #include "Stage.h"
 
 #include "views/style/Alert.h"
-#include "views/style/CheckBox.h"
 #include "views/style/PushButton.h"
 #include "views/style/Scrim.h"
 #include "views/style/ScrollArea.h"
 #include "views/style/Sheet.h"
 #include "views/style/TextField.h"
 
+#include <QCheckBox>
 #include <QScreen>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -29,7 +29,7 @@ struct Form {
         auto* column = new QVBoxLayout(body);
         column->setContentsMargins(24, 24, 24, 24);
         field = new TextField(visual, u"Name"_s);
-        box = new CheckBox(visual, u"Also the folder"_s);
+        box = new QCheckBox(u"Also the folder"_s);
         cancel = new PushButton(visual, u"Cancel"_s);
         save = new PushButton(visual, u"Rename"_s, PushButton::Kind::prominent);
         for (QWidget* widget : std::initializer_list<QWidget*>{field, box, cancel, save})
@@ -52,7 +52,7 @@ struct Form {
     QPointer<Sheet> sheet;
     QWidget* body;
     TextField* field;
-    CheckBox* box;
+    QCheckBox* box;
     PushButton* cancel;
     PushButton* save;
 };
