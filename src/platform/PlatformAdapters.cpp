@@ -32,8 +32,9 @@ std::unique_ptr<WindowSystem> makeX11WindowSystem(PlatformAdapters& adapters)
     OwnedBusNames* names = adapters.busNames.get();
     return std::make_unique<X11WindowSystem>(
         QByteArray(), [files](const WindowIdentity& window) { return files->identify(window); },
-        BackgroundApplications{[names](const QString& id) { return names->find(id); },
-                               [names] { return names->list(); }});
+        [names](const std::optional<QSet<QString>>& identifiers) {
+            return names->running(identifiers);
+        });
 }
 
 } // namespace

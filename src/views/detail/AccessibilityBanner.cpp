@@ -51,7 +51,7 @@ QLayout* AccessibilityBanner::buildButtons()
     constexpr int gap = 8;
     auto* row = new WrappingRow(gap);
     AccessibilityPermissionManager& accessibility = m_environment.dependencies.accessibility();
-    const auto add = [&](TextKey<> key, void (AccessibilityPermissionManager::*action)()) {
+    const auto add = [&](TextKey<> key, auto action) {
         auto* button = new PushButton(m_environment.visual, {}, PushButton::Kind::bordered,
                                       PushButton::Scale::small);
         m_environment.words.renderText(button, key);

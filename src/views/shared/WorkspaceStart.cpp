@@ -3,15 +3,18 @@
 #include "views/shared/WorkspaceStart.h"
 
 #include "app/AppDependencies.h"
+#include "model/TrovellWorkspace.h"
+
+#include <QPointer>
 
 namespace trovell {
 
-void startWorkspace(AppDependencies& dependencies, TrovellWorkspace& workspace)
+QCoro::Task<> startWorkspace(AppDependencies& dependencies, TrovellWorkspace& workspace)
 {
-    AccessibilityPermissionManager& accessibility = dependencies.accessibility();
-    accessibility.refresh();
-    dependencies.launcher().start(&workspace, accessibility.isTrusted(),
-                                  dependencies.preferences().launchTimeout());
+    const QPointer<TrovellWorkspace> guard(&workspace);
+    const bool isTrusted = co_await dependencies.accessibility().refresh();
+    if (guard)
+        dependencies.launcher().start(guard, isTrusted, dependencies.preferences().launchTimeout());
 }
 
 } // namespace trovell

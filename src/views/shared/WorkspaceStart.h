@@ -3,6 +3,8 @@
 // How every surface starts a workspace. Main thread.
 #pragma once
 
+#include <QCoro/QCoroTask>
+
 namespace trovell {
 
 class AppDependencies;
@@ -10,6 +12,6 @@ class TrovellWorkspace;
 
 /// Looks at the window permission afresh and hands the workspace to the launcher, with the timeout
 /// as it is set now. Returns at once; the launcher's published state tells the rest.
-void startWorkspace(AppDependencies& dependencies, TrovellWorkspace& workspace);
+QCoro::Task<> startWorkspace(AppDependencies& dependencies, TrovellWorkspace& workspace);
 
 } // namespace trovell

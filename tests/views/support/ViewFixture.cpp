@@ -57,7 +57,7 @@ WindowPlacement& ViewFixture::addPlacement(TrovellWorkspace& workspace,
                                  .normalizedY = 0.25,
                                  .normalizedWidth = 0.5,
                                  .normalizedHeight = 0.5};
-    values.displayFingerprintData = encodeFingerprint(windows->displays.first().fingerprint);
+    values.displayFingerprintData = encodeFingerprint(windows->fingerprint(0));
     auto& added = workspace.appendPlacement(std::make_unique<WindowPlacement>(values));
     save();
     return added;
