@@ -53,8 +53,8 @@ struct RoundTrips {
 RoundTrips countRoundTrips(X11WindowSystem& system, const WindowCaptureService& service)
 {
     const int begin = system.roundTripCount();
-    const QList<RunningApplication> applications = system.runningApplications();
-    (void)system.readWindows(applications);
+    system.ask({.applications = DesktopQuestion::Applications::all, .windows = true})
+        .waitForFinished();
     const int middle = system.roundTripCount();
     (void)capturedWindows(service);
     return {middle - begin, system.roundTripCount() - middle};

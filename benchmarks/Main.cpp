@@ -5,6 +5,7 @@
 
 #include "CaptureBenchmark.h"
 #include "InterfaceBenchmark.h"
+#include "LateDesktopBenchmark.h"
 #include "ListBenchmark.h"
 #include "Machine.h"
 #include "MatchingBenchmark.h"
@@ -33,9 +34,9 @@ struct Benchmark {
 };
 
 constexpr Benchmark benchmarks[] = {
-    {"matching", &measureMatching}, {"capture", &measureCapture}, {"restore", &measureRestore},
-    {"waiting", &measureWaiting},   {"store", &measureStore},     {"interface", &measureInterface},
-    {"sheet", &measureSheet},       {"list", &measureList},
+    {"matching", &measureMatching},   {"capture", &measureCapture},  {"restore", &measureRestore},
+    {"waiting", &measureWaiting},     {"late", &measureLateDesktop}, {"store", &measureStore},
+    {"interface", &measureInterface}, {"sheet", &measureSheet},      {"list", &measureList},
 };
 
 QString describeRun()

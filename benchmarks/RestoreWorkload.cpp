@@ -30,7 +30,8 @@ QByteArrayList numbers(std::initializer_list<int> values)
 } // namespace
 
 RestoreWorkload::RestoreWorkload(CrowdedDesktop& crowd, int applications, int windowsEach)
-    : m_crowd(crowd), m_displays(crowd.session().windowSystem().currentDisplays())
+    : m_crowd(crowd),
+      m_displays(crowd.session().windowSystem().ask({.displays = true}).result().displays)
 {
     for (int application = 0; application < applications; ++application) {
         for (int index = 0; index < windowsEach; ++index) {
@@ -133,9 +134,8 @@ QSize RestoreWorkload::clientSize(int layout, qsizetype index) const
 WindowPlacementSnapshot RestoreWorkload::placement(int layout, qsizetype index) const
 {
     const Window& window = m_windows.at(index);
-    const QRectF screenFrame =
-        screenFrameFromAccessibility(QRectF(frame(layout, index)), mainDisplayFrame(m_displays));
-    const DisplaySnapshot display = *displayContaining(screenFrame, m_displays);
+    const QRectF screenFrame = m_displays.storedFrame(QRectF(frame(layout, index)));
+    const DisplaySnapshot display = *displayContaining(screenFrame, m_displays.snapshots());
     return {.id = QUuid::createUuid(),
             .bundleIdentifier = CrowdedDesktop::bundleIdentifier(window.application),
             .applicationName = {},

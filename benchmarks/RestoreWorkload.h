@@ -5,6 +5,7 @@
 
 #include "CrowdedDesktop.h"
 #include "platform/x11/X11Connection.h"
+#include "windows/StoredForms.h"
 #include "windows/WindowRestoreService.h"
 
 #include <QByteArrayList>
@@ -54,7 +55,7 @@ private:
     [[nodiscard]] WindowPlacementSnapshot placement(int layout, qsizetype index) const;
 
     CrowdedDesktop& m_crowd;
-    QList<DisplaySnapshot> m_displays;
+    StoredDisplays m_displays;
     QList<Window> m_windows;
 };
 

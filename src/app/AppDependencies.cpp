@@ -15,8 +15,15 @@ AccessibilityPermissionManager::Platform permissionPlatform(PlatformAdapters& pl
 {
     WindowSystem* windows = platform.windowSystem.get();
     ResourceSystem* resources = platform.resourceSystem.get();
-    return {[windows] { return windows->isTrusted(); },
-            [windows] { return windows->requestTrust(); },
+    const auto isAvailable = [](WindowControl control) {
+        return control == WindowControl::available;
+    };
+    return {[windows, isAvailable] {
+                return windows->ask({}).then([isAvailable](const DesktopSnapshot& desktop) {
+                    return isAvailable(desktop.control);
+                });
+            },
+            [windows, isAvailable] { return windows->requestControl().then(isAvailable); },
             [resources](const QUrl& url) { (void)resources->openResource(url); },
             platform.windowControlSettings};
 }
@@ -24,7 +31,11 @@ AccessibilityPermissionManager::Platform permissionPlatform(PlatformAdapters& pl
 ResourceOpeningService::IsRunning runningQuestion(WindowSystem& windows)
 {
     return [&windows](const QString& bundleIdentifier) {
-        return !windows.runningApplications(bundleIdentifier).isEmpty();
+        return windows
+            .ask({.applications = DesktopQuestion::Applications::named,
+                  .identifiers = {bundleIdentifier},
+                  .withoutWindows = true})
+            .then([](const DesktopSnapshot& desktop) { return !desktop.applications.isEmpty(); });
     };
 }
 

@@ -20,12 +20,6 @@ double overlapArea(const QRectF& a, const QRectF& b)
     return width > 0 && height > 0 ? width * height : 0;
 }
 
-QRectF flipped(const QRectF& frame, const QRectF& mainDisplayFrame)
-{
-    const double mainTop = mainDisplayFrame.y() + mainDisplayFrame.height();
-    return {frame.x(), mainTop - (frame.y() + frame.height()), frame.width(), frame.height()};
-}
-
 } // namespace
 
 NormalizedFrame normalizeFrame(const QRectF& frame, const QRectF& reference)
@@ -68,26 +62,6 @@ std::optional<DisplaySnapshot> displayContaining(const QRectF& frame,
             return overlapArea(frame, a.frame) < overlapArea(frame, b.frame);
         });
     return best == displays.end() ? std::nullopt : std::optional(*best);
-}
-
-QRectF mainDisplayFrame(const QList<DisplaySnapshot>& displays)
-{
-    for (const DisplaySnapshot& display : displays) {
-        if (display.fingerprint.isMain)
-            return display.frame;
-    }
-    return displays.isEmpty() ? QRectF(0, 0, 0, 0) : displays.first().frame;
-}
-
-QRectF screenFrameFromAccessibility(const QRectF& accessibilityFrame,
-                                    const QRectF& mainDisplayFrame)
-{
-    return flipped(accessibilityFrame, mainDisplayFrame);
-}
-
-QRectF accessibilityFrameFromScreen(const QRectF& screenFrame, const QRectF& mainDisplayFrame)
-{
-    return flipped(screenFrame, mainDisplayFrame);
 }
 
 } // namespace trovell

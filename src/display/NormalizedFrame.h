@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// Window frames relative to the usable area of a display, and the conversions between the two
-// coordinate systems of the desktop. Pure arithmetic on doubles, any thread.
+// Window frames relative to the usable area of a display. Pure arithmetic on doubles, any thread.
 //
 // Screen coordinates: points, origin at the bottom left of the primary display, y upward.
-// Accessibility coordinates: points, origin at the top left of the primary display, y downward.
 #pragma once
 
 #include "display/DisplaySnapshot.h"
@@ -41,13 +39,5 @@ struct NormalizedFrame {
 /// window that lies on none. `frame` is in screen coordinates. None only for an empty list.
 [[nodiscard]] std::optional<DisplaySnapshot>
 displayContaining(const QRectF& frame, const QList<DisplaySnapshot>& displays);
-
-/// The frame of the display marked as main, else of the first one, else the zero rectangle.
-[[nodiscard]] QRectF mainDisplayFrame(const QList<DisplaySnapshot>& displays);
-
-[[nodiscard]] QRectF screenFrameFromAccessibility(const QRectF& accessibilityFrame,
-                                                  const QRectF& mainDisplayFrame);
-[[nodiscard]] QRectF accessibilityFrameFromScreen(const QRectF& screenFrame,
-                                                  const QRectF& mainDisplayFrame);
 
 } // namespace trovell

@@ -3,7 +3,10 @@
 #include "editing/WorkspaceStart.h"
 
 #include "launch/WorkspaceLauncher.h"
+#include "model/TrovellWorkspace.h"
 #include "windows/AccessibilityPermissionManager.h"
+
+#include <QPointer>
 
 namespace trovell {
 
@@ -14,10 +17,12 @@ WorkspaceStart::WorkspaceStart(AccessibilityPermissionManager& accessibility,
 {
 }
 
-void WorkspaceStart::operator()(TrovellWorkspace& workspace) const
+QCoro::Task<> WorkspaceStart::operator()(TrovellWorkspace& workspace) const
 {
-    m_accessibility.refresh();
-    m_launcher.start(&workspace, m_accessibility.isTrusted(), m_timeoutSeconds());
+    const QPointer<TrovellWorkspace> guard(&workspace);
+    const bool isTrusted = co_await m_accessibility.refresh();
+    if (guard)
+        m_launcher.start(guard, isTrusted, m_timeoutSeconds());
 }
 
 } // namespace trovell

@@ -3,6 +3,8 @@
 // How every surface starts a workspace. Main thread.
 #pragma once
 
+#include <QCoro/QCoroTask>
+
 #include <functional>
 
 namespace trovell {
@@ -19,7 +21,7 @@ public:
 
     /// Looks at the window permission afresh and hands the workspace to the launcher. Returns at
     /// once; the launcher's published state tells the rest.
-    void operator()(TrovellWorkspace& workspace) const;
+    QCoro::Task<> operator()(TrovellWorkspace& workspace) const;
 
 private:
     AccessibilityPermissionManager& m_accessibility;

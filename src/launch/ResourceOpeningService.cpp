@@ -58,7 +58,7 @@ QCoro::Task<LaunchResult> ResourceOpeningService::openWebLink(Request request)
     if (!url)
         co_return makeLaunchResult(Message::verbatim(request.name), LaunchResultKind::failed,
                                    description(url.error()));
-    co_return openURL(request, *url);
+    co_return co_await openURL(request, *url);
 }
 
 QCoro::Task<LaunchResult> ResourceOpeningService::openResource(Request request,
@@ -72,22 +72,24 @@ QCoro::Task<LaunchResult> ResourceOpeningService::openResource(Request request,
         co_return failure(request.name, resource.error());
     if (resource->refreshedBookmark && item)
         item->setBookmarkData(resource->refreshedBookmark);
-    co_return openURL(request, resource->url);
+    co_return co_await openURL(request, resource->url);
 }
 
-LaunchResult ResourceOpeningService::openURL(const Request& request, const QUrl& url)
+QCoro::Task<LaunchResult> ResourceOpeningService::openURL(Request request, QUrl url)
 {
-    const Message name = Message::verbatim(request.name);
-    const bool isRunning = request.bundleIdentifier && m_isRunning(*request.bundleIdentifier);
-    if (request.isApplication && isRunning)
-        return makeLaunchResult(name, LaunchResultKind::alreadyRunning);
+    if (request.isApplication && request.bundleIdentifier) {
+        auto asking = m_isRunning(*request.bundleIdentifier);
+        if (co_await asking)
+            co_return makeLaunchResult(Message::verbatim(request.name), LaunchResultKind::alreadyRunning);
+    }
 
     const bool isAccepted =
         request.isApplication ? m_system.openApplication(url) : m_system.openResource(url);
     if (!isAccepted)
-        return failure(request.name, {ResourceOpeningError::Kind::cannotOpen, request.name});
-    return makeLaunchResult(name, request.isApplication ? LaunchResultKind::launched
-                                                        : LaunchResultKind::opened);
+        co_return failure(request.name, {ResourceOpeningError::Kind::cannotOpen, request.name});
+    co_return makeLaunchResult(Message::verbatim(request.name),
+                               request.isApplication ? LaunchResultKind::launched
+                                                     : LaunchResultKind::opened);
 }
 
 Expected<ResolvedResource, ResourceOpeningError>

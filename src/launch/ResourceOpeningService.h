@@ -10,6 +10,7 @@
 #include "support/Expected.h"
 
 #include <QByteArray>
+#include <QFuture>
 #include <QPointer>
 #include <QString>
 #include <QUrl>
@@ -35,7 +36,7 @@ struct ResolvedResource {
 
 class ResourceOpeningService {
 public:
-    using IsRunning = std::function<bool(const QString& bundleIdentifier)>;
+    using IsRunning = std::function<QFuture<bool>(const QString& bundleIdentifier)>;
     using Exists = std::function<bool(const QUrl& fileURL)>;
 
     /// `system` outlives the service and every call of it that still runs. `isRunning` is called
@@ -65,7 +66,7 @@ private:
 
     QCoro::Task<LaunchResult> openResource(Request request, QPointer<WorkspaceItem> item);
     QCoro::Task<LaunchResult> openWebLink(Request request);
-    [[nodiscard]] LaunchResult openURL(const Request& request, const QUrl& url);
+    QCoro::Task<LaunchResult> openURL(Request request, QUrl url);
 
     ResourceSystem& m_system;
     IsRunning m_isRunning;

@@ -124,7 +124,7 @@ QCoro::Task<> WorkspaceLauncher::start(TrovellWorkspace* workspace, bool accessi
     if (!snapshots.isEmpty() && !accessibilityTrusted)
         results.append(noPermissionResult());
     else
-        activateApplications(applications);
+        co_await m_windowSystem.activate(applications);
 
     if (guard) {
         guard->setLastLaunchedAt(m_clock.now());
@@ -185,16 +185,6 @@ WorkspaceLauncher::restoreApplicationWindows(Snapshots pending, double timeoutSe
     for (const WindowPlacementSnapshot& snapshot : std::as_const(pending))
         finished.append(timedOutResult(snapshot, lastRetryReasons));
     co_return finished;
-}
-
-void WorkspaceLauncher::activateApplications(const QStringList& bundleIdentifiers)
-{
-    // Backwards, so that the first application of the workspace ends in front.
-    for (const QString& identifier : bundleIdentifiers | std::views::reverse) {
-        const QList<RunningApplication> running = m_windowSystem.runningApplications(identifier);
-        if (!running.isEmpty())
-            m_windowSystem.activate(running.first());
-    }
 }
 
 void WorkspaceLauncher::setLaunching(bool isLaunching)

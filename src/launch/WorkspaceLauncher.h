@@ -58,7 +58,6 @@ private:
                                                       std::stop_token stop);
     [[nodiscard]] QCoro::Task<Results>
     restoreApplicationWindows(Snapshots pending, double timeoutSeconds, std::stop_token stop);
-    void activateApplications(const QStringList& bundleIdentifiers);
     void setLaunching(bool isLaunching);
     void publish(const QUuid& workspaceID, Results results);
 

@@ -14,8 +14,9 @@ constexpr std::chrono::milliseconds pollInterval{500};
 } // namespace
 
 AccessibilityPermissionManager::AccessibilityPermissionManager(Platform platform, Clock& clock)
-    : m_platform(std::move(platform)), m_clock(clock), m_isTrusted(m_platform.isProcessTrusted())
+    : m_platform(std::move(platform)), m_clock(clock)
 {
+    refresh();
 }
 
 AccessibilityPermissionManager::~AccessibilityPermissionManager()
@@ -34,26 +35,38 @@ void AccessibilityPermissionManager::setTrusted(bool isTrusted)
     isTrustedChanged(isTrusted);
 }
 
-void AccessibilityPermissionManager::refresh()
+QCoro::Task<bool> AccessibilityPermissionManager::take(QFuture<bool> answer)
 {
-    setTrusted(m_platform.isProcessTrusted());
+    const QPointer<AccessibilityPermissionManager> self(this);
+    const bool isTrusted = co_await answer;
+    if (self)
+        setTrusted(isTrusted);
+    co_return self&& isTrusted;
 }
 
-void AccessibilityPermissionManager::requestAccess()
+QCoro::Task<bool> AccessibilityPermissionManager::refresh()
 {
-    refresh();
-    if (m_isTrusted)
-        return;
-    setTrusted(m_platform.requestProcessTrust());
-    if (!m_isTrusted)
+    return take(m_platform.isProcessTrusted());
+}
+
+QCoro::Task<> AccessibilityPermissionManager::requestAccess()
+{
+    const QPointer<AccessibilityPermissionManager> self(this);
+    bool isTrusted = co_await refresh();
+    if (!self || isTrusted)
+        co_return;
+    const QFuture<bool> asking = m_platform.requestProcessTrust();
+    isTrusted = co_await take(asking);
+    if (self && !isTrusted)
         startPolling();
 }
 
-void AccessibilityPermissionManager::openSystemSettings()
+QCoro::Task<> AccessibilityPermissionManager::openSystemSettings()
 {
-    refresh();
-    if (m_isTrusted || !m_platform.settingsURL.isValid())
-        return;
+    const QPointer<AccessibilityPermissionManager> self(this);
+    const bool isTrusted = co_await refresh();
+    if (!self || isTrusted || !m_platform.settingsURL.isValid())
+        co_return;
     m_platform.openSettingsURL(m_platform.settingsURL);
     startPolling();
 }
@@ -68,7 +81,8 @@ void AccessibilityPermissionManager::startPolling()
 QCoro::Task<> AccessibilityPermissionManager::poll(std::shared_ptr<Poll> poll, Clock* clock)
 {
     for (int check = 0; check < maximumPollCount && poll->manager; ++check) {
-        poll->manager->refresh();
+        auto answer = poll->manager->refresh();
+        co_await answer;
         // A grant cancels the poll, which is this one.
         if (!poll->manager)
             co_return;

@@ -7,7 +7,9 @@
 #include "support/Clock.h"
 
 #include <QCoro/QCoroTask>
+#include <QFuture>
 #include <QObject>
+#include <QPointer>
 #include <QUrl>
 
 #include <functional>
@@ -21,26 +23,30 @@ class AccessibilityPermissionManager final : public QObject {
 public:
     /// The desktop's side of it, see `WindowSystem`.
     struct Platform {
-        std::function<bool()> isProcessTrusted;
-        std::function<bool()> requestProcessTrust;
+        std::function<QFuture<bool>()> isProcessTrusted;
+        std::function<QFuture<bool>()> requestProcessTrust;
         std::function<void(const QUrl&)> openSettingsURL;
         /// Where the user grants window control; invalid on a desktop that has no such place.
         QUrl settingsURL;
     };
 
+    /// Asks the desktop for the first time; until it answers nothing is trusted.
     AccessibilityPermissionManager(Platform platform, Clock& clock);
     ~AccessibilityPermissionManager() override;
 
     [[nodiscard]] bool isTrusted() const { return m_isTrusted; }
 
     void setTrusted(bool isTrusted);
-    /// Asks the desktop again.
-    void refresh();
+
+    // What these start goes on without anyone waiting for it, also if the manager goes away.
+
+    /// Asks the desktop again. Ends with what it answered.
+    QCoro::Task<bool> refresh();
     /// Lets the desktop ask the user, and polls for the answer.
-    void requestAccess();
+    QCoro::Task<> requestAccess();
     /// Opens the desktop's settings where the user can grant access, and polls for it. Nothing
     /// when access is granted or the desktop has no such settings.
-    void openSystemSettings();
+    QCoro::Task<> openSystemSettings();
     /// Checks now and every half second, 240 times at most, until access is granted. Replaces a
     /// poll that runs.
     void startPolling();
@@ -51,9 +57,10 @@ Q_SIGNALS:
 private:
     /// Shared with the poll, which may outlive its manager while it sleeps.
     struct Poll {
-        AccessibilityPermissionManager* manager = nullptr; ///< none once cancelled
+        QPointer<AccessibilityPermissionManager> manager; ///< none once cancelled
     };
 
+    QCoro::Task<bool> take(QFuture<bool> answer);
     static QCoro::Task<> poll(std::shared_ptr<Poll> poll, Clock* clock);
     void cancelPolling();
 

@@ -4,24 +4,10 @@
 
 namespace trovell {
 
-using namespace Qt::StringLiterals;
-
-std::optional<QRectF> readWindowFrame(const WindowAttributes& window)
+bool isOrdinaryWindow(const DesktopWindow& window)
 {
-    if (!window.position || !window.size)
-        return std::nullopt;
-    return QRectF(*window.position, *window.size);
-}
-
-bool isOrdinaryWindow(const WindowAttributes& window)
-{
-    if (window.isMinimized.value_or(false) || window.role != u"AXWindow"_s)
-        return false;
-    const std::optional<QRectF> frame = readWindowFrame(window);
-    if (!frame || !(frame->width() > 80) || !(frame->height() > 60))
-        return false;
-    return window.subrole != u"AXSystemDialog"_s && window.subrole != u"AXFloatingWindow"_s &&
-           window.subrole != u"AXDialog"_s;
+    return window.kind == WindowKind::standard && !(window.states & WindowState::minimized) &&
+           window.frame && window.frame->width() > 80 && window.frame->height() > 60;
 }
 
 } // namespace trovell

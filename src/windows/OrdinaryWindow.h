@@ -4,15 +4,11 @@
 // only they are restored. Any thread.
 #pragma once
 
-#include "windows/WindowSystem.h"
+#include "windows/DesktopWindow.h"
 
 namespace trovell {
 
-/// The frame in accessibility coordinates, when both position and size are known.
-[[nodiscard]] std::optional<QRectF> readWindowFrame(const WindowAttributes& window);
-
-/// A standard window that is not minimised, is larger than 80 × 60 points and is no dialog or
-/// floating panel.
-[[nodiscard]] bool isOrdinaryWindow(const WindowAttributes& window);
+/// A standard window whose frame is known, that is not minimised and larger than 80 × 60 points.
+[[nodiscard]] bool isOrdinaryWindow(const DesktopWindow& window);
 
 } // namespace trovell

@@ -18,19 +18,26 @@ using namespace Qt::StringLiterals;
 namespace {
 
 CapturedWindow makeCapturedWindow(const CapturedApplication& application,
-                                  const WindowAttributes& window, qint64 index,
-                                  const QRectF& screenFrame, const DisplaySnapshot& display)
+                                  const DesktopWindow& window, qint64 index,
+                                  const QRectF& storedFrame, const DisplaySnapshot& display)
 {
     const bool hasTitle = window.title && !window.title->isEmpty();
     return {QUuid::createUuid(),
             application.bundleIdentifier,
             application.applicationName,
             hasTitle ? window.title : std::nullopt,
-            window.role,
-            window.subrole,
+            storedRole(),
+            storedSubrole(window.kind),
             index,
-            screenFrame,
+            storedFrame,
             display};
+}
+
+/// Whether it is for the user to choose, and not the program itself.
+bool isOffered(const RunningApplication& application, qint64 ownProcessIdentifier)
+{
+    return application.processIdentifier != ownProcessIdentifier && application.isRegular &&
+           !application.isTerminated && application.bundleIdentifier;
 }
 
 void sortByName(QList<CapturedApplication>& applications)
@@ -43,39 +50,42 @@ void sortByName(QList<CapturedApplication>& applications)
                      });
 }
 
-QList<CapturedApplication> captureWindows(const WindowSystem* windowSystem,
-                                          const QList<RunningApplication>& applications,
-                                          const QList<DisplaySnapshot>& displays)
+/// On a worker.
+WindowCaptureService::Capture makeCapture(const DesktopSnapshot& desktop,
+                                          qint64 ownProcessIdentifier, bool allowEmpty)
 {
-    const QList<QList<WindowAttributes>> windows = windowSystem->readWindows(applications);
+    if (desktop.control != WindowControl::available)
+        return Unexpected(WindowServiceError::accessibilityPermissionMissing);
+    const StoredDisplays displays(desktop.displays);
     QList<CapturedApplication> captured;
-    for (qsizetype index = 0; index < applications.size(); ++index) {
-        CapturedApplication application =
-            makeCapturedApplication(applications.at(index), windows.value(index), displays);
+    for (const RunningApplication& running : desktop.applications) {
+        if (!isOffered(running, ownProcessIdentifier))
+            continue;
+        CapturedApplication application = makeCapturedApplication(running, displays);
         if (!application.windows.isEmpty())
             captured.append(std::move(application));
     }
     sortByName(captured);
+    if (captured.isEmpty() && !allowEmpty)
+        return Unexpected(WindowServiceError::noWindows);
     return captured;
 }
 
 } // namespace
 
 CapturedApplication makeCapturedApplication(const RunningApplication& application,
-                                            const QList<WindowAttributes>& windows,
-                                            const QList<DisplaySnapshot>& displays)
+                                            const StoredDisplays& displays)
 {
     CapturedApplication captured;
     captured.bundleIdentifier = application.bundleIdentifier.value_or(QString());
     captured.applicationName = application.localizedName.value_or(u"Application"_s);
     captured.applicationURLString = application.bundleURL;
-    const QRectF mainFrame = mainDisplayFrame(displays);
-    for (qsizetype index = 0; index < windows.size(); ++index) {
-        const WindowAttributes& window = windows.at(index);
+    for (qsizetype index = 0; index < application.windows.size(); ++index) {
+        const DesktopWindow& window = application.windows.at(index);
         if (!isOrdinaryWindow(window))
             continue;
-        const QRectF frame = screenFrameFromAccessibility(*readWindowFrame(window), mainFrame);
-        if (const auto display = displayContaining(frame, displays))
+        const QRectF frame = displays.storedFrame(*window.frame);
+        if (const auto display = displayContaining(frame, displays.snapshots()))
             captured.windows.append(makeCapturedWindow(captured, window, index, frame, *display));
     }
     return captured;
@@ -90,36 +100,29 @@ QCoro::Task<WindowCaptureService::Capture>
 WindowCaptureService::captureApplications(std::optional<QSet<QString>> filter,
                                           bool allowEmpty) const
 {
-    if (!m_windowSystem.isTrusted())
-        co_return Unexpected(WindowServiceError::accessibilityPermissionMissing);
-    const QList<DisplaySnapshot> displays = m_windowSystem.currentDisplays();
-    QList<RunningApplication> applications = m_windowSystem.applicationsWithWindows();
-    applications.removeIf([&](const RunningApplication& application) {
-        return !isOffered(application) ||
-               (filter && !filter->contains(*application.bundleIdentifier));
-    });
-    auto reading = QtConcurrent::run(&captureWindows, &m_windowSystem, applications, displays);
-    QList<CapturedApplication> captured = co_await reading;
-    if (captured.isEmpty() && !allowEmpty)
-        co_return Unexpected(WindowServiceError::noWindows);
-    co_return captured;
+    using Applications = DesktopQuestion::Applications;
+    const DesktopQuestion question{.applications = filter ? Applications::named : Applications::all,
+                                   .identifiers = filter.value_or(QSet<QString>()),
+                                   .windows = true,
+                                   .displays = true};
+    auto reading = m_windowSystem.ask(question);
+    const DesktopSnapshot desktop = co_await reading;
+    auto making = QtConcurrent::run(&makeCapture, desktop, m_ownProcessIdentifier, allowEmpty);
+    co_return co_await making;
 }
 
 QCoro::Task<QList<CapturedApplication>> WindowCaptureService::runningApplications() const
 {
+    const DesktopQuestion question{.applications = DesktopQuestion::Applications::all,
+                                   .withoutWindows = true};
+    auto reading = m_windowSystem.ask(question);
+    const DesktopSnapshot desktop = co_await reading;
     QList<CapturedApplication> captured;
-    const QList<RunningApplication> applications = m_windowSystem.runningApplications();
-    for (const RunningApplication& application : applications) {
-        if (isOffered(application) && !application.isHidden)
-            captured.append(makeCapturedApplication(application, {}, {}));
+    for (const RunningApplication& application : desktop.applications) {
+        if (isOffered(application, m_ownProcessIdentifier) && !application.isHidden)
+            captured.append(makeCapturedApplication(application, StoredDisplays({})));
     }
     co_return captured;
-}
-
-bool WindowCaptureService::isOffered(const RunningApplication& application) const
-{
-    return application.processIdentifier != m_ownProcessIdentifier && application.isRegular &&
-           !application.isTerminated && application.bundleIdentifier;
 }
 
 } // namespace trovell

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 //
-// Reads the ordinary windows of the running applications. Called on the main thread; the windows
-// themselves are read on a worker.
+// Reads the ordinary windows of the running applications. Main thread; what is read is turned into
+// a capture on a worker.
 #pragma once
 
 #include "support/Expected.h"
 #include "windows/CapturedApplication.h"
+#include "windows/StoredForms.h"
 #include "windows/WindowServiceError.h"
 #include "windows/WindowSystem.h"
 
@@ -30,17 +31,13 @@ public:
     [[nodiscard]] QCoro::Task<QList<CapturedApplication>> runningApplications() const;
 
 private:
-    /// Whether it is for the user to choose, and not the program itself.
-    [[nodiscard]] bool isOffered(const RunningApplication& application) const;
-
     WindowSystem& m_windowSystem;
     qint64 m_ownProcessIdentifier;
 };
 
-/// The captured application of a running one, with those of `windows` (its "AXWindows") that are
-/// ordinary, each on the display that it lies on. Any thread.
+/// The captured application of a running one, with those of its windows that are ordinary, each on
+/// the display that it lies on. Any thread.
 [[nodiscard]] CapturedApplication makeCapturedApplication(const RunningApplication& application,
-                                                          const QList<WindowAttributes>& windows,
-                                                          const QList<DisplaySnapshot>& displays);
+                                                          const StoredDisplays& displays);
 
 } // namespace trovell

@@ -9,6 +9,7 @@
 #include "windows/WindowServiceError.h"
 
 #include <QCoro/QCoroFuture>
+#include <QHash>
 #include <QSet>
 #include <QtConcurrentRun>
 
@@ -22,7 +23,6 @@ using Placements = QList<WindowPlacementSnapshot>;
 
 constexpr double minimumWidth = 240;
 constexpr double minimumHeight = 160;
-constexpr int maximumConcurrentPasses = 64;
 
 void requireUniqueIds(const Placements& placements)
 {
@@ -83,19 +83,19 @@ WindowRestoreAttempt withoutDisplay(const Placements& placements)
 }
 
 struct LiveWindows {
-    QList<WindowHandle> handles;
+    QList<WindowId> ids;
     QList<WindowMatchCandidate> candidates;
 };
 
-LiveWindows ordinaryWindows(const QList<WindowAttributes>& windows)
+LiveWindows ordinaryWindows(const QList<DesktopWindow>& windows)
 {
     LiveWindows live;
     for (qsizetype index = 0; index < windows.size(); ++index) {
-        const WindowAttributes& window = windows.at(index);
+        const DesktopWindow& window = windows.at(index);
         if (!isOrdinaryWindow(window))
             continue;
-        live.handles.append(window.handle);
-        live.candidates.append({index, window.title, window.role, window.subrole});
+        live.ids.append(window.id);
+        live.candidates.append({index, window.title, storedRole(), storedSubrole(window.kind)});
     }
     return live;
 }
@@ -116,8 +116,8 @@ bool isFinite(const QRectF& frame)
 }
 
 /// What one attempt over the placements of one application comes to, without moving anything.
-WindowRestorePlan makePlan(const Placements& placements, const QList<WindowAttributes>& windows,
-                           const QList<DisplaySnapshot>& displays)
+WindowRestorePlan makePlan(const Placements& placements, const QList<DesktopWindow>& windows,
+                           const StoredDisplays& displays)
 {
     const LiveWindows live = ordinaryWindows(windows);
     const auto assignments = assignWindows(matchRequests(placements), live.candidates);
@@ -136,101 +136,57 @@ WindowRestorePlan makePlan(const Placements& placements, const QList<WindowAttri
             plan.attempt.completed.insert(placement.id, movedResult(placement, false));
         } else {
             plan.moved.append(placement);
-            plan.requests.append({live.handles.at(*assignment), *target});
+            plan.requests.append({live.ids.at(*assignment), *target});
         }
     }
     return plan;
 }
 
-/// What is read on the main thread for a round.
-struct Surroundings {
-    bool isTrusted = false;
-    /// By identifier; only those of the round.
+/// On a worker: the plans of all groups, in their order.
+QList<WindowRestorePlan> makePlans(const QList<Placements>& groups, const DesktopSnapshot& desktop)
+{
     QHash<QString, RunningApplication> running;
-    QList<DisplaySnapshot> displays;
-
-    [[nodiscard]] bool hasWindowsToRead() const
-    {
-        return !running.isEmpty() && !displays.isEmpty();
+    for (const RunningApplication& application : desktop.applications) {
+        if (application.bundleIdentifier)
+            running.insert(*application.bundleIdentifier, application);
     }
-};
-
-QHash<QString, QList<WindowAttributes>> readWindows(const WindowSystem& windowSystem,
-                                                    const Surroundings& surroundings)
-{
-    if (!surroundings.hasWindowsToRead())
-        return {};
-    const QStringList identifiers = surroundings.running.keys();
-    const auto windows = windowSystem.readWindows(surroundings.running.values());
-    QHash<QString, QList<WindowAttributes>> result;
-    for (qsizetype index = 0; index < identifiers.size(); ++index)
-        result.insert(identifiers.at(index), windows.value(index));
-    return result;
-}
-
-/// On a worker when there are windows to read.
-QList<WindowRestorePlan> makePlans(const WindowSystem* windowSystem,
-                                   const QList<Placements>& groups,
-                                   const Surroundings& surroundings)
-{
-    const auto windows = readWindows(*windowSystem, surroundings);
+    const StoredDisplays displays(desktop.displays);
     QList<WindowRestorePlan> plans;
     for (const Placements& group : groups) {
-        const QString& identifier = group.first().bundleIdentifier;
-        if (!surroundings.isTrusted)
+        const auto application = running.constFind(group.first().bundleIdentifier);
+        if (desktop.control != WindowControl::available)
             plans.append({withoutPermission(group), {}, {}});
-        else if (!surroundings.running.contains(identifier))
+        else if (application == running.cend())
             plans.append({withoutApplication(group), {}, {}});
-        else if (surroundings.displays.isEmpty())
+        else if (desktop.displays.isEmpty())
             plans.append({withoutDisplay(group), {}, {}});
         else
-            plans.append(makePlan(group, windows.value(identifier), surroundings.displays));
+            plans.append(makePlan(group, application->windows, displays));
     }
     return plans;
 }
 
-/// On a worker. Returns once the windows came to rest.
-WindowRestoreAttempt moveWindows(WindowSystem* windowSystem, const WindowRestorePlan& plan)
+DesktopQuestion questionAbout(const QList<Placements>& groups)
+{
+    DesktopQuestion question{.applications = DesktopQuestion::Applications::named,
+                             .windows = true,
+                             .withoutWindows = true,
+                             .displays = true};
+    for (const Placements& group : groups)
+        question.identifiers.insert(group.first().bundleIdentifier);
+    return question;
+}
+
+WindowRestoreAttempt completedAttempt(const WindowRestorePlan& plan,
+                                      const QList<FrameOutcome>& outcomes)
 {
     WindowRestoreAttempt attempt = plan.attempt;
-    const QList<bool> isAccepted = windowSystem->setWindowFrames(plan.requests);
-    for (qsizetype index = 0; index < plan.moved.size(); ++index)
-        attempt.completed.insert(plan.moved.at(index).id,
-                                 movedResult(plan.moved.at(index), isAccepted.value(index)));
+    for (qsizetype index = 0; index < plan.moved.size(); ++index) {
+        const WindowPlacementSnapshot& placement = plan.moved.at(index);
+        const bool isTaken = outcomes.value(index, FrameOutcome::refused) == FrameOutcome::taken;
+        attempt.completed.insert(placement.id, movedResult(placement, isTaken));
+    }
     return attempt;
-}
-
-QHash<QString, RunningApplication> findApplications(WindowSystem& windowSystem,
-                                                    const QList<Placements>& groups)
-{
-    QHash<QString, RunningApplication> withWindows;
-    const QList<RunningApplication> all = windowSystem.applicationsWithWindows();
-    for (const RunningApplication& application : all) {
-        if (application.bundleIdentifier)
-            withWindows.insert(*application.bundleIdentifier, application);
-    }
-    QHash<QString, RunningApplication> found;
-    for (const Placements& group : groups) {
-        const QString& identifier = group.first().bundleIdentifier;
-        if (withWindows.contains(identifier)) {
-            found.insert(identifier, withWindows.value(identifier));
-            continue;
-        }
-        const QList<RunningApplication> running = windowSystem.runningApplications(identifier);
-        if (!running.isEmpty())
-            found.insert(identifier, running.first());
-    }
-    return found;
-}
-
-Surroundings readSurroundings(WindowSystem& windowSystem, const QList<Placements>& groups)
-{
-    if (!windowSystem.isTrusted())
-        return {};
-    Surroundings surroundings{true, findApplications(windowSystem, groups), {}};
-    if (!surroundings.running.isEmpty())
-        surroundings.displays = windowSystem.currentDisplays();
-    return surroundings;
 }
 
 } // namespace
@@ -260,20 +216,19 @@ WindowPlacementSnapshot makeSnapshot(const WindowPlacement& placement)
 }
 
 std::optional<QRectF> restoreTarget(const WindowPlacementSnapshot& placement,
-                                    const QList<DisplaySnapshot>& displays)
+                                    const StoredDisplays& displays)
 {
-    const auto display = bestDisplay(placement.displayFingerprint, displays);
+    const auto display = bestDisplay(placement.displayFingerprint, displays.snapshots());
     if (!display)
         return std::nullopt;
     const QRectF wanted = denormalizeFrame(placement.normalizedFrame, display->visibleFrame);
     const QRectF clamped = clampedFrame(wanted, display->visibleFrame, minimumWidth, minimumHeight);
-    return accessibilityFrameFromScreen(clamped, mainDisplayFrame(displays));
+    return displays.desktopFrame(clamped);
 }
 
 WindowRestoreService::WindowRestoreService(WindowSystem& windowSystem)
     : m_windowSystem(windowSystem)
 {
-    m_pool.setMaxThreadCount(maximumConcurrentPasses);
 }
 
 QCoro::Task<WindowRestoreAttempt>
@@ -289,8 +244,9 @@ WindowRestoreService::restorePlacements(QList<WindowPlacementSnapshot> placement
     const WindowRestorePlan plan = plans.at(position);
     if (plan.requests.isEmpty())
         co_return plan.attempt;
-    auto moving = QtConcurrent::run(&m_pool, &moveWindows, &m_windowSystem, plan);
-    co_return co_await moving;
+    auto moving = m_windowSystem.setFrames(plan.requests);
+    const QList<FrameOutcome> outcomes = co_await moving;
+    co_return completedAttempt(plan, outcomes);
 }
 
 std::shared_ptr<WindowRestoreService::Round> WindowRestoreService::nextRound()
@@ -306,15 +262,10 @@ std::shared_ptr<WindowRestoreService::Round> WindowRestoreService::nextRound()
 
 QCoro::Task<> WindowRestoreService::run(std::shared_ptr<Round> round)
 {
-    const Surroundings surroundings = readSurroundings(m_windowSystem, round->groups);
-    QList<WindowRestorePlan> plans;
-    if (surroundings.hasWindowsToRead()) {
-        auto planning =
-            QtConcurrent::run(&m_pool, &makePlans, &m_windowSystem, round->groups, surroundings);
-        plans = co_await planning;
-    } else {
-        plans = makePlans(&m_windowSystem, round->groups, surroundings);
-    }
+    auto reading = m_windowSystem.ask(questionAbout(round->groups));
+    const DesktopSnapshot desktop = co_await reading;
+    auto planning = QtConcurrent::run(&makePlans, round->groups, desktop);
+    const QList<WindowRestorePlan> plans = co_await planning;
     round->plans.addResult(plans);
     round->plans.finish();
 }

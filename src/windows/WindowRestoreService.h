@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 //
 // Puts an application's windows back where a workspace saved them. One call is one attempt: the
-// launcher decides whether to try again. Called on the main thread; the windows themselves are
-// read and moved on a worker.
+// launcher decides whether to try again. Main thread; windows and placements are paired on a
+// worker.
 #pragma once
 
-#include "display/DisplaySnapshot.h"
 #include "display/NormalizedFrame.h"
 #include "results/LaunchResult.h"
+#include "windows/StoredForms.h"
 #include "windows/WindowSystem.h"
 
 #include <QCoro/QCoroTask>
@@ -16,7 +16,6 @@
 #include <QObject>
 #include <QPromise>
 #include <QRectF>
-#include <QThreadPool>
 #include <QUuid>
 
 #include <memory>
@@ -58,14 +57,14 @@ struct WindowRestorePlan {
     WindowRestoreAttempt attempt;
     QList<WindowPlacementSnapshot> moved;
     /// In the order of `moved`.
-    QList<WindowFrameRequest> requests;
+    QList<FrameRequest> requests;
 };
 
-/// Where a placement's window goes: accessibility coordinates, wholly inside the visible frame of
+/// Where a placement's window goes: desktop coordinates, wholly inside the visible frame of
 /// the display that fits best, at least 240 × 160 where that display allows. None without a
 /// display.
 [[nodiscard]] std::optional<QRectF> restoreTarget(const WindowPlacementSnapshot& placement,
-                                                  const QList<DisplaySnapshot>& displays);
+                                                  const StoredDisplays& displays);
 
 class WindowRestoreService {
 public:
@@ -91,9 +90,6 @@ private:
     WindowSystem& m_windowSystem;
     std::shared_ptr<Round> m_nextRound;
     QObject m_context;
-    /// Of its own, and roomy: a pass mostly waits for windows to settle, and one application that
-    /// does not answer must not keep the others waiting for a thread.
-    QThreadPool m_pool;
 };
 
 } // namespace trovell

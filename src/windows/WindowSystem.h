@@ -1,103 +1,98 @@
 // SPDX-License-Identifier: MIT
 //
-// The desktop's window control, as capture and restore need it: which applications run, which
-// windows they have, and putting windows in place. Each desktop has its own adapter.
+// The desktop's window control, as capture, restore and launch need it: what runs, which windows
+// there are and where, which displays, and putting windows in place. Each desktop has its own
+// adapter.
 //
-// Frames are in accessibility coordinates: points, origin at the top left of the primary display,
-// y downward. A frame is what the user sees of a window: with its title bar and borders, without
-// its shadow.
+// Every operation is called on the main thread, waits for nothing and answers with a future that
+// finishes, without an exception and also when the desktop goes away. Operations speak in whole
+// passes, because desktops answer late.
 #pragma once
 
-#include "display/DisplaySnapshot.h"
+#include "display/Display.h"
+#include "windows/DesktopWindow.h"
 
+#include <QFuture>
 #include <QList>
-#include <QPointF>
-#include <QRectF>
-#include <QSizeF>
+#include <QSet>
 #include <QString>
-
-#include <optional>
+#include <QStringList>
 
 namespace trovell {
 
-/// Identifies a live window to the adapter that reported it; means nothing to anyone else.
-using WindowHandle = quint64;
-
-/// One running application, however many processes it has.
-struct RunningApplication {
-    /// That of its first window.
-    qint32 processIdentifier = 0;
-    /// True for an application the user works with; false for panels, docks and helpers.
-    bool isRegular = false;
-    bool isTerminated = false;
-    bool isHidden = false;
-    /// The id of its desktop file, without ".desktop".
-    std::optional<QString> bundleIdentifier;
-    std::optional<QString> localizedName;
-    /// The file URL of its desktop file as an absolute string.
-    std::optional<QString> bundleURL;
-    /// Its windows in a stable order: the order in which they appeared.
-    QList<WindowHandle> windows;
+/// Whether windows of other applications can be read and moved, and why not.
+enum class WindowControl {
+    available,
+    /// This desktop does not offer it.
+    unsupported,
+    /// The person at the desktop has to allow it first.
+    notGranted,
+    /// The desktop is gone, or hangs.
+    notAnswering,
 };
 
-/// What the desktop tells of one window. An attribute that cannot be read is absent; that never
-/// makes the others unreadable. The accessibility attribute behind each member is given with it.
-struct WindowAttributes {
-    WindowHandle handle = 0;
-    std::optional<bool> isMinimized; ///< "AXMinimized"
-    std::optional<QString> role;     ///< "AXRole"
-    std::optional<QString> subrole;  ///< "AXSubrole"
-    std::optional<QString> title;    ///< "AXTitle"
-    std::optional<QPointF> position; ///< "AXPosition"
-    std::optional<QSizeF> size;      ///< "AXSize"
+/// What of a window this desktop can set besides its frame.
+struct DesktopAbilities {
+    WindowStates states;
+    bool hasVirtualDesktops = false;
 };
 
-/// The frame a window is to have.
-struct WindowFrameRequest {
-    WindowHandle handle = 0;
+/// What is wanted to know; window control is always answered.
+struct DesktopQuestion {
+    enum class Applications { none, named, all };
+
+    Applications applications = Applications::none;
+    /// The identifiers of the `named` ones.
+    QSet<QString> identifiers = {};
+    /// Their windows, too; without it `windows` stay empty.
+    bool windows = false;
+    /// Also applications that have none, which takes longer to find out.
+    bool withoutWindows = false;
+    bool displays = false;
+};
+
+struct DesktopSnapshot {
+    WindowControl control = WindowControl::unsupported;
+    DesktopAbilities abilities = {};
+    /// In a stable order, this process's own included. Each identifier once.
+    QList<RunningApplication> applications = {};
+    /// In a stable order.
+    QList<Display> displays = {};
+};
+
+/// The frame a window is to have, in desktop coordinates.
+struct FrameRequest {
+    WindowId window;
     QRectF frame;
 };
+
+enum class FrameOutcome { taken, refused };
 
 class WindowSystem {
 public:
     virtual ~WindowSystem() = default;
 
-    /// Whether windows of other applications can be read and moved now. Any thread; quick.
-    [[nodiscard]] virtual bool isTrusted() const = 0;
+    /// Everything is read when the question is served, at about the same moment. Without window
+    /// control only that is answered, together with applications that have no window.
+    [[nodiscard]] virtual QFuture<DesktopSnapshot> ask(const DesktopQuestion& question) = 0;
 
-    /// The same question, letting the desktop ask the user for consent where it can. Does not
-    /// wait for the user. Main thread.
-    virtual bool requestTrust() = 0;
+    /// Lets the desktop ask the person for consent where it can. Does not wait for the person.
+    [[nodiscard]] virtual QFuture<WindowControl> requestControl() = 0;
 
-    /// All running applications, this process's own included, in a stable order. Main thread.
-    [[nodiscard]] virtual QList<RunningApplication> runningApplications() = 0;
+    /// Moves and resizes all windows in one go; one outcome for each request, in their order. A
+    /// size that the window's own rules do not allow is rounded to one they allow; that counts as
+    /// taken. Finishes once every window came to rest, which a window that does not react can
+    /// delay by at most two seconds. Several calls may be under way: they delay each other only
+    /// over the same window, which the later one gets.
+    [[nodiscard]] virtual QFuture<QList<FrameOutcome>>
+    setFrames(const QList<FrameRequest>& requests) = 0;
 
-    /// Those of them that have windows, which takes less to find out than all. Main thread.
-    [[nodiscard]] virtual QList<RunningApplication> applicationsWithWindows() = 0;
+    /// Brings the topmost window of each of these applications forward and gives it the focus, so
+    /// that the first one ends in front. Those that do not run are passed over.
+    virtual QFuture<void> activate(const QStringList& identifiers) = 0;
 
-    /// The running application with that identifier, or an empty list. Main thread.
-    [[nodiscard]] virtual QList<RunningApplication>
-    runningApplications(const QString& bundleIdentifier) = 0;
-
-    /// Brings the application's topmost window forward and gives it the focus. Main thread.
-    virtual void activate(const RunningApplication& application) = 0;
-
-    /// The attached displays, in a stable order. Main thread.
-    [[nodiscard]] virtual QList<DisplaySnapshot> currentDisplays() = 0;
-
-    /// "AXWindows" of each application, in the order of `applications` and of their windows, as
-    /// they are now. Windows that are gone are left out. Called from worker threads, also from
-    /// several at once.
-    [[nodiscard]] virtual QList<QList<WindowAttributes>>
-    readWindows(const QList<RunningApplication>& applications) const = 0;
-
-    /// Sets "AXSize" and "AXPosition" of all windows in one go and says for each whether the
-    /// desktop took both. A size that the window's own size hints do not allow is rounded to one
-    /// they allow; that counts as taken. Returns once every window came to rest, which a window
-    /// that does not react can delay by at most two seconds. Called from worker threads, also
-    /// from several at once.
-    [[nodiscard]] virtual QList<bool>
-    setWindowFrames(const QList<WindowFrameRequest>& requests) = 0;
+    /// Brings a window of this process forward, by the number that its toolkit knows it by.
+    virtual void activateOwnWindow(quintptr nativeWindow) = 0;
 };
 
 } // namespace trovell

@@ -188,8 +188,8 @@ void LayoutTest::tellsIdenticalDisplaysApart()
         desktop.nameDisplay(display, "TRV", "Twin");
     openWindows(desktop);
     SavedLayout saved(desktop);
-    const auto displays = saved.session.windowSystem().currentDisplays();
-    QCOMPARE(displays.at(0).fingerprint.localizedName, displays.at(1).fingerprint.localizedName);
+    const auto displays = saved.session.windowSystem().ask({.displays = true}).result().displays;
+    QCOMPARE(displays.at(0).name, displays.at(1).name);
 
     // The cables change places: the left one is now the second output.
     desktop.plugDisplay(1, size, QPoint(0, 0));
@@ -321,14 +321,15 @@ void LayoutTest::opensItemsWithoutAWindowManager()
     item.urlString = u"file:///nowhere/at-all"_s;
     saved.workspace->appendItem(std::make_unique<WorkspaceItem>(item));
     desktop.stopWindowManager();
-    QVERIFY(!saved.session.windowSystem().isTrusted());
+    const auto control = [&] { return saved.session.windowSystem().ask({}).result().control; };
+    QCOMPARE(control(), WindowControl::unsupported);
     QCOMPARE(saved.start(),
              (QStringList{u"Missing: skippedMissingResource file:///nowhere/at-all could not be "
                           "found. Use Locate Again to update it."_s,
                           u"Window layout: skippedNoPermission Grant Accessibility access to "
                           "restore saved windows."_s}));
     QVERIFY(desktop.startWindowManager(WindowManager::openbox));
-    QVERIFY(saved.session.windowSystem().isTrusted());
+    QCOMPARE(control(), WindowControl::available);
 }
 
 void LayoutTest::doesNotDrift()

@@ -4,7 +4,9 @@
 // applications it sees, and where it puts windows.
 
 #include "platform/x11/X11WindowSystem.h"
+#include "platform/x11/X11WindowId.h"
 #include "support/VirtualDesktop.h"
+#include "windows/StoredForms.h"
 
 #include <QTest>
 
@@ -21,26 +23,51 @@ namespace {
 /// A little longer than windows are watched after they were placed.
 constexpr std::chrono::milliseconds watch = 1200ms;
 
-QRectF frameOf(const WindowAttributes& attributes)
+using Applications = DesktopQuestion::Applications;
+
+QList<RunningApplication> runningApplications(X11WindowSystem& system)
 {
-    return QRectF(attributes.position.value_or(QPointF()), attributes.size.value_or(QSizeF()));
+    return system.ask({.applications = Applications::all, .windows = true, .withoutWindows = true})
+        .result()
+        .applications;
 }
 
-QList<WindowAttributes> allWindows(X11WindowSystem& system)
+QList<RunningApplication> runningApplications(X11WindowSystem& system, const QString& identifier)
 {
-    QList<WindowAttributes> all;
-    for (const auto& windows : system.readWindows(system.runningApplications()))
-        all.append(windows);
+    return system
+        .ask({.applications = Applications::named,
+              .identifiers = {identifier},
+              .windows = true,
+              .withoutWindows = true})
+        .result()
+        .applications;
+}
+
+QList<DesktopWindow> allWindows(X11WindowSystem& system)
+{
+    QList<DesktopWindow> all;
+    for (const RunningApplication& application : runningApplications(system))
+        all.append(application.windows);
     return all;
 }
 
-WindowAttributes windowTitled(X11WindowSystem& system, const QString& title)
+DesktopWindow windowTitled(X11WindowSystem& system, const QString& title)
 {
-    for (const WindowAttributes& window : allWindows(system)) {
+    for (const DesktopWindow& window : allWindows(system)) {
         if (window.title == title)
             return window;
     }
     return {};
+}
+
+QList<Display> displaysOf(X11WindowSystem& system)
+{
+    return system.ask({.displays = true}).result().displays;
+}
+
+QList<FrameOutcome> placed(qsizetype count)
+{
+    return QList<FrameOutcome>(count, FrameOutcome::taken);
 }
 
 QString identifiers(const QList<RunningApplication>& applications)
@@ -98,11 +125,12 @@ void X11WindowSystemTest::readsAndPlacesRealProgramsExactly()
     QVERIFY(inspector.waitForWindowCount(6));
     inspector.waitForRest();
     X11WindowSystem system(desktop.displayName(), {}, {});
-    const QList<WindowAttributes> windows = allWindows(system);
+    const QList<DesktopWindow> windows = allWindows(system);
     QCOMPARE(windows.size(), 6);
-    for (const WindowAttributes& window : windows) {
-        const auto seen = inspector.window(quint32(window.handle));
-        QCOMPARE(frameOf(window), QRectF(seen->frame));
+    for (const DesktopWindow& window : windows) {
+        const auto seen = inspector.window(windowOf(window.id));
+        QCOMPARE(window.frame, QRectF(seen->frame));
+        QVERIFY(window.stackingPosition >= 0 && window.virtualDesktop == 0);
         // Under these two the outermost window is exactly what is seen, unless it has a shadow.
         if ((windowManager == WindowManager::openbox || windowManager == WindowManager::xfwm4) &&
             inspector.numbers(seen->id, "_GTK_FRAME_EXTENTS").isEmpty())
@@ -110,11 +138,11 @@ void X11WindowSystemTest::readsAndPlacesRealProgramsExactly()
     }
 
     for (int round = 0; round < 3; ++round) {
-        for (const WindowAttributes& window : windows) {
+        for (const DesktopWindow& window : windows) {
             if (round == 1)
-                inspector.maximize(quint32(window.handle));
+                inspector.maximize(windowOf(window.id));
             else if (round == 2)
-                inspector.makeFullScreen(quint32(window.handle));
+                inspector.makeFullScreen(windowOf(window.id));
         }
         // Some window managers leave programs of a fixed size as they are.
         QVERIFY(waitUntil([&] {
@@ -124,17 +152,17 @@ void X11WindowSystemTest::readsAndPlacesRealProgramsExactly()
                                  }) >= 4;
         }));
         inspector.waitForRest();
-        QList<WindowFrameRequest> requests;
-        for (const WindowAttributes& window : windows) {
+        QList<FrameRequest> requests;
+        for (const DesktopWindow& window : windows) {
             const auto step = static_cast<double>(requests.size());
-            requests.append({window.handle, QRectF(90 + 31 * step + 7 * round, 80 + 23 * step,
-                                                   700 + 3 * step, 590 + 13 * round)});
+            requests.append({window.id, QRectF(90 + 31 * step + 7 * round, 80 + 23 * step,
+                                               700 + 3 * step, 590 + 13 * round)});
         }
-        QCOMPARE(system.setWindowFrames(requests), QList<bool>(6, true));
+        QCOMPARE(system.setFrames(requests).result(), placed(6));
         for (const auto wait : {0ms, watch}) {
             QTest::qWait(static_cast<int>(wait.count()));
-            for (const auto& [handle, frame] : std::as_const(requests))
-                QVERIFY(isInPlace(*inspector.window(quint32(handle)), frame, windowManager));
+            for (const auto& [id, frame] : std::as_const(requests))
+                QVERIFY(isInPlace(*inspector.window(windowOf(id)), frame, windowManager));
         }
     }
 }
@@ -160,17 +188,14 @@ void X11WindowSystemTest::groupsWindowsByApplication()
         return isEditor ? std::optional(ApplicationIdentity{u"org.Editor"_s, u"The Editor"_s, {}})
                         : std::nullopt;
     };
-    const auto known = [](const QString& identifier) {
-        RunningApplication application;
-        application.processIdentifier = 77;
-        application.bundleIdentifier = identifier;
-        return application;
+    const auto background = [](const std::optional<QSet<QString>>& identifiers) {
+        QList<RunningApplication> running;
+        for (const QString& identifier : identifiers.value_or(QSet{u"Plain"_s, u"Unseen"_s}))
+            running.append({.processIdentifier = 77, .bundleIdentifier = identifier});
+        return running;
     };
-    BackgroundApplications background;
-    background.find = known;
-    background.list = [&] { return QList{known(u"Plain"_s), known(u"Unseen"_s)}; };
     X11WindowSystem system(desktop.displayName(), identify, background);
-    const QList<RunningApplication> applications = system.runningApplications();
+    const QList<RunningApplication> applications = runningApplications(system);
     QCOMPARE(identifiers(applications), u"org.Editor Plain Panel Unseen"_s);
     QCOMPARE(applications[0].windows.size(), 2);
     QCOMPARE(applications[0].localizedName, u"The Editor"_s);
@@ -179,9 +204,9 @@ void X11WindowSystemTest::groupsWindowsByApplication()
     QCOMPARE(applications[1].bundleURL,
              QUrl::fromLocalFile(QString::fromLatin1(scriptedClientPath())).toString());
     QVERIFY(applications[0].isRegular && !applications[2].isRegular);
-    QCOMPARE(system.runningApplications(u"org.Editor"_s).first().windows, applications[0].windows);
-    QVERIFY(system.runningApplications(u"Plain"_s).first().processIdentifier != 77);
-    QCOMPARE(system.runningApplications(u"Unseen"_s).first().processIdentifier, 77);
+    QCOMPARE(runningApplications(system, u"org.Editor"_s).first().windows.size(), 2);
+    QVERIFY(runningApplications(system, u"Plain"_s).first().processIdentifier != 77);
+    QCOMPARE(runningApplications(system, u"Unseen"_s).first().processIdentifier, 77);
     QCOMPARE(askedCount, 4); // every window is looked up once in its life
 }
 
@@ -193,42 +218,43 @@ void X11WindowSystemTest::isNotFooledByReusedWindowNumbers()
     inspector.waitForWindow(u"stays");
     QProcess& first = desktop.startClient({"--class", "First", "--title", "first"});
     const quint32 number = inspector.waitForWindow(u"first").id;
-    QCOMPARE(identifiers(system.runningApplications()), u"Stays First"_s);
+    QCOMPARE(identifiers(runningApplications(system)), u"Stays First"_s);
     VirtualDesktop::kill(first);
     QVERIFY(waitUntil([&] { return inspector.windows().size() == 1; }));
     desktop.startClient({"--class", "Second", "--title", "second"});
     // The same list of the same numbers, and yet another window.
     QCOMPARE(inspector.waitForWindow(u"second").id, number);
-    QCOMPARE(identifiers(system.runningApplications()), u"Stays Second"_s);
+    QCOMPARE(identifiers(runningApplications(system)), u"Stays Second"_s);
 }
 
 void X11WindowSystemTest::describesDisplays()
 {
     START_DESKTOP(WindowManager::openbox);
     X11WindowSystem system(desktop.displayName(), {}, {});
-    const QList<DisplaySnapshot> displays = system.currentDisplays();
+    const QList<Display> displays = displaysOf(system);
     QCOMPARE(displays.size(), 2);
     QCOMPARE(displays[0].frame, QRectF(0, 0, 1600, 1024));
-    QCOMPARE(displays[0].visibleFrame, displays[0].frame);
-    QCOMPARE(displays[0].fingerprint.localizedName, u"DUMMY0"_s);
+    QCOMPARE(displays[0].workArea, displays[0].frame);
+    QCOMPARE(displays[0].name, u"DUMMY0"_s);
     QCOMPARE(displays[1].frame, QRectF(1600, 0, 1280, 1024));
-    QVERIFY(displays[0].fingerprint.isMain && !displays[1].fingerprint.isMain);
+    QVERIFY(displays[0].isPrimary && !displays[1].isPrimary);
 
-    // Everything is counted from the primary display.
+    // Stored is everything as it is seen from the primary display.
     desktop.setPrimaryDisplay(1);
     desktop.nameDisplay(1, "QQZ", "ULTRAWIDE");
-    for (const DisplaySnapshot& display : system.currentDisplays()) {
+    const StoredDisplays stored(displaysOf(system));
+    for (const DisplaySnapshot& display : stored.snapshots()) {
         const bool isRight = display.fingerprint.localizedName == u"QQZ ULTRAWIDE";
         QCOMPARE(display.frame.topLeft(), QPointF(isRight ? 0 : -1600, 0));
         QCOMPARE(display.fingerprint.isMain, isRight);
     }
     desktop.startClient({"--title", "window", "--geometry", "400,300,1700,200"});
     const InspectedWindow window = inspector.waitForWindow(u"window");
-    const WindowAttributes attributes = windowTitled(system, u"window"_s);
-    QCOMPARE(frameOf(attributes), QRectF(window.frame.translated(-1600, 0)));
-    const QRectF wanted(-1500, 40, 500, 400);
-    QCOMPARE(system.setWindowFrames({{attributes.handle, wanted}}), QList<bool>{true});
-    QCOMPARE(QRectF(inspector.window(window.id)->frame), wanted.translated(1600, 0));
+    const DesktopWindow read = windowTitled(system, u"window"_s);
+    QCOMPARE(read.frame, QRectF(window.frame));
+    const QRectF wanted(100, 40, 500, 400);
+    QCOMPARE(system.setFrames({{read.id, wanted}}).result(), placed(1));
+    QCOMPARE(QRectF(inspector.window(window.id)->frame), wanted);
 }
 
 void X11WindowSystemTest::seesPanelsComeChangeAndGo()
@@ -239,9 +265,8 @@ void X11WindowSystemTest::seesPanelsComeChangeAndGo()
     inspector.waitForWindow(u"plain");
     X11WindowSystem system(desktop.displayName(), {}, {});
     const auto freeSizes = [&] {
-        const auto displays = system.currentDisplays();
-        return std::pair(displays.first().visibleFrame.height(),
-                         displays.last().visibleFrame.width());
+        const auto displays = displaysOf(system);
+        return std::pair(displays.first().workArea.height(), displays.last().workArea.width());
     };
     QCOMPARE(freeSizes(), std::pair(1024., 1280.));
     QProcess& program =
@@ -275,7 +300,7 @@ void X11WindowSystemTest::activatesTheTopmostWindow()
     QVERIFY(waitUntil([&] { return inspector.windowTitled(u"b")->isMinimized; }));
 
     X11WindowSystem system(desktop.displayName(), {}, {});
-    system.activate(system.runningApplications(u"Two"_s).first());
+    system.activate({u"Two"_s}).waitForFinished();
     QVERIFY(waitUntil([&] { return inspector.windowTitled(u"a")->isActive; }));
     QVERIFY(inspector.windowTitled(u"b")->isMinimized);
 }
@@ -284,7 +309,7 @@ void X11WindowSystemTest::placesLastWhatWasAskedLast()
 {
     START_DESKTOP(WindowManager::openbox);
     X11WindowSystem system(desktop.displayName(), {}, {});
-    (void)system.runningApplications();
+    (void)runningApplications(system);
     desktop.startClient({"--title", "young"});
     const quint32 id = inspector.waitForWindow(u"young").id;
     desktop.run("wmctrl", {"-i", "-r", QByteArray::number(id), "-t", "1"});
@@ -292,11 +317,12 @@ void X11WindowSystemTest::placesLastWhatWasAskedLast()
         return inspector.numbers(id, "_NET_WM_DESKTOP") == QList<quint32>{1};
     };
     QVERIFY(waitUntil(isElsewhere));
-    const WindowHandle handle = windowTitled(system, u"young"_s).handle;
+    const WindowId young = windowTitled(system, u"young"_s).id;
     // While the first placement is still watched over.
     for (const QRectF frame : {QRectF(700, 400, 500, 450), QRectF(40, 50, 600, 300)})
-        QCOMPARE(system.setWindowFrames({{handle, frame}}), QList<bool>{true});
-    QCOMPARE(system.setWindowFrames({{handle, QRectF(qQNaN(), 0, 400, 300)}}), QList<bool>{false});
+        QCOMPARE(system.setFrames({{young, frame}}).result(), placed(1));
+    QCOMPARE(system.setFrames({{young, QRectF(qQNaN(), 0, 400, 300)}}).result(),
+             QList{FrameOutcome::refused});
     QTest::qWait(static_cast<int>(watch.count()));
     QCOMPARE(inspector.window(id)->frame, QRect(40, 50, 600, 300));
     QVERIFY(isElsewhere());

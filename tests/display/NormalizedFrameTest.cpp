@@ -8,10 +8,9 @@ using namespace trovell;
 
 namespace {
 
-DisplaySnapshot display(const QRectF& frame, bool isMain = false)
+DisplaySnapshot display(const QRectF& frame)
 {
     DisplaySnapshot snapshot{frame, frame, {}};
-    snapshot.fingerprint.isMain = isMain;
     snapshot.fingerprint.relativeX = frame.x();
     return snapshot;
 }
@@ -58,18 +57,6 @@ private Q_SLOTS:
         QCOMPARE(displayContaining({5000, 5000, 200, 100}, {left, right}), std::optional(left));
     }
 
-    void flipsAtTheMainDisplay()
-    {
-        const QRectF mainFrame(0, 0, 1512, 982);
-        QCOMPARE(screenFrameFromAccessibility({100, 30, 800, 600}, mainFrame),
-                 QRectF(100, 352, 800, 600));
-        const auto other = display({-100, -100, 100, 100});
-        QCOMPARE(mainDisplayFrame({other, display(mainFrame, true)}), mainFrame);
-        QCOMPARE(mainDisplayFrame({other}), other.frame);
-        QCOMPARE(screenFrameFromAccessibility({1, 2, 3, 4}, mainDisplayFrame({})),
-                 QRectF(1, -6, 3, 4));
-    }
-
     void randomFramesKeepTheirInvariants()
     {
         const quint32 seed = QRandomGenerator::global()->generate();
@@ -92,10 +79,6 @@ private Q_SLOTS:
             QVERIFY(tolerant.contains(placed));
             QVERIFY(placed.width() >= std::min(240.0, visible.width()));
             QVERIFY(placed.height() >= std::min(160.0, visible.height()));
-
-            QCOMPARE(
-                accessibilityFrameFromScreen(screenFrameFromAccessibility(frame, visible), visible),
-                frame);
         }
     }
 };

@@ -5,6 +5,7 @@
 #include "launch/URLValidation.h"
 #include "model/WorkspaceItem.h"
 #include "support/FakeResourceSystem.h"
+#include "support/ReadyFuture.h"
 
 #include <QtTest>
 
@@ -42,7 +43,7 @@ struct Desktop {
     FakeResourceSystem system;
     QUrl existing = oldURL;
     ResourceOpeningService service{
-        system, [](const QString& identifier) { return identifier == u"org.example.Editor"; },
+        system, [](const QString& id) { return readyFuture(id == u"org.example.Editor"_s); },
         [this](const QUrl& url) { return url == existing; }};
 
     LaunchResult open(WorkspaceItem& item) { return QCoro::waitFor(service.open(item)); }

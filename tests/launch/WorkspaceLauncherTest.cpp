@@ -8,6 +8,7 @@
 #include "support/FakeClock.h"
 #include "support/FakeResourceSystem.h"
 #include "support/FakeWindowSystem.h"
+#include "support/ReadyFuture.h"
 
 #include <QtTest>
 
@@ -23,7 +24,7 @@ struct Desktop {
     FakeWindowSystem windows;
     FakeResourceSystem resources;
     ResourceOpeningService opener{
-        resources, [this](const QString& id) { return !windows.runningApplications(id).isEmpty(); },
+        resources, [this](const QString& id) { return readyFuture(windows.isRunning(id)); },
         [](const QUrl&) { return true; }};
     WindowRestoreService restorer{windows};
     WorkspaceLauncher launcher{opener, restorer, windows, clock};
@@ -48,8 +49,8 @@ struct Desktop {
     {
         workspace->appendPlacement(std::make_unique<WindowPlacement>(
             application, application.toUpper(), title, u"AXWindow"_s, std::nullopt, index,
-            NormalizedFrame{0, 0, 0.5, 0.5}, QRectF(0, 0, 100, 100),
-            windows.displays.first().fingerprint, isEnabled));
+            NormalizedFrame{0, 0, 0.5, 0.5}, QRectF(0, 0, 100, 100), windows.fingerprint(0),
+            isEnabled));
     }
 
     void start(bool isTrusted = true, double timeout = 10, const std::stop_token& stop = {})

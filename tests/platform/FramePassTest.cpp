@@ -14,6 +14,7 @@ namespace {
 using Step = FramePass::Step;
 
 constexpr QRectF target = {100, 100, 700, 500};
+constexpr WindowId id = {0, 1};
 constexpr QRectF elsewhere = {0, 0, 300, 200};
 
 /// An adapter whose windows take every frame at once, unless they are stubborn.
@@ -88,10 +89,12 @@ private Q_SLOTS:
     void eachWindowHasItsOwnAnswer()
     {
         WindowClaims claims;
-        Adapter adapter(claims, {{1, target}, {2, target}, {3, elsewhere}});
+        Adapter adapter(claims, {{id, target}, {{0, 2}, target}, {{0, 3}, elsewhere}});
         adapter.stubborn.insert(1);
         adapter.run();
-        QCOMPARE(adapter.pass().finish(), (QList<bool>{true, false, true}));
+        QCOMPARE(
+            adapter.pass().finish(),
+            (QList<FrameOutcome>{FrameOutcome::taken, FrameOutcome::refused, FrameOutcome::taken}));
         QCOMPARE(adapter.frame(0), target);
         QVERIFY(!adapter.pass().hasWindowsToGuard());
     }
@@ -99,9 +102,9 @@ private Q_SLOTS:
     void onlyYoungWindowsArePutBackAndNotForEver()
     {
         WindowClaims claims;
-        Adapter adapter(claims, {{1, target, true}});
+        Adapter adapter(claims, {{id, target, true}});
         adapter.run();
-        QCOMPARE(adapter.pass().finish(), QList<bool>{true});
+        QCOMPARE(adapter.pass().finish(), QList<FrameOutcome>{FrameOutcome::taken});
         QVERIFY(adapter.pass().hasWindowsToGuard());
         adapter.moves = 0;
         adapter.guard();
@@ -111,15 +114,15 @@ private Q_SLOTS:
     void aWindowThatWasPlacedAgainIsLetGo()
     {
         WindowClaims claims;
-        Adapter adapter(claims, {{1, target, true}});
+        Adapter adapter(claims, {{id, target, true}});
         adapter.run();
         (void)adapter.pass().finish();
         adapter.moves = 0;
         const auto later = claims.newClaim();
-        claims.take(1, later);
+        claims.take(id, later);
         adapter.guard();
         QCOMPARE(adapter.moves, 0);
-        QVERIFY(claims.isHeld(1, later));
+        QVERIFY(claims.isHeld(id, later));
     }
 };
 

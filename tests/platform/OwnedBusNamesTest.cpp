@@ -48,25 +48,29 @@ private Q_SLOTS:
         const OwnedBusNames names(installed);
         QTRY_VERIFY(names.isConnected());
 
-        const auto found = names.find(u"org.example.Player"_s);
+        const auto find = [&](const QString& identifier) {
+            const auto all = names.running(QSet<QString>{identifier});
+            return all.isEmpty() ? std::nullopt : std::optional(all.first());
+        };
+        const auto found = find(u"org.example.Player"_s);
         QVERIFY(found);
         QCOMPARE(found->processIdentifier, static_cast<qint32>(getpid()));
         QVERIFY(found->isRegular && found->windows.isEmpty());
         QCOMPARE(found->bundleIdentifier, u"org.example.Player"_s);
         QCOMPARE(found->localizedName, u"org.example.Player"_s);
         QCOMPARE(found->bundleURL, installed.application(u"org.example.Player"_s)->url.toString());
-        QVERIFY(names.find(u"org.example.Agent"_s));
+        QVERIFY(find(u"org.example.Agent"_s));
         for (const QString& other : {u"org.example.Silent"_s, u"org.example.NotInstalled"_s,
                                      u"nodots"_s, u"not a name"_s, u":1.1"_s, QString()})
-            QVERIFY2(!names.find(other), qPrintable(other));
+            QVERIFY2(!find(other), qPrintable(other));
 
-        const auto running = names.list();
+        const auto running = names.running({});
         QCOMPARE(running.size(), 1);
         QCOMPARE(running.first().bundleIdentifier, u"org.example.Player"_s);
 
         player.reset();
-        QTRY_VERIFY(!names.find(u"org.example.Player"_s));
-        QVERIFY(names.list().isEmpty());
+        QTRY_VERIFY(!find(u"org.example.Player"_s));
+        QVERIFY(names.running({}).isEmpty());
         QVERIFY(!m_session.recorded(service));
     }
 

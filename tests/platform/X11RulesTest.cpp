@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
 // What is known of windows, panels, monitors and keyboards without asking a server.
+#include "platform/desktop/ApplicationGrouping.h"
 #include "platform/x11/MonitorName.h"
-#include "platform/x11/X11Applications.h"
 #include "platform/x11/X11KeyboardLayout.h"
 #include "platform/x11/X11WindowKind.h"
 #include "platform/x11/X11WorkArea.h"
@@ -22,9 +22,9 @@ constexpr PixelRectangle left = {0, 0, 1600, 1024};
 constexpr PixelRectangle right = {1600, 200, 1280, 1024};
 constexpr QSize screen = {2880, 1224};
 
-IdentifiedWindow window(WindowHandle handle, qint32 process, const QString& identifier)
+IdentifiedWindow window(quint64 id, qint32 process, const QString& identifier)
 {
-    return {handle, process, true, true, {identifier, identifier + u" name"_s, {}}};
+    return {{0, id}, WindowKind::standard, process, {identifier, identifier + u" name"_s, {}}};
 }
 
 constexpr quint32 altLeft = 0xffe9;
@@ -74,25 +74,23 @@ private Q_SLOTS:
         atoms.typeDialog = 105;
         atoms.typeNormal = 106;
         const auto kind = [&atoms](const QList<quint32>& types, bool isTransient = false) {
-            const auto found = windowKind(types, isTransient, atoms);
-            const QString subrole = found ? subroleOf(*found) : QString();
-            return isOrdinaryKind(found) ? subrole + u", ordinary"_s : subrole;
+            return windowKind(types, isTransient, atoms);
         };
         constexpr quint32 unknown = 99999;
-        const QString standard = u"AXStandardWindow, ordinary"_s;
-        const QString dialog = u"AXDialog, ordinary"_s;
-        const QString floating = u"AXFloatingWindow"_s;
+        constexpr auto standard = std::optional(WindowKind::standard);
+        constexpr auto dialog = std::optional(WindowKind::dialog);
+        constexpr auto utility = std::optional(WindowKind::utility);
         QCOMPARE(kind({}), standard);
         QCOMPARE(kind({}, true), dialog);
         QCOMPARE(kind({atoms.typeNormal}, true), standard);
         QCOMPARE(kind({atoms.typeDialog}), dialog);
         QCOMPARE(kind({unknown}, true), dialog);
-        QCOMPARE(kind({atoms.typeUtility}, true), floating);
-        QCOMPARE(kind({atoms.typeSplash}), u"AXSystemDialog"_s);
+        QCOMPARE(kind({atoms.typeUtility}, true), utility);
+        QCOMPARE(kind({atoms.typeSplash}), std::optional(WindowKind::notification));
         // The first known one counts.
-        QCOMPARE(kind({unknown, atoms.typeUtility, atoms.typeNormal}), floating);
+        QCOMPARE(kind({unknown, atoms.typeUtility, atoms.typeNormal}), utility);
         for (const quint32 type : {atoms.typeDock, atoms.typeTooltip})
-            QCOMPARE(kind({type, atoms.typeNormal}), QString());
+            QVERIFY(!kind({type, atoms.typeNormal}));
     }
 
     void windowsWithoutAnyNameGoByTheirProcess()
@@ -101,13 +99,14 @@ private Q_SLOTS:
             groupWindows({window(1, 500, {}), window(2, 600, {}), window(3, 500, {})});
         QCOMPARE(unnamed.size(), 2);
         QVERIFY(!unnamed[0].bundleIdentifier && !unnamed[0].bundleURL);
-        QCOMPARE(unnamed[0].windows, (QList<WindowHandle>{1, 3}));
+        QCOMPARE(unnamed[0].windows.size(), 2);
+        QCOMPARE(unnamed[0].windows[1].id, WindowId(0, 3));
     }
 
     void oneOrdinaryWindowIsEnough()
     {
         IdentifiedWindow splash = window(12, 600, u"starting"_s);
-        splash.isOrdinary = false;
+        splash.kind = WindowKind::notification;
         const RunningApplication starting = groupWindows({splash}).first();
         QVERIFY(!starting.isRegular);
         QCOMPARE(starting.windows.size(), 1);
@@ -117,12 +116,12 @@ private Q_SLOTS:
     void withoutDesktopFileTheClassIsTheIdentifier()
     {
         const auto self = static_cast<qint32>(QCoreApplication::applicationPid());
-        const auto identity = identityWithoutDesktopFile({self, u"Class"_s, u"instance"_s, {}});
+        const auto identity = identityWithoutDesktopFile({self, u"Class"_s, u"instance"_s});
         QCOMPARE(identity.bundleIdentifier, u"Class"_s);
         QCOMPARE(identity.name, u"Class"_s);
         QCOMPARE(identity.url, QUrl::fromLocalFile(QCoreApplication::applicationFilePath()));
         const auto identifier = [](qint32 process, const QString& instance) {
-            return identityWithoutDesktopFile({process, {}, instance, {}}).bundleIdentifier;
+            return identityWithoutDesktopFile({process, {}, instance}).bundleIdentifier;
         };
         QCOMPARE(identifier(0, u"instance"_s), u"instance"_s);
         QCOMPARE(identifier(self, {}), u"X11RulesTest"_s);

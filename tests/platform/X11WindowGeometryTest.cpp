@@ -3,6 +3,7 @@
 #include "platform/x11/X11WindowGeometry.h"
 
 #include "display/NormalizedFrame.h"
+#include "windows/StoredForms.h"
 
 #include <QtTest>
 
@@ -91,21 +92,18 @@ private Q_SLOTS:
         const quint32 seed = QRandomGenerator::global()->generate();
         qInfo("seed %u", seed);
         QRandomGenerator random(seed);
-        const QRectF display(0, 0, 1600, 1024);
         for (int round = 0; round < 2000; ++round) {
-            const QPoint origin(random.bounded(4000), random.bounded(-2000, 2000));
+            const QRectF display(random.bounded(4000), random.bounded(2000), 1600, 1024);
+            const StoredDisplays displays({{{}, display, display, 1.0, true}});
             const QRectF visible(random.bounded(1000), random.bounded(1000),
                                  random.bounded(1, 5000), random.bounded(1, 5000));
             const PixelRectangle window = {random.bounded(-3000, 6000), random.bounded(-3000, 6000),
                                            random.bounded(1, 5000), random.bounded(1, 5000)};
             PixelRectangle now = window;
             for (int cycle = 0; cycle < 3; ++cycle) {
-                const QRectF screenFrame =
-                    screenFrameFromAccessibility(frameFromPixels(now).translated(-origin), display);
-                const QRectF restored =
-                    denormalizeFrame(normalizeFrame(screenFrame, visible), visible);
-                now = pixelsFromFrame(
-                    accessibilityFrameFromScreen(restored, display).translated(origin));
+                const QRectF stored = displays.storedFrame(frameFromPixels(now));
+                const QRectF restored = denormalizeFrame(normalizeFrame(stored, visible), visible);
+                now = pixelsFromFrame(displays.desktopFrame(restored));
             }
             QCOMPARE(now, window);
         }

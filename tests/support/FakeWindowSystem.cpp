@@ -2,21 +2,23 @@
 
 #include "support/FakeWindowSystem.h"
 
-#include <QMutexLocker>
+#include "support/ReadyFuture.h"
+#include "windows/StoredForms.h"
+
+#include <ranges>
 
 namespace trovell {
 
 using namespace Qt::StringLiterals;
 
 FakeWindowSystem::FakeWindowSystem()
-    : displays{display(u"Main"_s, {0, 0, 1440, 900}, {0, 0, 1440, 875}, true)}
+    : displays{{u"Main"_s, {0, 0, 1440, 900}, {0, 25, 1440, 875}, 1.0, true}}
 {
 }
 
 RunningApplication& FakeWindowSystem::addApplication(const QString& bundleIdentifier,
                                                      const QString& name)
 {
-    const QMutexLocker lock(&m_mutex);
     RunningApplication application;
     application.processIdentifier = qint32(1000 + m_applications.size());
     application.isRegular = true;
@@ -27,76 +29,106 @@ RunningApplication& FakeWindowSystem::addApplication(const QString& bundleIdenti
     return m_applications.last();
 }
 
-WindowHandle FakeWindowSystem::addWindow(const QString& bundleIdentifier, const Window& window)
+WindowId FakeWindowSystem::addWindow(const QString& bundleIdentifier, const Window& window)
 {
-    if (runningApplications(bundleIdentifier).isEmpty())
+    if (!isRunning(bundleIdentifier))
         addApplication(bundleIdentifier);
-    const QMutexLocker lock(&m_mutex);
-    for (RunningApplication& application : m_applications) {
-        if (application.bundleIdentifier == bundleIdentifier)
-            application.windows.append(++m_lastHandle);
-    }
-    m_windows.insert(m_lastHandle, window);
-    return m_lastHandle;
+    const WindowId id(0, ++m_lastId);
+    m_windowsOfApplication[bundleIdentifier].append(id);
+    m_windows.insert(id, window);
+    return id;
 }
 
-DisplaySnapshot FakeWindowSystem::display(const QString& name, const QRectF& frame,
-                                          const QRectF& visibleFrame, bool isMain)
+bool FakeWindowSystem::isRunning(const QString& bundleIdentifier) const
 {
-    DisplaySnapshot snapshot =
-        makeDisplaySnapshots({Screen{frame, visibleFrame, 1.0, name}}, std::nullopt).first();
-    snapshot.fingerprint.isMain = isMain;
+    return std::ranges::any_of(m_applications, [&](const RunningApplication& application) {
+        return application.bundleIdentifier == bundleIdentifier;
+    });
+}
+
+DisplayFingerprint FakeWindowSystem::fingerprint(qsizetype display) const
+{
+    return StoredDisplays(displays).snapshots().value(display).fingerprint;
+}
+
+QList<DesktopWindow> FakeWindowSystem::windowsOf(const QString& bundleIdentifier) const
+{
+    QList<DesktopWindow> list;
+    const QList<WindowId> ids = m_windowsOfApplication.value(bundleIdentifier);
+    for (const WindowId& id : ids) {
+        const auto window = m_windows.constFind(id);
+        if (window == m_windows.cend())
+            continue;
+        list.append(
+            {.id = id, .kind = window->kind, .title = window->title, .frame = window->frame});
+        list.last().states.setFlag(WindowState::minimized, window->isMinimized);
+    }
+    return list;
+}
+
+DesktopSnapshot FakeWindowSystem::read(const DesktopQuestion& question)
+{
+    using Applications = DesktopQuestion::Applications;
+    DesktopSnapshot snapshot;
+    snapshot.control = trusted ? WindowControl::available : WindowControl::notGranted;
+    if (question.displays)
+        snapshot.displays = displays;
+    const bool readsWindows = question.windows && trusted;
+    if (readsWindows) {
+        ++m_readCount;
+        if (onRead)
+            onRead();
+    }
+    for (RunningApplication application : std::as_const(m_applications)) {
+        const QString identifier = *application.bundleIdentifier;
+        const QList<DesktopWindow> windows = windowsOf(identifier);
+        if (question.applications == Applications::none ||
+            (question.applications == Applications::named &&
+             !question.identifiers.contains(identifier)) ||
+            (windows.isEmpty() && !question.withoutWindows))
+            continue;
+        if (readsWindows)
+            application.windows = windows;
+        snapshot.applications.append(application);
+    }
     return snapshot;
 }
 
-QList<RunningApplication> FakeWindowSystem::applicationsWithWindows()
+QList<FrameOutcome> FakeWindowSystem::place(const QList<FrameRequest>& requests)
 {
-    QList<RunningApplication> applications = runningApplications();
-    applications.removeIf([](const auto& application) { return application.windows.isEmpty(); });
-    return applications;
-}
-
-QList<RunningApplication> FakeWindowSystem::runningApplications(const QString& bundleIdentifier)
-{
-    QList<RunningApplication> applications = runningApplications();
-    applications.removeIf([&](const RunningApplication& application) {
-        return application.bundleIdentifier != bundleIdentifier;
-    });
-    return applications;
-}
-
-QList<QList<WindowAttributes>>
-FakeWindowSystem::readWindows(const QList<RunningApplication>& applications) const
-{
-    if (onRead)
-        onRead(applications);
-    const QMutexLocker lock(&m_mutex);
-    ++m_readCount;
-    QList<QList<WindowAttributes>> lists;
-    for (const RunningApplication& application : applications) {
-        QList<WindowAttributes> list;
-        for (const WindowHandle handle : application.windows) {
-            const auto window = m_windows.constFind(handle);
-            if (window != m_windows.cend())
-                list.append({handle, window->isMinimized, window->role, window->subrole,
-                             window->title, window->frame.topLeft(), window->frame.size()});
-        }
-        lists.append(list);
-    }
-    return lists;
-}
-
-QList<bool> FakeWindowSystem::setWindowFrames(const QList<WindowFrameRequest>& requests)
-{
-    const QMutexLocker lock(&m_mutex);
-    QList<bool> accepted;
-    for (const WindowFrameRequest& request : requests) {
-        const auto window = m_windows.find(request.handle);
-        accepted.append(window != m_windows.end() && !window->refusesFrames);
-        if (accepted.last())
+    QList<FrameOutcome> outcomes;
+    for (const FrameRequest& request : requests) {
+        const auto window = m_windows.find(request.window);
+        const bool isTaken = window != m_windows.end() && !window->refusesFrames;
+        if (isTaken)
             window->frame = request.frame;
+        outcomes.append(isTaken ? FrameOutcome::taken : FrameOutcome::refused);
     }
-    return accepted;
+    return outcomes;
+}
+
+QFuture<DesktopSnapshot> FakeWindowSystem::ask(const DesktopQuestion& question)
+{
+    return readyFuture(read(question));
+}
+
+QFuture<WindowControl> FakeWindowSystem::requestControl()
+{
+    return readyFuture(read({}).control);
+}
+
+QFuture<QList<FrameOutcome>> FakeWindowSystem::setFrames(const QList<FrameRequest>& requests)
+{
+    return readyFuture(place(requests));
+}
+
+QFuture<void> FakeWindowSystem::activate(const QStringList& identifiers)
+{
+    for (const QString& identifier : identifiers | std::views::reverse) {
+        if (isRunning(identifier))
+            activated.append(identifier);
+    }
+    return readyFuture();
 }
 
 } // namespace trovell

@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: MIT
 //
 // A desktop that a test scripts: applications with windows that can be read and moved, displays
-// that come and go. Counts what is asked of it.
+// that come and go. Answers at once, and counts what is asked of it. Main thread.
 #pragma once
 
+#include "display/DisplayFingerprint.h"
 #include "windows/WindowSystem.h"
 
 #include <QHash>
-#include <QMutex>
 #include <QStringList>
+
+#include <functional>
 
 namespace trovell {
 
@@ -18,9 +20,8 @@ class FakeWindowSystem final : public WindowSystem {
 public:
     struct Window {
         QString title = {};
-        QRectF frame{100, 100, 600, 400}; ///< accessibility coordinates
-        QString role = u"AXWindow"_s;
-        std::optional<QString> subrole = u"AXStandardWindow"_s;
+        QRectF frame{100, 100, 600, 400};
+        WindowKind kind = WindowKind::standard;
         bool isMinimized = false;
         bool refusesFrames = false;
     };
@@ -30,59 +31,42 @@ public:
     /// Adds an application without windows; its name is the identifier unless given.
     RunningApplication& addApplication(const QString& bundleIdentifier, const QString& name = {});
     /// Adds the application, too, when it does not run yet.
-    WindowHandle addWindow(const QString& bundleIdentifier, const Window& window);
-    void removeWindow(WindowHandle handle)
-    {
-        const QMutexLocker lock(&m_mutex);
-        m_windows.remove(handle);
-    }
-    [[nodiscard]] Window window(WindowHandle handle) const
-    {
-        const QMutexLocker lock(&m_mutex);
-        return m_windows.value(handle);
-    }
-    [[nodiscard]] static DisplaySnapshot display(const QString& name, const QRectF& frame,
-                                                 const QRectF& visibleFrame, bool isMain);
+    WindowId addWindow(const QString& bundleIdentifier, const Window& window);
+    void removeWindow(const WindowId& id) { m_windows.remove(id); }
+    [[nodiscard]] Window window(const WindowId& id) const { return m_windows.value(id); }
+    [[nodiscard]] bool isRunning(const QString& bundleIdentifier) const;
+    /// As the display is stored.
+    [[nodiscard]] DisplayFingerprint fingerprint(qsizetype display) const;
 
     bool trusted = true;
-    QList<DisplaySnapshot> displays;
+    QList<Display> displays;
     /// In the order in which they were brought forward.
     QStringList activated;
-    /// Called on the worker before the windows of a list of applications are read.
-    std::function<void(const QList<RunningApplication>&)> onRead;
+    /// Called before windows are read.
+    std::function<void()> onRead;
 
-    [[nodiscard]] int readCount() const
-    {
-        const QMutexLocker lock(&m_mutex);
-        return m_readCount;
-    }
+    /// How often windows were read.
+    [[nodiscard]] int readCount() const { return m_readCount; }
 
-    [[nodiscard]] bool isTrusted() const override { return trusted; }
-    bool requestTrust() override { return trusted; }
-    [[nodiscard]] QList<RunningApplication> runningApplications() override
-    {
-        const QMutexLocker lock(&m_mutex);
-        return m_applications;
-    }
-    [[nodiscard]] QList<RunningApplication> applicationsWithWindows() override;
-    [[nodiscard]] QList<RunningApplication>
-    runningApplications(const QString& bundleIdentifier) override;
-    void activate(const RunningApplication& application) override
-    {
-        activated.append(application.bundleIdentifier.value_or(QString()));
-    }
-    [[nodiscard]] QList<DisplaySnapshot> currentDisplays() override { return displays; }
-    [[nodiscard]] QList<QList<WindowAttributes>>
-    readWindows(const QList<RunningApplication>& applications) const override;
-    [[nodiscard]] QList<bool> setWindowFrames(const QList<WindowFrameRequest>& requests) override;
+    [[nodiscard]] DesktopSnapshot read(const DesktopQuestion& question);
+    [[nodiscard]] QList<FrameOutcome> place(const QList<FrameRequest>& requests);
+
+    [[nodiscard]] QFuture<DesktopSnapshot> ask(const DesktopQuestion& question) override;
+    [[nodiscard]] QFuture<WindowControl> requestControl() override;
+    [[nodiscard]] QFuture<QList<FrameOutcome>>
+    setFrames(const QList<FrameRequest>& requests) override;
+    QFuture<void> activate(const QStringList& identifiers) override;
+    void activateOwnWindow(quintptr) override {}
 
 private:
-    /// Tests run the product's workers for real.
-    mutable QMutex m_mutex;
+    [[nodiscard]] QList<DesktopWindow> windowsOf(const QString& bundleIdentifier) const;
+
     QList<RunningApplication> m_applications;
-    QHash<WindowHandle, Window> m_windows;
-    mutable int m_readCount = 0;
-    WindowHandle m_lastHandle = 0;
+    QHash<WindowId, Window> m_windows;
+    /// By identifier, in order of appearance.
+    QHash<QString, QList<WindowId>> m_windowsOfApplication;
+    int m_readCount = 0;
+    quint64 m_lastId = 0;
 };
 
 } // namespace trovell

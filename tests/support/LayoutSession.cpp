@@ -35,9 +35,8 @@ TrovellWorkspace* LayoutSession::capture()
 
 QStringList LayoutSession::start(TrovellWorkspace& workspace, double timeoutSeconds)
 {
-    m_dependencies.accessibility().refresh();
-    QCoro::waitFor(m_dependencies.launcher().start(
-        &workspace, m_dependencies.accessibility().isTrusted(), timeoutSeconds));
+    const bool isTrusted = QCoro::waitFor(m_dependencies.accessibility().refresh());
+    QCoro::waitFor(m_dependencies.launcher().start(&workspace, isTrusted, timeoutSeconds));
     QStringList lines;
     const QList<LaunchResult> results = m_dependencies.launcher().latestReport()->results;
     for (const LaunchResult& result : results)

@@ -3,6 +3,7 @@
 #include "windows/AccessibilityPermissionManager.h"
 
 #include "support/FakeClock.h"
+#include "support/ReadyFuture.h"
 
 #include <QtTest>
 
@@ -26,8 +27,8 @@ struct Desktop {
     std::unique_ptr<AccessibilityPermissionManager> manager =
         std::make_unique<AccessibilityPermissionManager>(
             AccessibilityPermissionManager::Platform{
-                [this] { return ++checkCount >= grantedAtCheck; },
-                [this] { return ++promptCount > 0 && checkCount >= grantedAtCheck; },
+                [this] { return readyFuture(++checkCount >= grantedAtCheck); },
+                [this] { return readyFuture(++promptCount > 0 && checkCount >= grantedAtCheck); },
                 [this](const QUrl& url) { openedURLs.append(url); }, settingsURL},
             clock);
 

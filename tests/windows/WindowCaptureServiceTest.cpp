@@ -42,33 +42,56 @@ private Q_SLOTS:
     void tellsOrdinaryWindows()
     {
         const auto isOrdinary = [](auto change) {
-            WindowAttributes window{1,      false,         u"AXWindow"_s, std::nullopt,
-                                    u"t"_s, QPointF(0, 0), QSizeF(81, 61)};
+            DesktopWindow window{.id = {}, .frame = QRectF(0, 0, 81, 61)}; // the smallest
             change(window);
             return isOrdinaryWindow(window);
         };
-        QVERIFY(isOrdinary([](auto& w) { w.isMinimized.reset(); })); // the smallest
-        QVERIFY(isOrdinary([](auto& w) { w.subrole = u"AXOther"_s; }));
-        QVERIFY(!isOrdinary([](auto& w) { w.isMinimized = true; }));
-        QVERIFY(!isOrdinary([](auto& w) { w.role = u"AXSheet"_s; }));
-        QVERIFY(!isOrdinary([](auto& w) { w.position.reset(); }));
-        QVERIFY(!isOrdinary([](auto& w) { w.size.reset(); }));
-        QVERIFY(!isOrdinary([](auto& w) { w.size = QSizeF(80, 600); }));
-        QVERIFY(!isOrdinary([](auto& w) { w.size = QSizeF(600, 60); }));
-        QVERIFY(!isOrdinary([](auto& w) { w.size = QSizeF(600, qQNaN()); }));
-        for (const QString& subrole : {u"AXSystemDialog"_s, u"AXFloatingWindow"_s, u"AXDialog"_s})
-            QVERIFY(!isOrdinary([&subrole](auto& w) { w.subrole = subrole; }));
+        QVERIFY(isOrdinary([](auto& w) { w.states = ~WindowStates(WindowState::minimized); }));
+        QVERIFY(!isOrdinary([](auto& w) { w.states = WindowState::minimized; }));
+        QVERIFY(!isOrdinary([](auto& w) { w.frame.reset(); }));
+        QVERIFY(!isOrdinary([](auto& w) { w.frame->setWidth(80); }));
+        QVERIFY(!isOrdinary([](auto& w) { w.frame->setHeight(60); }));
+        QVERIFY(!isOrdinary([](auto& w) { w.frame->setHeight(qQNaN()); }));
+        for (const auto kind : {WindowKind::dialog, WindowKind::utility, WindowKind::notification})
+            QVERIFY(!isOrdinary([kind](auto& w) { w.kind = kind; }));
+    }
+
+    void storesTheSameFormsAsEver()
+    {
+        QStringList texts{storedRole()};
+        for (const auto kind : {WindowKind::standard, WindowKind::dialog, WindowKind::utility,
+                                WindowKind::notification})
+            texts.append(storedSubrole(kind));
+        QCOMPARE(texts.join(u' '),
+                 u"AXWindow AXStandardWindow AXDialog AXFloatingWindow AXSystemDialog"_s);
+
+        // The primary display lies in the middle of the desktop.
+        const StoredDisplays displays(
+            {{u"Left"_s, {0, 50, 1280, 1024}, {0, 80, 1280, 994}, 1.5, false},
+             {u"Main"_s, {1280, 100, 1600, 900}, {1280, 100, 1600, 870}, 1.0, true}});
+        const DisplaySnapshot left = displays.snapshots().at(0);
+        QCOMPARE(left.frame, QRectF(-1280, -74, 1280, 1024));
+        QCOMPARE(left.visibleFrame, QRectF(-1280, -74, 1280, 994));
+        QCOMPARE(left.fingerprint,
+                 (DisplayFingerprint{u"Left"_s, 1920, 1536, 1280, 1024, 1.5, -1280, -74, false}));
+        QCOMPARE(displays.snapshots().at(1).visibleFrame, QRectF(0, 30, 1600, 870));
+        const QRectF window(1380, 130, 800, 600);
+        QCOMPARE(displays.storedFrame(window), QRectF(100, 270, 800, 600));
+        QCOMPARE(displays.desktopFrame(displays.storedFrame(window)), window);
+        // Without a primary one the first is main.
+        const Display only{u"Only"_s, {30, 40, 800, 600}, {30, 40, 800, 600}, 1.0, false};
+        QVERIFY(StoredDisplays({only}).snapshots().first().fingerprint.isMain);
     }
 
     void capturesWindowsWithTheirPositionsAndDisplays()
     {
         FakeWindowSystem desktop;
         desktop.displays.append(
-            desktop.display(u"Second"_s, {1440, 0, 1000, 900}, {1440, 0, 1000, 900}, false));
+            {u"Second"_s, {1440, 0, 1000, 900}, {1440, 0, 1000, 900}, 1.0, false});
         desktop.addApplication(u"b"_s, u"beta"_s);
         desktop.addApplication(u"a"_s, u"Alpha"_s);
-        desktop.addWindow(u"a"_s, {.title = u"Open"_s, .subrole = u"AXDialog"_s});
-        desktop.addWindow(u"a"_s, {.title = u""_s, .frame = {1300, 100, 400, 300}, .subrole = {}});
+        desktop.addWindow(u"a"_s, {.title = u"Open"_s, .kind = WindowKind::dialog});
+        desktop.addWindow(u"a"_s, {.title = u""_s, .frame = {1300, 100, 400, 300}});
         desktop.addWindow(u"b"_s, {.title = u"Notes"_s, .frame = {-9000, 0, 400, 300}});
 
         const auto captured = capture(desktop);
@@ -78,7 +101,7 @@ private Q_SLOTS:
         QCOMPARE(captured->at(0).windows.size(), 1);
         QCOMPARE(window.windowIndex, 1);
         QCOMPARE(window.windowTitle, std::nullopt);
-        QCOMPARE(window.subrole, std::nullopt);
+        QCOMPARE(window.subrole, u"AXStandardWindow"_s);
         QCOMPARE(window.frame, QRectF(1300, 500, 400, 300));
         QCOMPARE(window.display.fingerprint.localizedName, u"Second"_s);
         // A window on no display at all belongs to the first one.

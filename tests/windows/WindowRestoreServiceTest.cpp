@@ -22,7 +22,7 @@ WindowPlacementSnapshot placement(const FakeWindowSystem& desktop,
     snapshot.windowTitleHint = title;
     snapshot.windowIndexHint = index;
     snapshot.normalizedFrame = {0.5, 0.5, 0.5, 0.5};
-    snapshot.displayFingerprint = desktop.displays.value(0).fingerprint;
+    snapshot.displayFingerprint = desktop.fingerprint(0);
     return snapshot;
 }
 
@@ -58,7 +58,7 @@ private Q_SLOTS:
         QCOMPARE(outcome(),
                  u"Editor skippedNoPermission: Allow Accessibility access before capturing "
                  "or restoring windows."_s);
-        QCOMPARE(desktop.readCount(), readCount);
+        QCOMPARE(desktop.readCount(), readCount + 1);
     }
 
     void waitsForWhatIsNotThereYet()
@@ -119,14 +119,14 @@ private Q_SLOTS:
         saved.displayFingerprint.localizedName = u"Gone"_s;
         saved.displayFingerprint.isMain = false;
         saved.displayFingerprint.relativeX = 1440;
-        const auto right =
-            desktop.display(u"Right"_s, {1440, 200, 800, 600}, {1440, 240, 800, 500}, false);
-        desktop.displays.append(right);
-        // Fractions of its visible frame, in the coordinates of the main display's top.
-        QCOMPARE(restoreTarget(saved, desktop.displays), QRectF(1840, 160, 400, 250));
+        desktop.displays.append(
+            {u"Right"_s, {1440, 100, 800, 600}, {1440, 160, 800, 500}, 1.0, false});
+        const StoredDisplays displays(desktop.displays);
+        // Fractions of its visible frame, counted from its bottom.
+        QCOMPARE(restoreTarget(saved, displays), QRectF(1840, 160, 400, 250));
         saved.normalizedFrame = {0.9, 0.0, 0.05, 0.05};
-        QCOMPARE(restoreTarget(saved, desktop.displays), QRectF(2000, 500, 240, 160));
-        QVERIFY(!restoreTarget(saved, {}));
+        QCOMPARE(restoreTarget(saved, displays), QRectF(2000, 500, 240, 160));
+        QVERIFY(!restoreTarget(saved, StoredDisplays({})));
     }
 
     void keepsFramesFiniteAndInside()
@@ -137,7 +137,7 @@ private Q_SLOTS:
                                       &NormalizedFrame::width, &NormalizedFrame::height}) {
                 auto saved = placement(desktop, u"Notes"_s);
                 saved.normalizedFrame.*member = value;
-                const auto target = restoreTarget(saved, desktop.displays);
+                const auto target = restoreTarget(saved, StoredDisplays(desktop.displays));
                 QVERIFY(target && QRectF(0, 25, 1440, 875).contains(*target));
             }
     }

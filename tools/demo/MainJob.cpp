@@ -17,7 +17,7 @@
 #include "launch/URLValidation.h"
 #include "model/WorkspaceStore.h"
 #include "platform/BackEnds.h"
-#include "platform/x11/X11WindowHandle.h"
+#include "platform/x11/X11WindowId.h"
 #include "platform/x11/X11WindowReader.h"
 #include "preferences/AppConfiguration.h"
 #include "preferences/PreferenceStore.h"
@@ -237,10 +237,13 @@ QSizeF smallestFrame(const X11Connection& connection, xcb_window_t window)
 QSizeF smallestFrame(Program& program, const CapturedWindow& captured)
 {
     WindowSystem& windowSystem = *program.platform.windowSystem;
-    const auto applications = windowSystem.runningApplications(captured.bundleIdentifier);
-    const auto windows = windowSystem.readWindows(applications).value(0);
-    const WindowHandle handle = windows.value(captured.windowIndex).handle;
-    return smallestFrame(X11Connection(QByteArray()), windowOfHandle(handle));
+    const DesktopQuestion question{.applications = DesktopQuestion::Applications::named,
+                                   .identifiers = {captured.bundleIdentifier},
+                                   .windows = true};
+    const auto applications = windowSystem.ask(question).result().applications;
+    const auto windows = applications.value(0).windows;
+    const WindowId window = windows.value(captured.windowIndex).id;
+    return smallestFrame(X11Connection(QByteArray()), windowOf(window));
 }
 
 /// A program may raise the minimum size of its window between two runs; then it is as small as it
@@ -273,9 +276,8 @@ void start(Program& program, const QString& name)
 {
     TrovellWorkspace& workspace = program.workspace(name);
     AppDependencies& dependencies = program.dependencies;
-    dependencies.accessibility().refresh();
-    QCoro::waitFor(dependencies.launcher().start(&workspace,
-                                                 dependencies.accessibility().isTrusted(),
+    const bool isTrusted = QCoro::waitFor(dependencies.accessibility().refresh());
+    QCoro::waitFor(dependencies.launcher().start(&workspace, isTrusted,
                                                  dependencies.preferences().launchTimeout()));
     program.save();
     out() << u"Launch report:"_s << Qt::endl;

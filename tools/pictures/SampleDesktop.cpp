@@ -57,11 +57,9 @@ void createFile(const QString& path)
 
 SampleDesktop::SampleDesktop(test::ViewFixture& fixture) : m_fixture(fixture)
 {
-    fixture.windows->displays = {FakeWindowSystem::display(u"27-inch Display"_s, {0, 0, 2560, 1440},
-                                                           {0, 0, 2560, 1440}, true),
-                                 FakeWindowSystem::display(u"Built-in Display"_s,
-                                                           {2560, 540, 1440, 900},
-                                                           {2560, 540, 1440, 900}, false)};
+    fixture.windows->displays = {
+        {u"27-inch Display"_s, {0, 0, 2560, 1440}, {0, 0, 2560, 1440}, 1.0, true},
+        {u"Built-in Display"_s, {2560, 0, 1440, 900}, {2560, 0, 1440, 900}, 1.0, false}};
     for (int i = 0; i <= int(Application::terminal); ++i) {
         const SampleApplication& sample = sampleOf(Application(i));
         const QString path = fixture.folder.filePath(sample.bundleIdentifier);
@@ -190,8 +188,7 @@ void SampleDesktop::addPlacement(TrovellWorkspace& workspace, Application applic
     placement.setNormalizedY(1 - place.y() - place.height());
     placement.setNormalizedWidth(place.width());
     placement.setNormalizedHeight(place.height());
-    placement.setDisplayFingerprintData(
-        encodeFingerprint(m_fixture.windows->displays.at(display).fingerprint));
+    placement.setDisplayFingerprintData(encodeFingerprint(m_fixture.windows->fingerprint(display)));
 }
 
 void SampleDesktop::openWindow(Application application, const QString& title, int display,
@@ -199,7 +196,6 @@ void SampleDesktop::openWindow(Application application, const QString& title, in
 {
     run(application);
     const QRectF& screen = m_fixture.windows->displays.at(display).frame;
-    // Both displays have their upper edges at the same height.
     const QRectF frame(screen.x() + place.x() * screen.width(), place.y() * screen.height(),
                        place.width() * screen.width(), place.height() * screen.height());
     m_fixture.windows->addWindow(sampleOf(application).bundleIdentifier,
@@ -209,7 +205,7 @@ void SampleDesktop::openWindow(Application application, const QString& title, in
 void SampleDesktop::run(Application application)
 {
     const SampleApplication& sample = sampleOf(application);
-    if (!m_fixture.windows->runningApplications(sample.bundleIdentifier).isEmpty())
+    if (m_fixture.windows->isRunning(sample.bundleIdentifier))
         return;
     m_fixture.windows->addApplication(sample.bundleIdentifier, sample.name).bundleURL =
         QUrl::fromLocalFile(m_fixture.folder.filePath(sample.bundleIdentifier + u".desktop"_s))

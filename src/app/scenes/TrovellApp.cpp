@@ -153,7 +153,9 @@ void TrovellApp::bringForward(SceneWindow& window, const QString& startupToken)
     if (!startupToken.isEmpty())
         qputenv("XDG_ACTIVATION_TOKEN", startupToken.toUtf8()); // read by Qt on Wayland
     const bool isNew = !window.windowHandle();
-    const auto activate = [this, &window] { m_platform.bringForward(window.winId()); };
+    const auto activate = [this, &window] {
+        m_platform.windowSystem->activateOwnWindow(window.winId());
+    };
     // A new window gets the focus from the window manager, if the user has not gone on meanwhile.
     // One that comes back would only blink: the user last touched it long ago.
     if (!isNew && window.isVisible())

@@ -143,15 +143,16 @@ bool FramePass::isOver(Time now) const
     return (isEachOver && !m_isGuarding) || now >= deadline();
 }
 
-QList<bool> FramePass::finish()
+QList<FrameOutcome> FramePass::finish()
 {
-    QList<bool> answers;
+    QList<FrameOutcome> outcomes;
     for (Window& window : m_windows) {
         window.negotiation.giveUp();
         noteSettled(window);
-        answers.append(window.negotiation.isAccepted());
+        outcomes.append(window.negotiation.isAccepted() ? FrameOutcome::taken
+                                                        : FrameOutcome::refused);
     }
-    return answers;
+    return outcomes;
 }
 
 bool FramePass::hasWindowsToGuard() const

@@ -7,6 +7,7 @@
 
 #include "platform/desktop/FrameNegotiation.h"
 #include "platform/desktop/WindowClaims.h"
+#include "windows/WindowSystem.h"
 
 #include <QList>
 
@@ -21,7 +22,7 @@ public:
     using Step = FrameNegotiation::Step;
 
     struct Request {
-        WindowHandle window = 0;
+        WindowId window;
         QRectF frame;
         /// Its program may move it once more all by itself.
         bool isYoung = false;
@@ -62,8 +63,8 @@ public:
     /// Every window is in place or will not be, or time is up.
     [[nodiscard]] bool isOver(Time now) const;
 
-    /// Ends it: says for each request, in their order, whether its window took the frame.
-    [[nodiscard]] QList<bool> finish();
+    /// Ends it: the outcome of each request, in their order.
+    [[nodiscard]] QList<FrameOutcome> finish();
 
     /// Whether windows may still lose their frames: young ones, and those that left a state that
     /// fills the display.

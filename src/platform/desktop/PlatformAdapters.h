@@ -27,8 +27,6 @@ struct PlatformAdapters {
     QUrl windowControlSettings = {};
     /// Whether windows can be translucent now. Quick.
     std::function<bool()> isComposited = [] { return true; };
-    /// Brings a window of this program, as QWindow::winId names it, before those of all others.
-    std::function<void(quintptr)> bringForward = [](quintptr) {};
     /// The icon of the theme that the desktop's tray tints; empty where there is none.
     QString trayIconName = {};
 };

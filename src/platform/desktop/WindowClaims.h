@@ -4,7 +4,7 @@
 // placed again since. Any thread.
 #pragma once
 
-#include "windows/WindowSystem.h"
+#include "windows/DesktopWindow.h"
 
 #include <QHash>
 #include <QMutex>
@@ -23,14 +23,14 @@ public:
     }
 
     /// Takes the window from every earlier placement.
-    void take(WindowHandle window, Claim claim)
+    void take(WindowId window, Claim claim)
     {
         const QMutexLocker lock(&m_mutex);
         m_holders.insert(window, claim);
     }
 
     /// False once another placement took the window.
-    [[nodiscard]] bool isHeld(WindowHandle window, Claim claim) const
+    [[nodiscard]] bool isHeld(WindowId window, Claim claim) const
     {
         const QMutexLocker lock(&m_mutex);
         return m_holders.value(window) == claim;
@@ -46,7 +46,7 @@ public:
 private:
     mutable QMutex m_mutex;
     Claim m_lastClaim = 0;
-    QHash<WindowHandle, Claim> m_holders;
+    QHash<WindowId, Claim> m_holders;
 };
 
 } // namespace trovell

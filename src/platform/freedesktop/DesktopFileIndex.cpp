@@ -15,18 +15,13 @@ std::shared_ptr<const DesktopFileTable> readTable()
 
 } // namespace
 
-static size_t qHash(const WindowIdentity& window, size_t seed) noexcept
-{
-    return qHashMulti(seed, window.processIdentifier, window.wmClass, window.wmInstance,
-                      window.gtkApplicationId);
-}
-
 DesktopFileIndex::DesktopFileIndex() : m_monitor(g_app_info_monitor_get())
 {
     m_monitorHandler = g_signal_connect(m_monitor.get(), "changed", G_CALLBACK(noteChange), this);
     QObject::connect(&m_reading, &QFutureWatcherBase::finished, &m_reading,
                      [this] { takeTable(); });
     startReading();
+    m_firstReading = m_reading.future();
 }
 
 DesktopFileIndex::~DesktopFileIndex()
@@ -51,44 +46,43 @@ void DesktopFileIndex::startReading()
 
 void DesktopFileIndex::takeTable()
 {
-    m_table = m_reading.result();
-    m_identified.clear();
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_table = m_reading.result();
+    }
     if (m_isReadingOutdated)
         startReading();
 }
 
-const DesktopFileTable& DesktopFileIndex::table()
+DesktopFileIndex::Table DesktopFileIndex::table() const
 {
-    if (!m_table)
-        m_table = m_reading.result();
-    return *m_table;
+    {
+        const QMutexLocker lock(&m_mutex);
+        if (m_table)
+            return m_table;
+    }
+    return m_firstReading.result();
 }
 
-std::optional<ApplicationIdentity> DesktopFileIndex::identify(const WindowIdentity& window)
+std::optional<ApplicationIdentity> DesktopFileIndex::identify(const WindowIdentity& window) const
 {
-    const DesktopFileTable& applications = table();
-    const auto known = m_identified.constFind(window);
-    if (known != m_identified.cend())
-        return *known;
-    // Process numbers come and go, and the table with them.
-    constexpr qsizetype mostRemembered = 1000;
-    if (m_identified.size() >= mostRemembered)
-        m_identified.clear();
+    const Table applications = table();
     const ProcessFacts process = readProcessFacts(window.processIdentifier);
-    auto identity = applicationIdentity(applications.identify(window, process));
-    m_identified.insert(window, identity);
-    return identity;
+    return applicationIdentity(applications->identify(window, process));
 }
 
-std::optional<ApplicationIdentity> DesktopFileIndex::application(const QString& bundleIdentifier)
+std::optional<ApplicationIdentity>
+DesktopFileIndex::application(const QString& bundleIdentifier) const
 {
-    return applicationIdentity(table().entry(bundleIdentifier));
+    const Table applications = table();
+    return applicationIdentity(applications->entry(bundleIdentifier));
 }
 
-QList<ApplicationIdentity> DesktopFileIndex::visibleApplications()
+QList<ApplicationIdentity> DesktopFileIndex::visibleApplications() const
 {
+    const Table table = this->table();
     QList<ApplicationIdentity> applications;
-    for (const DesktopEntry& entry : table().entries()) {
+    for (const DesktopEntry& entry : table->entries()) {
         if (!entry.isConcealed)
             applications.append(*applicationIdentity(&entry));
     }

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// The installed applications, kept up to date, and which of them a window belongs to. Main thread
-// only; the desktop files themselves are read on a worker.
+// The installed applications, kept up to date, and which of them a window belongs to. Lives on the
+// main thread; the desktop files themselves are read on a worker. Questions may be asked on any
+// thread.
 #pragma once
 
 #include "platform/desktop/ApplicationIdentity.h"
@@ -9,8 +10,8 @@
 #include "platform/freedesktop/GObjectPointer.h"
 
 #include <QFutureWatcher>
-#include <QHash>
 #include <QList>
+#include <QMutex>
 #include <QString>
 
 #include <memory>
@@ -30,15 +31,15 @@ public:
     // Every question waits for the first reading, if that is still under way, and for no later one:
     // a change is seen some milliseconds after it, when the event loop has run.
 
-    /// The application that opened a window; none when no desktop file fits. Remembered for each
-    /// window identity, so it may be asked for every window each time.
-    [[nodiscard]] std::optional<ApplicationIdentity> identify(const WindowIdentity& window);
+    /// The application that opened a window; none when no desktop file fits.
+    [[nodiscard]] std::optional<ApplicationIdentity> identify(const WindowIdentity& window) const;
 
     /// The application with that identifier.
-    [[nodiscard]] std::optional<ApplicationIdentity> application(const QString& bundleIdentifier);
+    [[nodiscard]] std::optional<ApplicationIdentity>
+    application(const QString& bundleIdentifier) const;
 
     /// All that are offered to the user, sorted by identifier.
-    [[nodiscard]] QList<ApplicationIdentity> visibleApplications();
+    [[nodiscard]] QList<ApplicationIdentity> visibleApplications() const;
 
 private:
     using Table = std::shared_ptr<const DesktopFileTable>;
@@ -46,15 +47,17 @@ private:
     static void noteChange(GAppInfoMonitor*, gpointer index);
     void startReading();
     void takeTable();
-    const DesktopFileTable& table();
+    [[nodiscard]] Table table() const;
 
     GObjectPointer<GAppInfoMonitor> m_monitor;
     gulong m_monitorHandler = 0;
     QFutureWatcher<Table> m_reading;
     /// Something changed while a reading was under way, which may have missed it.
     bool m_isReadingOutdated = false;
+    QFuture<Table> m_firstReading;
+    mutable QMutex m_mutex;
+    /// The latest one; null before the first.
     Table m_table;
-    QHash<WindowIdentity, std::optional<ApplicationIdentity>> m_identified;
 };
 
 } // namespace trovell

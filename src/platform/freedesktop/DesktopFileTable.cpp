@@ -60,8 +60,10 @@ const DesktopEntry* DesktopFileTable::entry(const QString& id) const
 const DesktopEntry* DesktopFileTable::identify(const WindowIdentity& window,
                                                const ProcessFacts& process) const
 {
-    if (const DesktopEntry* found = entry(window.gtkApplicationId))
-        return found;
+    for (const QString& id : {window.gtkApplicationId, window.sandboxId}) {
+        if (const DesktopEntry* found = entry(id))
+            return found;
+    }
     if (const DesktopEntry* found = findLaunched(process.launchedDesktopFile))
         return found;
     if (const DesktopEntry* found = findByClass(window))

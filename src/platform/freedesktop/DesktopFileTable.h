@@ -24,10 +24,10 @@ public:
     /// Null when none has that id.
     [[nodiscard]] const DesktopEntry* entry(const QString& id) const;
 
-    /// Asks, until one answers: the window's GTK application id; the desktop file its process was
-    /// started from; StartupWMClass, exactly and then in any case; an id equal to the class or
-    /// instance; an id in reverse domain order that ends with the class; the program that Exec
-    /// starts. The class goes before the instance. Null when nothing fits.
+    /// Asks, until one answers: the window's GTK application id; its sandbox's; the desktop file
+    /// its process was started from; StartupWMClass, exactly and then in any case; an id equal to
+    /// the class or instance; an id in reverse domain order that ends with the class; the program
+    /// that Exec starts. The class goes before the instance. Null when nothing fits.
     [[nodiscard]] const DesktopEntry* identify(const WindowIdentity& window,
                                                const ProcessFacts& process) const;
 

@@ -3,8 +3,9 @@
 #include "platform/freedesktop/OwnedBusNames.h"
 
 #include "platform/freedesktop/DesktopFileIndex.h"
+#include "platform/freedesktop/GObjectPointer.h"
 
-#include <QSet>
+#include <algorithm>
 
 namespace trovell {
 
@@ -16,16 +17,39 @@ bool isBusName(const QString& identifier)
     return g_dbus_is_name(name.constData()) && !g_dbus_is_unique_name(name.constData());
 }
 
-QSet<QString> stringSet(GVariant* arrayInTuple)
+GVariantPointer ask(GDBusConnection* bus, const char* method, const char* replyType,
+                    const QString& name = {})
 {
-    QSet<QString> strings;
+    constexpr int timeoutMilliseconds = 50;
+    GVariant* const arguments =
+        name.isNull() ? nullptr : g_variant_new("(s)", name.toUtf8().constData());
+    return GVariantPointer(g_dbus_connection_call_sync(
+        bus, "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", method,
+        arguments, G_VARIANT_TYPE(replyType), G_DBUS_CALL_FLAGS_NO_AUTO_START, timeoutMilliseconds,
+        nullptr, nullptr));
+}
+
+QSet<QString> ownedNames(GDBusConnection* bus)
+{
+    QSet<QString> names;
+    const auto reply = ask(bus, "ListNames", "(as)");
+    if (!reply)
+        return names;
     GVariantIter* items = nullptr;
     const char* item = nullptr;
-    g_variant_get(arrayInTuple, "(as)", &items);
+    g_variant_get(reply.get(), "(as)", &items);
     while (g_variant_iter_next(items, "&s", &item))
-        strings.insert(QString::fromUtf8(item));
+        names.insert(QString::fromUtf8(item));
     g_variant_iter_free(items);
-    return strings;
+    return names;
+}
+
+qint32 processOf(GDBusConnection* bus, const QString& name)
+{
+    guint32 identifier = 0;
+    if (const auto reply = ask(bus, "GetConnectionUnixProcessID", "(u)", name))
+        g_variant_get(reply.get(), "(u)", &identifier);
+    return static_cast<qint32>(identifier);
 }
 
 RunningApplication runningApplication(const ApplicationIdentity& identity, qint32 processIdentifier)
@@ -39,9 +63,23 @@ RunningApplication runningApplication(const ApplicationIdentity& identity, qint3
     return application;
 }
 
+QList<ApplicationIdentity> candidates(const DesktopFileIndex& installed,
+                                      const std::optional<QSet<QString>>& identifiers)
+{
+    if (!identifiers)
+        return installed.visibleApplications();
+    QList<ApplicationIdentity> named;
+    for (const QString& identifier : *identifiers) {
+        if (const auto identity = installed.application(identifier))
+            named.append(*identity);
+    }
+    std::ranges::sort(named, {}, &ApplicationIdentity::bundleIdentifier);
+    return named;
+}
+
 } // namespace
 
-OwnedBusNames::OwnedBusNames(DesktopFileIndex& installed)
+OwnedBusNames::OwnedBusNames(const DesktopFileIndex& installed)
     : m_installed(installed), m_connection(std::make_shared<Connection>())
 {
     // Not cancelled by the destructor: the whole process shares one connection, and GIO would
@@ -54,57 +92,28 @@ void OwnedBusNames::takeConnection(GObject*, GAsyncResult* result, gpointer conn
 {
     const std::unique_ptr<std::shared_ptr<Connection>> taken(
         static_cast<std::shared_ptr<Connection>*>(connection));
-    (*taken)->reset(g_bus_get_finish(result, nullptr));
+    GDBusConnection* const bus = g_bus_get_finish(result, nullptr);
     // By default GIO ends the process when the bus goes away.
-    if (**taken)
-        g_dbus_connection_set_exit_on_close((*taken)->get(), FALSE);
+    if (bus)
+        g_dbus_connection_set_exit_on_close(bus, FALSE);
+    (*taken)->bus = bus;
 }
 
-GVariantPointer OwnedBusNames::ask(const char* method, const char* replyType,
-                                   const QString& name) const
+QList<RunningApplication>
+OwnedBusNames::running(const std::optional<QSet<QString>>& identifiers) const
 {
-    if (!isConnected())
-        return {};
-    constexpr int timeoutMilliseconds = 50;
-    GVariant* const arguments =
-        name.isNull() ? nullptr : g_variant_new("(s)", name.toUtf8().constData());
-    return GVariantPointer(g_dbus_connection_call_sync(
-        m_connection->get(), "org.freedesktop.DBus", "/org/freedesktop/DBus",
-        "org.freedesktop.DBus", method, arguments, G_VARIANT_TYPE(replyType),
-        G_DBUS_CALL_FLAGS_NO_AUTO_START, timeoutMilliseconds, nullptr, nullptr));
-}
-
-qint32 OwnedBusNames::processIdentifier(const QString& name) const
-{
-    guint32 identifier = 0;
-    if (const auto reply = ask("GetConnectionUnixProcessID", "(u)", name))
-        g_variant_get(reply.get(), "(u)", &identifier);
-    return static_cast<qint32>(identifier);
-}
-
-std::optional<RunningApplication> OwnedBusNames::find(const QString& bundleIdentifier) const
-{
-    gboolean isOwned = FALSE;
-    if (!isBusName(bundleIdentifier))
-        return {};
-    if (const auto reply = ask("NameHasOwner", "(b)", bundleIdentifier))
-        g_variant_get(reply.get(), "(b)", &isOwned);
-    const auto identity = isOwned ? m_installed.application(bundleIdentifier) : std::nullopt;
-    if (!identity)
-        return {};
-    return runningApplication(*identity, processIdentifier(bundleIdentifier));
-}
-
-QList<RunningApplication> OwnedBusNames::list() const
-{
-    const auto reply = ask("ListNames", "(as)");
-    const QSet<QString> owned = reply ? stringSet(reply.get()) : QSet<QString>();
     QList<RunningApplication> running;
-    const QList<ApplicationIdentity> installed = m_installed.visibleApplications();
-    for (const ApplicationIdentity& identity : installed) {
+    GDBusConnection* const bus = m_connection->bus;
+    if (!bus)
+        return running;
+    const QSet<QString> owned = ownedNames(bus);
+    if (owned.isEmpty())
+        return running;
+    const QList<ApplicationIdentity> known = candidates(m_installed, identifiers);
+    for (const ApplicationIdentity& identity : known) {
         const QString& identifier = identity.bundleIdentifier;
         if (isBusName(identifier) && owned.contains(identifier))
-            running.append(runningApplication(identity, processIdentifier(identifier)));
+            running.append(runningApplication(identity, processOf(bus, identifier)));
     }
     return running;
 }

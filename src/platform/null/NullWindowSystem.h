@@ -1,34 +1,31 @@
 // SPDX-License-Identifier: MIT
 //
-// Stands in on a desktop whose windows cannot be controlled: nothing runs, nothing is trusted, no
-// display is known. Launch items still open. Any thread.
+// Stands in on a desktop whose windows cannot be controlled: answers at once that there is no
+// support, nothing runs and no display is known. Launch items still open.
 #pragma once
 
+#include "support/ReadyFuture.h"
 #include "windows/WindowSystem.h"
 
 namespace trovell {
 
 class NullWindowSystem final : public WindowSystem {
 public:
-    [[nodiscard]] bool isTrusted() const override { return false; }
-    bool requestTrust() override { return false; }
-    [[nodiscard]] QList<RunningApplication> runningApplications() override { return {}; }
-    [[nodiscard]] QList<RunningApplication> applicationsWithWindows() override { return {}; }
-    [[nodiscard]] QList<RunningApplication> runningApplications(const QString&) override
+    [[nodiscard]] QFuture<DesktopSnapshot> ask(const DesktopQuestion&) override
     {
-        return {};
+        return readyFuture(DesktopSnapshot());
     }
-    void activate(const RunningApplication&) override {}
-    [[nodiscard]] QList<DisplaySnapshot> currentDisplays() override { return {}; }
-    [[nodiscard]] QList<QList<WindowAttributes>>
-    readWindows(const QList<RunningApplication>& applications) const override
+    [[nodiscard]] QFuture<WindowControl> requestControl() override
     {
-        return QList<QList<WindowAttributes>>(applications.size());
+        return readyFuture(WindowControl::unsupported);
     }
-    [[nodiscard]] QList<bool> setWindowFrames(const QList<WindowFrameRequest>& requests) override
+    [[nodiscard]] QFuture<QList<FrameOutcome>>
+    setFrames(const QList<FrameRequest>& requests) override
     {
-        return QList<bool>(requests.size(), false);
+        return readyFuture(QList<FrameOutcome>(requests.size(), FrameOutcome::refused));
     }
+    QFuture<void> activate(const QStringList&) override { return readyFuture(); }
+    void activateOwnWindow(quintptr) override {}
 };
 
 } // namespace trovell

@@ -1,54 +1,43 @@
 // SPDX-License-Identifier: MIT
 //
 // Which applications run, told from their windows. Remembers what it learned of a window, so that
-// asking again costs one round trip and hardly any time. Main thread.
+// asking again costs one round trip and hardly any time. One thread.
 #pragma once
 
-#include "platform/desktop/ApplicationIdentity.h"
+#include "platform/desktop/ApplicationGrouping.h"
 #include "platform/x11/X11Connection.h"
-#include "windows/WindowSystem.h"
 
 #include <QHash>
 #include <QList>
 
 #include <optional>
 
+#include <xcb/res.h>
+
 namespace trovell {
-
-/// One window of the window manager's list and the application that it belongs to.
-struct IdentifiedWindow {
-    WindowHandle handle = 0;
-    qint32 processIdentifier = 0;
-    /// Not so for panels, desktops and menus, which show that their application runs and are no
-    /// windows of it.
-    bool isWindow = false;
-    /// The user works with it: a standard window or a dialog.
-    bool isOrdinary = false;
-    /// The identifier may be empty; such windows belong together by their process.
-    ApplicationIdentity application;
-
-    bool operator==(const IdentifiedWindow&) const = default;
-};
-
-/// One application per identifier, in the order in which their first windows stand in the list.
-[[nodiscard]] QList<RunningApplication> groupWindows(const QList<IdentifiedWindow>& windows);
-
-/// The application of a window that no desktop file fits: its class, and the executable of its
-/// process.
-[[nodiscard]] ApplicationIdentity identityWithoutDesktopFile(const WindowIdentity& window);
 
 class X11Applications {
 public:
     /// `identify` may be empty; then no window has a desktop file. Borrows the connection.
     X11Applications(const X11Connection& connection, ApplicationIdentifier identify);
 
-    /// The managed windows in the order in which they appeared.
-    [[nodiscard]] QList<IdentifiedWindow> read();
+    /// Part of a batch.
+    struct Request {
+        xcb_get_property_cookie_t list;
+        xcb_res_query_client_ids_cookie_t lastProcess;
+    };
+    [[nodiscard]] Request request() const;
+    /// After `finishBatch`: the managed windows in the order in which they appeared.
+    [[nodiscard]] const QList<IdentifiedWindow>& receive(const Request& request);
 
 private:
     struct WindowRequest;
     /// Processes by client, see `X11Connection::clientOf`. Only those that the server knows.
     using ClientProcesses = QHash<quint32, qint32>;
+
+    /// For the client of one window, or for all clients: that reply comes in many small pieces.
+    [[nodiscard]] xcb_res_query_client_ids_cookie_t requestProcesses(xcb_window_t window) const;
+    [[nodiscard]] ClientProcesses receiveProcesses(xcb_res_query_client_ids_cookie_t cookie) const;
 
     void update(const QList<quint32>& list);
     [[nodiscard]] QList<IdentifiedWindow> identify(const QList<quint32>& list,

@@ -29,6 +29,9 @@ struct X11Atoms {
     xcb_atom_t netWmStateFullscreen = 0;
     xcb_atom_t netWmStateMaximizedHorz = 0;
     xcb_atom_t netWmStateMaximizedVert = 0;
+    xcb_atom_t netWmStateShaded = 0;
+    xcb_atom_t netWmStateAbove = 0;
+    xcb_atom_t netWmDesktop = 0;
     xcb_atom_t netWmStrut = 0;
     xcb_atom_t netWmStrutPartial = 0;
     xcb_atom_t netFrameExtents = 0;

@@ -25,8 +25,9 @@ std::unique_ptr<X11WindowSystem> makeWindowSystem()
     return std::make_unique<X11WindowSystem>(
         QByteArray(),
         [known](const WindowIdentity& window) { return known->installed.identify(window); },
-        BackgroundApplications{[known](const QString& id) { return known->running.find(id); },
-                               [known] { return known->running.list(); }});
+        [known](const std::optional<QSet<QString>>& identifiers) {
+            return known->running.running(identifiers);
+        });
 }
 
 } // namespace
@@ -34,11 +35,7 @@ std::unique_ptr<X11WindowSystem> makeWindowSystem()
 PlatformAdapters makeX11Adapters(const QString& applicationId)
 {
     PlatformAdapters adapters = makeFreedesktopAdapters(applicationId);
-    auto windows = makeWindowSystem();
-    adapters.bringForward = [system = windows.get()](quintptr window) {
-        system->activateWindow(static_cast<xcb_window_t>(window));
-    };
-    adapters.windowSystem = std::move(windows);
+    adapters.windowSystem = makeWindowSystem();
     adapters.hotKeySystem = std::make_unique<X11HotKeys>();
     adapters.isComposited = &hasX11Compositor;
     return adapters;

@@ -118,15 +118,7 @@ std::optional<PixelRectangle> workAreaOf(const QList<quint32>& areas, quint32 de
     return PixelRectangle{number(0), number(1), number(2), number(3)};
 }
 
-/// The one conversion from root pixels to screen coordinates.
-QRectF screenRectangle(const PixelRectangle& area, const PixelRectangle& main)
-{
-    const int bottom = main.y + main.height;
-    return QRectF(area.x - main.x, bottom - (area.y + area.height), area.width, area.height);
-}
-
-QList<DisplaySnapshot> describe(const Surroundings& surroundings, const Details& details,
-                                quint32 desktop)
+QList<Display> describe(const Surroundings& surroundings, const Details& details, quint32 desktop)
 {
     const QList<X11Monitor>& monitors = surroundings.monitors;
     const auto main = mainMonitor(monitors);
@@ -134,30 +126,42 @@ QList<DisplaySnapshot> describe(const Surroundings& surroundings, const Details&
     // several. With one display it knows panels that are in no window list.
     const auto workArea =
         monitors.size() == 1 ? workAreaOf(surroundings.workAreas, desktop) : std::nullopt;
-    QList<Screen> screens;
+    QList<Display> displays;
     for (qsizetype index = 0; index < monitors.size(); ++index) {
         const PixelRectangle& area = monitors.at(index).area;
-        const PixelRectangle& mainArea = monitors.at(*main).area;
         PixelRectangle free = withoutStruts(area, details.struts, surroundings.screen);
         if (workArea)
             free = intersectedOrWhole(free, *workArea);
-        screens.append({screenRectangle(area, mainArea), screenRectangle(free, mainArea), 1.0,
-                        details.monitorNames.at(index)});
+        displays.append({details.monitorNames.at(index), frameFromPixels(area),
+                         frameFromPixels(free), 1.0, main == index});
     }
-    return makeDisplaySnapshots(screens, main);
+    return displays;
 }
 
 } // namespace
 
-QList<DisplaySnapshot> X11Displays::read()
+class X11Displays::Request {
+public:
+    Request(const X11Connection& connection, const X11Displays& last)
+        : surroundings(connection), details(connection, last.m_surroundings.monitors, last.m_panels)
+    {
+    }
+
+    SurroundingsRequest surroundings;
+    /// As a rule nothing changed since the last time, and the same details are wanted again.
+    DetailRequest details;
+};
+
+std::shared_ptr<const X11Displays::Request> X11Displays::request() const
 {
-    const SurroundingsRequest request(m_connection);
-    // As a rule nothing changed since the last time, and the same details are wanted again.
-    const DetailRequest expected(m_connection, m_surroundings.monitors, m_panels);
-    m_connection.finishBatch();
-    const Surroundings surroundings = request.receive();
-    const quint32 desktop = request.receiveDesktop();
-    Details details = expected.receive(surroundings.screen);
+    return std::make_shared<const Request>(m_connection, *this);
+}
+
+QList<Display> X11Displays::receive(const Request& request)
+{
+    const Surroundings surroundings = request.surroundings.receive();
+    const quint32 desktop = request.surroundings.receiveDesktop();
+    Details details = request.details.receive(surroundings.screen);
     if (surroundings != m_surroundings) {
         const DetailRequest all(m_connection, surroundings.monitors, surroundings.windows);
         m_connection.finishBatch();

@@ -5,12 +5,14 @@
 // at a time.
 #pragma once
 
-#include "display/DisplaySnapshot.h"
+#include "display/Display.h"
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11Monitors.h"
 
 #include <QList>
 #include <QSize>
+
+#include <memory>
 
 namespace trovell {
 
@@ -19,8 +21,11 @@ public:
     /// Borrows the connection.
     explicit X11Displays(const X11Connection& connection) : m_connection(connection) {}
 
-    /// All displays as they are now, in the server's order.
-    [[nodiscard]] QList<DisplaySnapshot> read();
+    /// Part of a batch.
+    class Request;
+    [[nodiscard]] std::shared_ptr<const Request> request() const;
+    /// After `finishBatch`: all displays as they are now, in the server's order.
+    [[nodiscard]] QList<Display> receive(const Request& request);
 
     /// While all of this stays the same, no window begins to reserve space: a panel that appears
     /// changes the list of windows, and a window manager that grants a window space announces the

@@ -2,7 +2,7 @@
 
 #include "platform/x11/X11FrameSetter.h"
 
-#include "platform/x11/X11WindowHandle.h"
+#include "platform/x11/X11WindowId.h"
 #include "platform/x11/X11WindowReader.h"
 
 #include <algorithm>
@@ -72,13 +72,13 @@ X11FrameSetter::X11FrameSetter(const X11Server& server, const QList<FramePass::R
     : m_connection(server), m_fence(m_connection), m_pass(requests, claims, Clock::now())
 {
     for (const FramePass::Request& request : requests) {
-        const xcb_window_t window = windowOfHandle(request.window);
+        const xcb_window_t window = windowOf(request.window);
         m_positions.insert(window, m_windows.size());
         m_windows.push_back({window});
     }
 }
 
-QList<bool> X11FrameSetter::run()
+QList<FrameOutcome> X11FrameSetter::run()
 {
     // Before the first reading, so that no change is missed in between.
     for (const Window& window : m_windows)

@@ -25,9 +25,9 @@ public:
                    WindowClaims& claims);
 
     /// Returns once every window is in place or will not be: a window that does not react takes
-    /// about a second, a window manager that does not almost two. Says for each request,
-    /// in their order, whether its window took the frame.
-    [[nodiscard]] QList<bool> run();
+    /// about a second, a window manager that does not almost two. The outcome of each request,
+    /// in their order.
+    [[nodiscard]] QList<FrameOutcome> run();
 
     /// Whether `guard` has anything to do after `run`.
     [[nodiscard]] bool hasWindowsToGuard() const { return m_pass.hasWindowsToGuard(); }

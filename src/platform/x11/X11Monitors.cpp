@@ -80,13 +80,4 @@ std::optional<qsizetype> mainMonitor(const QList<X11Monitor>& monitors)
     return primary == monitors.end() ? 0 : primary - monitors.begin();
 }
 
-QPoint accessibilityOrigin(const QList<X11Monitor>& monitors)
-{
-    const auto main = mainMonitor(monitors);
-    if (!main)
-        return {};
-    const PixelRectangle& area = monitors.at(*main).area;
-    return {area.x, area.y};
-}
-
 } // namespace trovell

@@ -8,7 +8,6 @@
 #include "platform/x11/X11WindowGeometry.h"
 
 #include <QList>
-#include <QPoint>
 #include <QString>
 
 #include <optional>
@@ -55,9 +54,5 @@ private:
 
 /// The main display: the primary one, else the first. None when there are no monitors.
 [[nodiscard]] std::optional<qsizetype> mainMonitor(const QList<X11Monitor>& monitors);
-
-/// The top left of the main display in root pixels, which is where accessibility coordinates
-/// begin.
-[[nodiscard]] QPoint accessibilityOrigin(const QList<X11Monitor>& monitors);
 
 } // namespace trovell

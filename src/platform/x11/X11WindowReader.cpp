@@ -2,8 +2,9 @@
 
 #include "platform/x11/X11WindowReader.h"
 
-#include "platform/x11/X11Monitors.h"
-#include "platform/x11/X11WindowHandle.h"
+#include "platform/x11/X11WindowId.h"
+
+#include <QHash>
 
 #include <vector>
 
@@ -17,49 +18,71 @@ std::optional<QString> textOf(const X11Connection& connection, xcb_get_property_
     return text.isEmpty() ? std::nullopt : std::optional(text);
 }
 
+WindowStates statesOf(const QList<quint32>& states, const X11Atoms& atoms)
+{
+    const std::pair<xcb_atom_t, WindowState> known[] = {
+        {atoms.netWmStateHidden, WindowState::minimized},
+        {atoms.netWmStateMaximizedHorz, WindowState::maximizedHorizontally},
+        {atoms.netWmStateMaximizedVert, WindowState::maximizedVertically},
+        {atoms.netWmStateFullscreen, WindowState::fullScreen},
+        {atoms.netWmStateShaded, WindowState::shaded},
+        {atoms.netWmStateAbove, WindowState::above}};
+    WindowStates found;
+    for (const auto& [atom, state] : known)
+        found.setFlag(state, states.contains(atom));
+    return found;
+}
+
 /// All that is asked about one window.
-class AttributeRequest {
+class WindowRequest {
 public:
-    AttributeRequest(const X11Connection& connection, WindowHandle handle)
-        : m_handle(handle), m_frame(connection, windowOfHandle(handle)),
+    WindowRequest(const X11Connection& connection, const WindowId& id)
+        : m_window(windowOf(id)), m_frame(connection, m_window),
           m_netState(request(connection, connection.atoms().netWmState)),
           m_state(request(connection, connection.atoms().wmState)),
+          m_desktop(request(connection, connection.atoms().netWmDesktop)),
           m_netName(request(connection, connection.atoms().netWmName))
     {
-        if (!hasUnicodeTitle(handle))
+        if (!hasUnicodeTitle(id))
             m_name = request(connection, XCB_ATOM_WM_NAME);
     }
 
-    std::optional<WindowAttributes> receive(const X11Connection& connection, QPoint origin) const
+    /// False when the window is gone.
+    bool receive(const X11Connection& connection, DesktopWindow& window) const
     {
-        const auto window = m_frame.receive(connection);
-        WindowAttributes attributes;
-        attributes.handle = m_handle;
-        attributes.isMinimized = receiveMinimized(connection);
-        attributes.title = receiveTitle(connection);
-        if (!window)
-            return std::nullopt;
-        attributes.role = roleOfWindows();
-        attributes.subrole = subroleOf(kindOfHandle(m_handle));
-        const QRectF frame = frameFromPixels(visibleFrame(*window)).translated(-origin);
-        attributes.position = frame.topLeft();
-        attributes.size = frame.size();
-        return attributes;
+        const auto decorated = m_frame.receive(connection);
+        window.states = receiveStates(connection);
+        receiveDesktop(connection, window);
+        window.title = receiveTitle(connection);
+        if (decorated)
+            window.frame = frameFromPixels(visibleFrame(*decorated));
+        return decorated.has_value();
     }
 
 private:
     xcb_get_property_cookie_t request(const X11Connection& connection, xcb_atom_t property) const
     {
-        return connection.requestProperty(windowOfHandle(m_handle), property);
+        return connection.requestProperty(m_window, property);
     }
 
-    bool receiveMinimized(const X11Connection& connection) const
+    WindowStates receiveStates(const X11Connection& connection) const
     {
         constexpr quint32 iconicState = 3; // ICCCM 4.1.3.1
         const auto states = propertyNumbers(connection.reply(m_netState));
         const auto state = propertyNumbers(connection.reply(m_state));
-        return states.contains(connection.atoms().netWmStateHidden) ||
-               state.value(0) == iconicState;
+        WindowStates found = statesOf(states, connection.atoms());
+        if (state.value(0) == iconicState)
+            found |= WindowState::minimized;
+        return found;
+    }
+
+    void receiveDesktop(const X11Connection& connection, DesktopWindow& window) const
+    {
+        constexpr quint32 allDesktops = 0xffffffff; // EWMH section 5
+        const auto desktop = propertyNumbers(connection.reply(m_desktop));
+        window.isOnAllDesktops = desktop.value(0) == allDesktops;
+        if (!desktop.isEmpty() && !window.isOnAllDesktops)
+            window.virtualDesktop = static_cast<int>(desktop.first());
     }
 
     std::optional<QString> receiveTitle(const X11Connection& connection) const
@@ -69,24 +92,24 @@ private:
         return title ? title : oldTitle;
     }
 
-    WindowHandle m_handle;
+    xcb_window_t m_window;
     X11FrameRequest m_frame;
     xcb_get_property_cookie_t m_netState;
     xcb_get_property_cookie_t m_state;
+    xcb_get_property_cookie_t m_desktop;
     xcb_get_property_cookie_t m_netName;
     std::optional<xcb_get_property_cookie_t> m_name;
 };
 
 /// For windows that had a modern title when they were first seen, and have none any more.
-void readLostTitles(const X11Connection& connection, QList<QList<WindowAttributes>>& applications)
+void readLostTitles(const X11Connection& connection, QList<RunningApplication>& applications)
 {
-    std::vector<std::pair<WindowAttributes*, xcb_get_property_cookie_t>> requests;
-    for (QList<WindowAttributes>& windows : applications) {
-        for (WindowAttributes& window : windows) {
-            if (!window.title && hasUnicodeTitle(window.handle))
+    std::vector<std::pair<DesktopWindow*, xcb_get_property_cookie_t>> requests;
+    for (RunningApplication& application : applications) {
+        for (DesktopWindow& window : application.windows) {
+            if (!window.title && hasUnicodeTitle(window.id))
                 requests.emplace_back(
-                    &window,
-                    connection.requestProperty(windowOfHandle(window.handle), XCB_ATOM_WM_NAME));
+                    &window, connection.requestProperty(windowOf(window.id), XCB_ATOM_WM_NAME));
         }
     }
     if (requests.empty())
@@ -94,6 +117,14 @@ void readLostTitles(const X11Connection& connection, QList<QList<WindowAttribute
     connection.finishBatch();
     for (const auto& [window, request] : requests)
         window->title = textOf(connection, request);
+}
+
+QHash<quint32, int> stackingPositions(const QList<quint32>& stacking)
+{
+    QHash<quint32, int> positions;
+    for (const quint32 window : stacking)
+        positions.insert(window, static_cast<int>(positions.size()));
+    return positions;
 }
 
 } // namespace
@@ -119,29 +150,31 @@ std::optional<DecoratedWindow> X11FrameRequest::receive(const X11Connection& con
                            makeFrameExtents(shadow)};
 }
 
-QList<QList<WindowAttributes>> readWindowAttributes(const X11Connection& connection,
-                                                    const QList<QList<WindowHandle>>& applications)
+void readWindows(const X11Connection& connection, QList<RunningApplication>& applications)
 {
-    const X11MonitorRequest monitors(connection);
-    std::vector<std::vector<AttributeRequest>> requests;
-    for (const QList<WindowHandle>& windows : applications) {
-        auto& ofApplication = requests.emplace_back();
-        for (const WindowHandle handle : windows)
-            ofApplication.emplace_back(connection, handle);
+    std::vector<WindowRequest> requests;
+    for (const RunningApplication& application : std::as_const(applications)) {
+        for (const DesktopWindow& window : application.windows)
+            requests.emplace_back(connection, window.id);
     }
+    const auto stacking =
+        connection.requestProperty(connection.root(), connection.atoms().netClientListStacking);
     connection.finishBatch();
-    const QPoint origin = accessibilityOrigin(monitors.receive());
-    QList<QList<WindowAttributes>> result;
-    for (const auto& ofApplication : requests) {
-        QList<WindowAttributes> windows;
-        for (const AttributeRequest& request : ofApplication) {
-            if (const auto attributes = request.receive(connection, origin))
-                windows.append(*attributes);
+    auto request = requests.begin();
+    for (RunningApplication& application : applications) {
+        QList<DesktopWindow> alive;
+        for (DesktopWindow& window : application.windows) {
+            if ((request++)->receive(connection, window))
+                alive.append(window);
         }
-        result.append(windows);
+        application.windows = alive;
     }
-    readLostTitles(connection, result);
-    return result;
+    const auto positions = stackingPositions(propertyNumbers(connection.reply(stacking)));
+    for (RunningApplication& application : applications) {
+        for (DesktopWindow& window : application.windows)
+            window.stackingPosition = positions.value(windowOf(window.id), -1);
+    }
+    readLostTitles(connection, applications);
 }
 
 } // namespace trovell

@@ -5,7 +5,7 @@
 
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11WindowGeometry.h"
-#include "windows/WindowSystem.h"
+#include "windows/DesktopWindow.h"
 
 #include <QList>
 
@@ -28,9 +28,8 @@ private:
     xcb_get_property_cookie_t m_shadow;
 };
 
-/// The attributes of windows, by application. Windows that are gone are left out.
-[[nodiscard]] QList<QList<WindowAttributes>>
-readWindowAttributes(const X11Connection& connection,
-                     const QList<QList<WindowHandle>>& applications);
+/// Fills in everything about the windows, of which ids and kinds are known. Windows that are gone
+/// are left out.
+void readWindows(const X11Connection& connection, QList<RunningApplication>& applications);
 
 } // namespace trovell

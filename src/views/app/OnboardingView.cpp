@@ -20,6 +20,7 @@
 #include "windows/AccessibilityPermissionManager.h"
 
 #include <QHBoxLayout>
+#include <QPointer>
 #include <QStackedWidget>
 
 namespace trovell {
@@ -146,19 +147,27 @@ bool OnboardingView::isTrusted() const
     return m_environment.accessibility.isTrusted();
 }
 
-void OnboardingView::goForward()
+QCoro::Task<> OnboardingView::goForward()
 {
-    if (m_step == Step::permission)
-        return goTo(Step::firstWorkspace, Change::immediate);
-    m_environment.accessibility.refresh();
-    goTo(stepAfterWelcome(isTrusted()), Change::animated);
+    const Step step = m_step;
+    if (step == Step::permission) {
+        goTo(Step::firstWorkspace, Change::immediate);
+        co_return;
+    }
+    const QPointer<OnboardingView> self(this);
+    const bool isTrusted = co_await m_environment.accessibility.refresh();
+    if (self && m_step == step)
+        goTo(stepAfterWelcome(isTrusted), Change::animated);
 }
 
-void OnboardingView::goBack()
+QCoro::Task<> OnboardingView::goBack()
 {
-    if (m_step == Step::firstWorkspace)
-        m_environment.accessibility.refresh();
-    goTo(stepBefore(m_step, isTrusted()), Change::animated);
+    const QPointer<OnboardingView> self(this);
+    const Step step = m_step;
+    if (step == Step::firstWorkspace)
+        co_await m_environment.accessibility.refresh();
+    if (self && m_step == step)
+        goTo(stepBefore(step, isTrusted()), Change::animated);
 }
 
 void OnboardingView::advanceWhenGranted(bool isTrusted)

@@ -6,6 +6,8 @@
 #include "views/main/MainEnvironment.h"
 #include "views/style/Sheet.h"
 
+#include <QCoro/QCoroTask>
+
 class QStackedWidget;
 
 namespace trovell {
@@ -36,8 +38,8 @@ private:
     QWidget* buildPages();
     QWidget* buildNavigation();
     void goTo(Step step, Change change);
-    void goForward();
-    void goBack();
+    QCoro::Task<> goForward();
+    QCoro::Task<> goBack();
     void advanceWhenGranted(bool isTrusted);
     void showStep();
     void showPrivacy();

@@ -152,17 +152,17 @@ QString WorkspaceCaptureView::shownSubtitle() const
     Q_UNREACHABLE();
 }
 
-void WorkspaceCaptureView::loadCapture()
+QCoro::Task<> WorkspaceCaptureView::loadCapture()
 {
+    const QPointer<WorkspaceCaptureView> self(this);
     const int load = ++m_loadCount;
-    AccessibilityPermissionManager& accessibility = m_environment.accessibility;
-    accessibility.refresh();
+    const bool isTrusted = co_await m_environment.accessibility.refresh();
     // Finding access granted, the refresh has started a capture already.
-    if (load != m_loadCount)
-        return;
-    if (!accessibility.isTrusted()) {
+    if (!self || load != m_loadCount)
+        co_return;
+    if (!isTrusted) {
         setLoadState({});
-        return;
+        co_return;
     }
     setLoadState({.kind = CaptureLoadState::Kind::loading});
     capture(load);

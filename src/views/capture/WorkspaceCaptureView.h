@@ -55,7 +55,7 @@ private:
     [[nodiscard]] QString shownTitle() const;
     [[nodiscard]] QString shownSubtitle() const;
 
-    void loadCapture();
+    QCoro::Task<> loadCapture();
     QCoro::Task<> capture(int load);
     void showCapture(const QList<CapturedApplication>& applications);
     QCoro::Task<> continueWithAppsOnly(int load);

@@ -93,11 +93,13 @@ QWidget* EditorLayoutSection::makeNotice()
     return notice;
 }
 
-void EditorLayoutSection::captureIfTrusted()
+QCoro::Task<> EditorLayoutSection::captureIfTrusted()
 {
-    AccessibilityPermissionManager& accessibility = m_environment.accessibility;
-    accessibility.refresh();
-    if (accessibility.isTrusted())
+    const QPointer<EditorLayoutSection> self(this);
+    const bool isTrusted = co_await m_environment.accessibility.refresh();
+    if (!self)
+        co_return;
+    if (isTrusted)
         capture();
     else
         Q_EMIT failed(

@@ -37,7 +37,7 @@ Q_SIGNALS:
 private:
     QWidget* makeActions();
     QWidget* makeNotice();
-    void captureIfTrusted();
+    QCoro::Task<> captureIfTrusted();
     QCoro::Task<> capture();
     void review();
     void clear();

@@ -217,7 +217,7 @@ private Q_SLOTS:
         // The smallest window with the widest of the usual sidebars.
         m_fixture->window().resize(900 - 245, 620);
         QStringList data{u"Work"_s, u"gone.txt"_s, u"link"_s, u"mail"_s};
-        data += m_fixture->windows->displays.first().fingerprint.localizedName;
+        data += m_fixture->windows->displays.first().name;
         Localization& words = m_fixture->environment().words;
         QCOMPARE(languageProblems(*m_view, words, data), QString());
         words.setLanguage(u"en-XA"_s);

@@ -230,7 +230,6 @@ private Q_SLOTS:
     void canBeClosedWhileCapturing()
     {
         m_fixture->windows->addWindow(u"new"_s, {});
-        m_fixture->windows->onRead = [](const auto&) { QThread::msleep(50); };
         const OpenEditor editor(*m_fixture);
         click(*editor.view, u"Capture Current Layout"_s);
         click(*editor.view, u"Cancel"_s);

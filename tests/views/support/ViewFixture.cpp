@@ -15,7 +15,7 @@ ViewFixture::ViewFixture(const AppConfiguration& configuration)
     m_visual.install(*qApp);
     m_visual.setAnimationReduced(true);
     m_words.setLanguage(u"en"_s);
-    fingerprint = windows->displays.first().fingerprint;
+    fingerprint = windows->fingerprint(0);
     m_window.resize(1180, 760);
 }
 

@@ -1,39 +1,37 @@
 // SPDX-License-Identifier: MIT
 //
-// What a handle says about its window besides its number. Reading and restoring on worker threads
-// need that without sharing state with the main thread, which found it out. Any thread.
+// What the id of a window says about it besides its number: setting frames on other threads needs
+// that without sharing state with the reading one, which found it out. Any thread.
 #pragma once
 
-#include "platform/x11/X11WindowKind.h"
-#include "windows/WindowSystem.h"
+#include "windows/DesktopWindow.h"
 
 #include <chrono>
 #include <optional>
 
 namespace trovell {
 
-struct X11WindowHandle {
+struct X11WindowFacts {
     using Time = std::chrono::steady_clock::time_point;
 
     quint32 window = 0;
-    /// A window keeps the kind with which it appeared.
-    WindowKind kind = WindowKind::standard;
+    /// Numbers of windows are used again, also by other programs; 0 when it is not known.
+    qint32 processIdentifier = 0;
     /// Had a title in _NET_WM_NAME when it was first seen: the older WM_NAME need not be asked for.
     bool hasUnicodeTitle = false;
     /// None for a window that was there before anyone looked. Kept to a tenth of a second.
     std::optional<Time> firstSeen = {};
 };
 
-[[nodiscard]] WindowHandle packedHandle(const X11WindowHandle& handle);
+[[nodiscard]] WindowId makeWindowId(const X11WindowFacts& facts);
 
-[[nodiscard]] quint32 windowOfHandle(WindowHandle handle);
-[[nodiscard]] WindowKind kindOfHandle(WindowHandle handle);
-[[nodiscard]] bool hasUnicodeTitle(WindowHandle handle);
+[[nodiscard]] quint32 windowOf(const WindowId& id);
+[[nodiscard]] bool hasUnicodeTitle(const WindowId& id);
 
 /// Programs put themselves where they were last within about this time after they opened a window.
 inline constexpr std::chrono::seconds youth{2};
 
-[[nodiscard]] bool isYoung(WindowHandle handle, X11WindowHandle::Time now);
+[[nodiscard]] bool isYoung(const WindowId& id, X11WindowFacts::Time now);
 
 /// Whether that process was started less than `youth` ago; false when it is not known.
 [[nodiscard]] bool isYoungProcess(qint32 processIdentifier);

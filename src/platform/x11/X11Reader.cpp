@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: MIT
+
+#include "platform/x11/X11Reader.h"
+
+#include "platform/x11/X11WindowId.h"
+#include "platform/x11/X11WindowReader.h"
+
+#include <algorithm>
+#include <ranges>
+
+namespace trovell {
+
+namespace {
+
+/// The topmost window that is not minimized, else the topmost one; none without any.
+const DesktopWindow* windowToActivate(const QList<DesktopWindow>& windows)
+{
+    const auto rank = [](const DesktopWindow& window) {
+        return std::pair(!(window.states & WindowState::minimized), window.stackingPosition);
+    };
+    const auto best =
+        std::max_element(windows.begin(), windows.end(),
+                         [&rank](const auto& a, const auto& b) { return rank(a) < rank(b); });
+    return best == windows.end() ? nullptr : &*best;
+}
+
+} // namespace
+
+X11Reader::X11Reader(const QByteArray& displayName, ApplicationIdentifier identify,
+                     BackgroundApplications background)
+    : m_connection(displayName), m_control(m_connection),
+      m_applications(m_connection, std::move(identify)), m_displays(m_connection),
+      m_background(std::move(background))
+{
+}
+
+DesktopSnapshot X11Reader::answer(const DesktopQuestion& question)
+{
+    const bool wantsApplications = question.applications != DesktopQuestion::Applications::none;
+    const auto control = m_control.request();
+    const auto list = wantsApplications ? std::optional(m_applications.request()) : std::nullopt;
+    const auto displays = question.displays ? m_displays.request() : nullptr;
+    m_connection.finishBatch();
+    m_connection.dropEvents();
+    DesktopSnapshot snapshot;
+    const X11Control::Answer answer = m_control.receive(control);
+    snapshot.control = answer.control;
+    snapshot.abilities = answer.abilities;
+    if (displays)
+        snapshot.displays = m_displays.receive(*displays);
+    if (list)
+        snapshot.applications = applicationsAskedFor(
+            question, groupWindows(m_applications.receive(*list)), m_background);
+    if (question.windows && snapshot.control == WindowControl::available) {
+        readWindows(m_connection, snapshot.applications);
+    } else {
+        for (RunningApplication& application : snapshot.applications)
+            application.windows.clear();
+    }
+    return snapshot;
+}
+
+void X11Reader::activate(const QStringList& identifiers)
+{
+    const DesktopQuestion question{.applications = DesktopQuestion::Applications::named,
+                                   .identifiers = {identifiers.begin(), identifiers.end()},
+                                   .windows = true};
+    const DesktopSnapshot snapshot = answer(question);
+    QHash<QString, QList<DesktopWindow>> windows;
+    for (const RunningApplication& application : snapshot.applications)
+        windows.insert(application.bundleIdentifier.value_or(QString()), application.windows);
+    for (const QString& identifier : identifiers | std::views::reverse) {
+        const QList<DesktopWindow> itsWindows = windows.value(identifier);
+        if (const DesktopWindow* window = windowToActivate(itsWindows))
+            activateWindow(windowOf(window->id));
+    }
+}
+
+void X11Reader::activateWindow(xcb_window_t window) const
+{
+    constexpr quint32 fromPager = 2; // otherwise the window manager may only make it blink
+    m_connection.sendToRoot(window, m_connection.atoms().netActiveWindow,
+                            {fromPager, XCB_CURRENT_TIME, 0, 0, 0});
+    xcb_flush(m_connection.get());
+}
+
+} // namespace trovell
