@@ -26,7 +26,7 @@ constexpr int headingGap = 16;
 constexpr int updateTextGap = 4;
 constexpr int buttonGap = 10;
 constexpr int markSize = 48;
-constexpr int barHeight = 6;
+constexpr int progressBarHeight = 6;
 
 using Phase = UpdateState::Phase;
 
@@ -64,7 +64,7 @@ void UpdateView::build()
     column->addLayout(buildButtons());
     m_bar->setRange(0, 100);
     m_bar->setTextVisible(false);
-    m_bar->setFixedHeight(barHeight);
+    m_bar->setFixedHeight(progressBarHeight);
     fit();
 }
 

@@ -52,7 +52,7 @@ QLayout* AccessibilityBanner::buildButtons(AccessibilityPermissionManager& acces
 {
     constexpr int gap = 8;
     auto* row = new WrappingRow(gap);
-    const auto add = [&](TextKey<> key, void (AccessibilityPermissionManager::*action)()) {
+    const auto add = [&](TextKey<> key, auto action) {
         auto* button = new PushButton(m_environment.visual, {}, PushButton::Kind::bordered,
                                       PushButton::Scale::small);
         m_environment.words.renderText(button, key);

@@ -139,7 +139,8 @@ void MainWorkspaceView::perform(WorkspaceAction action, const QUuid& id)
         return;
     switch (action) {
     case WorkspaceAction::start:
-        return m_environment.startWorkspace(*workspace);
+        m_environment.startWorkspace(*workspace);
+        return;
     case WorkspaceAction::edit:
         return present({.kind = SheetKind::edit, .workspace = workspace});
     case WorkspaceAction::updateLayout:
