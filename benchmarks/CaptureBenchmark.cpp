@@ -103,9 +103,7 @@ void measureWindows(Report& report, CrowdedDesktop& crowd, int windows)
     };
     const auto samples =
         interleave(rounds, {[&] { return timed([&] { return capturedWindows(service); }); },
-                            [&] {
-                                return runPeer({"wmctrl", "-lGxp"}, isWrong);
-                            },
+                            [&] { return runPeer({"wmctrl", "-lGxp"}, isWrong); },
                             [&] { return timed(&capturedWindowsFromNothing); }});
     const QByteArray listed = crowd.desktop().run("wmctrl", {"-lGxp"});
     if (isWrong || listed.count('\n') != windows)

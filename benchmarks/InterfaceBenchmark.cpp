@@ -23,13 +23,16 @@ constexpr ulong settlingSeconds = 40;
 struct Starts {
     Samples few;
     Samples many;
+    /// An empty window of the same toolkit, started the same way.
+    Samples empty;
 };
 
-double startOnce(test::VirtualDesktop& desktop, bool isCold, Report& report)
+double startOnce(test::VirtualDesktop& desktop, bool isCold, Report& report,
+                 const char* path = test::productPath())
 {
     if (isCold && !dropCaches())
         report.fail(u"Dropping the caches, which needs root"_s);
-    const ProgramRun program(desktop);
+    const ProgramRun program(desktop, path);
     if (!program.secondsToPaint())
         report.fail(u"Starting the program"_s);
     return program.secondsToPaint().value_or(0);
@@ -37,9 +40,11 @@ double startOnce(test::VirtualDesktop& desktop, bool isCold, Report& report)
 
 Starts start(test::VirtualDesktop& few, test::VirtualDesktop& many, bool isCold, Report& report)
 {
-    const auto samples = interleave(rounds, {[&] { return startOnce(few, isCold, report); },
-                                             [&] { return startOnce(many, isCold, report); }});
-    return {samples[0], samples[1]};
+    const auto samples =
+        interleave(rounds, {[&] { return startOnce(few, isCold, report); },
+                            [&] { return startOnce(many, isCold, report); },
+                            [&] { return startOnce(few, isCold, report, TROVELL_EMPTY_WINDOW); }});
+    return {samples[0], samples[1], samples[2]};
 }
 
 void addStarts(Report& report, const Starts& starts, const QString& kind, double budget)
@@ -48,6 +53,13 @@ void addStarts(Report& report, const Starts& starts, const QString& kind, double
                 .trovell = formatSpread(starts.few),
                 .budget = u"≤ "_s + formatSeconds(budget),
                 .isMet = median(starts.few) <= budget});
+    const double ratio = medianRatio(starts.few, starts.empty);
+    report.add({.what = kind + u", beside an empty window"_s,
+                .trovell = formatSpread(starts.few),
+                .peer = u"one empty Qt Widgets window: "_s + formatSpread(starts.empty),
+                .ratio = formatRatio(ratio),
+                .budget = u"≤ 1.5×"_s,
+                .isMet = ratio <= 1.5});
     const double later = median(starts.many) - median(starts.few);
     report.add({.what = kind + u", 1,000 workspaces"_s,
                 .trovell = formatSpread(starts.many),
@@ -82,7 +94,7 @@ void measureInterface(Report& report)
         u"The program"_s,
         u"From the start of the process until its main window stands painted on the "
         "screen (openbox, Xorg with the dummy driver); cold: the system's file cache "
-        "dropped before. Medians of %1 starts, quartiles in brackets. Idle: %2 "
+        "dropped before. Medians of up to %1 starts, quartiles in brackets. Idle: %2 "
         "seconds in which nobody touches it. Memory: proportional set size."_s.arg(rounds)
             .arg(idleSeconds));
     test::VirtualDesktop few(test::WindowManager::openbox);

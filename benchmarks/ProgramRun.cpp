@@ -92,11 +92,11 @@ bool dropCaches()
     return switches.open(QIODevice::WriteOnly) && switches.write("3") == 1 && switches.flush();
 }
 
-ProgramRun::ProgramRun(test::VirtualDesktop& desktop) : m_desktop(desktop)
+ProgramRun::ProgramRun(test::VirtualDesktop& desktop, const char* program) : m_desktop(desktop)
 {
     QElapsedTimer clock;
     clock.start();
-    m_process = &desktop.start(test::productPath());
+    m_process = &desktop.start(program);
     if (waitForPaint(desktop))
         m_secondsToPaint = double(clock.nsecsElapsed()) / 1e9;
 }

@@ -24,8 +24,9 @@ struct IdleCost {
 
 class ProgramRun {
 public:
-    /// Starts the program and waits until its main window is painted.
-    explicit ProgramRun(test::VirtualDesktop& desktop);
+    /// Starts the program, the product or one that looks like it, and waits until its main window
+    /// is painted.
+    explicit ProgramRun(test::VirtualDesktop& desktop, const char* program = test::productPath());
     ~ProgramRun();
     Q_DISABLE_COPY_MOVE(ProgramRun)
 

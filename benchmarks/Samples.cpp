@@ -92,8 +92,13 @@ double processorSecondsPerCall(const std::function<void()>& call)
 
 std::vector<Samples> interleave(int rounds, const std::vector<Contestant>& contestants)
 {
+    using namespace std::chrono_literals;
+    constexpr int fewestRounds = 3;
+    const auto end = std::chrono::steady_clock::now() + 30s;
     std::vector<Samples> samples(contestants.size());
     for (int round = -1; round < rounds; ++round) {
+        if (round >= fewestRounds && std::chrono::steady_clock::now() > end)
+            break;
         for (size_t turn = 0; turn < contestants.size(); ++turn) {
             const size_t index = (turn + size_t(round + 1)) % contestants.size();
             const double seconds = contestants[index]();

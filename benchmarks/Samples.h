@@ -31,7 +31,8 @@ using Samples = std::vector<double>;
 using Contestant = std::function<double()>;
 
 /// Every contestant once per round, each round beginning with another one. A first round warms up
-/// and is not counted. One list of samples for each contestant, in the order of the rounds.
+/// and is not counted. On a slow machine there are fewer rounds, three at least: after half a
+/// minute no other begins. One list of samples for each contestant, in the order of the rounds.
 [[nodiscard]] std::vector<Samples> interleave(int rounds,
                                               const std::vector<Contestant>& contestants);
 

@@ -64,7 +64,7 @@ protected:
     RecordOf(Values values, TrovellWorkspace* owner) : Record(owner), m_values(std::move(values)) {}
 
     /// Writing the value an attribute already has does nothing.
-    template <class T> void write(T Values::*attribute, std::type_identity_t<T> value)
+    template <class T> void write(T Values::* attribute, std::type_identity_t<T> value)
     {
         if (m_values.*attribute == value)
             return;

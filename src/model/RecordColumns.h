@@ -13,7 +13,7 @@ namespace trovell {
 
 template <class Values, class T> struct Column {
     const char* name;
-    T Values::*attribute;
+    T Values::* attribute;
 };
 
 template <class Values> struct Table;

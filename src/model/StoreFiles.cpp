@@ -97,7 +97,7 @@ Expected<void, StoreError> StoreFiles::prepare() const
         return folder;
     // Only ever looked at, never opened: closing any descriptor of the file would drop the locks
     // that this process holds on it (POSIX advisory locks, fcntl(2)).
-    struct stat status {};
+    struct stat status{};
     const QByteArray path = QFile::encodeName(storePath());
     if (::stat(path.constData(), &status) != 0)
         return errno == ENOENT ? createStoreFile() : systemError(errno);

@@ -45,7 +45,7 @@ struct UpdateWorld {
         serveFeed({.body = feedOf({item})});
         servePackage({.body = package});
     }
-    void changeItem(QString PublishedItem::*field, const QString& value)
+    void changeItem(QString PublishedItem::* field, const QString& value)
     {
         item.*field = value;
         publish();

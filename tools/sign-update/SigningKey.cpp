@@ -30,7 +30,7 @@ Expected<std::size_t, SigningError> readPrivateFile(const QString& path, KeyText
     const int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
     if (file < 0)
         return Unexpected<SigningError>(SigningError::keyNotReadable);
-    struct stat status {};
+    struct stat status{};
     const bool isKnown = ::fstat(file, &status) == 0;
     const ssize_t size = ::read(file, text.characters.data(), text.characters.size());
     ::close(file);

@@ -33,7 +33,7 @@ Expected<void, UpdateError> makeOwnFolder(const QString& folder)
     const QByteArray path = QFile::encodeName(folder);
     if (::mkdir(path.constData(), privateMode) != 0 && errno != EEXIST)
         return systemError(errno, UpdateError::folderNotWritable);
-    struct stat status {};
+    struct stat status{};
     if (::lstat(path.constData(), &status) != 0)
         return systemError(errno, UpdateError::folderNotWritable);
     if (!S_ISDIR(status.st_mode) || status.st_uid != ::geteuid())

@@ -19,7 +19,7 @@ namespace {
 
 mode_t mode(const QString& path)
 {
-    struct stat status {};
+    struct stat status{};
     return ::lstat(QFile::encodeName(path).constData(), &status) == 0 ? status.st_mode & 07777 : 0;
 }
 

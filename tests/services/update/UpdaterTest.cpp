@@ -64,7 +64,7 @@ Arrange package(const std::function<ServedFile(const QByteArray&)>& served)
     return [served](UpdateWorld& world) { world.servePackage(served(world.package)); };
 }
 
-Arrange item(QString PublishedItem::*field, const QString& value)
+Arrange item(QString PublishedItem::* field, const QString& value)
 {
     return [field, value](UpdateWorld& world) { world.changeItem(field, value); };
 }
