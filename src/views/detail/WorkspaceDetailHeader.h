@@ -19,6 +19,7 @@ class PopupMenu;
 class SymbolButton;
 class SymbolView;
 class TextLabel;
+class TrovellWorkspace;
 
 class WorkspaceDetailHeader : public QWidget {
     Q_OBJECT
