@@ -238,10 +238,10 @@ void LayoutTest::placesAProgramThatHasJustStarted()
     desktop.startClient(QByteArrayList{"--title", "Window", "--geometry", "300,200,40,40"} + habit);
     QCOMPARE(saved.start(), QStringList{u"Window: restored"_s});
     const quint32 window = inspector.windowTitled(u"Window")->id;
-    QVERIFY(waitUntil([&] { return inspector.window(window)->frame == frame; }, 1s));
+    QVERIFY(waitUntil([&] { return inspector.window(window)->frame == frame; }));
     // It may put itself back now, and that does not last.
     QTest::qWait(600);
-    QVERIFY(waitUntil([&] { return inspector.window(window)->frame == frame; }, 1s));
+    QVERIFY(waitUntil([&] { return inspector.window(window)->frame == frame; }));
     QTest::qWait(500);
     QCOMPARE(inspector.window(window)->frame, frame);
 }

@@ -8,6 +8,7 @@
 #include "support/FakeClock.h"
 #include "support/FakeResourceSystem.h"
 #include "support/FakeWindowSystem.h"
+#include "support/Patience.h"
 
 #include <QtTest>
 

@@ -151,7 +151,7 @@ DesktopInspector::waitForMatch(const std::function<bool(const InspectedWindow&)>
         }
         return id != 0;
     };
-    return waitUntil(search, 30s) ? waitForRest(id) : InspectedWindow();
+    return waitUntil(search) ? waitForRest(id) : InspectedWindow();
 }
 
 InspectedWindow DesktopInspector::waitForWindow(QStringView title) const
@@ -184,7 +184,7 @@ bool DesktopInspector::waitForManagement() const
 bool DesktopInspector::waitForWindowCount(qsizetype count) const
 {
     return waitUntil(
-        [&] { return numbers(root(), m_connection.atoms().netClientList).size() >= count; }, 30s);
+        [&] { return numbers(root(), m_connection.atoms().netClientList).size() >= count; });
 }
 
 InspectedWindow DesktopInspector::waitForRest(quint32 id) const

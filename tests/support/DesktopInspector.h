@@ -8,6 +8,7 @@
 #pragma once
 
 #include "platform/x11/X11Connection.h"
+#include "support/Patience.h"
 
 #include <QMap>
 #include <QRect>
@@ -20,7 +21,7 @@ namespace trovell::test {
 
 /// Polls `condition` every few milliseconds while events are processed. False after `timeout`.
 bool waitUntil(const std::function<bool()>& condition,
-               std::chrono::milliseconds timeout = std::chrono::seconds(10));
+               std::chrono::milliseconds timeout = std::chrono::milliseconds(patience));
 
 struct InspectedWindow {
     quint32 id = 0;

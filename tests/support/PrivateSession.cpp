@@ -2,7 +2,7 @@
 
 #include "support/PrivateSession.h"
 
-#include "support/TestFiles.h"
+#include "support/PrivateBus.h"
 
 namespace trovell::test {
 
@@ -88,9 +88,9 @@ void PrivateSession::setDefault(const QString& mimeType, const QString& id)
 
 bool PrivateSession::startBus()
 {
-    m_bus.start(u"dbus-daemon"_s,
-                {u"--session"_s, u"--nofork"_s, u"--nopidfile"_s, u"--print-address"_s,
-                 u"--address=unix:path="_s + path(u"run/bus"_s)});
+    m_bus.start(u"dbus-daemon"_s, {privateBus(path(u"bus.conf"_s), path(u"run/bus"_s),
+                                              path(u"data/dbus-1/services"_s)),
+                                   u"--nofork"_s, u"--nopidfile"_s, u"--print-address"_s});
     if (!m_bus.waitForStarted() || !m_bus.waitForReadyRead())
         return false;
     qputenv("DBUS_SESSION_BUS_ADDRESS", m_bus.readLine().trimmed());

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "services/update/Updater.h"
+#include "support/Patience.h"
 #include "support/TestAuthority.h"
 #include "support/UpdatePublisher.h"
 #include "support/UpdateServer.h"
@@ -87,7 +88,7 @@ struct UpdateWorld {
 /// To the end of what is going on.
 inline void wait(const Updater& updater)
 {
-    QTRY_VERIFY_WITH_TIMEOUT(!updater.isBusy(), 60'000);
+    QTRY_VERIFY(!updater.isBusy());
 }
 
 inline void check(Updater& updater)

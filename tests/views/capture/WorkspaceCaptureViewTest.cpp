@@ -2,6 +2,7 @@
 
 #include "views/capture/WorkspaceCaptureView.h"
 
+#include "support/Patience.h"
 #include "support/StoreContents.h"
 #include "views/style/Switch.h"
 #include "views/support/Controls.h"
@@ -33,7 +34,7 @@ struct OpenSheet {
 
     bool reaches(Kind kind) const
     {
-        return QTest::qWaitFor([&] { return view && view->loadState().kind == kind; });
+        return QTest::qWaitFor([&] { return view && view->loadState().kind == kind; }, patience);
     }
     bool shows(const QString& text) const { return find<QLabel>(*view, text) != nullptr; }
 

@@ -3,6 +3,7 @@
 // The selected workspace as people see and use it.
 #include "views/detail/WorkspaceDetailView.h"
 
+#include "support/Patience.h"
 #include "views/detail/AccessibilityBanner.h"
 #include "views/detail/DisplayPreview.h"
 #include "views/detail/LaunchReportBanner.h"
@@ -46,9 +47,11 @@ private Q_SLOTS:
     void whatCanBeDoneDependsOnWhatThereIs()
     {
         const auto shows = [this](const QString& counts, bool canStart) {
-            return QTest::qWaitFor([&] {
-                return find<TextLabel>(*m_view, counts) && start()->isEnabled() == canStart;
-            });
+            return QTest::qWaitFor(
+                [&] {
+                    return find<TextLabel>(*m_view, counts) && start()->isEnabled() == canStart;
+                },
+                patience);
         };
         m_fixture->setTrusted(false);
         auto* banner = child<AccessibilityBanner>();
@@ -228,7 +231,7 @@ private Q_SLOTS:
         m_fixture->environment().visual.setFontFactor(1.5);
         const auto* banner = child<AccessibilityBanner>();
         QCOMPARE(languageProblems(*banner, words), QString());
-        QCOMPARE(content->width(), m_view->width());
+        QTRY_COMPARE(content->width(), m_view->width());
     }
 
 private:

@@ -3,6 +3,7 @@
 // The main window as people use it, over a real store whose disk can be made to fail.
 #include "views/main/MainWorkspaceView.h"
 
+#include "support/Patience.h"
 #include "support/StoreContents.h"
 #include "views/capture/WorkspaceCaptureView.h"
 #include "views/detail/WorkspaceDetailView.h"

@@ -3,6 +3,7 @@
 // Finding and using controls as a person does: by what they show. Main thread.
 #pragma once
 
+#include "support/Patience.h"
 #include "views/style/Alert.h"
 #include "words/WidgetTexts.h"
 
@@ -99,7 +100,7 @@ inline QString languageProblems(const QWidget& view, Localization& words,
     for (const QString& language : {u"en-XA"_s, u"ar-XB"_s}) {
         words.setLanguage(language);
         QTest::qWait(20); // Lists are filled little by little.
-        (void)QTest::qWaitFor([&] { return clippedTexts(view).isEmpty(); });
+        (void)QTest::qWaitFor([&] { return clippedTexts(view).isEmpty(); }, patience);
         problems += clippedTexts(view) + textsNotLookedUp(view, data);
         if (view.layoutDirection() != words.layoutDirection())
             problems += u"the direction of "_s + language;

@@ -2,6 +2,7 @@
 
 #include "Stage.h"
 
+#include "support/Patience.h"
 #include "views/style/ActionButton.h"
 #include "views/style/CheckBox.h"
 #include "views/style/DesktopFont.h"
