@@ -4,6 +4,7 @@
 
 #include "app/TerminationSignals.h"
 #include "model/WorkspaceStore.h"
+#include "support/Patience.h"
 #include "support/TestFiles.h"
 #include "support/VirtualDesktop.h"
 

@@ -5,6 +5,7 @@
 
 #include "platform/freedesktop/DesktopActivation.h"
 
+#include "support/Patience.h"
 #include "support/TestFiles.h"
 #include "support/VirtualDesktop.h"
 

@@ -7,6 +7,7 @@
 #include "platform/x11/X11HotKeys.h"
 #include "services/GlobalHotKeyManager.h"
 
+#include "support/Patience.h"
 #include "support/ShortcutWorkspaces.h"
 #include "support/VirtualDesktop.h"
 

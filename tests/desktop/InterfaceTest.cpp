@@ -3,6 +3,7 @@
 // The program as people use it, on a real desktop with real applications: from the first start to a
 // desktop brought back, and what they do after that.
 
+#include "support/Patience.h"
 #include "support/RunningTrovell.h"
 #include "support/TestFiles.h"
 

@@ -9,6 +9,7 @@
 #include "support/FakeResourceSystem.h"
 #include "support/FakeWindowSystem.h"
 #include "support/ReadyFuture.h"
+#include "support/Patience.h"
 
 #include <QtTest>
 

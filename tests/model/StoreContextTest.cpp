@@ -4,6 +4,7 @@
 #include "model/WorkspaceQuery.h"
 #include "model/WorkspaceStore.h"
 
+#include "support/Patience.h"
 #include "support/StoreContents.h"
 #include "support/StoreFaultVfs.h"
 

@@ -2,6 +2,7 @@
 
 #include "platform/freedesktop/DesktopFileIndex.h"
 
+#include "support/Patience.h"
 #include "support/PrivateSession.h"
 
 #include <QtTest>

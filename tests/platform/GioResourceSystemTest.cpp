@@ -2,6 +2,7 @@
 
 #include "platform/freedesktop/GioResourceSystem.h"
 
+#include "support/Patience.h"
 #include "support/PrivateSession.h"
 
 #include <QtTest>

@@ -4,6 +4,7 @@
 
 #include "platform/freedesktop/DesktopFileIndex.h"
 #include "support/BusClient.h"
+#include "support/Patience.h"
 #include "support/PrivateSession.h"
 
 #include <QtTest>

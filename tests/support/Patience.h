@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// How long tests wait for an event: far longer than any machine needs, however busy it is. Part of
-// the precompiled headers, so that Qt Test's own five seconds hold nowhere.
+// How long tests wait for an event: far longer than any machine needs, however busy it is. Replaces
+// Qt Test's own five seconds. Main thread of a test.
 #pragma once
 
 #include <QTest>

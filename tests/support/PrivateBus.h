@@ -15,7 +15,7 @@ inline QString privateBus(const QString& file, const QString& socket, const QStr
     const QString configuration = uR"(<busconfig>
         <type>session</type><listen>unix:path=%1</listen><servicedir>%2</servicedir>
         <policy context="default">
-            <allow send_destination="*"/><allow receive_type="signal"/><allow own="*"/>
+            <allow send_destination="*"/><allow eavesdrop="true"/><allow own="*"/>
         </policy></busconfig>)"_s;
     return u"--config-file="_s + writeFile(file, configuration.arg(socket, services).toUtf8());
 }

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "services/update/Updater.h"
+#include "support/Patience.h"
 #include "support/TestAuthority.h"
 #include "support/UpdatePublisher.h"
 #include "support/UpdateServer.h"

@@ -39,6 +39,7 @@ extern "C" [[gnu::constructor]] void enterTestWorld()
     setenv("XDG_DATA_DIRS", TROVELL_TEST_WORLD "/share", 1);
     setenv("XDG_CONFIG_DIRS", TROVELL_TEST_WORLD "/xdg", 1);
     setenv("FONTCONFIG_FILE", TROVELL_TEST_WORLD "/fonts.conf", 1);
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
     setenv("LC_ALL", "C.UTF-8", 1);
     setenv("TZ", "UTC", 1);
 }

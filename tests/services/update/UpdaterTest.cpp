@@ -4,6 +4,7 @@
 // what it refuses, in the right words and with nothing left on the disk.
 #include "services/update/UpdateFeedParser.h"
 #include "support/FullDisk.h"
+#include "support/Patience.h"
 #include "support/TestFiles.h"
 #include "support/UpdateWorld.h"
 

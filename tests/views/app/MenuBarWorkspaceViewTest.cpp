@@ -3,6 +3,7 @@
 // The tray menu: what its actions say, in which order, and what they do.
 #include "views/app/MenuBarWorkspaceView.h"
 #include "model/WorkspaceChoices.h"
+#include "support/Patience.h"
 #include "views/support/ViewFixture.h"
 
 using namespace Qt::StringLiterals;

@@ -3,6 +3,7 @@
 // The guide of the first run, as a person goes through it, over the root of the main window.
 #include "views/app/OnboardingView.h"
 #include "preferences/PreferenceStore.h"
+#include "support/Patience.h"
 #include "views/app/PrivacyView.h"
 #include "views/app/RootView.h"
 #include "views/support/Controls.h"

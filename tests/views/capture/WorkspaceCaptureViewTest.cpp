@@ -2,6 +2,7 @@
 
 #include "views/capture/WorkspaceCaptureView.h"
 
+#include "support/Patience.h"
 #include "support/StoreContents.h"
 #include "views/style/Switch.h"
 #include "views/support/Controls.h"

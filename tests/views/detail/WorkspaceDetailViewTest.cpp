@@ -3,6 +3,7 @@
 // The selected workspace as people see and use it.
 #include "views/detail/WorkspaceDetailView.h"
 
+#include "support/Patience.h"
 #include "views/detail/AccessibilityBanner.h"
 #include "views/detail/DisplayPreview.h"
 #include "views/detail/LaunchReportBanner.h"
@@ -231,7 +232,7 @@ private Q_SLOTS:
         m_fixture->environment().visual.setFontFactor(1.5);
         const auto* banner = child<AccessibilityBanner>();
         QCOMPARE(languageProblems(*banner, words), QString());
-        QCOMPARE(content->width(), m_view->width());
+        QTRY_COMPARE(content->width(), m_view->width());
     }
 
 private:

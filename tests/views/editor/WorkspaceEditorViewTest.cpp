@@ -2,6 +2,7 @@
 
 #include "views/editor/WorkspaceEditorView.h"
 
+#include "support/Patience.h"
 #include "support/StoreContents.h"
 #include "views/editor/AddWebLinkView.h"
 #include "views/editor/EditorItemList.h"

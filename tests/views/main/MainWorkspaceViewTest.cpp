@@ -4,6 +4,7 @@
 #include "views/main/MainWorkspaceView.h"
 
 #include "editing/Reorder.h"
+#include "support/Patience.h"
 #include "support/StoreContents.h"
 #include "views/capture/WorkspaceCaptureView.h"
 #include "views/detail/WorkspaceDetailView.h"
@@ -324,7 +325,7 @@ private Q_SLOTS:
         const auto started = [&launcher] { return launcher.latestWorkspaceID().value_or(QUuid()); };
         QTest::keyClick(m_desk->list, Qt::Key_Return);
         QTRY_COMPARE(started(), work.id());
-        m_desk->hotKeys->press({18, 0x1800});
+        m_desk->hotKeys->press(Qt::CTRL | Qt::ALT | Qt::Key_1);
         QTRY_COMPARE(started(), play.id());
         QTest::mouseDClick(&m_desk->rows(), Qt::LeftButton, {}, m_desk->middleOf(0));
         QTRY_COMPARE(started(), work.id());

@@ -3,6 +3,7 @@
 // Finding and using controls as a person does: by what they show. Main thread.
 #pragma once
 
+#include "support/Patience.h"
 #include "views/style/Alert.h"
 #include "words/WidgetTexts.h"
 

@@ -2,6 +2,7 @@
 
 #include "Stage.h"
 
+#include "support/Patience.h"
 #include "views/style/BannerFrame.h"
 #include "views/style/ChoiceRow.h"
 #include "views/style/Divider.h"

@@ -2,6 +2,7 @@
 
 #include "Stage.h"
 
+#include "support/Patience.h"
 #include "views/style/DesktopFont.h"
 #include "views/style/Picker.h"
 #include "views/style/PushButton.h"

@@ -2,6 +2,7 @@
 
 #include "Stage.h"
 
+#include "support/Patience.h"
 #include "views/style/Alert.h"
 #include "views/style/PushButton.h"
 #include "views/style/Scrim.h"
