@@ -39,7 +39,7 @@ QList<CapturedWindow> includedWindows(const QList<CapturedApplication>& applicat
 std::optional<QUrl> applicationURL(const CapturedApplication& application,
                                    const ResourceSystem& resources)
 {
-    const QUrl url(application.applicationURLString.value_or(QString()), QUrl::StrictMode);
+    QUrl url(application.applicationURLString.value_or(QString()), QUrl::StrictMode);
     if (url.isValid())
         return url;
     return resources.applicationURL(application.bundleIdentifier);

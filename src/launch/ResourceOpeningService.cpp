@@ -80,16 +80,17 @@ QCoro::Task<LaunchResult> ResourceOpeningService::openURL(Request request, QUrl 
     if (request.isApplication && request.bundleIdentifier) {
         auto asking = m_isRunning(*request.bundleIdentifier);
         if (co_await asking)
-            co_return makeLaunchResult(Message::verbatim(request.name), LaunchResultKind::alreadyRunning);
+            co_return makeLaunchResult(Message::verbatim(request.name),
+                                       LaunchResultKind::alreadyRunning);
     }
 
     const bool isAccepted =
         request.isApplication ? m_system.openApplication(url) : m_system.openResource(url);
     if (!isAccepted)
         co_return failure(request.name, {ResourceOpeningError::Kind::cannotOpen, request.name});
-    co_return makeLaunchResult(Message::verbatim(request.name),
-                               request.isApplication ? LaunchResultKind::launched
-                                                     : LaunchResultKind::opened);
+    co_return makeLaunchResult(Message::verbatim(request.name), request.isApplication
+                                                                    ? LaunchResultKind::launched
+                                                                    : LaunchResultKind::opened);
 }
 
 Expected<ResolvedResource, ResourceOpeningError>

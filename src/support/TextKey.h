@@ -74,11 +74,9 @@ inline namespace literals {
 template <KeyLiteral literal> [[nodiscard]] consteval auto operator""_key()
 {
     constexpr auto kinds = literal.template kinds<literal.placeholderCount()>();
-    return [&]<size_t... indices>(std::index_sequence<indices...>)
-    {
+    return [&]<size_t... indices>(std::index_sequence<indices...>) {
         return TextKey<kinds[indices]...>{literal.text()};
-    }
-    (std::make_index_sequence<kinds.size()>());
+    }(std::make_index_sequence<kinds.size()>());
 }
 
 } // namespace literals

@@ -42,7 +42,7 @@ std::optional<double> untitledScore(bool isAtSavedIndex, MatchingSize size)
 }
 
 template <class Entry>
-QStringList normalizedTitles(const QList<Entry>& entries, std::optional<QString> Entry::*title)
+QStringList normalizedTitles(const QList<Entry>& entries, std::optional<QString> Entry::* title)
 {
     QStringList titles;
     for (const Entry& entry : entries)

@@ -241,7 +241,7 @@ WindowRestoreService::restorePlacements(QList<WindowPlacementSnapshot> placement
     round->groups.append(placements);
     auto planned = round->plans.future();
     const QList<WindowRestorePlan> plans = co_await planned;
-    const WindowRestorePlan plan = plans.at(position);
+    const WindowRestorePlan& plan = plans.at(position);
     if (plan.requests.isEmpty())
         co_return plan.attempt;
     auto moving = m_windowSystem.setFrames(plan.requests);

@@ -72,7 +72,7 @@ private Q_SLOTS:
         editing.edits = {.basics = {u" Evening"_s, {u"hammer"_s, u"green"_s, 1}}};
         const auto made = editing.saveEdited();
         QVERIFY(made);
-        const WorkspaceValues& values = editing.contents().last().values;
+        const WorkspaceValues values = editing.contents().last().values;
         QCOMPARE(values.id, (*made)->id());
         QCOMPARE(values.name, u"Evening"_s);
         QCOMPARE(values.symbolName, u"hammer"_s);

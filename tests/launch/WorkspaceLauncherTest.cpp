@@ -8,8 +8,8 @@
 #include "support/FakeClock.h"
 #include "support/FakeResourceSystem.h"
 #include "support/FakeWindowSystem.h"
-#include "support/ReadyFuture.h"
 #include "support/Patience.h"
+#include "support/ReadyFuture.h"
 
 #include <QtTest>
 

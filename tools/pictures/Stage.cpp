@@ -202,8 +202,8 @@ QImage Stage::pictureOfDrag(RowList& list, int from, int to, const QPoint& offse
     // Over already, since this platform has no drags.
     const auto& held = *list.window()->findChild<QDrag*>();
     const QPixmap row = held.pixmap();
-    const QPoint place = rows.mapToGlobal(middleOf(to) + offset) -
-                         window().mapToGlobal(held.hotSpot());
+    const QPoint place =
+        rows.mapToGlobal(middleOf(to) + offset) - window().mapToGlobal(held.hotSpot());
     QMimeData data;
     data.setText(held.mimeData()->text());
     list.setLiftedRow(list.model()->index(from, 0));

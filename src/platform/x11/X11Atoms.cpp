@@ -15,7 +15,7 @@ namespace {
 
 struct NamedAtom {
     std::string_view name;
-    xcb_atom_t X11Atoms::*member;
+    xcb_atom_t X11Atoms::* member;
 };
 
 constexpr NamedAtom namedAtoms[] = {

@@ -141,8 +141,8 @@ void RowDelegate::paintTexts(QPainter& painter, const QRect& box, const QModelIn
                              bool isSelected) const
 {
     const QString caption = index.data(captionRole).toString();
-    const TextStyle nameStyle = m_visual.text(
-        TextRole::body, isSelected ? m_look.selectedNameWeight : m_look.nameWeight);
+    const TextStyle nameStyle =
+        m_visual.text(TextRole::body, isSelected ? m_look.selectedNameWeight : m_look.nameWeight);
     const TextStyle captionStyle = m_visual.text(TextRole::caption);
     const int captionHeight = caption.isEmpty() ? 0 : m_look.lineGap + captionStyle.lineHeight;
     const int top = box.y() + (box.height() - nameStyle.lineHeight - captionHeight) / 2;

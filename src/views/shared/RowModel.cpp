@@ -13,8 +13,8 @@ QVariant RowModel::data(const QModelIndex& index, int role) const
     if (role != Qt::AccessibleTextRole)
         return {};
     QStringList parts;
-    for (const int part : {int(Qt::DisplayRole), int(captionRole), int(trailingRole),
-                           int(Qt::ToolTipRole)})
+    for (const int part :
+         {int(Qt::DisplayRole), int(captionRole), int(trailingRole), int(Qt::ToolTipRole)})
         parts.append(data(index, part).toString());
     parts.removeAll(QString());
     return parts.join(u", "_s);
