@@ -14,8 +14,6 @@
 
 using namespace Qt::StringLiterals;
 
-using namespace Qt::StringLiterals;
-
 using namespace trovell;
 using namespace trovell::test;
 
@@ -85,7 +83,7 @@ void DesktopActivationTest::init()
 
     const QString service = QFINDTESTDATA("../../packaging/app.trovell.Trovell.service.in");
     writeFile(home + u"/.local/share/dbus-1/services/app.trovell.Trovell.service"_s,
-              readFile(service).replace("@CMAKE_INSTALL_FULL_BINDIR@", home.toUtf8() + "/bin"));
+              readFile(service).replace("@bindir@", home.toUtf8() + "/bin"));
 }
 
 void DesktopActivationTest::isStartedByTheBus()

@@ -12,8 +12,6 @@
 
 using namespace Qt::StringLiterals;
 
-using namespace Qt::StringLiterals;
-
 using namespace trovell;
 using namespace trovell::test;
 using namespace std::chrono_literals;

@@ -15,8 +15,6 @@
 
 using namespace Qt::StringLiterals;
 
-using namespace Qt::StringLiterals;
-
 using namespace trovell;
 
 namespace {

@@ -9,8 +9,6 @@
 
 using namespace Qt::StringLiterals;
 
-using namespace Qt::StringLiterals;
-
 using namespace trovell;
 using enum LoginItemStatus;
 using trovell::test::PrivateSession;

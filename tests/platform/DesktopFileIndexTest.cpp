@@ -11,8 +11,6 @@
 
 using namespace Qt::StringLiterals;
 
-using namespace Qt::StringLiterals;
-
 using namespace trovell;
 using trovell::test::PrivateSession;
 

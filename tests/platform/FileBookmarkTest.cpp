@@ -14,8 +14,6 @@
 
 using namespace Qt::StringLiterals;
 
-using namespace Qt::StringLiterals;
-
 using namespace trovell;
 namespace fs = std::filesystem;
 

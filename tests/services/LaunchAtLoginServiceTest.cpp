@@ -9,8 +9,6 @@
 
 using namespace Qt::StringLiterals;
 
-using namespace Qt::StringLiterals;
-
 using namespace trovell;
 
 class LaunchAtLoginServiceTest : public QObject {

@@ -9,8 +9,6 @@
 
 using namespace Qt::StringLiterals;
 
-using namespace Qt::StringLiterals;
-
 using namespace trovell;
 using namespace std::chrono_literals;
 

@@ -27,6 +27,10 @@ bool isKept(std::string_view variable)
 /// when they start.
 extern "C" [[gnu::constructor]] void enterTestWorld()
 {
+    // A program that a test starts again, itself for instance, has the world that the test gave it.
+    constexpr const char* mark = "TROVELL_IN_TEST_WORLD";
+    if (getenv(mark))
+        return;
     std::vector<char*> kept;
     for (char** variable = environ; *variable; ++variable) {
         if (isKept(*variable))
@@ -35,6 +39,7 @@ extern "C" [[gnu::constructor]] void enterTestWorld()
     clearenv();
     for (char* variable : kept)
         putenv(variable);
+    setenv(mark, "1", 1);
     setenv("HOME", "/dev/null", 1);
     setenv("XDG_DATA_DIRS", TROVELL_TEST_WORLD "/share", 1);
     setenv("XDG_CONFIG_DIRS", TROVELL_TEST_WORLD "/xdg", 1);

@@ -6,8 +6,6 @@
 
 using namespace Qt::StringLiterals;
 
-using namespace Qt::StringLiterals;
-
 using namespace trovell;
 
 class UpdateControllerTest : public QObject {
