@@ -82,13 +82,6 @@ QItemSelectionModel::SelectionFlags WorkspaceSidebarList::selectionCommand(const
     return index.isValid() ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
 }
 
-void WorkspaceSidebarList::keyPressEvent(QKeyEvent* event)
-{
-    // A key held down starts once.
-    if (event->key() != Qt::Key_Return || !event->isAutoRepeat())
-        RowList::keyPressEvent(event);
-}
-
 void WorkspaceSidebarList::contextMenuEvent(QContextMenuEvent* event)
 {
     const bool isByKeyboard = event->reason() == QContextMenuEvent::Keyboard;

@@ -7,10 +7,10 @@
 
 #include <QApplication>
 #include <QDrag>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPointer>
-#include <QShortcut>
 
 #include <utility>
 
@@ -46,23 +46,6 @@ void RowList::setReorderable()
     setDragDropMode(DragDrop);
     // Whatever is dropped goes before the row it is dropped on, never between two.
     setDragDropOverwriteMode(true);
-    const std::pair<Qt::Key, int> keys[] = {{Qt::Key_Up, -1}, {Qt::Key_Down, 1}};
-    for (const auto& [key, step] : keys) {
-        auto* shortcut = new QShortcut(QKeySequence(Qt::ALT | key), this);
-        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
-        connect(shortcut, &QShortcut::activated, this,
-                [this, places = step] { Q_EMIT moveRequested(places); });
-    }
-}
-
-void RowList::setFitsRows()
-{
-    m_fitsRows = true;
-    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    for (const auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
-        connect(model(), signal, this, &RowList::updateGeometry);
-    connect(model(), &QAbstractItemModel::modelReset, this, &RowList::updateGeometry);
 }
 
 QRect RowList::rowRect(const QModelIndex& index) const
@@ -90,18 +73,6 @@ void RowList::setMarkedRow(const QModelIndex& index)
 {
     m_markedRow = index;
     viewport()->update();
-}
-
-QSize RowList::sizeHint() const
-{
-    if (!m_fitsRows)
-        return QListView::sizeHint();
-    return {0, model()->rowCount() * m_delegate->sizeHint({}, {}).height()};
-}
-
-QSize RowList::minimumSizeHint() const
-{
-    return m_fitsRows ? sizeHint() : QListView::minimumSizeHint();
 }
 
 /// Its source is not the list: Qt would refuse a drop on a selected row of the same one.
@@ -136,6 +107,20 @@ QPixmap RowList::pictureOf(const QModelIndex& index, int margin)
     option.state = QStyle::State_Enabled;
     m_delegate->paint(&painter, option, index);
     return picture;
+}
+
+void RowList::keyPressEvent(QKeyEvent* event)
+{
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const bool isArrow = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
+    const bool isAlt = (event->modifiers() & ~Qt::KeypadModifier) == Qt::AltModifier;
+    // A key that is held down activates once.
+    if (isReturn && event->isAutoRepeat())
+        return;
+    if (!m_isReorderable || !isArrow || !isAlt)
+        return QListView::keyPressEvent(event);
+    if (currentIndex().isValid())
+        Q_EMIT moveRequested(event->key() == Qt::Key_Up ? -1 : 1);
 }
 
 void RowList::mousePressEvent(QMouseEvent* event)
@@ -176,10 +161,8 @@ void RowList::mouseDoubleClickEvent(QMouseEvent* event)
 void RowList::changeEvent(QEvent* event)
 {
     QListView::changeEvent(event);
-    if (event->type() == QEvent::FontChange) {
+    if (event->type() == QEvent::FontChange)
         scheduleDelayedItemsLayout();
-        updateGeometry();
-    }
     if (event->type() == QEvent::ActivationChange)
         viewport()->update();
 }

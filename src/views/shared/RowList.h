@@ -22,8 +22,6 @@ public:
     /// Rows can be dragged, which a RowModel tells, and moved with Alt+Up and Alt+Down. A click is
     /// told when the button is released, so that dragging a row leaves the selection alone.
     void setReorderable();
-    /// As high as its rows, inside of an area that scrolls. Once it has its model.
-    void setFitsRows();
 
     /// The visible row in the viewport's coordinates, without the gaps around it.
     [[nodiscard]] QRect rowRect(const QModelIndex& index) const;
@@ -36,15 +34,13 @@ public:
     /// The row looks hovered, wherever the mouse is. Invalid for none.
     void setMarkedRow(const QModelIndex& index);
 
-    [[nodiscard]] QSize sizeHint() const override;
-    [[nodiscard]] QSize minimumSizeHint() const override;
-
 Q_SIGNALS:
     /// By key, `step` places down.
     void moveRequested(int step);
 
 protected:
     void startDrag(Qt::DropActions actions) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -57,7 +53,6 @@ private:
     const VisualStyle& m_visual;
     RowDelegate* m_delegate;
     bool m_isReorderable = false;
-    bool m_fitsRows = false;
     QPersistentModelIndex m_pressedRow;
     QPoint m_pressedPlace;
     QPersistentModelIndex m_liftedRow;

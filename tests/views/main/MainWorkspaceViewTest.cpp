@@ -239,10 +239,7 @@ private Q_SLOTS:
                 click(*desk.front(), u"Clear Saved Layout"_s);
             },
             [](Desk& desk) { desk.dragRow(0, 2); },
-            [](Desk& desk) {
-                desk.list->setFocus();
-                desk.pressKey(Qt::Key_Down, Qt::AltModifier);
-            },
+            [](Desk& desk) { desk.pressKey(Qt::Key_Down, Qt::AltModifier); },
         };
         for (const Act& act : acts) {
             act(*m_desk);
