@@ -78,7 +78,7 @@ struct SavedLayout {
     }
     void verifyThatItComesBack()
     {
-        QCOMPARE(start(), restoredLines());
+        QCOMPARE(start().join(u'\n'), restoredLines().join(u'\n'));
         QCOMPARE(inspector.framesByTitle(), frames);
     }
 
