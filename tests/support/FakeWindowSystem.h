@@ -39,6 +39,8 @@ public:
     [[nodiscard]] DisplayFingerprint fingerprint(qsizetype display) const;
 
     bool trusted = true;
+    /// Never says anything about windows.
+    bool isSilent = false;
     QList<Display> displays;
     /// In the order in which they were brought forward.
     QStringList activated;

@@ -13,18 +13,12 @@ namespace {
 
 using Kind = WorkspaceSheetRequest::Kind;
 
-/// Opens the sheet and does not wait until it has read the windows.
-void request(Stage& stage, Kind kind)
+void openSheet(Stage& stage, Kind kind)
 {
     stage.desktop().storeWorkspaces();
     stage.openMainWindow();
     auto* main = stage.window().findChild<MainWorkspaceView*>();
     main->present({.kind = kind, .workspace = &stage.workspace(int(Workspace::writing))});
-}
-
-void openSheet(Stage& stage, Kind kind)
-{
-    request(stage, kind);
     Stage::settle();
 }
 
@@ -37,8 +31,9 @@ QImage asking(Stage& stage)
 
 QImage loading(Stage& stage)
 {
-    request(stage, Kind::captureCurrent);
-    return stage.pictureNow(stage.window());
+    stage.windows->isSilent = true;
+    openSheet(stage, Kind::captureCurrent);
+    return stage.picture();
 }
 
 void openTextEditor(Stage& stage)
