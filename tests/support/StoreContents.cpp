@@ -6,6 +6,7 @@
 
 #include <QCryptographicHash>
 #include <QDataStream>
+#include <QIODevice>
 
 #include <limits>
 

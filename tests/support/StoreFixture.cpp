@@ -2,6 +2,8 @@
 
 #include "support/StoreFixture.h"
 
+#include <QUrl>
+
 namespace trovell::test {
 
 TrovellWorkspace& StoreFixture::addWorkspace(const QString& name)
