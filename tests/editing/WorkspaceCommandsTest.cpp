@@ -5,6 +5,8 @@
 #include "editing/Reorder.h"
 #include "support/StoreFixture.h"
 
+#include <QtTest>
+
 using namespace Qt::StringLiterals;
 
 using namespace trovell;

@@ -5,6 +5,8 @@
 #include "support/FakeResourceSystem.h"
 #include "support/StoreFixture.h"
 
+#include <QtTest>
+
 using namespace Qt::StringLiterals;
 
 using namespace trovell;
