@@ -5,6 +5,8 @@
 #include "model/WorkspaceChoices.h"
 #include "views/support/ViewFixture.h"
 
+#include <QPainter>
+
 namespace trovell::screenshots {
 
 using namespace Qt::StringLiterals;

@@ -7,6 +7,9 @@
 #include "pictures/SampleDesktop.h"
 #include "views/support/ViewFixture.h"
 
+#include <QtTest>
+#include <QtWidgets>
+
 namespace trovell {
 
 using namespace Qt::StringLiterals;
