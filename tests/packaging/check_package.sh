@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 #
-# Packs the program of a build folder as a Debian package, installs it into an empty root, starts the program from there on a
-# server of its own, ends it, and removes the package again.
+# Packs the program of a build folder as a Debian package, installs it into an empty root, starts the
+# program from there on a server of its own, ends it, and removes the package again.
 #
 #   check_package.sh BUILD_FOLDER
 set -euo pipefail
