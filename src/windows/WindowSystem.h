@@ -18,6 +18,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+
 namespace trovell {
 
 /// Whether windows of other applications can be read and moved, and why not.
@@ -58,15 +60,46 @@ struct DesktopSnapshot {
     QList<RunningApplication> applications = {};
     /// In a stable order.
     QList<Display> displays = {};
+    /// In their order; empty where the desktop has none or does not tell.
+    QStringList virtualDesktopNames = {};
+    /// The one in view; none where that is not known.
+    std::optional<int> currentVirtualDesktop = {};
 };
 
-/// The frame a window is to have, in desktop coordinates.
+/// One virtual desktop, or all of them.
+struct VirtualDesktop {
+    /// Counted from 0; meaningless with `isAll`.
+    int index = 0;
+    bool isAll = false;
+
+    bool operator==(const VirtualDesktop&) const = default;
+};
+
+/// How a window is to stand.
 struct FrameRequest {
     WindowId window;
+    /// Desktop coordinates. For a window that is to fill a display: the frame it falls back to.
     QRectF frame;
+    /// What it is to be, among the states that this desktop can set, and nothing else of them.
+    /// None leaves states alone, except that those that fill a display come off a window that does
+    /// not have its frame yet.
+    std::optional<WindowStates> states = {};
+    /// None leaves it where it is. One that is missing is made where the desktop allows that.
+    std::optional<VirtualDesktop> virtualDesktop = {};
 };
 
-enum class FrameOutcome { taken, refused };
+enum class FrameOutcome {
+    taken,
+    /// In place, but with another size than it was asked for, though its own rules allow that.
+    otherSize,
+    /// The desktop's own layout decides about its frame.
+    tiled,
+    /// A person moved or resized it meanwhile, and keeps it.
+    movedByPerson,
+    refused,
+    /// Nobody said anything in time: the desktop is busy or hangs. Worth another try.
+    unanswered,
+};
 
 class WindowSystem {
 public:
@@ -79,17 +112,25 @@ public:
     /// Lets the desktop ask the person for consent where it can. Does not wait for the person.
     [[nodiscard]] virtual QFuture<WindowControl> requestControl() = 0;
 
-    /// Moves and resizes all windows in one go; one outcome for each request, in their order. A
-    /// size that the window's own rules do not allow is rounded to one they allow; that counts as
-    /// taken. Finishes once every window came to rest, which a window that does not react can
-    /// delay by at most two seconds. Several calls may be under way: they delay each other only
-    /// over the same window, which the later one gets.
+    /// Brings all windows to their desktops, frames and states in one go; one outcome for each
+    /// request, in their order. A window that stands as wanted is not touched. A size that the
+    /// window's own rules do not allow is rounded to one they allow; that counts as taken. Finishes
+    /// once every window came to rest, which a window that does not react can delay by at most two
+    /// seconds. Several calls may be under way: they delay each other only over the same window,
+    /// which the later one gets.
     [[nodiscard]] virtual QFuture<QList<FrameOutcome>>
     setFrames(const QList<FrameRequest>& requests) = 0;
 
     /// Brings the topmost window of each of these applications forward and gives it the focus, so
     /// that the first one ends in front. Those that do not run are passed over.
     virtual QFuture<void> activate(const QStringList& identifiers) = 0;
+
+    /// Stacks these windows in this order, the last one on top of the others, without giving any of
+    /// them the focus or changing the desktop in view.
+    virtual QFuture<void> restack(const QList<WindowId>& backToFront) = 0;
+
+    /// Brings one virtual desktop into view.
+    virtual QFuture<void> showVirtualDesktop(int index) = 0;
 
     /// Brings a window of this process forward, by the number that its toolkit knows it by.
     virtual void activateOwnWindow(quintptr nativeWindow) = 0;

@@ -63,6 +63,12 @@ QList<DesktopWindow> FakeWindowSystem::windowsOf(const QString& bundleIdentifier
             continue;
         list.append(
             {.id = id, .kind = window->kind, .title = window->title, .frame = window->frame});
+        list.last().states = window->states;
+        if (const auto desktop = window->virtualDesktop) {
+            list.last().isOnAllDesktops = desktop->isAll;
+            if (!desktop->isAll)
+                list.last().virtualDesktop = desktop->index;
+        }
         list.last().states.setFlag(WindowState::minimized, window->isMinimized);
     }
     return list;
@@ -102,8 +108,12 @@ QList<FrameOutcome> FakeWindowSystem::place(const QList<FrameRequest>& requests)
     for (const FrameRequest& request : requests) {
         const auto window = m_windows.find(request.window);
         const bool isTaken = window != m_windows.end() && !window->refusesFrames;
-        if (isTaken)
+        if (isTaken) {
             window->frame = request.frame;
+            window->states = request.states.value_or(window->states);
+            if (request.virtualDesktop)
+                window->virtualDesktop = request.virtualDesktop;
+        }
         outcomes.append(isTaken ? FrameOutcome::taken : FrameOutcome::refused);
     }
     return outcomes;
@@ -136,6 +146,18 @@ QFuture<void> FakeWindowSystem::activate(const QStringList& identifiers)
         if (isRunning(identifier))
             activated.append(identifier);
     }
+    return readyFuture();
+}
+
+QFuture<void> FakeWindowSystem::restack(const QList<WindowId>& backToFront)
+{
+    stacking = backToFront;
+    return readyFuture();
+}
+
+QFuture<void> FakeWindowSystem::showVirtualDesktop(int index)
+{
+    shownDesktop = index;
     return readyFuture();
 }
 

@@ -24,6 +24,8 @@ public:
         WindowKind kind = WindowKind::standard;
         bool isMinimized = false;
         bool refusesFrames = false;
+        WindowStates states = {};
+        std::optional<VirtualDesktop> virtualDesktop = {};
     };
 
     FakeWindowSystem();
@@ -44,6 +46,9 @@ public:
     QList<Display> displays;
     /// In the order in which they were brought forward.
     QStringList activated;
+    /// As last asked for.
+    QList<WindowId> stacking;
+    std::optional<int> shownDesktop;
     /// Called before windows are read.
     std::function<void()> onRead;
 
@@ -58,6 +63,8 @@ public:
     [[nodiscard]] QFuture<QList<FrameOutcome>>
     setFrames(const QList<FrameRequest>& requests) override;
     QFuture<void> activate(const QStringList& identifiers) override;
+    QFuture<void> restack(const QList<WindowId>& backToFront) override;
+    QFuture<void> showVirtualDesktop(int index) override;
     void activateOwnWindow(quintptr) override {}
 
 private:

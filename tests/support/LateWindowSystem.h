@@ -47,6 +47,14 @@ public:
         };
         return later(activating).then([](bool) {});
     }
+    QFuture<void> restack(const QList<WindowId>& backToFront) override
+    {
+        return m_desktop.restack(backToFront);
+    }
+    QFuture<void> showVirtualDesktop(int index) override
+    {
+        return m_desktop.showVirtualDesktop(index);
+    }
     void activateOwnWindow(quintptr) override {}
 
 private:

@@ -25,6 +25,8 @@ public:
         return readyFuture(QList<FrameOutcome>(requests.size(), FrameOutcome::refused));
     }
     QFuture<void> activate(const QStringList&) override { return readyFuture(); }
+    QFuture<void> restack(const QList<WindowId>&) override { return readyFuture(); }
+    QFuture<void> showVirtualDesktop(int) override { return readyFuture(); }
     void activateOwnWindow(quintptr) override {}
 };
 

@@ -27,6 +27,7 @@ constexpr NamedAtom namedAtoms[] = {
     {"_NET_WORKAREA", &X11Atoms::netWorkarea},
     {"_NET_ACTIVE_WINDOW", &X11Atoms::netActiveWindow},
     {"_NET_MOVERESIZE_WINDOW", &X11Atoms::netMoveresizeWindow},
+    {"_NET_RESTACK_WINDOW", &X11Atoms::netRestackWindow},
     {"_NET_WM_NAME", &X11Atoms::netWmName},
     {"_NET_WM_PID", &X11Atoms::netWmPid},
     {"_NET_WM_STATE", &X11Atoms::netWmState},

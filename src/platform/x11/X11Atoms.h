@@ -20,6 +20,7 @@ struct X11Atoms {
     xcb_atom_t netWorkarea = 0;
     xcb_atom_t netActiveWindow = 0;
     xcb_atom_t netMoveresizeWindow = 0;
+    xcb_atom_t netRestackWindow = 0;
 
     // Application windows (EWMH section 5, ICCCM section 4)
     xcb_atom_t netWmName = 0;

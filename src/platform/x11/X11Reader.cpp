@@ -84,4 +84,20 @@ void X11Reader::activateWindow(xcb_window_t window) const
     xcb_flush(m_connection.get());
 }
 
+void X11Reader::restack(const QList<WindowId>& backToFront) const
+{
+    constexpr quint32 fromPager = 2;
+    for (const WindowId& window : backToFront)
+        m_connection.sendToRoot(windowOf(window), m_connection.atoms().netRestackWindow,
+                                {fromPager, XCB_WINDOW_NONE, XCB_STACK_MODE_ABOVE, 0, 0});
+    xcb_flush(m_connection.get());
+}
+
+void X11Reader::showVirtualDesktop(int index) const
+{
+    m_connection.sendToRoot(m_connection.root(), m_connection.atoms().netCurrentDesktop,
+                            {static_cast<quint32>(index), XCB_CURRENT_TIME, 0, 0, 0});
+    xcb_flush(m_connection.get());
+}
+
 } // namespace trovell

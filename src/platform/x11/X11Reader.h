@@ -24,6 +24,8 @@ public:
     /// So that the first one ends in front.
     void activate(const QStringList& identifiers);
     void activateWindow(xcb_window_t window) const;
+    void restack(const QList<WindowId>& backToFront) const;
+    void showVirtualDesktop(int index) const;
 
     [[nodiscard]] const X11Connection& connection() const { return m_connection; }
 

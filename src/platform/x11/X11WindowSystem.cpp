@@ -91,6 +91,16 @@ QFuture<void> X11WindowSystem::activate(const QStringList& identifiers)
     return onReadingThread([identifiers](X11Reader& reader) { reader.activate(identifiers); });
 }
 
+QFuture<void> X11WindowSystem::restack(const QList<WindowId>& backToFront)
+{
+    return onReadingThread([backToFront](X11Reader& reader) { reader.restack(backToFront); });
+}
+
+QFuture<void> X11WindowSystem::showVirtualDesktop(int index)
+{
+    return onReadingThread([index](X11Reader& reader) { reader.showVirtualDesktop(index); });
+}
+
 void X11WindowSystem::activateOwnWindow(quintptr nativeWindow)
 {
     const auto window = static_cast<xcb_window_t>(nativeWindow);

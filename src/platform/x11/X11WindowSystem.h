@@ -35,6 +35,8 @@ public:
     [[nodiscard]] QFuture<QList<FrameOutcome>>
     setFrames(const QList<FrameRequest>& requests) override;
     QFuture<void> activate(const QStringList& identifiers) override;
+    QFuture<void> restack(const QList<WindowId>& backToFront) override;
+    QFuture<void> showVirtualDesktop(int index) override;
     void activateOwnWindow(quintptr nativeWindow) override;
 
     /// How often the reading operations have waited for the server so far. Waits for those that
