@@ -67,12 +67,12 @@ struct DesktopSnapshot {
 };
 
 /// One virtual desktop, or all of them.
-struct VirtualDesktop {
+struct DesktopPlace {
     /// Counted from 0; meaningless with `isAll`.
     int index = 0;
     bool isAll = false;
 
-    bool operator==(const VirtualDesktop&) const = default;
+    bool operator==(const DesktopPlace&) const = default;
 };
 
 /// How a window is to stand.
@@ -85,7 +85,7 @@ struct FrameRequest {
     /// not have its frame yet.
     std::optional<WindowStates> states = {};
     /// None leaves it where it is. One that is missing is made where the desktop allows that.
-    std::optional<VirtualDesktop> virtualDesktop = {};
+    std::optional<DesktopPlace> virtualDesktop = {};
 };
 
 enum class FrameOutcome {

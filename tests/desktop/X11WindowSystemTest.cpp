@@ -159,8 +159,9 @@ void X11WindowSystemTest::readsAndPlacesRealProgramsExactly()
         QCOMPARE(system.setFrames(requests).result(), placed(6));
         for (const auto wait : {0ms, watch}) {
             QTest::qWait(static_cast<int>(wait.count()));
-            for (const auto& [id, frame] : std::as_const(requests))
-                QVERIFY(isInPlace(*inspector.window(windowOf(id)), frame, windowManager));
+            for (const FrameRequest& request : std::as_const(requests))
+                QVERIFY(isInPlace(*inspector.window(windowOf(request.window)), request.frame,
+                                  windowManager));
         }
     }
 }

@@ -25,7 +25,7 @@ public:
         bool isMinimized = false;
         bool refusesFrames = false;
         WindowStates states = {};
-        std::optional<VirtualDesktop> virtualDesktop = {};
+        std::optional<DesktopPlace> virtualDesktop = {};
     };
 
     FakeWindowSystem();
