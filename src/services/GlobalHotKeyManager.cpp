@@ -4,65 +4,54 @@
 
 #include "model/TrovellWorkspace.h"
 
+#include <QPointer>
+
 namespace trovell {
 
-GlobalHotKeyManager::GlobalHotKeyManager(HotKeySystem& system) : m_system(system)
-{
-    // The press is answered from the event loop, so that whatever the trigger does, it does not
-    // happen inside the desktop's event handling.
-    m_system.installPressHandler([this](quint32 number) {
-        QMetaObject::invokeMethod(
-            this, [this, number] { answerPress(number); }, Qt::QueuedConnection);
-    });
-}
+GlobalHotKeyManager::GlobalHotKeyManager(HotKeySystem& system) : m_system(system) {}
 
 GlobalHotKeyManager::~GlobalHotKeyManager()
 {
-    releaseHotKeys();
-    m_system.installPressHandler({});
+    m_system.setHotKeys({}, {});
 }
 
-void GlobalHotKeyManager::registerHotKeys(const QList<TrovellWorkspace*>& workspaces,
-                                          Trigger trigger)
+QFuture<QSet<QUuid>>
+GlobalHotKeyManager::registerHotKeys(const QList<TrovellWorkspace*>& workspaces, Trigger trigger)
 {
-    // All are released first: shortcuts may have changed places.
-    releaseHotKeys();
     m_trigger = std::move(trigger);
-    quint32 number = 0;
-    for (const TrovellWorkspace* workspace : workspaces)
-        registerHotKey(++number, *workspace);
-}
-
-void GlobalHotKeyManager::registerHotKey(quint32 number, const TrovellWorkspace& workspace)
-{
-    const auto shortcut = workspace.shortcut();
-    const auto keys = shortcut ? keyCombination(*shortcut) : std::nullopt;
-    if (!keys)
-        return;
-    const auto reference = m_system.registerHotKey(number, *keys);
-    if (!reference)
-        return;
-    m_references.insert(workspace.id(), *reference);
-    m_identifiers.insert(number, workspace.id());
-}
-
-void GlobalHotKeyManager::releaseHotKeys()
-{
-    for (const HotKeyReference reference : std::as_const(m_references))
-        m_system.unregisterHotKey(reference);
-    m_references.clear();
     m_identifiers.clear();
+    QList<HotKey> hotKeys;
+    quint32 number = 0;
+    for (const TrovellWorkspace* workspace : workspaces) {
+        ++number;
+        const auto shortcut = workspace->shortcut();
+        const auto keys = shortcut ? keyCombination(*shortcut) : std::nullopt;
+        if (!keys)
+            continue;
+        hotKeys.append({number, *keys});
+        m_identifiers.insert(number, workspace->id());
+    }
+    // A press that is still on its way when the hot keys change means the workspace of its time.
+    const auto answer = [guard = QPointer(this), ids = m_identifiers](quint32 pressed) {
+        if (guard)
+            guard->answerPress(ids.value(pressed));
+    };
+    return m_system.setHotKeys(hotKeys, answer)
+        .then([ids = m_identifiers](const QList<quint32>& granted) {
+            QSet<QUuid> working;
+            for (const quint32 hotKey : granted)
+                working.insert(ids.value(hotKey));
+            return working;
+        });
 }
 
-void GlobalHotKeyManager::answerPress(quint32 number)
+void GlobalHotKeyManager::answerPress(const QUuid& workspaceId)
 {
-    const auto workspaceId = m_identifiers.constFind(number);
-    if (workspaceId == m_identifiers.constEnd() || !m_trigger)
+    if (!m_identifiers.values().contains(workspaceId))
         return;
-    // Copies: the trigger may register anew.
+    // A copy: the trigger may register anew.
     const Trigger trigger = m_trigger;
-    const QUuid id = *workspaceId;
-    trigger(id);
+    trigger(workspaceId);
 }
 
 } // namespace trovell

@@ -6,9 +6,11 @@
 
 #include "services/HotKeySystem.h"
 
+#include <QFuture>
 #include <QHash>
 #include <QList>
 #include <QObject>
+#include <QSet>
 #include <QUuid>
 
 #include <functional>
@@ -31,17 +33,15 @@ public:
     /// Releases every hot key, then registers those of the workspaces in the order of the list.
     /// A workspace without a shortcut, or whose shortcut is taken, is passed over in silence.
     /// `trigger` gets the id of the workspace whose hot key was pressed, shortly after the press
-    /// and from the event loop; it replaces the one before.
-    void registerHotKeys(const QList<TrovellWorkspace*>& workspaces, Trigger trigger);
+    /// and from the event loop; it replaces the one before. Answers with the ids of the workspaces
+    /// whose hot keys work.
+    QFuture<QSet<QUuid>> registerHotKeys(const QList<TrovellWorkspace*>& workspaces,
+                                         Trigger trigger);
 
 private:
-    void registerHotKey(quint32 number, const TrovellWorkspace& workspace);
-    void releaseHotKeys();
-    void answerPress(quint32 number);
+    void answerPress(const QUuid& workspaceId);
 
     HotKeySystem& m_system;
-    /// By the id of the workspace.
-    QHash<QUuid, HotKeyReference> m_references;
     /// The id of the workspace by the number of its hot key: its position in the list, from 1.
     QHash<quint32, QUuid> m_identifiers;
     Trigger m_trigger;

@@ -33,13 +33,15 @@ enum class WindowControl {
     notAnswering,
 };
 
-/// What of a window this desktop can set besides its frame.
 struct DesktopAbilities {
+    /// What of a window can be set besides its frame.
     WindowStates states;
     bool hasVirtualDesktops = false;
+    /// Windows can be translucent.
+    bool blendsWindows = true;
 };
 
-/// What is wanted to know; window control is always answered.
+/// What is wanted to know; window control and abilities are always answered.
 struct DesktopQuestion {
     enum class Applications { none, named, all };
 

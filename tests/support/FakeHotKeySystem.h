@@ -5,6 +5,7 @@
 #pragma once
 
 #include "services/HotKeySystem.h"
+#include "support/ReadyFuture.h"
 
 #include <map>
 #include <set>
@@ -18,45 +19,37 @@ public:
     /// Nothing happens when nobody registered the combination.
     void press(QKeyCombination keys)
     {
-        const auto numbers = registered();
-        if (const auto hotKey = numbers.find(keys.toCombined()); hotKey != numbers.end())
-            m_handler(hotKey->second);
+        if (const auto hotKey = registered.find(keys.toCombined()); hotKey != registered.end())
+            report(hotKey->second);
     }
-    /// What arrives late: the press of a number, registered or not.
-    void report(quint32 number) { m_handler(number); }
+    /// The press of a number, registered or not, which arrives from the event loop.
+    void report(quint32 number)
+    {
+        QMetaObject::invokeMethod(
+            &m_context, [handler = m_handler, number] { handler(number); }, Qt::QueuedConnection);
+    }
 
     /// The combinations registered here, as one number each, and the numbers of their hot keys.
-    [[nodiscard]] std::map<int, quint32> registered() const
-    {
-        std::map<int, quint32> numbers;
-        for (const auto& [reference, hotKey] : m_hotKeys)
-            numbers.emplace(hotKey.combination, hotKey.number);
-        return numbers;
-    }
-    [[nodiscard]] bool hasHandler() const { return m_handler != nullptr; }
+    std::map<int, quint32> registered;
 
-    void installPressHandler(PressHandler handler) override { m_handler = std::move(handler); }
-    [[nodiscard]] std::optional<HotKeyReference> registerHotKey(quint32 number,
-                                                                QKeyCombination keys) override
+    QFuture<QList<quint32>> setHotKeys(const QList<HotKey>& hotKeys, PressHandler handler) override
     {
-        const int combination = keys.toCombined();
-        if (m_claimed.contains(combination) || registered().contains(combination))
-            return std::nullopt;
-        m_hotKeys.emplace(++m_lastReference, HotKey{combination, number});
-        return m_lastReference;
+        m_handler = std::move(handler);
+        registered.clear();
+        QList<quint32> granted;
+        for (const HotKey& hotKey : hotKeys) {
+            const int combination = hotKey.keys.toCombined();
+            if (!m_claimed.contains(combination) &&
+                registered.emplace(combination, hotKey.number).second)
+                granted.append(hotKey.number);
+        }
+        return readyFuture(granted);
     }
-    void unregisterHotKey(HotKeyReference reference) override { m_hotKeys.erase(reference); }
 
 private:
-    struct HotKey {
-        int combination = 0;
-        quint32 number = 0;
-    };
-
-    PressHandler m_handler;
+    PressHandler m_handler = [](quint32) {};
     std::set<int> m_claimed;
-    std::map<HotKeyReference, HotKey> m_hotKeys;
-    HotKeyReference m_lastReference = 0;
+    QObject m_context;
 };
 
 } // namespace trovell

@@ -18,7 +18,8 @@ DesktopLook::DesktopLook(VisualStyle& visual, Localization& words,
       m_fontFactor(desktopFontFactor(QApplication::font().pointSizeF(),
                                      qEnvironmentVariable("XDG_CURRENT_DESKTOP")))
 {
-    m_visual.setComposited(m_platform.isComposited());
+    m_visual.setComposited(false);
+    askForTranslucency();
     showDesktopSettings();
     showLanguage();
     connect(&m_preferences, &AppPreferences::appearanceChanged, this, &DesktopLook::showAppearance);
@@ -53,7 +54,14 @@ void DesktopLook::refresh(Qt::ApplicationState state)
     if (state != Qt::ApplicationActive)
         return;
     m_words.refreshSystemLocale();
-    m_visual.setComposited(m_platform.isComposited());
+    askForTranslucency();
+}
+
+void DesktopLook::askForTranslucency()
+{
+    m_platform.windowSystem->ask({}).then(this, [this](const DesktopSnapshot& desktop) {
+        m_visual.setComposited(desktop.abilities.blendsWindows);
+    });
 }
 
 } // namespace trovell

@@ -16,8 +16,8 @@ class DesktopLook : public QObject {
     Q_OBJECT
 
 public:
-    /// All outlive this object. Until the desktop has answered, "System" is light. Whether the
-    /// desktop composites is asked again whenever the program becomes active.
+    /// All outlive this object. Until the desktop has answered, "System" is light and windows are
+    /// opaque. Whether they can be translucent is asked again whenever the program becomes active.
     DesktopLook(VisualStyle& visual, Localization& words, const AppPreferences& preferences,
                 const PlatformAdapters& platform);
 
@@ -26,6 +26,7 @@ private:
     void showDesktopSettings();
     void showLanguage();
     void refresh(Qt::ApplicationState state);
+    void askForTranslucency();
 
     VisualStyle& m_visual;
     Localization& m_words;

@@ -11,7 +11,6 @@
 
 #include <QUrl>
 
-#include <functional>
 #include <memory>
 
 namespace trovell {
@@ -25,8 +24,6 @@ struct PlatformAdapters {
     std::unique_ptr<DesktopSettings> settings;
     /// Where the user grants window control; invalid where nothing has to be granted.
     QUrl windowControlSettings = {};
-    /// Whether windows can be translucent now. Quick.
-    std::function<bool()> isComposited = [] { return true; };
     /// The icon of the theme that the desktop's tray tints; empty where there is none.
     QString trayIconName = {};
 };

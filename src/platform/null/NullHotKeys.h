@@ -4,17 +4,16 @@
 #pragma once
 
 #include "services/HotKeySystem.h"
+#include "support/ReadyFuture.h"
 
 namespace trovell {
 
 class NullHotKeys final : public HotKeySystem {
 public:
-    void installPressHandler(PressHandler) override {}
-    [[nodiscard]] std::optional<HotKeyReference> registerHotKey(quint32, QKeyCombination) override
+    QFuture<QList<quint32>> setHotKeys(const QList<HotKey>&, PressHandler) override
     {
-        return std::nullopt;
+        return readyFuture(QList<quint32>());
     }
-    void unregisterHotKey(HotKeyReference) override {}
 };
 
 } // namespace trovell

@@ -4,9 +4,11 @@
 
 #include <xcb/xcb.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <iterator>
+#include <string>
 #include <string_view>
 
 namespace trovell {
@@ -66,20 +68,24 @@ constexpr NamedAtom namedAtoms[] = {
 
 } // namespace
 
-X11Atoms internAtoms(xcb_connection_t* connection)
+X11Atoms internAtoms(xcb_connection_t* connection, int screen)
 {
+    const auto intern = [connection](std::string_view name) {
+        return xcb_intern_atom(connection, 0, static_cast<uint16_t>(name.size()), name.data());
+    };
     std::array<xcb_intern_atom_cookie_t, std::size(namedAtoms)> cookies;
-    for (std::size_t index = 0; index < cookies.size(); ++index) {
-        const std::string_view name = namedAtoms[index].name;
-        cookies[index] =
-            xcb_intern_atom(connection, 0, static_cast<uint16_t>(name.size()), name.data());
-    }
-    X11Atoms atoms;
-    for (std::size_t index = 0; index < cookies.size(); ++index) {
-        auto* reply = xcb_intern_atom_reply(connection, cookies[index], nullptr);
-        atoms.*namedAtoms[index].member = reply ? reply->atom : 0;
+    std::ranges::transform(namedAtoms, cookies.begin(), intern, &NamedAtom::name);
+    const auto compositor = intern("_NET_WM_CM_S" + std::to_string(screen));
+    const auto receive = [connection](xcb_intern_atom_cookie_t cookie) {
+        auto* reply = xcb_intern_atom_reply(connection, cookie, nullptr);
+        const xcb_atom_t atom = reply ? reply->atom : 0;
         std::free(reply);
-    }
+        return atom;
+    };
+    X11Atoms atoms;
+    for (std::size_t index = 0; index < cookies.size(); ++index)
+        atoms.*namedAtoms[index].member = receive(cookies[index]);
+    atoms.compositor = receive(compositor);
     return atoms;
 }
 

@@ -21,6 +21,8 @@ struct X11Atoms {
     xcb_atom_t netActiveWindow = 0;
     xcb_atom_t netMoveresizeWindow = 0;
     xcb_atom_t netRestackWindow = 0;
+    /// The selection that a compositing manager of the screen owns.
+    xcb_atom_t compositor = 0;
 
     // Application windows (EWMH section 5, ICCCM section 4)
     xcb_atom_t netWmName = 0;
@@ -64,7 +66,7 @@ struct X11Atoms {
     xcb_atom_t edid = 0;
 };
 
-/// Asks for all of them in one round trip.
-[[nodiscard]] X11Atoms internAtoms(xcb_connection_t* connection);
+/// Asks for all of them in one round trip; some belong to a screen.
+[[nodiscard]] X11Atoms internAtoms(xcb_connection_t* connection, int screen);
 
 } // namespace trovell

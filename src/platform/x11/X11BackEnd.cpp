@@ -5,7 +5,6 @@
 #include "platform/freedesktop/DesktopFileIndex.h"
 #include "platform/freedesktop/FreedesktopAdapters.h"
 #include "platform/freedesktop/OwnedBusNames.h"
-#include "platform/x11/X11Compositor.h"
 #include "platform/x11/X11HotKeys.h"
 #include "platform/x11/X11WindowSystem.h"
 
@@ -37,7 +36,6 @@ PlatformAdapters makeX11Adapters(const QString& applicationId)
     PlatformAdapters adapters = makeFreedesktopAdapters(applicationId);
     adapters.windowSystem = makeWindowSystem();
     adapters.hotKeySystem = std::make_unique<X11HotKeys>();
-    adapters.isComposited = &hasX11Compositor;
     return adapters;
 }
 

@@ -50,7 +50,7 @@ X11Connection::X11Connection(const QByteArray& displayName) : m_server{displayNa
     connect();
     xcb_prefetch_extension_data(m_connection, &xcb_randr_id);
     xcb_prefetch_extension_data(m_connection, &xcb_res_id);
-    m_server.atoms = internAtoms(m_connection);
+    m_server.atoms = internAtoms(m_connection, m_screenNumber);
     m_server.hasMonitors = findMonitors(*this);
     m_server.hasClientIds = findClientIds(*this);
 }
@@ -68,14 +68,13 @@ X11Connection::~X11Connection()
 void X11Connection::connect()
 {
     const QByteArray& name = m_server.displayName;
-    int screenNumber = 0;
-    m_connection = xcb_connect(name.isEmpty() ? nullptr : name.constData(), &screenNumber);
+    m_connection = xcb_connect(name.isEmpty() ? nullptr : name.constData(), &m_screenNumber);
     if (!isAlive())
         return;
     const xcb_setup_t* setup = xcb_get_setup(m_connection);
     m_idMask = setup->resource_id_mask;
     auto screens = xcb_setup_roots_iterator(setup);
-    for (int skipped = 0; skipped < screenNumber && screens.rem > 1; ++skipped)
+    for (int skipped = 0; skipped < m_screenNumber && screens.rem > 1; ++skipped)
         xcb_screen_next(&screens);
     m_root = screens.data->root;
 }

@@ -91,6 +91,7 @@ private:
 
     X11Server m_server;
     xcb_connection_t* m_connection = nullptr;
+    int m_screenNumber = 0;
     xcb_window_t m_root = 0;
     quint32 m_idMask = 0;
     mutable std::atomic<int> m_roundTripCount = 0;

@@ -33,7 +33,8 @@ X11Control::Request X11Control::request() const
     // 3). That window is known from the last time; only a new window manager needs a second look.
     return {m_managerWindow, m_connection.requestProperty(root, atoms.netSupportingWmCheck),
             m_connection.requestProperty(root, atoms.netSupported),
-            m_connection.requestProperty(m_managerWindow, atoms.netSupportingWmCheck)};
+            m_connection.requestProperty(m_managerWindow, atoms.netSupportingWmCheck),
+            xcb_get_selection_owner(m_connection.get(), atoms.compositor)};
 }
 
 X11Control::Answer X11Control::receive(const Request& request)
@@ -41,6 +42,7 @@ X11Control::Answer X11Control::receive(const Request& request)
     const X11Atoms& atoms = m_connection.atoms();
     const quint32 manager = propertyNumbers(m_connection.reply(request.check)).value(0);
     const QList<quint32> features = propertyNumbers(m_connection.reply(request.supported));
+    const auto compositor = m_connection.reply<xcb_get_selection_owner_reply>(request.compositor);
     const quint32 proven = propertyNumbers(m_connection.reply(request.proof)).value(0);
     if (!m_connection.isAlive())
         return {WindowControl::notAnswering};
@@ -53,7 +55,11 @@ X11Control::Answer X11Control::receive(const Request& request)
     const bool isAvailable = manager != 0 && proven == manager &&
                              features.contains(atoms.netClientList) &&
                              features.contains(atoms.netMoveresizeWindow);
-    return isAvailable ? Answer{WindowControl::available, abilitiesOf(features, atoms)} : Answer();
+    Answer answer;
+    if (isAvailable)
+        answer = {WindowControl::available, abilitiesOf(features, atoms)};
+    answer.abilities.blendsWindows = compositor && compositor->owner != XCB_WINDOW_NONE;
+    return answer;
 }
 
 } // namespace trovell

@@ -17,6 +17,7 @@ public:
         xcb_get_property_cookie_t check;
         xcb_get_property_cookie_t supported;
         xcb_get_property_cookie_t proof;
+        xcb_get_selection_owner_cookie_t compositor;
     };
     struct Answer {
         WindowControl control = WindowControl::unsupported;

@@ -2,185 +2,42 @@
 
 #include "platform/x11/X11HotKeys.h"
 
+#include "platform/x11/X11KeyGrabs.h"
+
+#include <QPromise>
+
 namespace trovell {
 
-namespace {
-
-constexpr quint16 allModifiers = 0xff;
-
-} // namespace
-
-X11HotKeys::X11HotKeys(const QByteArray& displayName)
-    : m_connection(X11Server{displayName, {}}), m_layout(readLayout())
+X11HotKeys::X11HotKeys(const QByteArray& displayName) : m_worker(std::make_unique<QObject>())
 {
-    if (!m_connection.isAlive())
-        return;
-    m_notifier = std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(m_connection.get()),
-                                                   QSocketNotifier::Read);
-    QObject::connect(m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(),
-                     [this] { processEvents(); });
-    processEventsSoon();
+    m_worker->moveToThread(&m_thread);
+    m_thread.start();
+    QMetaObject::invokeMethod(m_worker.get(), [this, displayName] {
+        m_grabs = std::make_unique<X11KeyGrabs>(displayName);
+    });
 }
 
-std::optional<HotKeyReference> X11HotKeys::registerHotKey(quint32 number, QKeyCombination keys)
+X11HotKeys::~X11HotKeys()
 {
-    if (!m_connection.isAlive())
-        return std::nullopt;
-    const auto combination = m_layout.combination(keys);
-    // The server would grant a client its own combination again.
-    if (combination && (isGrabbed(*combination) || !grab(*combination)))
-        return std::nullopt;
-    m_hotKeys.emplace(++m_lastReference, HotKey{number, keys, combination});
-    return m_lastReference;
+    QMetaObject::invokeMethod(m_worker.get(), [this] {
+        m_grabs.reset();
+        m_thread.quit();
+    });
+    m_thread.wait();
 }
 
-void X11HotKeys::unregisterHotKey(HotKeyReference reference)
+QFuture<QList<quint32>> X11HotKeys::setHotKeys(const QList<HotKey>& hotKeys, PressHandler handler)
 {
-    const auto hotKey = m_hotKeys.find(reference);
-    if (hotKey == m_hotKeys.end())
-        return;
-    if (hotKey->second.grabbed)
-        ungrab(*hotKey->second.grabbed);
-    m_hotKeys.erase(hotKey);
-}
-
-X11KeyboardLayout X11HotKeys::readLayout() const
-{
-    if (!m_connection.isAlive())
-        return {};
-    xcb_connection_t* connection = m_connection.get();
-    const xcb_setup_t* setup = xcb_get_setup(connection);
-    const auto keyCount = static_cast<quint8>(setup->max_keycode - setup->min_keycode + 1);
-    const auto keyCookie = xcb_get_keyboard_mapping(connection, setup->min_keycode, keyCount);
-    const auto modifierCookie = xcb_get_modifier_mapping(connection);
-    const auto keys = m_connection.reply<xcb_get_keyboard_mapping_reply>(keyCookie);
-    const auto modifiers = m_connection.reply<xcb_get_modifier_mapping_reply>(modifierCookie);
-    if (!keys || !modifiers)
-        return {};
-    const xcb_keysym_t* keysyms = xcb_get_keyboard_mapping_keysyms(keys.get());
-    const xcb_keycode_t* keycodes = xcb_get_modifier_mapping_keycodes(modifiers.get());
-    return {setup->min_keycode,
-            keys->keysyms_per_keycode,
-            {keysyms, keysyms + xcb_get_keyboard_mapping_keysyms_length(keys.get())},
-            {keycodes, keycodes + xcb_get_modifier_mapping_keycodes_length(modifiers.get())}};
-}
-
-void X11HotKeys::followLayout()
-{
-    const X11KeyboardLayout layout = readLayout();
-    processEventsSoon();
-    // Using another keyboard counts as a change too. Where nothing moves, no press may be lost
-    // between two grabs.
-    if (layout == m_layout)
-        return;
-    for (auto& [reference, hotKey] : m_hotKeys) {
-        if (hotKey.grabbed)
-            ungrab(*hotKey.grabbed);
-        hotKey.grabbed.reset();
-    }
-    m_layout = layout;
-    for (auto& [reference, hotKey] : m_hotKeys) {
-        const auto combination = m_layout.combination(hotKey.keys);
-        if (combination && !isGrabbed(*combination) && grab(*combination))
-            hotKey.grabbed = combination;
-    }
-}
-
-bool X11HotKeys::isGrabbed(const X11KeyCombination& combination) const
-{
-    return std::ranges::any_of(
-        m_hotKeys, [&](const auto& entry) { return entry.second.grabbed == combination; });
-}
-
-bool X11HotKeys::grab(const X11KeyCombination& combination)
-{
-    QList<xcb_void_cookie_t> cookies;
-    for (const quint16 modifiers : grabbedModifiers(combination)) {
-        cookies.append(xcb_grab_key_checked(m_connection.get(), 1, m_connection.root(), modifiers,
-                                            combination.keycode, XCB_GRAB_MODE_ASYNC,
-                                            XCB_GRAB_MODE_ASYNC));
-    }
-    bool isGranted = true;
-    for (const xcb_void_cookie_t cookie : std::as_const(cookies)) {
-        const X11Reply<xcb_generic_error_t> error(xcb_request_check(m_connection.get(), cookie));
-        isGranted = isGranted && !error;
-    }
-    // A hot key that works only while Num Lock is off would be none.
-    if (!isGranted)
-        ungrab(combination);
-    processEventsSoon();
-    return isGranted && m_connection.isAlive();
-}
-
-void X11HotKeys::ungrab(const X11KeyCombination& combination)
-{
-    for (const quint16 modifiers : grabbedModifiers(combination))
-        xcb_ungrab_key(m_connection.get(), combination.keycode, m_connection.root(), modifiers);
-    xcb_flush(m_connection.get());
-    processEventsSoon();
-}
-
-QList<quint16> X11HotKeys::grabbedModifiers(const X11KeyCombination& combination) const
-{
-    QList<quint16> states = combinationsOfBits(m_layout.lockModifiers() & ~combination.modifiers);
-    for (quint16& state : states)
-        state |= combination.modifiers;
-    return states;
-}
-
-void X11HotKeys::processEvents()
-{
-    bool hasLayoutNews = false;
-    while (const auto event =
-               X11Reply<xcb_generic_event_t>(xcb_poll_for_event(m_connection.get()))) {
-        // Events that other clients made up carry one more bit and are none of these.
-        switch (event->response_type) {
-        case XCB_KEY_PRESS:
-            processKeyPress(*reinterpret_cast<const xcb_key_press_event_t*>(event.get()));
-            break;
-        case XCB_KEY_RELEASE: {
-            const auto& release = *reinterpret_cast<const xcb_key_release_event_t*>(event.get());
-            m_releasedKeycode = release.detail;
-            m_releaseTime = release.time;
-            break;
-        }
-        case XCB_MAPPING_NOTIFY:
-            hasLayoutNews = true;
-            break;
-        default:
-            break;
-        }
-    }
-    if (hasLayoutNews)
-        followLayout();
-    // The socket of a server that is gone stays readable for ever.
-    if (!m_connection.isAlive())
-        m_notifier->setEnabled(false);
-}
-
-void X11HotKeys::processEventsSoon()
-{
-    // Events that came in while a reply was awaited are in xcb's queue, where they no longer make
-    // the socket readable.
-    if (m_notifier)
-        QMetaObject::invokeMethod(
-            m_notifier.get(), [this] { processEvents(); }, Qt::QueuedConnection);
-}
-
-void X11HotKeys::processKeyPress(const xcb_key_press_event_t& press)
-{
-    // A held key repeats: the server sends a release and a press with the same time.
-    if (press.detail == m_releasedKeycode && press.time == m_releaseTime)
-        return;
-    const auto modifiers =
-        static_cast<quint16>(press.state & allModifiers & ~m_layout.lockModifiers());
-    const X11KeyCombination pressed{press.detail, modifiers};
-    for (const auto& [reference, hotKey] : m_hotKeys) {
-        if (hotKey.grabbed == pressed && m_handler) {
-            m_handler(hotKey.number);
-            return;
-        }
-    }
+    const auto deliver = [this, handler = std::move(handler)](quint32 number) {
+        QMetaObject::invokeMethod(&m_context, [handler, number] { handler(number); });
+    };
+    const auto promise = std::make_shared<QPromise<QList<quint32>>>();
+    promise->start();
+    QMetaObject::invokeMethod(m_worker.get(), [this, hotKeys, deliver, promise] {
+        promise->addResult(m_grabs->replace(hotKeys, deliver));
+        promise->finish();
+    });
+    return promise->future();
 }
 
 } // namespace trovell

@@ -331,7 +331,7 @@ private Q_SLOTS:
         QTRY_COMPARE(started(), work.id());
         play.setShortcut({});
         play.setUpdatedAt(QDateTime::currentDateTimeUtc().addSecs(1));
-        QTRY_VERIFY(m_desk->hotKeys->registered().empty());
+        QTRY_VERIFY(m_desk->hotKeys->registered.empty());
     }
 
     void opensOneSheetAtATime()
