@@ -37,7 +37,8 @@ int failToStart(const QString& reason)
 int main(int argc, char** argv)
 {
     const QString& identifier = appConfiguration().bundleIdentifier;
-    const BackEnd& backEnd = backEndFor(sessionFacts());
+    const SessionFacts session = sessionFacts();
+    const BackEnd& backEnd = backEndFor(session);
     const auto activation = backEnd.makeActivation(identifier);
     if (activation->forwardToRunningInstance())
         return EXIT_SUCCESS;
