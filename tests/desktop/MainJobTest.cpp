@@ -77,7 +77,7 @@ void MainJobTest::bringsRealApplicationsBack()
     START_DESKTOP(windowManager);
     const QString record = desktop.homePath() + u"/opened"_s;
     installRecorder(desktop.homePath(), record);
-    const QString notes = writeFile(desktop.homePath() + u"/notes.txt"_s, {});
+    const QString notes = writeFile(desktop.homePath() + u"/notes.txt"_s, "Notes");
 
     // A terminal, GTK 3, GTK 4 and Qt; five windows on two displays.
     desktop.start("xterm", {"-T", "Log", "-geometry", "90x24+40+40"});

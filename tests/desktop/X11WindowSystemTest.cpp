@@ -154,7 +154,7 @@ void X11WindowSystemTest::readsAndPlacesRealProgramsExactly()
         for (const DesktopWindow& window : windows) {
             const auto step = static_cast<double>(requests.size());
             requests.append({window.id, QRectF(90 + 31 * step + 7 * round, 80 + 23 * step,
-                                               700 + 3 * step, 590 + 13 * round)});
+                                               700 + 3 * step, 650 + 13 * round)});
         }
         QCOMPARE(system.setFrames(requests).result(), placed(6));
         for (const auto wait : {0ms, watch}) {

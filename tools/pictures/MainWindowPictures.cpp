@@ -4,8 +4,9 @@
 #include "model/StoreContext.h"
 #include "pictures/Picture.h"
 #include "pictures/Stage.h"
+#include "views/detail/WorkspaceItemsCard.h"
 #include "views/main/WorkspaceSidebarList.h"
-#include "views/style/SymbolView.h"
+#include "views/shared/RowList.h"
 
 namespace trovell::screenshots {
 
@@ -102,12 +103,14 @@ QImage atMinimum(Stage& stage)
 QImage withTooltip(Stage& stage)
 {
     open(stage, Workspace::writing);
-    for (auto* symbol : stage.window().findChildren<SymbolView*>()) {
-        if (symbol->toolTip().isEmpty() || !symbol->isVisible())
+    const auto* items = stage.window().findChild<WorkspaceItemsCard*>()->findChild<RowList*>();
+    for (int row = 0; row < items->model()->rowCount(); ++row) {
+        const QModelIndex index = items->model()->index(row, 0);
+        if (index.data(Qt::ToolTipRole).toString().isEmpty())
             continue;
-        const QPoint place = symbol->rect().center();
-        QHelpEvent event(QEvent::ToolTip, place, symbol->mapToGlobal(place));
-        QApplication::sendEvent(symbol, &event);
+        const QPoint place = items->visualRect(index).center();
+        QHelpEvent event(QEvent::ToolTip, place, items->viewport()->mapToGlobal(place));
+        QApplication::sendEvent(items->viewport(), &event);
     }
     return stage.picture();
 }

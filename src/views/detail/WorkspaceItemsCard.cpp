@@ -3,33 +3,44 @@
 #include "views/detail/WorkspaceItemsCard.h"
 
 #include "views/detail/NoItemsView.h"
-#include "views/detail/WorkspaceItemRow.h"
+#include "views/detail/WorkspaceItemsModel.h"
+#include "views/shared/RowList.h"
 #include "views/style/PushButton.h"
 #include "views/style/TextLabel.h"
 
-#include <QHBoxLayout>
-#include <QTimer>
+#include <QVBoxLayout>
 
 namespace trovell {
 
 namespace {
 
-/// More than the largest usual window shows at once.
-constexpr qsizetype rowsPerTurn = 24;
 constexpr int headerGap = 6;
+
+constexpr RowLook itemLook{
+    .padding = 0, .iconSize = 30, .symbolSize = 22, .verticalMargin = 7, .isDivided = true};
 
 } // namespace
 
 WorkspaceItemsCard::WorkspaceItemsCard(const ViewEnvironment& environment, QWidget* parent)
     : TrovellCardModifier(environment.visual, parent), m_environment(environment),
-      m_column(new QVBoxLayout(this)), m_noItems(new NoItemsView(environment))
+      m_noItems(new NoItemsView(environment)), m_model(new WorkspaceItemsModel(environment, this)),
+      m_list(new RowList(environment, itemLook))
 {
-    m_column->setContentsMargins(0, 0, 0, 0);
-    m_column->setSpacing(0);
-    m_column->addWidget(buildHeader());
-    m_column->addSpacing(headerGap);
-    m_column->addWidget(m_noItems);
-    environment.words.render(this, [this] { showTexts(); });
+    m_list->setModel(m_model);
+    m_list->setSelectionMode(QAbstractItemView::NoSelection);
+    m_list->setFocusPolicy(Qt::NoFocus);
+    m_list->setWholeHeight();
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(buildHeader());
+    column->addSpacing(headerGap);
+    column->addWidget(m_noItems);
+    column->addWidget(m_list);
+    environment.words.render(this, [this] {
+        setAccessibleName(m_environment.words.text(u"Items"_key));
+        m_list->setAccessibleName(accessibleName());
+    });
 }
 
 QWidget* WorkspaceItemsCard::buildHeader()
@@ -50,53 +61,16 @@ QWidget* WorkspaceItemsCard::buildHeader()
 
 void WorkspaceItemsCard::setItems(const QList<WorkspaceItem*>& items)
 {
-    m_items.clear();
-    for (const WorkspaceItem* const item : items)
-        m_items.append(item->values());
-    m_noItems->setVisible(m_items.isEmpty());
-    while (m_rows.size() > m_items.size())
-        delete m_rows.takeLast();
-    m_filledCount = 0;
-    if (!m_isFilling)
-        fillRows();
-}
-
-void WorkspaceItemsCard::fillRows()
-{
-    const qsizetype end = std::min(m_items.size(), m_filledCount + rowsPerTurn);
-    for (; m_filledCount < end; ++m_filledCount)
-        fillRow(m_filledCount);
-    m_isFilling = m_filledCount < m_items.size();
-    if (m_isFilling)
-        QTimer::singleShot(0, this, &WorkspaceItemsCard::fillRows);
-}
-
-void WorkspaceItemsCard::fillRow(qsizetype index)
-{
-    if (index == m_rows.size()) {
-        m_rows.append(new WorkspaceItemRow(m_environment));
-        m_column->addWidget(m_rows.last());
-    }
-    WorkspaceItemRow* const row = m_rows[index];
-    row->setItem(m_items[index]);
-    row->setDivided(index + 1 < m_items.size());
-    if (isVisible())
-        row->checkMissing();
+    m_model->setItems(items);
+    m_noItems->setVisible(items.isEmpty());
+    m_list->setVisible(!items.isEmpty());
+    checkMissing();
 }
 
 void WorkspaceItemsCard::checkMissing()
 {
-    if (!isVisible())
-        return;
-    for (WorkspaceItemRow* const row : std::as_const(m_rows))
-        row->checkMissing();
-}
-
-void WorkspaceItemsCard::showTexts()
-{
-    setAccessibleName(m_environment.words.text(u"Items"_key));
-    for (WorkspaceItemRow* const row : std::as_const(m_rows))
-        row->showTexts();
+    if (isVisible())
+        m_model->checkMissing();
 }
 
 } // namespace trovell

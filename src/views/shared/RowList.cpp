@@ -48,6 +48,29 @@ void RowList::setReorderable()
     setDragDropOverwriteMode(true);
 }
 
+void RowList::setWholeHeight()
+{
+    m_hasWholeHeight = true;
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    for (const auto change : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
+        connect(model(), change, this, &QWidget::updateGeometry);
+    connect(model(), &QAbstractItemModel::modelReset, this, &QWidget::updateGeometry);
+}
+
+QSize RowList::sizeHint() const
+{
+    if (!m_hasWholeHeight)
+        return QListView::sizeHint();
+    const int rowHeight = m_delegate->sizeHint({}, {}).height();
+    return {0, model()->rowCount() * rowHeight};
+}
+
+QSize RowList::minimumSizeHint() const
+{
+    return m_hasWholeHeight ? sizeHint() : QListView::minimumSizeHint();
+}
+
 QRect RowList::rowRect(const QModelIndex& index) const
 {
     return m_delegate->rowRect(visualRect(index));
@@ -123,6 +146,14 @@ void RowList::keyPressEvent(QKeyEvent* event)
         Q_EMIT moveRequested(event->key() == Qt::Key_Up ? -1 : 1);
 }
 
+void RowList::wheelEvent(QWheelEvent* event)
+{
+    if (m_hasWholeHeight)
+        event->ignore();
+    else
+        QListView::wheelEvent(event);
+}
+
 void RowList::mousePressEvent(QMouseEvent* event)
 {
     if (!m_isReorderable)
@@ -163,6 +194,8 @@ void RowList::changeEvent(QEvent* event)
     QListView::changeEvent(event);
     if (event->type() == QEvent::FontChange)
         scheduleDelayedItemsLayout();
+    if (event->type() == QEvent::FontChange)
+        updateGeometry();
     if (event->type() == QEvent::ActivationChange)
         viewport()->update();
 }

@@ -23,6 +23,9 @@ public:
     /// told when the button is released, so that dragging a row leaves the selection alone.
     void setReorderable();
 
+    /// As high as all its rows: something around it scrolls.
+    void setWholeHeight();
+
     /// The visible row in the viewport's coordinates, without the gaps around it.
     [[nodiscard]] QRect rowRect(const QModelIndex& index) const;
     /// Whether the row is being dragged.
@@ -34,6 +37,9 @@ public:
     /// The row looks hovered, wherever the mouse is. Invalid for none.
     void setMarkedRow(const QModelIndex& index);
 
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
 Q_SIGNALS:
     /// By key, `step` places down.
     void moveRequested(int step);
@@ -41,6 +47,7 @@ Q_SIGNALS:
 protected:
     void startDrag(Qt::DropActions actions) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -53,6 +60,7 @@ private:
     const VisualStyle& m_visual;
     RowDelegate* m_delegate;
     bool m_isReorderable = false;
+    bool m_hasWholeHeight = false;
     QPersistentModelIndex m_pressedRow;
     QPoint m_pressedPlace;
     QPersistentModelIndex m_liftedRow;

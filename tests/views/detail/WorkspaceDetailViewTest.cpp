@@ -9,10 +9,10 @@
 #include "views/detail/LaunchReportBanner.h"
 #include "views/detail/LayoutPreview.h"
 #include "views/detail/WindowMiniature.h"
-#include "views/detail/WorkspaceItemRow.h"
+#include "views/shared/RowList.h"
+#include "views/shared/RowModel.h"
 #include "views/style/PushButton.h"
 #include "views/style/ScrollArea.h"
-#include "views/style/SymbolView.h"
 #include "views/style/TextLabel.h"
 #include "views/support/Controls.h"
 #include "views/support/ViewFixture.h"
@@ -163,20 +163,6 @@ private Q_SLOTS:
         QVERIFY(!isMarked(1));
     }
 
-    void aLongListIsFilledAndKept()
-    {
-        for (int i = 0; i < 300; ++i)
-            m_work->appendItem(std::make_unique<WorkspaceItem>(WorkspaceItemValues{
-                .typeRawValue = u"webLink"_s, .displayName = QString::number(i), .sortOrder = i}));
-        QTRY_COMPARE(rows().size(), 300);
-        const QList<WorkspaceItemRow*> before = rows();
-        m_work->sortedItems().first()->setSortOrder(1000);
-        QTRY_COMPARE(rows().last()->accessibleName(), u"0"_s);
-        QCOMPARE(rows(), before);
-        m_fixture->context().remove(*m_work->sortedItems().first());
-        QTRY_COMPARE(rows().first()->accessibleName(), u"2"_s);
-    }
-
     void miniaturesStandWhereTheWindowsStood()
     {
         const DisplayFingerprint wide{
@@ -238,12 +224,12 @@ private Q_SLOTS:
 private:
     template <class Widget> Widget* child() { return m_view->findChild<Widget*>(); }
     ActionButton* start() { return m_view->findChildren<ActionButton*>().last(); }
-    QList<WorkspaceItemRow*> rows() { return m_view->findChildren<WorkspaceItemRow*>(); }
-
     bool isMarked(int row)
     {
-        const QString mark = u"Resource is missing. Edit the workspace to locate it again."_s;
-        return row < rows().size() && find<SymbolView>(*rows()[row], mark);
+        const QAbstractItemModel* model = child<RowList>()->model();
+        const QModelIndex index = model->index(row, 0);
+        const QString face = index.data(Qt::AccessibleTextRole).toString();
+        return index.data(isWarningRole).toBool() && face.contains(u"Resource is missing."_s);
     }
 
     QAction* menuAction(const QString& text)
