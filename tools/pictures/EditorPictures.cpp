@@ -102,16 +102,7 @@ QImage reordering(Stage& stage)
 {
     openEditor(stage);
     auto& list = *stage.front().findChild<EditorItemList*>();
-    const int rowHeight = list.height() / int(list.items().size());
-    const auto send = [&list](QEvent::Type type, const QPoint& place) {
-        QMouseEvent event(type, place, list.mapToGlobal(place), Qt::LeftButton, Qt::LeftButton,
-                          Qt::NoModifier);
-        QApplication::sendEvent(&list, &event);
-    };
-    send(QEvent::MouseButtonPress, {20, rowHeight * 3 + rowHeight / 2});
-    send(QEvent::MouseMove, {40, rowHeight * 2});
-    send(QEvent::MouseMove, {60, rowHeight + rowHeight / 2});
-    return stage.picture();
+    return stage.pictureOfDrag(list, 3, 1, QPoint(40, 0));
 }
 
 } // namespace

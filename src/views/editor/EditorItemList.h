@@ -4,10 +4,9 @@
 // or by dropping an item's identifier on a row. Main thread.
 #pragma once
 
-#include "editing/EditableWorkspaceItem.h"
-#include "views/shared/RowDragging.h"
+#include "views/editor/EditorItemModel.h"
+#include "views/shared/RowList.h"
 #include "views/shared/ViewEnvironment.h"
-#include "views/style/Group.h"
 
 #include <QBasicTimer>
 #include <QPointer>
@@ -16,8 +15,9 @@ namespace trovell {
 
 class EditorItemRow;
 
-/// Rows for many items are made a few at a time between other events; `items` is complete at once.
-class EditorItemList : public ListGroup, private ReorderableRows {
+/// The controls of many items are made a few at a time between other events; `items` is complete
+/// at once.
+class EditorItemList : public RowList {
     Q_OBJECT
 
 public:
@@ -25,9 +25,8 @@ public:
     /// row is left.
     EditorItemList(const ViewEnvironment& environment, const QList<EditableWorkspaceItem>& items,
                    QWidget* tabAnchor, QWidget* parent = nullptr);
-    ~EditorItemList() override;
 
-    [[nodiscard]] const QList<EditableWorkspaceItem>& items() const { return m_items; }
+    [[nodiscard]] const QList<EditableWorkspaceItem>& items() const { return m_model->items(); }
     /// Null when there is none.
     [[nodiscard]] const EditableWorkspaceItem* item(const QUuid& id) const;
 
@@ -37,46 +36,30 @@ public:
     void replace(const EditableWorkspaceItem& item);
     void remove(const QUuid& id);
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override { return sizeHint(); }
-
 Q_SIGNALS:
     void countChanged();
     void locateAgainRequested(const QUuid& id);
 
 protected:
     void timerEvent(QTimerEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
 private:
-    [[nodiscard]] QUuid rowAt(const QPoint& position) const override;
-    [[nodiscard]] QRect rectOf(const QUuid& id) const override;
-    [[nodiscard]] QPixmap pictureOf(const QUuid& id) const override;
-    void setLifted(const QUuid& id, bool isLifted) override;
-    /// The item dragged moves immediately before the target; nothing moves when it is none of
-    /// these.
-    void dropOn(const QUuid& target, const QUuid& dragged) override;
-
     void buildSomeRows();
     EditorItemRow* makeRow(const EditableWorkspaceItem& item);
-    [[nodiscard]] int rowHeight() const;
-    [[nodiscard]] QRect rowRect(qsizetype index) const;
-    void placeRows();
     void revealEnd();
-    [[nodiscard]] qsizetype indexOf(const QUuid& id) const;
     /// Null when there is none, or not yet.
-    [[nodiscard]] EditorItemRow* rowOf(const QUuid& id) const;
-    void move(qsizetype source, qsizetype target);
+    [[nodiscard]] EditorItemRow* controlsOf(int row) const;
+    /// Of a row or something in it.
+    [[nodiscard]] int focusedRow() const;
+    void move(int source, int target);
     void moveFocusedRow(int step);
 
     const ViewEnvironment m_environment;
-    QList<EditableWorkspaceItem> m_items;
-    /// Of the first items, in their order.
-    QList<EditorItemRow*> m_rows;
+    EditorItemModel* m_model;
+    /// How many of the first rows have their controls.
+    int m_builtCount = 0;
     QPointer<QWidget> m_tabAnchor;
     QBasicTimer m_building;
-    RowDragging m_dragging;
 };
 
 } // namespace trovell

@@ -89,6 +89,8 @@ QSize RowDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex&) con
 void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                         const QModelIndex& index) const
 {
+    if (m_list.indexWidget(index))
+        return;
     const auto paint = [&](QPainter& target) {
         target.setLayoutDirection(option.direction);
         paintRow(target, option, index);

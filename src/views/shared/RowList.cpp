@@ -7,10 +7,13 @@
 
 #include <QApplication>
 #include <QDrag>
+#include <QGraphicsOpacityEffect>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPointer>
+#include <QScrollArea>
+#include <QScrollBar>
 
 #include <utility>
 
@@ -19,6 +22,8 @@ namespace trovell {
 namespace {
 
 constexpr int autoScrollEdge = 32;
+constexpr int pageScrollStep = 10;
+constexpr int pageScrollMilliseconds = 16;
 
 } // namespace
 
@@ -58,6 +63,14 @@ void RowList::setWholeHeight()
     connect(model(), &QAbstractItemModel::modelReset, this, &QWidget::updateGeometry);
 }
 
+QScrollArea* RowList::pageAround() const
+{
+    QWidget* around = parentWidget();
+    while (around && !qobject_cast<QScrollArea*>(around))
+        around = around->parentWidget();
+    return qobject_cast<QScrollArea*>(around);
+}
+
 QSize RowList::sizeHint() const
 {
     if (!m_hasWholeHeight)
@@ -88,7 +101,16 @@ RowState RowList::stateOf(const QStyleOptionViewItem& option, const QModelIndex&
 
 void RowList::setLiftedRow(const QModelIndex& index)
 {
+    QWidget* const before = indexWidget(m_liftedRow);
+    QWidget* const now = indexWidget(index);
     m_liftedRow = index;
+    if (before)
+        before->setGraphicsEffect(nullptr);
+    if (now) {
+        auto* const faint = new QGraphicsOpacityEffect(now);
+        faint->setOpacity(draggedRowOpacity);
+        now->setGraphicsEffect(faint);
+    }
     viewport()->update();
 }
 
@@ -128,7 +150,10 @@ QPixmap RowList::pictureOf(const QModelIndex& index, int margin)
     initViewItemOption(&option);
     option.rect = visualRect(index);
     option.state = QStyle::State_Enabled;
-    m_delegate->paint(&painter, option, index);
+    if (QWidget* const controls = indexWidget(index))
+        controls->render(&painter, row.topLeft(), {}, QWidget::DrawChildren);
+    else
+        m_delegate->paint(&painter, option, index);
     return picture;
 }
 
@@ -152,6 +177,46 @@ void RowList::wheelEvent(QWheelEvent* event)
         event->ignore();
     else
         QListView::wheelEvent(event);
+}
+
+void RowList::dragMoveEvent(QDragMoveEvent* event)
+{
+    QListView::dragMoveEvent(event);
+    if (m_hasWholeHeight && !m_pageScrolling.isActive())
+        m_pageScrolling.start(pageScrollMilliseconds, this);
+}
+
+void RowList::dragLeaveEvent(QDragLeaveEvent* event)
+{
+    m_pageScrolling.stop();
+    QListView::dragLeaveEvent(event);
+}
+
+void RowList::dropEvent(QDropEvent* event)
+{
+    m_pageScrolling.stop();
+    QListView::dropEvent(event);
+}
+
+void RowList::timerEvent(QTimerEvent* event)
+{
+    if (event->timerId() == m_pageScrolling.timerId())
+        scrollPage();
+    else
+        QListView::timerEvent(event);
+}
+
+/// While a row is held at the upper or lower edge of the page.
+void RowList::scrollPage()
+{
+    const QScrollArea* page = pageAround();
+    if (!page)
+        return;
+    const int place = page->viewport()->mapFromGlobal(QCursor::pos()).y();
+    const bool isAbove = place < autoScrollEdge;
+    if (isAbove || place >= page->viewport()->height() - autoScrollEdge)
+        page->verticalScrollBar()->setValue(page->verticalScrollBar()->value() +
+                                            (isAbove ? -pageScrollStep : pageScrollStep));
 }
 
 void RowList::mousePressEvent(QMouseEvent* event)

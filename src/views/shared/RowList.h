@@ -7,7 +7,10 @@
 #include "views/shared/RowDelegate.h"
 #include "views/style/RowPainting.h"
 
+#include <QBasicTimer>
 #include <QListView>
+
+class QScrollArea;
 
 namespace trovell {
 
@@ -23,8 +26,10 @@ public:
     /// told when the button is released, so that dragging a row leaves the selection alone.
     void setReorderable();
 
-    /// As high as all its rows: something around it scrolls.
+    /// As high as all its rows: the page around it scrolls. With the model set already.
     void setWholeHeight();
+    /// The page that scrolls the list; null when none does.
+    [[nodiscard]] QScrollArea* pageAround() const;
 
     /// The visible row in the viewport's coordinates, without the gaps around it.
     [[nodiscard]] QRect rowRect(const QModelIndex& index) const;
@@ -48,6 +53,10 @@ protected:
     void startDrag(Qt::DropActions actions) override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -55,6 +64,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    void scrollPage();
     [[nodiscard]] QPixmap pictureOf(const QModelIndex& index, int margin);
 
     const VisualStyle& m_visual;
@@ -65,6 +75,7 @@ private:
     QPoint m_pressedPlace;
     QPersistentModelIndex m_liftedRow;
     QPersistentModelIndex m_markedRow;
+    QBasicTimer m_pageScrolling;
 };
 
 } // namespace trovell

@@ -5,6 +5,7 @@
 #include "views/style/Picker.h"
 #include "views/style/PushButton.h"
 
+#include <QAbstractItemView>
 #include <QAccessibleObject>
 #include <QAccessibleWidget>
 #include <QApplication>
@@ -32,6 +33,43 @@ public:
         state.busy = role() == QAccessible::ProgressBar;
         state.modal = role() == QAccessible::Dialog;
         return state;
+    }
+
+    QAccessibleInterface* parent() const override
+    {
+        // A row lies in the viewport of its list.
+        const QWidget* around = widget()->parentWidget();
+        auto* list = around ? qobject_cast<QAbstractItemView*>(around->parentWidget()) : nullptr;
+        return list ? QAccessible::queryAccessibleInterface(list) : QAccessibleWidget::parent();
+    }
+};
+
+/// A list whose rows are widgets: those are its children, in the order of the rows.
+class AccessibleRows : public AccessiblePart {
+public:
+    AccessibleRows(QAbstractItemView* list, QAccessible::Role role) : AccessiblePart(list, role) {}
+
+    int childCount() const override { return static_cast<int>(rows().size()); }
+
+    QAccessibleInterface* child(int index) const override
+    {
+        return QAccessible::queryAccessibleInterface(rows().value(index));
+    }
+
+    int indexOfChild(const QAccessibleInterface* child) const override
+    {
+        return static_cast<int>(rows().indexOf(child->object()));
+    }
+
+private:
+    QObjectList rows() const
+    {
+        const auto* list = static_cast<QAbstractItemView*>(widget());
+        QObjectList rows;
+        for (int row = 0; row < list->model()->rowCount(); ++row)
+            rows.append(list->indexWidget(list->model()->index(row, 0)));
+        rows.removeAll(nullptr);
+        return rows;
     }
 };
 
@@ -168,10 +206,13 @@ QAccessibleInterface* makePart(const QString&, QObject* object)
         return new AccessibleButton(button);
     if (auto* picker = qobject_cast<Picker*>(object))
         return new AccessiblePicker(picker);
-    const QVariant role = object->property(roleProperty);
-    return role.isValid() ? new AccessiblePart(static_cast<QWidget*>(object),
-                                               static_cast<QAccessible::Role>(role.toInt()))
-                          : nullptr;
+    const QVariant property = object->property(roleProperty);
+    if (!property.isValid())
+        return nullptr;
+    const auto role = static_cast<QAccessible::Role>(property.toInt());
+    if (auto* list = qobject_cast<QAbstractItemView*>(object))
+        return new AccessibleRows(list, role);
+    return new AccessiblePart(static_cast<QWidget*>(object), role);
 }
 
 } // namespace

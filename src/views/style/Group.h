@@ -20,14 +20,6 @@ public:
     }
 };
 
-/// Rows one below the other, each a ListRow.
-class ListGroup : public Group {
-    Q_OBJECT
-
-public:
-    explicit ListGroup(QWidget* parent = nullptr) : Group(parent, QAccessible::List) {}
-};
-
 /// A row of several parts under the name of what it stands for.
 class ListRow : public Group {
     Q_OBJECT

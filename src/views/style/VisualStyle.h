@@ -42,7 +42,7 @@ class QPainter;
 ///   texts      TextLabel, SelectableLabel; in own painting paintLine and Paragraph (TextStyle.h)
 ///   boxes      TrovellCardModifier, BannerFrame, ScrollArea; several parts under one accessible
 ///              name: Group.h
-///   lists      ListGroup and ListRow (Group.h); painted rows: RowPainting.h
+///   lists      ListRow (Group.h); painted rows: RowPainting.h
 ///   windows    Sheet, Alert
 ///   painting   Painting.h: boxes, rings, hairlines, shadows on whole device pixels
 ///

@@ -75,10 +75,7 @@ struct OpenEditor {
 
     void drag(int row, int target) const
     {
-        sendMouse(list(), QEvent::MouseButtonPress, middleOf(row));
-        sendMouse(list(), QEvent::MouseMove, middleOf(row) + QPoint(0, 30));
-        sendMouse(list(), QEvent::MouseMove, middleOf(target));
-        sendMouse(list(), QEvent::MouseButtonRelease, middleOf(target));
+        trovell::test::drag(*list().viewport(), middleOf(row), middleOf(target));
     }
 
     QPointer<WorkspaceEditorView> view;
