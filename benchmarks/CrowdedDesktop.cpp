@@ -12,7 +12,7 @@ namespace trovell::bench {
 
 using namespace Qt::StringLiterals;
 
-CrowdedDesktop::CrowdedDesktop(test::WindowManager windowManager) : m_desktop(windowManager) {}
+CrowdedDesktop::CrowdedDesktop(lab::WindowManager windowManager) : m_desktop(windowManager) {}
 
 QString CrowdedDesktop::bundleIdentifier(int application)
 {

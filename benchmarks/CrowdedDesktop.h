@@ -3,8 +3,8 @@
 // A virtual desktop with many windows of many applications, and the product at work on it.
 #pragma once
 
+#include "lab/VirtualDesktop.h"
 #include "support/LayoutSession.h"
-#include "support/VirtualDesktop.h"
 
 #include <memory>
 
@@ -12,7 +12,7 @@ namespace trovell::bench {
 
 class CrowdedDesktop {
 public:
-    explicit CrowdedDesktop(test::WindowManager windowManager = test::WindowManager::openbox);
+    explicit CrowdedDesktop(lab::WindowManager windowManager = lab::WindowManager::openbox);
 
     /// Empty when the desktop runs.
     [[nodiscard]] QString error() const { return m_desktop.error(); }
@@ -22,7 +22,7 @@ public:
     /// everyone; false when they do not come.
     [[nodiscard]] bool openApplications(int first, int count, int windowsEach);
 
-    [[nodiscard]] test::VirtualDesktop& desktop() { return m_desktop; }
+    [[nodiscard]] lab::VirtualDesktop& desktop() { return m_desktop; }
     /// From the first call on, the product runs on the desktop as it is then.
     [[nodiscard]] test::LayoutSession& session();
 
@@ -32,7 +32,7 @@ public:
 private:
     void installDesktopFile(int application) const;
 
-    test::VirtualDesktop m_desktop;
+    lab::VirtualDesktop m_desktop;
     std::unique_ptr<test::LayoutSession> m_session;
     int m_windowCount = 0;
 };

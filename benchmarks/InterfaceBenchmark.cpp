@@ -27,8 +27,8 @@ struct Starts {
     Samples empty;
 };
 
-double startOnce(test::VirtualDesktop& desktop, bool isCold, Report& report,
-                 const char* path = test::productPath())
+double startOnce(lab::VirtualDesktop& desktop, bool isCold, Report& report,
+                 const char* path = lab::productPath())
 {
     if (isCold && !dropCaches())
         report.fail(u"Dropping the caches, which needs root"_s);
@@ -38,7 +38,7 @@ double startOnce(test::VirtualDesktop& desktop, bool isCold, Report& report,
     return program.secondsToPaint().value_or(0);
 }
 
-Starts start(test::VirtualDesktop& few, test::VirtualDesktop& many, bool isCold, Report& report)
+Starts start(lab::VirtualDesktop& few, lab::VirtualDesktop& many, bool isCold, Report& report)
 {
     const auto samples =
         interleave(rounds, {[&] { return startOnce(few, isCold, report); },
@@ -97,8 +97,8 @@ void measureInterface(Report& report)
         "dropped before. Medians of up to %1 starts, quartiles in brackets. Idle: %2 "
         "seconds in which nobody touches it. Memory: proportional set size."_s.arg(rounds)
             .arg(idleSeconds));
-    test::VirtualDesktop few(test::WindowManager::openbox);
-    test::VirtualDesktop many(test::WindowManager::openbox);
+    lab::VirtualDesktop few(lab::WindowManager::openbox);
+    lab::VirtualDesktop many(lab::WindowManager::openbox);
     if (!few.isReady() || !many.isReady())
         return report.fail(few.error() + many.error());
     if (!prepareHome(few, 3) || !prepareHome(many, manyWorkspaces))

@@ -25,7 +25,7 @@ constexpr int patienceMilliseconds = 20'000;
 constexpr quint32 sidebarColor = 0xEEEEEB;
 constexpr QPoint pointInSidebar(120, 500);
 
-bool waitForPaint(test::VirtualDesktop& desktop)
+bool waitForPaint(lab::VirtualDesktop& desktop)
 {
     QElapsedTimer clock;
     clock.start();
@@ -73,7 +73,7 @@ QHash<QString, Activity> activities(qint64 process)
 
 } // namespace
 
-bool prepareHome(const test::VirtualDesktop& desktop, int workspaceCount)
+bool prepareHome(const lab::VirtualDesktop& desktop, int workspaceCount)
 {
     const QString data = desktop.homePath() + u"/.local/share/trovell"_s;
     QDir(data).removeRecursively();
@@ -92,7 +92,7 @@ bool dropCaches()
     return switches.open(QIODevice::WriteOnly) && switches.write("3") == 1 && switches.flush();
 }
 
-ProgramRun::ProgramRun(test::VirtualDesktop& desktop, const char* program) : m_desktop(desktop)
+ProgramRun::ProgramRun(lab::VirtualDesktop& desktop, const char* program) : m_desktop(desktop)
 {
     QElapsedTimer clock;
     clock.start();
@@ -128,10 +128,10 @@ double ProgramRun::megabytes() const
 
 void ProgramRun::closeMainWindow()
 {
-    test::DesktopInspector& inspector = m_desktop.inspector();
+    lab::DesktopInspector& inspector = m_desktop.inspector();
     if (const auto window = inspector.windowTitled(u"Trovell"))
         inspector.close(window->id);
-    test::waitUntil([&] { return !inspector.windowTitled(u"Trovell"); });
+    lab::waitUntil([&] { return !inspector.windowTitled(u"Trovell"); });
 }
 
 } // namespace trovell::bench

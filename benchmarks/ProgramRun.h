@@ -3,14 +3,14 @@
 // The program in a process of its own, timed and weighed from outside.
 #pragma once
 
-#include "support/VirtualDesktop.h"
+#include "lab/VirtualDesktop.h"
 
 #include <optional>
 
 namespace trovell::bench {
 
 /// Prepares the desktop's HOME: onboarding done, and a store with that many workspaces.
-[[nodiscard]] bool prepareHome(const test::VirtualDesktop& desktop, int workspaceCount);
+[[nodiscard]] bool prepareHome(const lab::VirtualDesktop& desktop, int workspaceCount);
 
 /// Drops files from the system's cache, so that the next start reads them from the disk. False
 /// when this user may not.
@@ -26,7 +26,7 @@ class ProgramRun {
 public:
     /// Starts the program, the product or one that looks like it, and waits until its main window
     /// is painted.
-    explicit ProgramRun(test::VirtualDesktop& desktop, const char* program = test::productPath());
+    explicit ProgramRun(lab::VirtualDesktop& desktop, const char* program = lab::productPath());
     ~ProgramRun();
     Q_DISABLE_COPY_MOVE(ProgramRun)
 
@@ -41,7 +41,7 @@ public:
     void closeMainWindow();
 
 private:
-    test::VirtualDesktop& m_desktop;
+    lab::VirtualDesktop& m_desktop;
     QProcess* m_process = nullptr;
     std::optional<double> m_secondsToPaint;
 };

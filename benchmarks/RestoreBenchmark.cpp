@@ -183,10 +183,10 @@ void reportFrames(Report& report, const Race& race)
                 .isMet = race.trovell.refusals == 0});
 }
 
-void measureApplications(Report& report, int applications, test::WindowManager windowManager)
+void measureApplications(Report& report, int applications, lab::WindowManager windowManager)
 {
     const QString what = u"%1: 200 windows of %2"_s.arg(
-        QLatin1String(test::windowManagerName(windowManager)),
+        QLatin1String(lab::windowManagerName(windowManager)),
         applications == 1 ? u"one application"_s : u"%1 applications"_s.arg(applications));
     CrowdedDesktop crowd(windowManager);
     if (!crowd.error().isEmpty())
@@ -218,7 +218,7 @@ void measureRestore(Report& report)
         "and resizes every window. The peers get the same frames and do not verify; they are "
         "timed to their exit and until no window moves any more. Afterwards the frames are "
         "read by independent code. Medians of %1 rounds, quartiles in brackets."_s.arg(rounds));
-    for (const auto windowManager : {test::WindowManager::openbox, test::WindowManager::xfwm4}) {
+    for (const auto windowManager : {lab::WindowManager::openbox, lab::WindowManager::xfwm4}) {
         for (const int applications : {1, 20})
             measureApplications(report, applications, windowManager);
     }

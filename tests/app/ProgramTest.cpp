@@ -3,10 +3,10 @@
 // The program as a process: what it says when it cannot start, and what it saves when it ends.
 
 #include "app/TerminationSignals.h"
+#include "lab/Files.h"
+#include "lab/VirtualDesktop.h"
 #include "model/WorkspaceStore.h"
 #include "support/Patience.h"
-#include "support/TestFiles.h"
-#include "support/VirtualDesktop.h"
 
 #include <QtTest>
 
@@ -83,7 +83,7 @@ private Q_SLOTS:
         // Whatever the store's file is named.
         const QStringList files = folder.entryList(QDir::Files);
         for (const QString& name : files)
-            test::writeFile(folder.filePath(name), "This is no store.");
+            lab::writeFile(folder.filePath(name), "This is no store.");
         QProcess program;
         program.setReadChannel(QProcess::StandardError);
         startProgram(program, home);
@@ -131,7 +131,7 @@ private:
         environment.insert(u"XDG_DATA_HOME"_s, home.filePath(u"data"_s));
         environment.insert(u"XDG_CONFIG_HOME"_s, home.filePath(u"config"_s));
         program.setProcessEnvironment(environment);
-        program.start(QString::fromLocal8Bit(test::productPath()), QStringList());
+        program.start(QString::fromLocal8Bit(lab::productPath()), QStringList());
         QVERIFY(program.waitForStarted());
     }
 };

@@ -5,9 +5,9 @@
 
 #include "platform/freedesktop/DesktopActivation.h"
 
+#include "lab/Files.h"
+#include "lab/VirtualDesktop.h"
 #include "support/Patience.h"
-#include "support/TestFiles.h"
-#include "support/VirtualDesktop.h"
 
 #include <QCoreApplication>
 #include <QTest>
@@ -15,6 +15,7 @@
 using namespace Qt::StringLiterals;
 
 using namespace trovell;
+using namespace trovell::lab;
 using namespace trovell::test;
 
 namespace {

@@ -3,15 +3,16 @@
 // The program as people use it, on a real desktop with real applications: from the first start to a
 // desktop brought back, and what they do after that.
 
+#include "lab/Files.h"
 #include "support/Patience.h"
 #include "support/RunningTrovell.h"
-#include "support/TestFiles.h"
 
 #include <QTest>
 
 using namespace Qt::StringLiterals;
 
 using namespace trovell;
+using namespace trovell::lab;
 using namespace trovell::test;
 
 namespace {

@@ -3,13 +3,14 @@
 // The main job with real applications, one process per step: captured and saved by one process,
 // brought back by another.
 
-#include "support/TestFiles.h"
-#include "support/VirtualDesktop.h"
+#include "lab/Files.h"
+#include "lab/VirtualDesktop.h"
 
 #include <QTest>
 
 using namespace Qt::StringLiterals;
 
+using namespace trovell::lab;
 using namespace trovell::test;
 
 class MainJobTest : public QObject {

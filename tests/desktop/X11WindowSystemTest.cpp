@@ -4,8 +4,8 @@
 // applications it sees, and where it puts windows.
 
 #include "platform/x11/X11WindowSystem.h"
+#include "lab/VirtualDesktop.h"
 #include "platform/x11/X11WindowId.h"
-#include "support/VirtualDesktop.h"
 #include "windows/StoredForms.h"
 
 #include <QTest>
@@ -13,6 +13,7 @@
 using namespace Qt::StringLiterals;
 
 using namespace trovell;
+using namespace trovell::lab;
 using namespace trovell::test;
 using namespace std::chrono_literals;
 

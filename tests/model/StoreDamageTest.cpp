@@ -4,8 +4,8 @@
 #include "model/StoreFiles.h"
 #include "model/WorkspaceStore.h"
 
+#include "lab/Files.h"
 #include "support/StoreContents.h"
-#include "support/TestFiles.h"
 
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -14,6 +14,7 @@
 using namespace Qt::StringLiterals;
 
 using namespace trovell;
+using namespace trovell::lab;
 using namespace trovell::test;
 
 class StoreDamageTest : public QObject {

@@ -4,9 +4,9 @@
 #include "model/StoreFiles.h"
 #include "model/TrovellSchemaV1.h"
 
+#include "lab/Files.h"
 #include "support/StoreContents.h"
 #include "support/StoreFaultVfs.h"
-#include "support/TestFiles.h"
 
 #include <QFileInfo>
 #include <QTemporaryDir>
@@ -17,6 +17,7 @@
 using namespace Qt::StringLiterals;
 
 using namespace trovell;
+using namespace trovell::lab;
 using namespace trovell::test;
 
 namespace {

@@ -2,8 +2,8 @@
 
 #include "platform/freedesktop/AutostartLoginItem.h"
 
-#include "support/PrivateSession.h"
-#include "support/TestFiles.h"
+#include "lab/Files.h"
+#include "lab/PrivateSession.h"
 
 #include <QtTest>
 
@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 using namespace trovell;
 using enum LoginItemStatus;
-using trovell::test::PrivateSession;
+using trovell::lab::PrivateSession;
 
 namespace {
 
@@ -197,7 +197,7 @@ private:
     {
         return m_item.unregisterLoginItem() ? m_item.status() : notFound;
     }
-    QByteArray content(const QString& name) const { return test::readFile(path(name)); }
+    QByteArray content(const QString& name) const { return lab::readFile(path(name)); }
 
     std::unique_ptr<PrivateSession> m_session;
     AutostartLoginItem m_item{id};

@@ -2,7 +2,7 @@
 //
 // Which back end a session gets, and that the last one asks for no desktop at all.
 #include "platform/BackEnds.h"
-#include "support/PrivateSession.h"
+#include "lab/PrivateSession.h"
 
 #include <QtTest>
 
@@ -30,7 +30,7 @@ private Q_SLOTS:
 
     void launchItemsOpenWithoutAnyDesktop()
     {
-        const test::PrivateSession session;
+        const lab::PrivateSession session;
         const PlatformAdapters adapters = backEndFor({}).create(u"app.trovell.Trovell"_s);
         QVERIFY(adapters.resourceSystem && adapters.loginItemSystem && adapters.settings);
         const DesktopSnapshot desktop = adapters.windowSystem->ask({}).result();

@@ -2,8 +2,8 @@
 
 #include "platform/freedesktop/GioResourceSystem.h"
 
+#include "lab/PrivateSession.h"
 #include "support/Patience.h"
-#include "support/PrivateSession.h"
 
 #include <QtTest>
 
@@ -12,7 +12,7 @@
 using namespace Qt::StringLiterals;
 
 using namespace trovell;
-using trovell::test::PrivateSession;
+using trovell::lab::PrivateSession;
 
 class GioResourceSystemTest : public QObject {
     Q_OBJECT

@@ -2,10 +2,10 @@
 
 #include "platform/freedesktop/OwnedBusNames.h"
 
+#include "lab/PrivateSession.h"
 #include "platform/freedesktop/DesktopFileIndex.h"
 #include "support/BusClient.h"
 #include "support/Patience.h"
-#include "support/PrivateSession.h"
 
 #include <QtTest>
 
@@ -16,6 +16,7 @@
 using namespace Qt::StringLiterals;
 
 using namespace trovell;
+using namespace trovell::lab;
 using namespace trovell::test;
 
 class OwnedBusNamesTest : public QObject {

@@ -3,13 +3,14 @@
 // What the desktop's portal says about looks, from a portal on a bus of its own.
 
 #include "platform/freedesktop/PortalSettings.h"
+#include "lab/PrivateSession.h"
 #include "support/BusClient.h"
 #include "support/Patience.h"
-#include "support/PrivateSession.h"
 
 #include <QtTest>
 
 using namespace trovell;
+using namespace trovell::lab;
 using namespace trovell::test;
 
 namespace {

@@ -1,19 +1,19 @@
 // SPDX-License-Identifier: MIT
 //
 // What is known of windows, panels, monitors and keyboards without asking a server.
+#include "lab/MakeEdid.h"
 #include "platform/desktop/ApplicationGrouping.h"
 #include "platform/x11/MonitorName.h"
 #include "platform/x11/X11KeyboardLayout.h"
 #include "platform/x11/X11WindowKind.h"
 #include "platform/x11/X11WorkArea.h"
-#include "support/MakeEdid.h"
 
 #include <QtTest>
 
 using namespace Qt::StringLiterals;
 
 using namespace trovell;
-using trovell::test::makeEdid;
+using trovell::lab::makeEdid;
 
 namespace {
 

@@ -2,14 +2,15 @@
 
 #include "preferences/AppPreferences.h"
 
+#include "lab/Files.h"
 #include "preferences/PreferenceStore.h"
-#include "support/TestFiles.h"
 
 #include <QtTest>
 
 using namespace Qt::StringLiterals;
 
 using namespace trovell;
+using namespace trovell::lab;
 using namespace trovell::test;
 
 class AppPreferencesTest : public QObject {

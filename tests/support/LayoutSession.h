@@ -5,16 +5,18 @@
 #pragma once
 
 #include "app/AppDependencies.h"
+#include "lab/VirtualDesktop.h"
 #include "model/WorkspaceStore.h"
 #include "platform/BackEnds.h"
 #include "preferences/PreferenceStore.h"
 #include "support/SystemClock.h"
-#include "support/VirtualDesktop.h"
 
 #include <QStringList>
 #include <QTemporaryDir>
 
 namespace trovell::test {
+
+using namespace lab;
 
 class LayoutSession {
 public:

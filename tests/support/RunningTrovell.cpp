@@ -2,13 +2,15 @@
 
 #include "support/RunningTrovell.h"
 
-#include "support/TestFiles.h"
+#include "lab/Files.h"
 
 #include <QJsonDocument>
 
 #include <csignal>
 
 namespace trovell::test {
+
+using namespace lab;
 
 using namespace Qt::StringLiterals;
 

@@ -5,11 +5,13 @@
 #pragma once
 
 #include "drive/AccessibleTree.h"
-#include "support/VirtualDesktop.h"
+#include "lab/VirtualDesktop.h"
 
 #include <QJsonObject>
 
 namespace trovell::test {
+
+using namespace lab;
 
 using namespace Qt::StringLiterals;
 

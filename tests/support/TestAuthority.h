@@ -4,7 +4,7 @@
 // with it. Main thread of a test.
 #pragma once
 
-#include "support/TestFiles.h"
+#include "lab/Files.h"
 
 #include <QSslCertificate>
 #include <QSslConfiguration>
@@ -14,6 +14,8 @@
 #include <cstdlib>
 
 namespace trovell::test {
+
+using namespace lab;
 
 using namespace Qt::StringLiterals;
 

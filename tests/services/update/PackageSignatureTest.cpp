@@ -2,7 +2,7 @@
 
 #include "services/update/PackageSignature.h"
 
-#include "support/TestFiles.h"
+#include "lab/Files.h"
 #include "support/UpdatePublisher.h"
 
 #include <QtTest>
@@ -10,6 +10,7 @@
 using namespace Qt::StringLiterals;
 
 using namespace trovell;
+using namespace trovell::lab;
 using namespace trovell::test;
 
 namespace {

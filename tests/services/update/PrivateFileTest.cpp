@@ -2,7 +2,7 @@
 
 #include "services/update/PrivateFile.h"
 
-#include "support/TestFiles.h"
+#include "lab/Files.h"
 
 #include <QtTest>
 
@@ -44,7 +44,7 @@ private Q_SLOTS:
         QVERIFY((*file)->close().has_value());
         QVERIFY((*file)->rename(u"package.deb"_s).has_value());
         QCOMPARE(files(), QStringList{u"package.deb"_s});
-        QCOMPARE(test::readFile((*file)->path()), "one two");
+        QCOMPARE(lab::readFile((*file)->path()), "one two");
         file->reset();
         QVERIFY(files().isEmpty());
     }
@@ -53,7 +53,7 @@ private Q_SLOTS:
     {
         QVERIFY(QDir().mkpath(folder()));
         QVERIFY(::chmod(QFile::encodeName(path(u"cache/trovell"_s)).constData(), 0777) == 0);
-        const QString target = test::writeFile(path(u"kept"_s), "text");
+        const QString target = lab::writeFile(path(u"kept"_s), "text");
         QVERIFY(QFile::link(target, folder() + u"/link"_s));
         QVERIFY(::chmod(QFile::encodeName(folder()).constData(), 0570) == 0);
         {
@@ -82,7 +82,7 @@ private Q_SLOTS:
     /// Here to a folder of the user's own, whose files must survive.
     void refusesLinks()
     {
-        const QString document = test::writeFile(path(u"documents/update/letter"_s), "Dear");
+        const QString document = lab::writeFile(path(u"documents/update/letter"_s), "Dear");
         QVERIFY(QDir().mkpath(path(u"cache"_s)));
         QVERIFY(QFile::link(path(u"documents"_s), path(u"cache/trovell"_s)));
         QCOMPARE(error(folder()), UpdateError::folderNotPrivate);

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
 // The publisher's program, and that what it writes is what the updater accepts.
+#include "lab/Files.h"
 #include "services/update/PackageSignature.h"
 #include "services/update/UpdateFeedParser.h"
-#include "support/TestFiles.h"
 
 #include <QtTest>
 
@@ -49,7 +49,7 @@ private Q_SLOTS:
     {
         QCOMPARE(QFile::permissions(m_key) & ~(QFile::ReadUser | QFile::WriteUser),
                  QFile::ReadOwner | QFile::WriteOwner);
-        const QByteArray key = test::readFile(m_key);
+        const QByteArray key = lab::readFile(m_key);
         QCOMPARE(key.size(), 45);
 
         const QList<QStringList> commands{
@@ -60,7 +60,7 @@ private Q_SLOTS:
             const Run run = signUpdate(command);
             QVERIFY(!(run.output + run.errors).contains(QString::fromLatin1(key.trimmed())));
         }
-        QCOMPARE(test::readFile(m_key), key);
+        QCOMPARE(lab::readFile(m_key), key);
         QCOMPARE(signUpdate({u"public-key"_s, m_key}).output.trimmed(), m_publicKey);
     }
 
@@ -126,7 +126,7 @@ private:
     QString path(const QString& name) const { return m_folder.filePath(name); }
     QString write(const QString& name, const QByteArray& content) const
     {
-        return test::writeFile(path(name), content);
+        return lab::writeFile(path(name), content);
     }
 
     QTemporaryDir m_folder;

@@ -2,10 +2,10 @@
 //
 // The updater with a real https server: when all goes well, when the user changes their mind, and
 // what it refuses, in the right words and with nothing left on the disk.
+#include "lab/Files.h"
 #include "services/update/UpdateFeedParser.h"
 #include "support/FullDisk.h"
 #include "support/Patience.h"
-#include "support/TestFiles.h"
 #include "support/UpdateWorld.h"
 
 #include <QtConcurrentRun>
@@ -16,6 +16,7 @@
 using namespace Qt::StringLiterals;
 
 using namespace trovell;
+using namespace trovell::lab;
 using namespace trovell::test;
 using namespace std::chrono_literals;
 using Phase = UpdateState::Phase;

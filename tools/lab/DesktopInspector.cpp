@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 
-#include "support/DesktopInspector.h"
+#include "lab/DesktopInspector.h"
 
 #include <QTest>
 
 #include <xcb/randr.h>
 
-namespace trovell::test {
+namespace trovell::lab {
 
 namespace {
 
@@ -244,4 +244,4 @@ quint32 DesktopInspector::selectionOwner(const char* selection) const
     return reply ? reply->owner : 0;
 }
 
-} // namespace trovell::test
+} // namespace trovell::lab

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 
-#include "support/PrivateSession.h"
+#include "lab/PrivateSession.h"
 
-#include "support/PrivateBus.h"
+#include "lab/PrivateBus.h"
 
-namespace trovell::test {
+namespace trovell::lab {
 
 using namespace Qt::StringLiterals;
 
@@ -97,4 +97,4 @@ bool PrivateSession::startBus()
     return true;
 }
 
-} // namespace trovell::test
+} // namespace trovell::lab

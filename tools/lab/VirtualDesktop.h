@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 //
-// A whole private desktop for tests: an X server with two displays, a window manager, a D-Bus
-// session and an own HOME. Real programs and scripted clients run on it; nothing of the user's
-// session is touched, and nothing outlives the object. Main thread of a test.
-// A desktop that does not start is a test failure, never a reason to skip.
+// A whole private desktop for tests, benchmarks and pictures: an X server with two displays, a
+// window manager, a D-Bus session and an own HOME. Real programs and scripted clients run on it;
+// nothing of the user's session is touched, and nothing outlives the object. Main thread. A desktop
+// that does not start is a test failure, never a reason to skip.
 #pragma once
 
-#include "support/DesktopInspector.h"
+#include "lab/DesktopInspector.h"
 
 #include <QByteArrayList>
 #include <QList>
@@ -20,7 +20,7 @@
 #include <memory>
 #include <vector>
 
-namespace trovell::test {
+namespace trovell::lab {
 
 /// The programs of this build: the product, and the one whose windows are scripted.
 const char* productPath();
@@ -115,4 +115,4 @@ private:
     QProcess* m_windowManager = nullptr;
 };
 
-} // namespace trovell::test
+} // namespace trovell::lab

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 //
-// Files that tests read and write.
+// Files that are read and written in one go.
 #pragma once
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
-namespace trovell::test {
+namespace trovell::lab {
 
 /// Everything in the file; empty when it cannot be read.
 inline QByteArray readFile(const QString& path)
@@ -16,7 +16,7 @@ inline QByteArray readFile(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// Writes the file, and the folders that it needs, or stops the test program. Returns the path.
+/// Writes the file, and the folders that it needs, or stops the program. Returns the path.
 inline QString writeFile(const QString& path, const QByteArray& content)
 {
     QDir().mkpath(QFileInfo(path).path());
@@ -34,4 +34,4 @@ inline QString writeProgram(const QString& path, const QByteArray& script)
     return path;
 }
 
-} // namespace trovell::test
+} // namespace trovell::lab

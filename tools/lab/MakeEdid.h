@@ -7,7 +7,7 @@
 
 #include <numeric>
 
-namespace trovell::test {
+namespace trovell::lab {
 
 /// 128 bytes with a valid checksum. `manufacturer` is three capital letters; `model` has at most
 /// thirteen characters, and an empty one leaves the name descriptor away.
@@ -32,4 +32,4 @@ inline QByteArray makeEdid(const QByteArray& manufacturer, const QByteArray& mod
     return block;
 }
 
-} // namespace trovell::test
+} // namespace trovell::lab

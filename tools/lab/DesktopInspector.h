@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 //
 // Looks at the windows of a virtual desktop and arranges them, with an X connection of its own and
-// by other ways than the product, so that tests can compare. Main thread of a test.
+// by other ways than the product, so that tests can compare. Main thread.
 //
 // Everything is in root pixels: origin at the top left of the whole X screen, y downward. Functions
 // that change something return at once; wait for the effect with `waitUntil` or `waitForRest`.
 #pragma once
 
 #include "platform/x11/X11Connection.h"
-#include "support/Patience.h"
 
 #include <QMap>
 #include <QRect>
@@ -17,11 +16,12 @@
 #include <functional>
 #include <optional>
 
-namespace trovell::test {
+namespace trovell::lab {
 
-/// Polls `condition` every few milliseconds while events are processed. False after `timeout`.
+/// Polls `condition` every few milliseconds while events are processed. False after `timeout`,
+/// which is far longer than any machine needs, however busy it is.
 bool waitUntil(const std::function<bool()>& condition,
-               std::chrono::milliseconds timeout = std::chrono::milliseconds(patience));
+               std::chrono::milliseconds timeout = std::chrono::minutes(1));
 
 struct InspectedWindow {
     quint32 id = 0;
@@ -101,4 +101,4 @@ private:
     X11Connection m_connection;
 };
 
-} // namespace trovell::test
+} // namespace trovell::lab

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 
-#include "support/VirtualDesktop.h"
+#include "lab/VirtualDesktop.h"
 
-#include "support/MakeEdid.h"
-#include "support/PrivateBus.h"
+#include "lab/MakeEdid.h"
+#include "lab/PrivateBus.h"
 
 #include <QRegularExpression>
 #include <QStandardPaths>
@@ -12,7 +12,7 @@
 #include <csignal>
 #include <sys/prctl.h>
 
-namespace trovell::test {
+namespace trovell::lab {
 
 using namespace Qt::StringLiterals;
 
@@ -310,4 +310,4 @@ void VirtualDesktop::nameDisplay(int index, const QByteArray& manufacturer, cons
     m_inspector->setEdid(index, makeEdid(manufacturer, model));
 }
 
-} // namespace trovell::test
+} // namespace trovell::lab

@@ -2,7 +2,7 @@
 //
 // A private HOME, application folders and, on demand, a session bus for tests that let GIO start
 // real programs: only what the test installs is installed. Make it before anything uses GIO, which
-// reads the environment once; it stays changed. Main thread of a test.
+// reads the environment once; it stays changed. Main thread.
 #pragma once
 
 #include <QByteArray>
@@ -13,7 +13,7 @@
 
 #include <optional>
 
-namespace trovell::test {
+namespace trovell::lab {
 
 /// What a recorder told of its start.
 struct RecordedStart {
@@ -60,4 +60,4 @@ private:
     QProcess m_bus;
 };
 
-} // namespace trovell::test
+} // namespace trovell::lab

@@ -3,9 +3,9 @@
 // A session bus that starts only the services that a test installs, none of the machine's.
 #pragma once
 
-#include "support/TestFiles.h"
+#include "lab/Files.h"
 
-namespace trovell::test {
+namespace trovell::lab {
 
 /// Writes the configuration of a dbus-daemon that listens at a path and knows the services in one
 /// folder. Returns the argument that makes it use that.
@@ -20,4 +20,4 @@ inline QString privateBus(const QString& file, const QString& socket, const QStr
     return u"--config-file="_s + writeFile(file, configuration.arg(socket, services).toUtf8());
 }
 
-} // namespace trovell::test
+} // namespace trovell::lab
