@@ -5,8 +5,8 @@
 #include "views/style/BannerFrame.h"
 #include "views/style/ChoiceRow.h"
 #include "views/style/Divider.h"
+#include "views/style/Menus.h"
 #include "views/style/Picker.h"
-#include "views/style/PopupMenu.h"
 #include "views/style/PushButton.h"
 #include "views/style/RowPainting.h"
 #include "views/style/Switch.h"
@@ -19,6 +19,7 @@
 #include <QEnterEvent>
 #include <QFocusFrame>
 #include <QLabel>
+#include <QMenu>
 #include <QPainter>
 #include <QRadioButton>
 #include <QToolTip>
@@ -281,25 +282,26 @@ void ComponentsPage::addPicture(QWidget* card, const QPoint& place, QWidget& win
 void ComponentsPage::addMenus()
 {
     QWidget* card = addCard({764, 769, 384, 334}, u"Menu and tooltip"_s);
-    PopupMenu menu(visual());
+    QMenu menu;
     menu.setMinimumWidth(228 + 48);
     menu.addAction(u"Edit Workspace"_s);
     QAction* current = menu.addAction(u"Save as New Workspace"_s);
     menu.addAction(u"Duplicate Workspace"_s);
     menu.addAction(u"Clear Saved Layout"_s)->setEnabled(false);
     menu.addSeparator();
-    menu.addDestructiveAction(u"Delete Workspace"_s);
-    menu.openAt({100, 100});
+    setDestructive(*menu.addAction(u"Delete Workspace"_s));
+    openMenu(menu, {100, 100});
     menu.setActiveAction(current);
-    addPicture(card, {21, 53}, menu, menu.shadowMargin());
+    addPicture(card, {21, 53}, menu, menuPanel(menu).x());
     menu.close();
 
-    PopupMenu destructive(visual());
+    QMenu destructive;
     destructive.setMinimumWidth(210 + 48);
-    QAction* remove = destructive.addDestructiveAction(u"Delete Workspace"_s);
-    destructive.openAt({100, 100});
+    QAction* remove = destructive.addAction(u"Delete Workspace"_s);
+    setDestructive(*remove);
+    openMenu(destructive, {100, 100});
     destructive.setActiveAction(remove);
-    addPicture(card, {149, 217}, destructive, destructive.shadowMargin());
+    addPicture(card, {149, 217}, destructive, menuPanel(destructive).x());
     destructive.close();
 
     QToolTip::showText({200, 200}, u"Accessibility access is required"_s, this);

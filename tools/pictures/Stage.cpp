@@ -6,7 +6,6 @@
 #include "views/app/OnboardingView.h"
 #include "views/app/RootView.h"
 #include "views/main/WorkspaceSidebarList.h"
-#include "views/style/PopupMenu.h"
 #include "views/style/Sheet.h"
 #include "views/support/Controls.h"
 

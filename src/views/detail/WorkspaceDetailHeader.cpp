@@ -4,6 +4,7 @@
 
 #include "model/TrovellWorkspace.h"
 #include "views/detail/DetailHeaderLayout.h"
+#include "views/style/Menus.h"
 #include "views/style/PushButton.h"
 #include "views/style/SymbolView.h"
 #include "views/style/TextLabel.h"
@@ -55,19 +56,18 @@ QWidget* WorkspaceDetailHeader::buildTexts()
 
 void WorkspaceDetailHeader::buildMenu()
 {
-    auto* menu = new PopupMenu(m_environment.visual, this);
+    auto* menu = new QMenu(this);
     addMenuAction(*menu, u"Edit Workspace"_key, WorkspaceAction::edit);
     addMenuAction(*menu, u"Save as New Workspace"_key, WorkspaceAction::saveAsNew);
     addMenuAction(*menu, u"Duplicate Workspace"_key, WorkspaceAction::duplicate);
     addMenuAction(*menu, u"Rename"_key, WorkspaceAction::rename);
     m_clearLayout = addMenuAction(*menu, u"Clear Saved Layout"_key, WorkspaceAction::clearLayout);
     menu->addSeparator();
-    setDestructive(*addMenuAction(*menu, u"Delete Workspace"_key, WorkspaceAction::remove), true);
+    setDestructive(*addMenuAction(*menu, u"Delete Workspace"_key, WorkspaceAction::remove));
     m_menuButton->setMenu(menu, Qt::AlignRight);
 }
 
-QAction* WorkspaceDetailHeader::addMenuAction(PopupMenu& menu, TextKey<> key,
-                                              WorkspaceAction action)
+QAction* WorkspaceDetailHeader::addMenuAction(QMenu& menu, TextKey<> key, WorkspaceAction action)
 {
     QAction* const entry = menu.addAction(QString());
     m_environment.words.renderText(entry, key);

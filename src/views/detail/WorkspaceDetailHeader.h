@@ -11,11 +11,11 @@
 #include <QWidget>
 
 class QAction;
+class QMenu;
 
 namespace trovell {
 
 class ActionButton;
-class PopupMenu;
 class SymbolButton;
 class SymbolView;
 class TextLabel;
@@ -38,7 +38,7 @@ Q_SIGNALS:
 private:
     QWidget* buildTexts();
     void buildMenu();
-    QAction* addMenuAction(PopupMenu& menu, TextKey<> key, WorkspaceAction action);
+    QAction* addMenuAction(QMenu& menu, TextKey<> key, WorkspaceAction action);
     void showTexts();
     void updateStart();
 

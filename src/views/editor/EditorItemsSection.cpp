@@ -4,12 +4,12 @@
 
 #include "launch/ResourceSystem.h"
 #include "views/editor/AddWebLinkView.h"
-#include "views/style/PopupMenu.h"
 #include "views/style/PushButton.h"
 #include "views/style/TextLabel.h"
 #include "views/style/TrovellCardModifier.h"
 
 #include <QFutureWatcher>
+#include <QMenu>
 #include <QtConcurrentRun>
 #include <QVBoxLayout>
 
@@ -70,9 +70,9 @@ QWidget* EditorItemsSection::makeHeader()
     return header;
 }
 
-PopupMenu* EditorItemsSection::makeAddMenu()
+QMenu* EditorItemsSection::makeAddMenu()
 {
-    auto* menu = new PopupMenu(m_environment.visual, this);
+    auto* menu = new QMenu(this);
     const std::pair<TextKey<>, WorkspaceItemType> kinds[] = {
         {u"Application…"_key, WorkspaceItemType::application},
         {u"Folder…"_key, WorkspaceItemType::folder},

@@ -6,9 +6,10 @@
 #include "views/editor/EditorItemList.h"
 #include "views/editor/OpenPanel.h"
 
+class QMenu;
+
 namespace trovell {
 
-class PopupMenu;
 class PushButton;
 class TrovellCardModifier;
 
@@ -32,7 +33,7 @@ private:
     using Use = std::function<void(const QList<EditableWorkspaceItem>&)>;
 
     QWidget* makeHeader();
-    PopupMenu* makeAddMenu();
+    QMenu* makeAddMenu();
     void showCard();
     void addFromPanel(WorkspaceItemType type);
     void addWebLink();

@@ -5,7 +5,7 @@
 #include "views/main/WorkspaceSidebarList.h"
 #include "views/shared/AddWorkspaceButton.h"
 #include "views/style/Divider.h"
-#include "views/style/PopupMenu.h"
+#include "views/style/Menus.h"
 #include "views/style/PushButton.h"
 #include "views/style/TextLabel.h"
 
@@ -97,7 +97,7 @@ void WorkspaceSidebar::showWorkspaces(const QList<TrovellWorkspace*>& workspaces
 void WorkspaceSidebar::openRowMenu(const QUuid& id, const QPoint& screenPoint, bool isByKeyboard)
 {
     const Localization& words = m_environment.words;
-    auto* menu = new PopupMenu(m_environment.visual, this);
+    auto* menu = new QMenu(this);
     connect(menu, &QMenu::aboutToHide, m_list, &WorkspaceSidebarList::closeRowMenu);
     connect(menu, &QMenu::aboutToHide, menu, &QObject::deleteLater);
     const auto choose = [this, id](QAction* action, WorkspaceAction chosenAction) {
@@ -109,9 +109,10 @@ void WorkspaceSidebar::openRowMenu(const QUuid& id, const QPoint& screenPoint, b
     choose(menu->addAction(words.text(u"Save as New Workspace"_key)), WorkspaceAction::saveAsNew);
     choose(menu->addAction(words.text(u"Duplicate Workspace"_key)), WorkspaceAction::duplicate);
     menu->addSeparator();
-    choose(menu->addDestructiveAction(words.text(u"Delete Workspace"_key)),
-           WorkspaceAction::remove);
-    menu->openAt(screenPoint);
+    QAction* const remove = menu->addAction(words.text(u"Delete Workspace"_key));
+    setDestructive(*remove);
+    choose(remove, WorkspaceAction::remove);
+    openMenu(*menu, screenPoint);
     if (isByKeyboard)
         menu->setActiveAction(menu->actions().first());
 }

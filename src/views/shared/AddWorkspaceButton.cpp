@@ -12,7 +12,7 @@ AddWorkspaceButton::AddWorkspaceButton(const ViewEnvironment& environment, QWidg
     : SymbolButton(environment.visual, u"plus"_s, {}, Kind::plain, parent)
 {
     const Localization& words = environment.words;
-    auto* menu = new PopupMenu(environment.visual, this);
+    auto* menu = new QMenu(this);
     QAction* create = menu->addAction(QString());
     words.renderText(create, u"New Empty Workspace"_key);
     connect(create, &QAction::triggered, this, &AddWorkspaceButton::createRequested);

@@ -3,6 +3,7 @@
 #include "views/style/Picker.h"
 
 #include "views/style/ControlPainting.h"
+#include "views/style/Menus.h"
 #include "views/style/VisualStyle.h"
 
 #include <QAccessible>
@@ -40,7 +41,7 @@ void Picker::showPopup()
     if (m_menu || count() == 0)
         return;
     m_menu = makeMenu();
-    m_menu->openOver({mapToGlobal(QPoint()), size()}, m_menu->actions().value(currentIndex()));
+    openMenuOver(*m_menu, *this, m_menu->actions().value(currentIndex()));
     update();
 }
 
@@ -50,9 +51,9 @@ void Picker::hidePopup()
         m_menu->close();
 }
 
-PopupMenu* Picker::makeMenu()
+QMenu* Picker::makeMenu()
 {
-    auto* menu = new PopupMenu(m_visual, this);
+    auto* menu = new QMenu(this);
     auto* group = new QActionGroup(menu);
     for (int i = 0; i < count(); ++i) {
         QAction* action = group->addAction(itemText(i));

@@ -2,9 +2,9 @@
 
 #pragma once
 
-#include "views/style/PopupMenu.h"
-
 #include <QComboBox>
+#include <QMenu>
+#include <QPointer>
 
 namespace trovell {
 
@@ -33,12 +33,12 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
-    PopupMenu* makeMenu();
+    QMenu* makeMenu();
     void choose(int index);
 
     const VisualStyle& m_visual;
     int m_leastWidth;
-    QPointer<PopupMenu> m_menu;
+    QPointer<QMenu> m_menu;
 };
 
 } // namespace trovell

@@ -3,6 +3,7 @@
 #include "views/style/PushButton.h"
 
 #include "views/style/ControlPainting.h"
+#include "views/style/Menus.h"
 #include "views/style/Painting.h"
 
 #include <QAccessible>
@@ -93,10 +94,10 @@ void PushButton::setKind(Kind kind)
     update();
 }
 
-void PushButton::setMenu(PopupMenu* menu, Qt::Alignment edge)
+void PushButton::setMenu(QMenu* menu, Qt::Alignment edge)
 {
     m_menu = menu;
-    menu->setAnchor(this, edge);
+    m_menuEdge = edge;
     connect(this, &QAbstractButton::pressed, this, &PushButton::showMenu, Qt::UniqueConnection);
     connect(menu, &QMenu::aboutToHide, this, [this] { setDown(false); });
     updateGeometry();
@@ -107,7 +108,7 @@ void PushButton::showMenu()
     if (!m_menu || m_menu->isVisible())
         return;
     setDown(true);
-    m_menu->openAtAnchor();
+    openMenuBelow(*m_menu, *this, m_menuEdge);
 }
 
 void PushButton::setDisclosed(bool isDisclosed)

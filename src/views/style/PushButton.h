@@ -4,9 +4,10 @@
 
 #include "views/style/Fade.h"
 #include "views/style/FocusRing.h"
-#include "views/style/PopupMenu.h"
 #include "views/style/VisualStyle.h"
 
+#include <QMenu>
+#include <QPointer>
 #include <QPushButton>
 
 #include <optional>
@@ -30,10 +31,10 @@ public:
 
     void setKind(Kind kind);
 
-    /// Opens below the button when that is pressed; `edge` as in PopupMenu::setAnchor. Not owned.
+    /// Opens below the button when that is pressed; `edge` as in openMenuBelow. Not owned.
     /// Stands in for the menu of QPushButton, which would run a nested event loop.
-    void setMenu(PopupMenu* menu, Qt::Alignment edge = Qt::AlignLeft);
-    PopupMenu* menu() const { return m_menu; }
+    void setMenu(QMenu* menu, Qt::Alignment edge = Qt::AlignLeft);
+    QMenu* menu() const { return m_menu; }
     void showMenu();
 
     /// Makes the button one that shows and hides something, and says whether that is shown now.
@@ -83,7 +84,8 @@ private:
     const VisualStyle& m_visual;
     Look m_look;
     HoverFade m_hover;
-    QPointer<PopupMenu> m_menu;
+    QPointer<QMenu> m_menu;
+    Qt::Alignment m_menuEdge;
     std::optional<bool> m_isDisclosed;
 };
 

@@ -4,9 +4,8 @@
 
 #include "views/style/ControlPainting.h"
 #include "views/style/FocusRing.h"
-#include "views/style/MenuPainting.h"
+#include "views/style/Menus.h"
 #include "views/style/Painting.h"
-#include "views/style/PopupMenu.h"
 #include "views/style/RowPainting.h"
 #include "views/style/ScrollBarPainting.h"
 #include "views/style/VisualStyle.h"
@@ -15,6 +14,8 @@
 #include <QEvent>
 #include <QFocusFrame>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QSlider>
@@ -59,6 +60,7 @@ void TrovellStyle::polish(QWidget* widget)
         widget->setContentsMargins(tooltipExtraPadding, 0, tooltipExtraPadding, 0);
     } else if (auto* menu = qobject_cast<QMenu*>(widget)) {
         prepareMenuWindow(*menu, m_visual);
+        menu->installEventFilter(this);
     } else if (qobject_cast<QComboBox*>(widget) || qobject_cast<QSlider*>(widget)) {
         widget->installEventFilter(this);
     }
@@ -66,6 +68,13 @@ void TrovellStyle::polish(QWidget* widget)
 
 bool TrovellStyle::eventFilter(QObject* watched, QEvent* event)
 {
+    if (auto* menu = qobject_cast<QMenu*>(watched)) {
+        // A click into the shadow is one beside the menu.
+        const bool isBeside =
+            event->type() == QEvent::MouseButtonPress &&
+            !menuPanel(*menu).contains(static_cast<QMouseEvent*>(event)->position().toPoint());
+        return isBeside && menu->close();
+    }
     // Scrolling a page must not change the controls that pass below the pointer.
     if (event->type() != QEvent::Wheel)
         return QProxyStyle::eventFilter(watched, event);
@@ -87,7 +96,8 @@ void TrovellStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
     case PE_PanelScrollAreaCorner:
         return;
     case PE_PanelMenu:
-        paintMenuPanel(*painter, m_visual, option->rect, menuShadowMargin(widget));
+        if (widget)
+            paintMenuPanel(*painter, m_visual, *widget);
         return;
     case PE_PanelLineEdit:
         drawField(*painter, *option);

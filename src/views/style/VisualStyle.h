@@ -35,7 +35,7 @@ class QPainter;
 /// as plain numbers and never a fixed text width.
 ///
 /// What there is:
-///   buttons    PushButton, ActionButton, LinkButton, SymbolLink, SymbolButton; menus: PopupMenu
+///   buttons    PushButton, ActionButton, LinkButton, SymbolLink, SymbolButton; menus: Menus.h
 ///   fields     QCheckBox, QSlider, TextField, Picker, Switch, IconChoiceRow, SwatchRow
 ///   pictures   SymbolView, TrovellBrandMark, ProgressRing, QProgressBar, Divider; own ones derive
 ///              from Picture

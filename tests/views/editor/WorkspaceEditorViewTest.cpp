@@ -8,7 +8,6 @@
 #include "views/editor/EditorItemList.h"
 #include "views/editor/EditorItemRow.h"
 #include "views/style/Picker.h"
-#include "views/style/PopupMenu.h"
 #include "views/support/Controls.h"
 #include "views/support/ViewFixture.h"
 
@@ -61,7 +60,7 @@ struct OpenEditor {
 
     void add(const QString& kind) const
     {
-        const auto actions = view->findChild<PopupMenu*>()->actions();
+        const auto actions = view->findChild<QMenu*>()->actions();
         const auto action = std::ranges::find(actions, kind, &QAction::text);
         QVERIFY(action != actions.end());
         (*action)->trigger();

@@ -16,6 +16,7 @@
 #include "views/style/TrovellBrandMark.h"
 
 #include <QAccessible>
+#include <QMenu>
 #include <QTest>
 
 #include <memory>
@@ -60,7 +61,7 @@ private Q_SLOTS:
         auto* starting = new ActionButton(m_visual, u"play.fill"_s, u"Start"_s, u"Opens"_s);
         starting->setBusyTitle(u"Starting…"_s);
         check(starting, QAccessible::Button, u"Starting…"_s);
-        PopupMenu menu(m_visual);
+        QMenu menu;
         auto* actions = new SymbolButton(m_visual, u"ellipsis.circle"_s, u"Workspace Actions"_s);
         actions->setMenu(&menu);
         check(actions, QAccessible::ButtonMenu, u"Workspace Actions"_s);

@@ -3,10 +3,11 @@
 #include "Stage.h"
 
 #include "views/style/ChoiceRow.h"
+#include "views/style/Menus.h"
 #include "views/style/Picker.h"
-#include "views/style/PopupMenu.h"
 #include "views/style/PushButton.h"
 
+#include <QMenu>
 #include <QRadioButton>
 #include <QSignalSpy>
 #include <QSlider>
@@ -19,14 +20,14 @@ using namespace trovell;
 
 namespace {
 
-PopupMenu* openMenu()
+QMenu* openMenu()
 {
-    return qobject_cast<PopupMenu*>(QApplication::activePopupWidget());
+    return qobject_cast<QMenu*>(QApplication::activePopupWidget());
 }
 
-QRect panelOf(const PopupMenu& menu)
+QRect panelOf(const QMenu& menu)
 {
-    return menu.geometry().marginsRemoved(menu.contentsMargins());
+    return menuPanel(menu).translated(menu.pos());
 }
 
 /// A page that scrolls below the pointer changes nothing.
@@ -110,11 +111,11 @@ private Q_SLOTS:
     {
         Stage stage;
         auto* button = stage.add(new PushButton(m_visual, u"More"_s));
-        PopupMenu menu(m_visual);
+        QMenu menu;
         menu.addAction(u"A much longer entry than the button"_s);
         menu.addAction(u"Clear"_s)->setEnabled(false);
         menu.addSeparator();
-        QAction* remove = menu.addDestructiveAction(u"Delete"_s);
+        QAction* remove = menu.addAction(u"Delete"_s);
         button->setMenu(&menu, Qt::AlignRight);
         stage.move(200, 100);
         stage.open();
@@ -135,11 +136,11 @@ private Q_SLOTS:
 
     void menuStaysOnTheScreen()
     {
-        PopupMenu menu(m_visual);
+        QMenu menu;
         for (int i = 0; i < 6; ++i)
             menu.addAction(u"Entry %1"_s.arg(i));
         const QRect screen = menu.screen()->availableGeometry();
-        menu.openAt(screen.bottomRight() - QPoint(4, 4));
+        openMenu(menu, screen.bottomRight() - QPoint(4, 4));
         QVERIFY(screen.contains(panelOf(menu)));
         menu.close();
     }

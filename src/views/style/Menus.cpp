@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: MIT
 
-#include "views/style/MenuPainting.h"
+#include "views/style/Menus.h"
 
 #include "views/style/Painting.h"
-#include "views/style/PopupMenu.h"
 #include "views/style/VisualStyle.h"
 
 #include <QMenu>
 #include <QPainter>
+#include <QScreen>
 #include <QStyleOption>
+
+#include <algorithm>
 
 namespace trovell {
 
@@ -23,6 +25,32 @@ constexpr int iconSize = 18;
 constexpr int iconGap = 9;
 constexpr int shortcutGap = 24;
 constexpr int separatorSpace = 5;
+constexpr int shadowSpace = 24;
+constexpr int anchorGap = 4;
+constexpr int leastWidth = 200;
+constexpr char destructiveProperty[] = "trovellDestructive";
+
+/// Gives the menu room for its shadow and at least this width; how large its panel then is.
+QSize preparedPanel(QMenu& menu, int width)
+{
+    menu.ensurePolished();
+    const int margin = menu.testAttribute(Qt::WA_TranslucentBackground) ? shadowSpace : 0;
+    menu.setContentsMargins(margin, margin, margin, margin);
+    menu.setMinimumWidth(std::max(menu.minimumWidth(), width + 2 * margin));
+    return menu.sizeHint().expandedTo(menu.minimumSize()).shrunkBy(menu.contentsMargins());
+}
+
+void openPanel(QMenu& menu, const QPoint& topLeft, const QSize& panel)
+{
+    menu.popup(topLeft);
+    // That has placed the window as if its transparent border were part of the menu.
+    const QRect area = menu.screen()->availableGeometry();
+    const QPoint last(area.x() + area.width() - panel.width(),
+                      area.y() + area.height() - panel.height());
+    const QPoint kept(std::max(area.x(), std::min(topLeft.x(), last.x())),
+                      std::max(area.y(), std::min(topLeft.y(), last.y())));
+    menu.move(kept - menuPanel(menu).topLeft());
+}
 
 struct RowColors {
     QColor fill;
@@ -75,6 +103,49 @@ void paintSeparator(QPainter& painter, const VisualStyle& visual, const QRect& r
 
 } // namespace
 
+void setDestructive(QAction& action)
+{
+    action.setProperty(destructiveProperty, true);
+}
+
+void openMenu(QMenu& menu, const QPoint& screenPoint)
+{
+    const QSize panel = preparedPanel(menu, leastWidth);
+    const int back = menu.layoutDirection() == Qt::RightToLeft ? panel.width() : 0;
+    openPanel(menu, screenPoint - QPoint(back, 0), panel);
+}
+
+void openMenuBelow(QMenu& menu, const QWidget& anchor, Qt::Alignment edge)
+{
+    const QSize panel = preparedPanel(menu, leastWidth);
+    const QPoint corner = anchor.mapToGlobal(QPoint());
+    const bool meetRight = QStyle::visualAlignment(anchor.layoutDirection(), edge) & Qt::AlignRight;
+    const int x = meetRight ? corner.x() + anchor.width() - panel.width() : corner.x();
+    const int below = corner.y() + anchor.height() + anchorGap;
+    const QRect area = anchor.screen()->availableGeometry();
+    const bool fitsBelow = below + panel.height() <= area.y() + area.height();
+    openPanel(menu, {x, fitsBelow ? below : corner.y() - anchorGap - panel.height()}, panel);
+}
+
+void openMenuOver(QMenu& menu, const QWidget& box, QAction* current)
+{
+    const QSize panel = preparedPanel(menu, box.width());
+    const QPoint corner = box.mapToGlobal(QPoint());
+    const QRect row = menu.actionGeometry(current ? current : menu.actions().value(0))
+                          .translated(-menuPanel(menu).topLeft());
+    const bool isMirrored = menu.layoutDirection() == Qt::RightToLeft;
+    const int x = isMirrored ? corner.x() : corner.x() + box.width() - panel.width();
+    const int y = corner.y() + box.height() / 2 - (row.y() + row.height() / 2);
+    openPanel(menu, {x, y}, panel);
+    if (current)
+        menu.setActiveAction(current);
+}
+
+QRect menuPanel(const QWidget& menu)
+{
+    return menu.rect().marginsRemoved(menu.contentsMargins());
+}
+
 void prepareMenuWindow(QMenu& menu, const VisualStyle& visual)
 {
     // Setting flags of a shown window would hide it.
@@ -84,20 +155,12 @@ void prepareMenuWindow(QMenu& menu, const VisualStyle& visual)
     menu.setAttribute(Qt::WA_TranslucentBackground, visual.isComposited());
 }
 
-int menuShadowMargin(const QWidget* menu)
+void paintMenuPanel(QPainter& painter, const VisualStyle& visual, const QWidget& menu)
 {
-    const auto* popup = qobject_cast<const PopupMenu*>(menu);
-    return popup ? popup->shadowMargin() : 0;
-}
-
-void paintMenuPanel(QPainter& painter, const VisualStyle& visual, const QRect& window,
-                    int shadowMargin)
-{
-    const QRect panel = window.adjusted(shadowMargin, shadowMargin, -shadowMargin, -shadowMargin);
+    const QRect panel = menuPanel(menu);
     const double radius = visual.isComposited() ? visual.radius(Radius::menu) : 0;
-    if (shadowMargin > 0)
-        paintShadow(painter, panel, radius, visual.shadow(Palette::Shadow::shadowMenu),
-                    shadowMargin);
+    if (panel != menu.rect())
+        paintShadow(painter, panel, radius, visual.shadow(Palette::Shadow::shadowMenu), panel.x());
     paintBox(painter, panel, radius, visual.color(ColorToken::popoverBackground),
              visual.color(ColorToken::popoverBorder));
 }
@@ -110,7 +173,8 @@ void paintMenuItem(QPainter& painter, const VisualStyle& visual, const QStyleOpt
         return;
     }
     const QAction* action = menu ? menu->actionAt(item.rect.center()) : nullptr;
-    const RowColors colors = rowColors(visual, item, action && isDestructive(*action));
+    const RowColors colors =
+        rowColors(visual, item, action && action->property(destructiveProperty).toBool());
     if (colors.fill.alpha() > 0)
         paintBox(painter, item.rect, visual.radius(Radius::small), colors.fill);
 
