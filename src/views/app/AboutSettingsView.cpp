@@ -6,6 +6,7 @@
 #include "preferences/AppConfiguration.h"
 #include "views/app/CenteredColumn.h"
 #include "views/app/SymbolLabel.h"
+#include "views/style/Layouts.h"
 #include "views/style/PushButton.h"
 #include "views/style/TrovellBrandMark.h"
 #include "views/style/TrovellCardModifier.h"
@@ -47,11 +48,7 @@ AboutSettingsView::AboutSettingsView(const SettingsEnvironment& environment, QWi
     });
     content->add(buildLinks(), 14);
 
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins({});
-    column->setSpacing(16);
-    column->addWidget(content);
-    column->addWidget(buildPrivacyCard());
+    makeColumn(this, 16, {content, buildPrivacyCard()});
     setMaximumWidth(widestContent);
 }
 
@@ -59,12 +56,10 @@ QWidget* AboutSettingsView::buildLinks()
 {
     const AppConfiguration& configuration = m_environment.configuration;
     auto* links = new QWidget;
-    auto* row = new QHBoxLayout(links);
-    row->setContentsMargins({});
-    row->setSpacing(6);
-    row->addWidget(buildLink(u"hand.raised"_s, u"Privacy"_key, configuration.privacyURL));
-    row->addWidget(buildLink(u"doc.text"_s, u"Terms"_key, configuration.termsURL));
-    row->addWidget(buildLink(u"questionmark.circle"_s, u"Support"_key, configuration.supportURL));
+    makeRow(links, 6,
+            {buildLink(u"hand.raised"_s, u"Privacy"_key, configuration.privacyURL),
+             buildLink(u"doc.text"_s, u"Terms"_key, configuration.termsURL),
+             buildLink(u"questionmark.circle"_s, u"Support"_key, configuration.supportURL)});
     return links;
 }
 
@@ -92,22 +87,14 @@ QWidget* AboutSettingsView::buildPrivacyCard()
     words.renderText(
         text,
         u"Accessibility is used only to read and restore the windows you choose. Trovell does not upload your apps, files, window titles, or layouts."_key);
-    auto* column = new QVBoxLayout(card);
-    column->setContentsMargins({});
-    column->setSpacing(8);
-    column->addWidget(heading);
-    column->addWidget(text);
-    column->addSpacing(2);
-    column->addWidget(buildBadges());
+    makeColumn(card, 8, {heading, text, Gap{2}, buildBadges()});
     return card;
 }
 
 QWidget* AboutSettingsView::buildBadges()
 {
     auto* badges = new QWidget;
-    auto* row = new QHBoxLayout(badges);
-    row->setContentsMargins({});
-    row->setSpacing(8);
+    auto* row = makeRow(badges, 8);
     for (const TextKey<> promise : {u"No analytics"_key, u"No cloud"_key, u"No ads"_key}) {
         auto* badge = new SymbolLabel(m_environment.visual, u"checkmark.circle.fill"_s, badgeLook);
         badge->label()->setWeight(QFont::Medium);

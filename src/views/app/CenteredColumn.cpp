@@ -2,15 +2,14 @@
 
 #include "views/app/CenteredColumn.h"
 
+#include "views/style/Layouts.h"
 #include "views/style/TextLabel.h"
 
 namespace trovell {
 
 CenteredColumn::CenteredColumn(const VisualStyle& visual, QWidget* parent)
-    : QWidget(parent), m_visual(visual), m_column(new QVBoxLayout(this))
+    : QWidget(parent), m_visual(visual), m_column(makeColumn(this, 0))
 {
-    m_column->setContentsMargins({});
-    m_column->setSpacing(0);
 }
 
 void CenteredColumn::add(QWidget* widget, int gap)
@@ -18,12 +17,7 @@ void CenteredColumn::add(QWidget* widget, int gap)
     if (m_column->count() > 0)
         m_column->addSpacing(gap);
     // Not an alignment, with which a text would be given the height that it has in full width.
-    auto* row = new QHBoxLayout;
-    row->setSpacing(0);
-    row->addStretch();
-    row->addWidget(widget);
-    row->addStretch();
-    m_column->addLayout(row);
+    m_column->addLayout(makeRow(0, {Stretch{}, widget, Stretch{}}));
 }
 
 TextLabel* CenteredColumn::addText(TextRole role, ColorToken color, int width, int gap)

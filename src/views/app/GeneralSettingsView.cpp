@@ -7,13 +7,13 @@
 #include "views/app/PreferenceSwitch.h"
 #include "views/app/SettingsCard.h"
 #include "views/style/ForwardedClicks.h"
+#include "views/style/Layouts.h"
 #include "views/style/Picker.h"
 #include "views/style/Switch.h"
 #include "views/style/TextLabel.h"
 
 #include <QSignalBlocker>
 #include <QSlider>
-#include <QVBoxLayout>
 
 #include <algorithm>
 #include <cmath>
@@ -68,12 +68,7 @@ GeneralSettingsView::GeneralSettingsView(const SettingsEnvironment& environment,
           new TextLabel(environment.visual, {}, TextRole::caption, ColorToken::labelSecondary)),
       m_showsMenuBarItem(environment.preferences.showMenuBarItem())
 {
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins({});
-    column->setSpacing(cardGap);
-    column->addWidget(buildPickers());
-    column->addWidget(buildSwitches());
-    column->addWidget(buildTimeout());
+    makeColumn(this, cardGap, {buildPickers(), buildSwitches(), buildTimeout()});
     connect(&environment.preferences, &AppPreferences::showMenuBarItemChanged, this,
             &GeneralSettingsView::coupleKeepRunning);
 }
@@ -184,11 +179,7 @@ QWidget* GeneralSettingsView::buildTimeout()
     QVBoxLayout* column = card->addColumn();
     auto* label = new TextLabel(m_environment.visual, {});
     label->setWordWrap(true);
-    auto* row = new QHBoxLayout;
-    row->setSpacing(24);
-    row->addWidget(label);
-    row->addLayout(buildTimeoutSlider(), 1);
-    column->addLayout(row);
+    column->addLayout(makeRow(24, {label, {buildTimeoutSlider(), 1}}));
     column->addWidget(m_timeoutText);
     words.render(this, [this, &words, label] {
         label->setText(words.text(u"Workspace launch timeout"_key));
@@ -205,8 +196,7 @@ QLayout* GeneralSettingsView::buildTimeoutSlider()
 {
     m_timeout->setRange(shortestTimeout, longestTimeout);
     m_timeout->setPageStep(1);
-    auto* row = new QHBoxLayout;
-    row->setSpacing(sliderLabelGap);
+    auto* row = makeRow(sliderLabelGap);
     const auto addEnd = [&](TextKey<> key) {
         auto* end =
             new TextLabel(m_environment.visual, {}, TextRole::caption, ColorToken::labelSecondary);

@@ -2,10 +2,10 @@
 
 #include "views/app/NotesArea.h"
 
+#include "views/style/Layouts.h"
 #include "views/style/TextLabel.h"
 
 #include <QScrollBar>
-#include <QVBoxLayout>
 
 #include <algorithm>
 
@@ -24,10 +24,7 @@ NotesArea::NotesArea(const VisualStyle& visual, QWidget* parent)
       m_label(new SelectableLabel(visual, {}, TextRole::callout, ColorToken::labelPrimary))
 {
     auto* page = new QWidget;
-    auto* column = new QVBoxLayout(page);
-    column->setContentsMargins(padding, padding, padding, padding);
-    column->addWidget(m_label);
-    column->addStretch();
+    makeColumn(page, allAround(padding), 0, {m_label, Stretch{}});
     setContent(page);
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);

@@ -13,13 +13,13 @@
 #include "views/shared/SheetParts.h"
 #include "views/shared/WorkspaceAlert.h"
 #include "views/style/Accessibility.h"
+#include "views/style/Layouts.h"
 #include "views/style/PushButton.h"
 #include "views/style/SymbolView.h"
 #include "views/style/TextLabel.h"
 #include "views/style/TrovellBrandMark.h"
 #include "windows/AccessibilityPermissionManager.h"
 
-#include <QHBoxLayout>
 #include <QPointer>
 #include <QStackedWidget>
 
@@ -39,11 +39,7 @@ constexpr int stepCount = 3;
 QWidget* inTheMiddle(QWidget* content)
 {
     auto* page = new QWidget;
-    auto* column = new QVBoxLayout(page);
-    column->setContentsMargins({});
-    column->addStretch();
-    column->addWidget(content);
-    column->addStretch();
+    makeColumn(page, 0, {Stretch{}, content, Stretch{}});
     return page;
 }
 
@@ -83,12 +79,8 @@ QWidget* OnboardingView::buildPages()
     m_pages->addWidget(m_permission);
     m_pages->addWidget(buildFirstWorkspacePage());
     auto* body = new QWidget;
-    auto* column = new QVBoxLayout(body);
-    column->setContentsMargins(margin, margin, margin, margin);
-    column->setSpacing(0);
-    column->addWidget(m_indicator, 0, Qt::AlignHCenter);
-    column->addWidget(m_pages, 1);
-    column->addWidget(buildNavigation());
+    makeColumn(body, allAround(margin), 0,
+               {{m_indicator, 0, Qt::AlignHCenter}, {m_pages, 1}, buildNavigation()});
     return body;
 }
 
@@ -125,11 +117,7 @@ QWidget* OnboardingView::buildFirstWorkspacePage()
 QWidget* OnboardingView::buildNavigation()
 {
     auto* navigation = new QWidget;
-    auto* row = new QHBoxLayout(navigation);
-    row->setContentsMargins({});
-    row->addWidget(m_back);
-    row->addStretch();
-    row->addWidget(m_forward);
+    makeRow(navigation, 0, {m_back, Stretch{}, m_forward});
     m_environment.words.renderText(m_back, u"Back"_key);
     connect(m_back, &QAbstractButton::clicked, this, &OnboardingView::goBack);
     connect(m_forward, &QAbstractButton::clicked, this, &OnboardingView::goForward);

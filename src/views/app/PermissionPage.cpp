@@ -4,6 +4,7 @@
 
 #include "views/app/CenteredColumn.h"
 #include "views/app/SymbolLabel.h"
+#include "views/style/Layouts.h"
 #include "views/style/PushButton.h"
 #include "windows/AccessibilityPermissionManager.h"
 
@@ -41,11 +42,7 @@ PermissionPage::PermissionPage(const ViewEnvironment& environment,
     content->add(buildPrivacyLink(), permissionGap);
     content->add(buildButtons(), permissionGap);
 
-    auto* middle = new QVBoxLayout(this);
-    middle->setContentsMargins({});
-    middle->addStretch();
-    middle->addWidget(content);
-    middle->addStretch();
+    makeColumn(this, 0, {Stretch{}, content, Stretch{}});
     words.render(this, [this] { showPermission(); });
     connect(&accessibility, &AccessibilityPermissionManager::isTrustedChanged, this,
             &PermissionPage::showPermission);
@@ -70,11 +67,7 @@ QWidget* PermissionPage::buildButtons()
             &AccessibilityPermissionManager::openSystemSettings);
 
     auto* buttons = new QWidget;
-    auto* row = new QHBoxLayout(buttons);
-    row->setContentsMargins({});
-    row->setSpacing(10);
-    row->addWidget(m_request);
-    row->addWidget(settings);
+    makeRow(buttons, 10, {m_request, settings});
     return buttons;
 }
 

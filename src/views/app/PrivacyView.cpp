@@ -5,6 +5,7 @@
 #include "views/app/CenteredColumn.h"
 #include "views/app/SymbolLabel.h"
 #include "views/shared/SheetParts.h"
+#include "views/style/Layouts.h"
 
 namespace trovell {
 
@@ -55,9 +56,7 @@ QWidget* PrivacyView::buildBody()
 QWidget* PrivacyView::buildPromises()
 {
     auto* promises = new QWidget;
-    auto* column = new QVBoxLayout(promises);
-    column->setContentsMargins({});
-    column->setSpacing(8);
+    auto* column = makeColumn(promises, 8);
     for (const TextKey<> promise :
          {u"No analytics"_key, u"No cloud workspace storage"_key, u"No advertising SDKs"_key}) {
         auto* line = new SymbolLabel(m_environment.visual, u"checkmark.circle.fill"_s, promiseLook);

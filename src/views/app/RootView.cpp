@@ -5,10 +5,10 @@
 #include "preferences/PreferenceStore.h"
 #include "views/app/OnboardingView.h"
 #include "views/main/MainWorkspaceView.h"
+#include "views/style/Layouts.h"
 #include "windows/AccessibilityPermissionManager.h"
 
 #include <QGuiApplication>
-#include <QVBoxLayout>
 
 namespace trovell {
 
@@ -24,9 +24,7 @@ RootView::RootView(const MainEnvironment& environment, PreferenceStore& defaults
     : QWidget(parent), m_environment(environment), m_defaults(defaults),
       m_workspaces(new MainWorkspaceView(environment, this))
 {
-    auto* room = new QVBoxLayout(this);
-    room->setContentsMargins({});
-    room->addWidget(m_workspaces);
+    makeColumn(this, 0, {m_workspaces});
     connect(m_workspaces, &MainWorkspaceView::settingsRequested, this,
             &RootView::settingsRequested);
     connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, &RootView::refreshWhenActive);

@@ -3,8 +3,7 @@
 #include "views/app/SettingsCard.h"
 
 #include "views/style/Divider.h"
-
-#include <QVBoxLayout>
+#include "views/style/Layouts.h"
 
 namespace trovell {
 
@@ -20,11 +19,9 @@ constexpr int columnGap = 5;
 } // namespace
 
 SettingsCard::SettingsCard(const VisualStyle& visual, QWidget* parent)
-    : TrovellCardModifier(visual, parent), m_visual(visual), m_rows(new QVBoxLayout(this))
+    : TrovellCardModifier(visual, parent), m_visual(visual), m_rows(makeColumn(this, 0))
 {
     setPadding(1);
-    m_rows->setContentsMargins({});
-    m_rows->setSpacing(0);
 }
 
 QWidget* SettingsCard::addPlace()
@@ -39,18 +36,12 @@ QWidget* SettingsCard::addPlace()
 
 QHBoxLayout* SettingsCard::addRow()
 {
-    auto* row = new QHBoxLayout(addPlace());
-    row->setContentsMargins(rowPadding);
-    row->setSpacing(rowGap);
-    return row;
+    return makeRow(addPlace(), rowPadding, rowGap);
 }
 
 QVBoxLayout* SettingsCard::addColumn()
 {
-    auto* column = new QVBoxLayout(addPlace());
-    column->setContentsMargins(columnPadding);
-    column->setSpacing(columnGap);
-    return column;
+    return makeColumn(addPlace(), columnPadding, columnGap);
 }
 
 } // namespace trovell

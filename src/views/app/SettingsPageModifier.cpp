@@ -2,7 +2,7 @@
 
 #include "views/app/SettingsPageModifier.h"
 
-#include <QVBoxLayout>
+#include "views/style/Layouts.h"
 
 namespace trovell {
 
@@ -17,17 +17,8 @@ SettingsPageModifier::SettingsPageModifier(QWidget* content, QWidget* parent) : 
 {
     content->setMaximumWidth(widestPage);
     auto* page = new QWidget;
-    auto* row = new QHBoxLayout;
-    row->setSpacing(0);
-    row->addStretch();
     // The content takes what the stretches could have, up to its greatest width.
-    row->addWidget(content, 1);
-    row->addStretch();
-    auto* column = new QVBoxLayout(page);
-    column->setContentsMargins(pagePadding);
-    column->setSpacing(0);
-    column->addLayout(row);
-    column->addStretch();
+    makeColumn(page, pagePadding, 0, {makeRow(0, {Stretch{}, {content, 1}, Stretch{}}), Stretch{}});
     setContent(page);
 }
 

@@ -7,11 +7,11 @@
 #include "views/app/SettingsPageModifier.h"
 #include "views/app/SettingsTabBar.h"
 #include "views/app/UpdateSettingsView.h"
+#include "views/style/Layouts.h"
 #include "views/style/Painting.h"
 
 #include <QPainter>
 #include <QStackedWidget>
-#include <QVBoxLayout>
 
 namespace trovell {
 
@@ -29,16 +29,8 @@ SettingsView::SettingsView(const SettingsEnvironment& environment, QWidget* pare
       m_pages(new QStackedWidget)
 {
     setFixedSize(windowSize);
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins({});
-    column->setSpacing(0);
-    auto* row = new QHBoxLayout;
-    row->setContentsMargins(tabMargins);
-    row->addStretch();
-    row->addWidget(m_tabs);
-    row->addStretch();
-    column->addLayout(row);
-    column->addWidget(m_pages, 1);
+    auto* row = makeRow(nullptr, tabMargins, 0, {Stretch{}, m_tabs, Stretch{}});
+    makeColumn(this, 0, {row, {m_pages, 1}});
     addPage(u"gearshape"_s, u"General"_key, new GeneralSettingsView(environment));
     addPage(u"arrow.triangle.2.circlepath"_s, u"Updates"_key, new UpdateSettingsView(environment));
     addPage(u"info.circle"_s, u"About"_key, new AboutSettingsView(environment));

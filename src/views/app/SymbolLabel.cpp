@@ -2,9 +2,9 @@
 
 #include "views/app/SymbolLabel.h"
 
+#include "views/style/Layouts.h"
 #include "views/style/Painting.h"
 
-#include <QHBoxLayout>
 #include <QPainter>
 
 namespace trovell {
@@ -15,11 +15,7 @@ SymbolLabel::SymbolLabel(const VisualStyle& visual, const QString& symbolName, c
       m_symbol(new SymbolView(visual, symbolName, look.symbolSize, look.symbolColor)),
       m_label(new TextLabel(visual, {}, look.role, look.textColor))
 {
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins({});
-    row->setSpacing(look.gap);
-    row->addWidget(m_symbol);
-    row->addWidget(m_label, 1);
+    makeRow(this, look.gap, {m_symbol, {m_label, 1}});
 }
 
 void SymbolLabel::setPill(ColorToken fill)

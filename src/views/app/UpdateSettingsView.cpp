@@ -9,10 +9,9 @@
 #include "views/app/SettingsCard.h"
 #include "views/app/SymbolLabel.h"
 #include "views/style/ForwardedClicks.h"
+#include "views/style/Layouts.h"
 #include "views/style/PushButton.h"
 #include "views/style/Switch.h"
-
-#include <QVBoxLayout>
 
 namespace trovell {
 
@@ -28,10 +27,7 @@ constexpr int noteInset = 17;
 UpdateSettingsView::UpdateSettingsView(const SettingsEnvironment& environment, QWidget* parent)
     : QWidget(parent), m_environment(environment)
 {
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins({});
-    column->setSpacing(updateCardGap);
-    column->addWidget(buildChecks());
+    auto* column = makeColumn(this, updateCardGap, {buildChecks()});
     if (!environment.updateController.isConfigured())
         column->addWidget(buildExplanation());
     column->addWidget(buildStatus());

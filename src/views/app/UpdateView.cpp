@@ -5,6 +5,7 @@
 #include "views/app/NotesArea.h"
 #include "views/app/UpdateTexts.h"
 #include "views/style/Accessibility.h"
+#include "views/style/Layouts.h"
 #include "views/style/ProgressRing.h"
 #include "views/style/PushButton.h"
 #include "views/style/TextLabel.h"
@@ -13,7 +14,6 @@
 
 #include <QKeyEvent>
 #include <QProgressBar>
-#include <QVBoxLayout>
 
 namespace trovell {
 
@@ -55,13 +55,8 @@ UpdateView::UpdateView(const ViewEnvironment& environment, Updater& updater, QWi
 
 void UpdateView::build()
 {
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(updateMargin, updateMargin, updateMargin, updateMargin);
-    column->setSpacing(updateGap);
-    column->addLayout(buildHeading());
-    column->addWidget(buildNotes());
-    column->addWidget(m_bar);
-    column->addLayout(buildButtons());
+    makeColumn(this, allAround(updateMargin), updateGap,
+               {buildHeading(), buildNotes(), m_bar, buildButtons()});
     m_bar->setRange(0, 100);
     m_bar->setTextVisible(false);
     m_bar->setFixedHeight(progressBarHeight);
@@ -73,37 +68,23 @@ QLayout* UpdateView::buildHeading()
     m_title->setWeight(QFont::DemiBold);
     m_title->setWordWrap(true);
     m_text->setWordWrap(true);
-    auto* texts = new QVBoxLayout;
-    texts->setSpacing(updateTextGap);
-    texts->addStretch();
-    texts->addWidget(m_title);
-    texts->addWidget(m_text);
-    texts->addStretch();
-    auto* row = new QHBoxLayout;
-    row->setSpacing(headingGap);
-    row->addWidget(new TrovellBrandMark(m_environment.visual, markSize), 0, Qt::AlignTop);
-    row->addLayout(texts, 1);
-    row->addWidget(m_ring, 0, Qt::AlignVCenter);
-    return row;
+    auto* texts = makeColumn(updateTextGap, {Stretch{}, m_title, m_text, Stretch{}});
+    return makeRow(headingGap,
+                   {{new TrovellBrandMark(m_environment.visual, markSize), 0, Qt::AlignTop},
+                    {texts, 1},
+                    {m_ring, 0, Qt::AlignVCenter}});
 }
 
 QWidget* UpdateView::buildNotes()
 {
     m_notesCard->setPadding(1);
-    auto* room = new QVBoxLayout(m_notesCard);
-    room->setContentsMargins({});
-    room->addWidget(m_notes);
+    makeColumn(m_notesCard, 0, {m_notes});
     return m_notesCard;
 }
 
 QLayout* UpdateView::buildButtons()
 {
-    auto* row = new QHBoxLayout;
-    row->setSpacing(buttonGap);
-    row->addStretch();
-    row->addWidget(m_close);
-    row->addWidget(m_next);
-    return row;
+    return makeRow(buttonGap, {Stretch{}, m_close, m_next});
 }
 
 void UpdateView::showState(const UpdateState& state)

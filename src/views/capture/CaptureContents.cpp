@@ -7,12 +7,11 @@
 #include "views/capture/RetainedPlacementRow.h"
 #include "views/shared/GradualColumn.h"
 #include "views/style/Divider.h"
+#include "views/style/Layouts.h"
 #include "views/style/SymbolView.h"
 #include "views/style/TextField.h"
 #include "views/style/TextLabel.h"
 #include "views/style/TrovellCardModifier.h"
-
-#include <QVBoxLayout>
 
 namespace trovell {
 
@@ -31,22 +30,13 @@ constexpr int emptySymbolSize = 32;
 constexpr int emptyMargin = 26;
 constexpr int emptySymbolGap = 10;
 
-QVBoxLayout* makeSection(QWidget* section, int gap)
-{
-    auto* column = new QVBoxLayout(section);
-    column->setContentsMargins({});
-    column->setSpacing(gap);
-    return column;
-}
-
 } // namespace
 
 CaptureContents::CaptureContents(const ViewEnvironment& environment, CapturePurpose purpose,
                                  bool appsOnly, CaptureDraft& draft)
-    : m_environment(environment), m_draft(draft), m_sections(new QVBoxLayout(this))
+    : m_environment(environment), m_draft(draft),
+      m_sections(makeColumn(this, allAround(padding), sectionGap))
 {
-    m_sections->setContentsMargins(padding, padding, padding, padding);
-    m_sections->setSpacing(sectionGap);
     if (purpose != CapturePurpose::update)
         addFields();
     if (appsOnly)
@@ -71,23 +61,19 @@ void CaptureContents::addAppsOnlyNote()
     const VisualStyle& visual = m_environment.visual;
     auto* card = new TrovellCardModifier(visual);
     card->setContentsMargins(2 + notePadding, notePadding, 2 + notePadding, notePadding);
-    auto* row = new QHBoxLayout(card);
-    row->setContentsMargins({});
-    row->setSpacing(noteGap);
     auto* text = new TextLabel(visual, {}, TextRole::caption, ColorToken::labelSecondary);
     text->setWordWrap(true);
     m_environment.words.renderText(
         text,
         u"Only application launch items will be saved. Grant Accessibility access later, arrange the windows, then use Save Layout."_key);
-    row->addWidget(new SymbolView(visual, u"info.circle"_s, noteSymbolSize));
-    row->addWidget(text, 1);
+    makeRow(card, noteGap, {new SymbolView(visual, u"info.circle"_s, noteSymbolSize), {text, 1}});
     m_sections->addWidget(card);
 }
 
 void CaptureContents::addApplications(CapturePurpose purpose, bool appsOnly)
 {
     auto* section = new QWidget;
-    QVBoxLayout* column = makeSection(section, headingGap);
+    auto* column = makeColumn(section, headingGap);
     column->addWidget(makeApplicationsHeading());
     m_sections->addWidget(section);
     if (m_draft.applications.isEmpty()) {
@@ -106,14 +92,11 @@ void CaptureContents::addApplications(CapturePurpose purpose, bool appsOnly)
 QWidget* CaptureContents::makeApplicationsHeading()
 {
     auto* heading = new QWidget;
-    auto* row = new QHBoxLayout(heading);
-    row->setContentsMargins({});
     m_selectedCount =
         new TextLabel(m_environment.visual, {}, TextRole::callout, ColorToken::labelSecondary);
     m_selectedCount->setElides(false);
     m_environment.words.render(m_selectedCount, [this] { showSelectedCount(); });
-    row->addWidget(makeHeading(u"Detected Applications"_key), 1);
-    row->addWidget(m_selectedCount);
+    makeRow(heading, 6, {{makeHeading(u"Detected Applications"_key), 1}, m_selectedCount});
     return heading;
 }
 
@@ -121,13 +104,11 @@ QWidget* CaptureContents::makeNoApplicationsCard()
 {
     const VisualStyle& visual = m_environment.visual;
     auto* card = new TrovellCardModifier(visual);
-    auto* column = new QVBoxLayout(card);
-    column->setContentsMargins(0, emptyMargin - padding / 2, 0, emptyMargin - padding / 2);
-    column->setSpacing(0);
-    column->addWidget(new SymbolView(visual, u"macwindow.on.rectangle"_s, emptySymbolSize,
-                                     ColorToken::labelSecondary),
-                      0, Qt::AlignHCenter);
-    column->addSpacing(emptySymbolGap);
+    auto* column = makeColumn(card, {0, emptyMargin - padding / 2, 0, emptyMargin - padding / 2}, 0,
+                              {{new SymbolView(visual, u"macwindow.on.rectangle"_s, emptySymbolSize,
+                                               ColorToken::labelSecondary),
+                                0, Qt::AlignHCenter},
+                               Gap{emptySymbolGap}});
     TextLabel* title = makeHeading(u"No workspace application windows are open"_key);
     auto* text = new TextLabel(visual, {}, TextRole::callout, ColorToken::labelSecondary);
     m_environment.words.renderText(
@@ -143,17 +124,15 @@ QWidget* CaptureContents::makeNoApplicationsCard()
 void CaptureContents::addRetainedPlacements()
 {
     auto* section = new QWidget;
-    QVBoxLayout* column = makeSection(section, captionGap);
     auto* text =
         new TextLabel(m_environment.visual, {}, TextRole::callout, ColorToken::labelSecondary);
     text->setWordWrap(true);
     m_environment.words.renderText(
         text,
         u"These applications are closed or their saved windows are not open. Their previous positions are kept by default."_key);
-    column->addWidget(makeHeading(u"Not Currently Detected"_key));
-    column->addWidget(text);
-    column->addSpacing(headingGap - captionGap);
-    column->addWidget(makeRetainedCard());
+    makeColumn(section, captionGap,
+               {makeHeading(u"Not Currently Detected"_key), text, Gap{headingGap - captionGap},
+                makeRetainedCard()});
     m_sections->addWidget(section);
 }
 
@@ -164,7 +143,7 @@ QWidget* CaptureContents::makeRetainedCard()
     m_environment.words.render(card, [&words = m_environment.words, card] {
         card->setAccessibleName(words.text(u"Not Currently Detected"_key));
     });
-    QVBoxLayout* column = makeSection(card, 0);
+    auto* column = makeColumn(card, 0);
     for (qsizetype index = 0; index < m_draft.retainedPlacements.size(); ++index) {
         if (index > 0)
             column->addWidget(new Divider(m_environment.visual));

@@ -5,6 +5,7 @@
 #include "editing/CaptureDraft.h"
 #include "views/shared/WorkspaceChoiceControls.h"
 #include "views/style/ChoiceRow.h"
+#include "views/style/Layouts.h"
 #include "views/style/Picker.h"
 #include "views/style/TextField.h"
 #include "views/style/TextLabel.h"
@@ -27,25 +28,17 @@ constexpr int pickerGap = 12;
 CaptureFields::CaptureFields(const ViewEnvironment& environment, CaptureDraft& draft)
     : m_environment(environment)
 {
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins({});
-    column->setSpacing(fieldHeadingGap);
     auto* heading = new TextLabel(environment.visual, {}, TextRole::headline);
     environment.words.renderText(heading, u"Workspace"_key);
     auto* card = new TrovellCardModifier(environment.visual);
-    auto* cardColumn = new QVBoxLayout(card);
-    cardColumn->setContentsMargins({});
-    cardColumn->setSpacing(fieldGap);
-    addName(card, draft);
-    addChoices(card, draft);
+    makeColumn(card, fieldGap, {makeName(draft), makeChoices(draft)});
     environment.words.render(card, [&words = environment.words, card] {
         card->setAccessibleName(words.text(u"Workspace"_key));
     });
-    column->addWidget(heading);
-    column->addWidget(card);
+    makeColumn(this, fieldHeadingGap, {heading, card});
 }
 
-void CaptureFields::addName(TrovellCardModifier* card, CaptureDraft& draft)
+QWidget* CaptureFields::makeName(CaptureDraft& draft)
 {
     m_name = new TextField(m_environment.visual, {});
     m_name->setText(draft.basics.name);
@@ -58,23 +51,19 @@ void CaptureFields::addName(TrovellCardModifier* card, CaptureDraft& draft)
         draft.basics.name = text;
         Q_EMIT changed();
     });
-    card->layout()->addWidget(m_name);
+    return m_name;
 }
 
-void CaptureFields::addChoices(TrovellCardModifier* card, CaptureDraft& draft)
+QLayout* CaptureFields::makeChoices(CaptureDraft& draft)
 {
     auto* controls =
-        new WorkspaceChoiceControls(m_environment, draft.basics.choices, u"No Shortcut"_key, card);
+        new WorkspaceChoiceControls(m_environment, draft.basics.choices, u"No Shortcut"_key, this);
     connect(controls, &WorkspaceChoiceControls::choicesChanged, this, [this, &draft, controls] {
         draft.basics.choices = controls->choices();
         Q_EMIT changed();
     });
-    auto* accentRow = new QHBoxLayout;
-    accentRow->setSpacing(pickerGap);
-    accentRow->addWidget(controls->accents());
-    accentRow->addStretch();
-    accentRow->addWidget(makeCaption(u"Shortcut"_key));
-    accentRow->addWidget(controls->shortcut());
+    auto* accentRow = makeRow(pickerGap, {controls->accents(), Stretch{},
+                                          makeCaption(u"Shortcut"_key), controls->shortcut()});
     auto* grid = new QGridLayout;
     grid->setHorizontalSpacing(fieldCaptionGap);
     grid->setVerticalSpacing(rowGap);
@@ -83,7 +72,7 @@ void CaptureFields::addChoices(TrovellCardModifier* card, CaptureDraft& draft)
     grid->addWidget(controls->icons(), 0, 1, Qt::AlignLeft);
     grid->addWidget(makeCaption(u"Accent"_key), 1, 0);
     grid->addLayout(accentRow, 1, 1);
-    static_cast<QVBoxLayout*>(card->layout())->addLayout(grid);
+    return grid;
 }
 
 TextLabel* CaptureFields::makeCaption(TextKey<> key)

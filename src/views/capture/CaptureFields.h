@@ -11,7 +11,6 @@ namespace trovell {
 
 class TextField;
 class TextLabel;
-class TrovellCardModifier;
 class WorkspaceChoiceControls;
 struct CaptureDraft;
 
@@ -29,8 +28,8 @@ Q_SIGNALS:
     void changed();
 
 private:
-    void addName(TrovellCardModifier* card, CaptureDraft& draft);
-    void addChoices(TrovellCardModifier* card, CaptureDraft& draft);
+    QWidget* makeName(CaptureDraft& draft);
+    QLayout* makeChoices(CaptureDraft& draft);
     TextLabel* makeCaption(TextKey<> key);
 
     const ViewEnvironment m_environment;

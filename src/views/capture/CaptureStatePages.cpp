@@ -2,13 +2,12 @@
 
 #include "views/capture/CaptureStatePages.h"
 
+#include "views/style/Layouts.h"
 #include "views/style/ProgressRing.h"
 #include "views/style/PushButton.h"
 #include "views/style/SymbolView.h"
 #include "views/style/TextLabel.h"
 #include "windows/AccessibilityPermissionManager.h"
-
-#include <QVBoxLayout>
 
 namespace trovell {
 
@@ -34,23 +33,17 @@ constexpr int ringGap = 16;
 } // namespace
 
 CaptureStatePage::CaptureStatePage(const ViewEnvironment& environment)
-    : m_environment(environment), m_column(new QVBoxLayout)
+    : m_environment(environment), m_column(makeColumn(0))
 {
-    m_column->setSpacing(0);
-    auto* page = new QVBoxLayout(this);
-    page->setContentsMargins(pageMargin, pageMargin, pageMargin, bottomMargin);
-    page->addStretch();
-    page->addLayout(m_column);
-    page->addStretch();
+    makeColumn(this, {pageMargin, pageMargin, pageMargin, bottomMargin}, 0,
+               {Stretch{}, m_column, Stretch{}});
 }
 
 void CaptureStatePage::addLine(int gap, const QList<QWidget*>& widgets, int spacing)
 {
     m_column->addSpacing(gap);
     // Not an alignment, with which a text would get the height that it has in full width.
-    auto* line = new QHBoxLayout;
-    line->setSpacing(spacing);
-    line->addStretch();
+    auto* line = makeRow(spacing, {Stretch{}});
     for (QWidget* widget : widgets)
         line->addWidget(widget);
     line->addStretch();

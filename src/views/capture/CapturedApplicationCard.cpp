@@ -5,11 +5,11 @@
 #include "views/capture/CapturedWindowRow.h"
 #include "views/style/Divider.h"
 #include "views/style/ForwardedClicks.h"
+#include "views/style/Layouts.h"
 #include "views/style/SymbolView.h"
 #include "views/style/TextLabel.h"
 
 #include <QCheckBox>
-#include <QVBoxLayout>
 
 namespace trovell {
 
@@ -37,10 +37,7 @@ CapturedApplicationCard::CapturedApplicationCard(const ViewEnvironment& environm
 {
     setPadding(0);
     setAccessibleName(application().applicationName);
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins({});
-    column->setSpacing(0);
-    column->addWidget(makeHeading(purpose, appsOnly));
+    auto* column = makeColumn(this, 0, {makeHeading(purpose, appsOnly)});
     for (qsizetype window = 0; window < application().windows.size(); ++window) {
         column->addWidget(new Divider(environment.visual));
         column->addWidget(makeWindowRow(window));
@@ -50,9 +47,6 @@ CapturedApplicationCard::CapturedApplicationCard(const ViewEnvironment& environm
 QWidget* CapturedApplicationCard::makeHeading(CapturePurpose purpose, bool appsOnly)
 {
     auto* heading = new QWidget;
-    auto* row = new QHBoxLayout(heading);
-    row->setContentsMargins(cardPadding, headingMargin, cardPadding, headingMargin);
-    row->setSpacing(gap);
     auto* included = new QCheckBox;
     included->setAccessibleName(application().applicationName);
     included->setChecked(application().isIncluded);
@@ -62,10 +56,10 @@ QWidget* CapturedApplicationCard::makeHeading(CapturePurpose purpose, bool appsO
     });
     QWidget* names = makeNames(appsOnly);
     forwardClicks(*names, *included);
-    row->addWidget(included);
-    row->addWidget(names, 1);
-    row->addWidget(purpose == CapturePurpose::update ? makeLaunchItemMark()
-                                                     : makeLaunchItemChoice());
+    makeRow(heading, {cardPadding, headingMargin, cardPadding, headingMargin}, gap,
+            {included,
+             {names, 1},
+             purpose == CapturePurpose::update ? makeLaunchItemMark() : makeLaunchItemChoice()});
     return heading;
 }
 
@@ -73,13 +67,9 @@ QWidget* CapturedApplicationCard::makeNames(bool appsOnly)
 {
     const VisualStyle& visual = m_environment.visual;
     auto* names = new QWidget;
-    auto* column = new QVBoxLayout(names);
-    column->setContentsMargins({});
-    column->setSpacing(0);
     auto* name = new TextLabel(visual, application().applicationName, TextRole::headline);
     auto* detail = new TextLabel(visual, {}, TextRole::caption, ColorToken::labelSecondary);
-    column->addWidget(name);
-    column->addWidget(detail);
+    makeColumn(names, 0, {name, detail});
     const Localization& words = m_environment.words;
     const qint64 windowCount = application().windows.size();
     words.render(this, [&words, detail, appsOnly, windowCount] {
@@ -105,15 +95,13 @@ QWidget* CapturedApplicationCard::makeLaunchItemMark()
 {
     const VisualStyle& visual = m_environment.visual;
     auto* mark = new QWidget;
-    auto* row = new QHBoxLayout(mark);
-    row->setContentsMargins({});
-    row->setSpacing(markGap);
     auto* text = new TextLabel(visual, {}, TextRole::callout, ColorToken::labelSecondary);
     text->setElides(false);
     m_environment.words.renderText(text, u"Launch item saved"_key);
-    row->addWidget(
-        new SymbolView(visual, u"checkmark.circle"_s, markSymbolSize, ColorToken::labelSecondary));
-    row->addWidget(text);
+    makeRow(
+        mark, markGap,
+        {new SymbolView(visual, u"checkmark.circle"_s, markSymbolSize, ColorToken::labelSecondary),
+         text});
     return mark;
 }
 

@@ -5,11 +5,11 @@
 #include "views/capture/CaptureWindowMiniature.h"
 #include "views/shared/ViewEnvironment.h"
 #include "views/style/ForwardedClicks.h"
+#include "views/style/Layouts.h"
 #include "views/style/TextLabel.h"
 #include "windows/CapturedApplication.h"
 
 #include <QAbstractButton>
-#include <QHBoxLayout>
 
 namespace trovell {
 
@@ -32,12 +32,8 @@ CapturedWindowRow::CapturedWindowRow(const ViewEnvironment& environment,
     title->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     forwardClicks(*title, *toggle);
     forwardClicks(*miniature, *toggle);
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(look.leadingMargin, verticalMargin, trailingMargin, verticalMargin);
-    row->setSpacing(look.gap);
-    row->addWidget(toggle);
-    row->addWidget(miniature);
-    row->addWidget(title);
+    makeRow(this, {look.leadingMargin, verticalMargin, trailingMargin, verticalMargin}, look.gap,
+            {toggle, miniature, title});
     setMinimumHeight(visual.tokens().size(Tokens::Size::captureWindowRow));
     if (window.windowTitle) {
         toggle->setAccessibleName(*window.windowTitle);

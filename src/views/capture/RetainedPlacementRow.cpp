@@ -3,11 +3,10 @@
 #include "views/capture/RetainedPlacementRow.h"
 
 #include "editing/CaptureDraft.h"
+#include "views/style/Layouts.h"
 #include "views/style/Switch.h"
 #include "views/style/SymbolView.h"
 #include "views/style/TextLabel.h"
-
-#include <QVBoxLayout>
 
 namespace trovell {
 
@@ -41,23 +40,18 @@ RetainedPlacementRow::RetainedPlacementRow(const ViewEnvironment& environment,
         kept->setAccessibleName(words.text(phrases::keepSavedPositionFor, name));
         showStatus();
     });
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(sidePadding, verticalPadding, sidePadding, verticalPadding);
-    row->setSpacing(retainedRowGap);
-    row->addWidget(new SymbolView(visual, u"macwindow.badge.exclamationmark"_s, symbolSize,
-                                  ColorToken::labelSecondary));
-    row->addWidget(makeNames(placement), 1);
-    row->addWidget(m_status);
-    row->addWidget(kept);
+    makeRow(this, {sidePadding, verticalPadding, sidePadding, verticalPadding}, retainedRowGap,
+            {new SymbolView(visual, u"macwindow.badge.exclamationmark"_s, symbolSize,
+                            ColorToken::labelSecondary),
+             {makeNames(placement), 1},
+             m_status,
+             kept});
 }
 
 QWidget* RetainedPlacementRow::makeNames(const RetainedPlacementDraft& placement)
 {
     const VisualStyle& visual = m_environment.visual;
     auto* names = new QWidget;
-    auto* column = new QVBoxLayout(names);
-    column->setContentsMargins({});
-    column->setSpacing(0);
     auto* title = new TextLabel(visual, placement.windowTitle.value_or(placement.applicationName));
     title->setWeight(QFont::Medium);
     auto* detail = new TextLabel(visual, {}, TextRole::caption, ColorToken::labelSecondary);
@@ -65,8 +59,7 @@ QWidget* RetainedPlacementRow::makeNames(const RetainedPlacementDraft& placement
     words.render(detail, [&words, detail, name = placement.applicationName] {
         detail->setText(words.text(phrases::notDetected, name));
     });
-    column->addWidget(title);
-    column->addWidget(detail);
+    makeColumn(names, 0, {title, detail});
     return names;
 }
 

@@ -9,13 +9,12 @@
 #include "views/capture/CaptureStatePages.h"
 #include "views/shared/SheetParts.h"
 #include "views/shared/WorkspaceAlert.h"
+#include "views/style/Layouts.h"
 #include "views/style/PushButton.h"
 #include "views/style/SymbolView.h"
 #include "views/style/TextLabel.h"
 #include "windows/AccessibilityPermissionManager.h"
 #include "windows/WindowCaptureService.h"
-
-#include <QVBoxLayout>
 
 namespace trovell {
 
@@ -58,8 +57,7 @@ WorkspaceCaptureView::WorkspaceCaptureView(const EditingEnvironment& environment
       m_draft(makeCaptureDraft(purpose, workspaceOrNull))
 {
     auto* body = new QWidget;
-    m_pages = new QVBoxLayout(body);
-    m_pages->setContentsMargins({});
+    m_pages = makeColumn(body, 0);
     setHeader(makeHeader());
     setBody(body);
     setFooter(makeFooter());
@@ -96,19 +94,14 @@ QWidget* WorkspaceCaptureView::makeHeader()
         title->setText(shownTitle());
         subtitle->setText(shownSubtitle());
     });
-    auto* titles = new QVBoxLayout;
-    titles->setSpacing(0);
-    titles->addStretch();
+    auto* titles = makeColumn(0, {Stretch{}});
     for (TextLabel* label : {title, subtitle}) {
         label->setWordWrap(true);
         titles->addWidget(label);
     }
     titles->addStretch();
-    auto* row = new QHBoxLayout(header);
-    row->setContentsMargins(sheetPadding, headerMargin, headerTrailingMargin, headerMargin);
-    row->setSpacing(headerGap);
-    row->addWidget(symbol);
-    row->addLayout(titles, 1);
+    makeRow(header, {sheetPadding, headerMargin, headerTrailingMargin, headerMargin}, headerGap,
+            {symbol, {titles, 1}});
     return header;
 }
 

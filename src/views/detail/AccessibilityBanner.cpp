@@ -3,12 +3,11 @@
 #include "views/detail/AccessibilityBanner.h"
 
 #include "views/shared/WrappingRow.h"
+#include "views/style/Layouts.h"
 #include "views/style/PushButton.h"
 #include "views/style/SymbolView.h"
 #include "views/style/TextLabel.h"
 #include "windows/AccessibilityPermissionManager.h"
-
-#include <QHBoxLayout>
 
 namespace trovell {
 
@@ -27,18 +26,9 @@ AccessibilityBanner::AccessibilityBanner(const ViewEnvironment& environment,
     title->setWordWrap(true);
     explanation->setWordWrap(true);
 
-    auto* texts = new QVBoxLayout;
-    texts->setSpacing(2);
-    texts->addWidget(title);
-    texts->addWidget(explanation);
-    texts->addSpacing(8);
-    texts->addLayout(buildButtons(accessibility));
+    auto* texts = makeColumn(2, {title, explanation, Gap{8}, buildButtons(accessibility)});
 
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(17, 15, 17, 15);
-    row->setSpacing(12);
-    row->addWidget(symbol, 0, Qt::AlignTop);
-    row->addLayout(texts, 1);
+    makeRow(this, {17, 15, 17, 15}, 12, {{symbol, 0, Qt::AlignTop}, {texts, 1}});
 
     environment.words.render(this, [this, title, explanation, &words = environment.words] {
         title->setText(words.text(u"Window restore is paused"_key));

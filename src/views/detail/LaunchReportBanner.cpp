@@ -3,6 +3,7 @@
 #include "views/detail/LaunchReportBanner.h"
 
 #include "views/style/Divider.h"
+#include "views/style/Layouts.h"
 #include "views/style/PushButton.h"
 #include "views/style/SymbolView.h"
 #include "views/style/TextLabel.h"
@@ -45,11 +46,7 @@ LaunchReportBanner::LaunchReportBanner(const ViewEnvironment& environment, QWidg
       m_rows(new QGridLayout)
 {
     setVisible(false);
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(17, 15, 17, 15);
-    column->setSpacing(0);
-    column->addWidget(buildSummary());
-    column->addWidget(m_details = buildDetails());
+    makeColumn(this, {17, 15, 17, 15}, 0, {buildSummary(), m_details = buildDetails()});
 
     connect(m_disclosure, &QAbstractButton::clicked, this, [this] { setExpanded(!m_isExpanded); });
     connect(&environment.visual, &VisualStyle::metricsChanged, this,
@@ -61,29 +58,17 @@ QWidget* LaunchReportBanner::buildSummary()
 {
     m_title->setWordWrap(true);
     m_summary->setWordWrap(true);
-    auto* texts = new QVBoxLayout;
-    texts->setSpacing(0);
-    texts->addWidget(m_title);
-    texts->addWidget(m_summary);
+    auto* texts = makeColumn(0, {m_title, m_summary});
 
     auto* summary = new QWidget;
-    auto* row = new QHBoxLayout(summary);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(gap);
-    row->addWidget(m_symbol);
-    row->addLayout(texts, 1);
-    row->addWidget(m_disclosure);
+    makeRow(summary, gap, {m_symbol, {texts, 1}, m_disclosure});
     return summary;
 }
 
 QWidget* LaunchReportBanner::buildDetails()
 {
     auto* details = new QWidget;
-    auto* column = new QVBoxLayout(details);
-    column->setContentsMargins(0, gap, 0, 0);
-    column->setSpacing(10);
-    column->addWidget(new Divider(m_environment.visual));
-    column->addLayout(m_rows);
+    makeColumn(details, {0, gap, 0, 0}, 10, {new Divider(m_environment.visual), m_rows});
     m_rows->setHorizontalSpacing(gap);
     m_rows->setVerticalSpacing(7);
     m_rows->setColumnStretch(1, 1);

@@ -4,21 +4,17 @@
 
 #include "views/detail/DisplayPreview.h"
 #include "views/shared/ViewEnvironment.h"
+#include "views/style/Layouts.h"
 #include "views/style/TextLabel.h"
-
-#include <QVBoxLayout>
 
 namespace trovell {
 
 LayoutPreview::LayoutPreview(const ViewEnvironment& environment, QWidget* parent)
     : TrovellCardModifier(environment.visual, parent), m_visual(environment.visual),
-      m_column(new QVBoxLayout(this))
+      m_column(makeColumn(this, {0, 20, 0, 2}, 0))
 {
     // The pictures bring their own sides, and most of the margin below the last.
     setPadding(0);
-    m_column->setContentsMargins(0, 20, 0, 2);
-    m_column->setSpacing(0);
-
     auto* title = new TextLabel(m_visual, {}, TextRole::headline);
     title->setContentsMargins(16, 0, 16, 0);
     m_column->addWidget(title);

@@ -3,10 +3,9 @@
 #include "views/detail/NoItemsView.h"
 
 #include "views/shared/ViewEnvironment.h"
+#include "views/style/Layouts.h"
 #include "views/style/SymbolView.h"
 #include "views/style/TextLabel.h"
-
-#include <QVBoxLayout>
 
 namespace trovell {
 
@@ -21,11 +20,7 @@ NoItemsView::NoItemsView(const ViewEnvironment& environment, QWidget* parent) : 
     environment.words.renderText(heading, u"No items yet"_key);
     environment.words.renderText(advice,
                                  u"Edit this workspace to add apps, folders, files, or links."_key);
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 44, 0, 52);
-    column->setSpacing(0);
-    column->addWidget(symbol, 0, Qt::AlignHCenter);
-    column->addSpacing(12);
+    auto* column = makeColumn(this, {0, 44, 0, 52}, 0, {{symbol, 0, Qt::AlignHCenter}, Gap{12}});
     for (TextLabel* const label : {heading, advice}) {
         label->setWordWrap(true);
         label->setAlignment(Qt::AlignHCenter);

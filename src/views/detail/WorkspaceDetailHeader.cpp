@@ -4,13 +4,13 @@
 
 #include "model/TrovellWorkspace.h"
 #include "views/detail/DetailHeaderLayout.h"
+#include "views/style/Layouts.h"
 #include "views/style/Menus.h"
 #include "views/style/PushButton.h"
 #include "views/style/SymbolView.h"
 #include "views/style/TextLabel.h"
 
 #include <QApplication>
-#include <QVBoxLayout>
 
 namespace trovell {
 
@@ -46,11 +46,7 @@ QWidget* WorkspaceDetailHeader::buildTexts()
     m_name->setWordWrap(true);
     m_counts->setWordWrap(true);
     auto* texts = new QWidget;
-    auto* column = new QVBoxLayout(texts);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    column->addWidget(m_name);
-    column->addWidget(m_counts);
+    makeColumn(texts, 0, {m_name, m_counts});
     return texts;
 }
 

@@ -12,13 +12,13 @@
 #include "views/detail/WorkspaceItemsCard.h"
 #include "views/detail/WorkspaceNoticeBanner.h"
 #include "views/style/Divider.h"
+#include "views/style/Layouts.h"
 #include "views/style/ScrollArea.h"
 #include "windows/AccessibilityPermissionManager.h"
 
 #include <QGuiApplication>
 #include <QScrollBar>
 #include <QTimer>
-#include <QVBoxLayout>
 
 namespace trovell {
 
@@ -44,9 +44,7 @@ WorkspaceDetailView::WorkspaceDetailView(const DetailEnvironment& environment, Q
       m_items(new WorkspaceItemsCard(environment)), m_preview(new LayoutPreview(environment))
 {
     m_scrollArea->setContent(buildColumn());
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_scrollArea);
+    makeColumn(this, 0, {m_scrollArea});
     connectActions();
     followServices();
     setWorkspace(nullptr);
@@ -56,22 +54,13 @@ QWidget* WorkspaceDetailView::buildColumn()
 {
     m_preview->setMinimumWidth(narrowestPreview);
     m_preview->setMaximumWidth(widestPreview);
-    auto* cards = new QHBoxLayout;
-    cards->setSpacing(cardGap);
-    cards->addWidget(m_items, itemsShare, Qt::AlignTop);
-    cards->addWidget(m_preview, previewShare, Qt::AlignTop);
+    auto* cards = makeRow(
+        cardGap, {{m_items, itemsShare, Qt::AlignTop}, {m_preview, previewShare, Qt::AlignTop}});
 
     auto* content = new QWidget;
-    auto* column = new QVBoxLayout(content);
-    column->setContentsMargins(margin, margin, margin, margin);
-    column->setSpacing(blockGap);
-    column->addWidget(m_header);
-    column->addWidget(m_noticeBanner);
-    column->addWidget(m_reportBanner);
-    column->addWidget(m_accessibilityBanner);
-    column->addWidget(new Divider(m_environment.visual));
-    column->addLayout(cards);
-    column->addStretch();
+    makeColumn(content, allAround(margin), blockGap,
+               {m_header, m_noticeBanner, m_reportBanner, m_accessibilityBanner,
+                new Divider(m_environment.visual), cards, Stretch{}});
     return content;
 }
 

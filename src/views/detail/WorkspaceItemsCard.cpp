@@ -5,10 +5,9 @@
 #include "views/detail/NoItemsView.h"
 #include "views/detail/WorkspaceItemsModel.h"
 #include "views/shared/RowList.h"
+#include "views/style/Layouts.h"
 #include "views/style/PushButton.h"
 #include "views/style/TextLabel.h"
-
-#include <QVBoxLayout>
 
 namespace trovell {
 
@@ -30,13 +29,7 @@ WorkspaceItemsCard::WorkspaceItemsCard(const ViewEnvironment& environment, QWidg
     m_list->setSelectionMode(QAbstractItemView::NoSelection);
     m_list->setFocusPolicy(Qt::NoFocus);
     m_list->setWholeHeight();
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    column->addWidget(buildHeader());
-    column->addSpacing(headerGap);
-    column->addWidget(m_noItems);
-    column->addWidget(m_list);
+    makeColumn(this, 0, {buildHeader(), Gap{headerGap}, m_noItems, m_list});
     environment.words.render(this, [this] {
         setAccessibleName(m_environment.words.text(u"Items"_key));
         m_list->setAccessibleName(accessibleName());
@@ -52,10 +45,7 @@ QWidget* WorkspaceItemsCard::buildHeader()
     m_environment.words.renderText(title, u"Items"_key);
     m_environment.words.renderText(edit, u"Edit"_key);
     connect(edit, &QAbstractButton::clicked, this, &WorkspaceItemsCard::editRequested);
-    auto* row = new QHBoxLayout(header);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(title, 1);
-    row->addWidget(edit);
+    makeRow(header, 6, {{title, 1}, edit});
     return header;
 }
 

@@ -3,11 +3,10 @@
 #include "views/detail/WorkspaceNoticeBanner.h"
 
 #include "views/shared/ViewEnvironment.h"
+#include "views/style/Layouts.h"
 #include "views/style/PushButton.h"
 #include "views/style/SymbolView.h"
 #include "views/style/TextLabel.h"
-
-#include <QHBoxLayout>
 
 namespace trovell {
 
@@ -26,13 +25,8 @@ WorkspaceNoticeBanner::WorkspaceNoticeBanner(const ViewEnvironment& environment,
     dismiss->setSizes(24, 16);
     connect(dismiss, &QAbstractButton::clicked, this, &WorkspaceNoticeBanner::dismissed);
 
-    auto* row = new QHBoxLayout(this);
     // The border of one pixel, and for the round symbol two more.
-    row->setContentsMargins(13, 11, 11, 11);
-    row->setSpacing(10);
-    row->addWidget(symbol);
-    row->addWidget(m_label, 1);
-    row->addWidget(dismiss);
+    makeRow(this, {13, 11, 11, 11}, 10, {symbol, {m_label, 1}, dismiss});
 
     m_words.render(this, [this, dismiss] {
         dismiss->setAccessibleName(m_words.text(u"Dismiss"_key));

@@ -5,6 +5,7 @@
 #include "launch/ResourceSystem.h"
 #include "views/shared/RowList.h"
 #include "views/shared/RowModel.h"
+#include "views/style/Layouts.h"
 #include "views/style/PushButton.h"
 #include "views/style/TextField.h"
 #include "views/style/TextLabel.h"
@@ -15,7 +16,6 @@
 #include <QSortFilterProxyModel>
 #include <QStandardItemModel>
 #include <QtConcurrentRun>
-#include <QVBoxLayout>
 
 namespace trovell {
 
@@ -93,43 +93,31 @@ ApplicationChooser::ApplicationChooser(const EditingEnvironment& environment,
 QWidget* ApplicationChooser::makeHeader()
 {
     auto* header = new QWidget;
-    auto* column = new QVBoxLayout(header);
-    column->setContentsMargins(chooserMargin, chooserMargin - 4, chooserMargin, barPadding);
-    column->setSpacing(gap);
     auto* title = new TextLabel(visual(), {}, TextRole::title2);
     connect(this, &QWidget::windowTitleChanged, title, &QLabel::setText);
-    column->addWidget(title);
-    column->addWidget(m_search);
+    makeColumn(header, {chooserMargin, chooserMargin - 4, chooserMargin, barPadding}, gap,
+               {title, m_search});
     return header;
 }
 
 QWidget* ApplicationChooser::makeBody()
 {
     auto* body = new QWidget;
-    auto* column = new QVBoxLayout(body);
-    column->setContentsMargins(listInset, gap / 2, listInset, gap / 2);
-    column->setSpacing(0);
     m_nothing->setWordWrap(true);
     m_nothing->setAlignment(Qt::AlignCenter);
-    column->addWidget(m_nothing, 1);
-    column->addWidget(m_list, 1);
+    makeColumn(body, {listInset, gap / 2, listInset, gap / 2}, 0, {{m_nothing, 1}, {m_list, 1}});
     return body;
 }
 
 QWidget* ApplicationChooser::makeFooter()
 {
     auto* footer = new QWidget;
-    auto* row = new QHBoxLayout(footer);
-    row->setContentsMargins(chooserMargin, barPadding, chooserMargin, barPadding);
-    row->setSpacing(chooserButtonGap);
     auto* other = new PushButton(visual(), {});
     auto* cancelButton = new PushButton(visual(), {});
     m_environment.words.renderText(other, u"Other…"_key);
     m_environment.words.renderText(cancelButton, u"Cancel"_key);
-    row->addWidget(other);
-    row->addStretch();
-    row->addWidget(cancelButton);
-    row->addWidget(m_choose);
+    makeRow(footer, {chooserMargin, barPadding, chooserMargin, barPadding}, chooserButtonGap,
+            {other, Stretch{}, cancelButton, m_choose});
     connect(cancelButton, &QAbstractButton::clicked, this, &Sheet::cancel);
     connect(other, &QAbstractButton::clicked, this, [this] {
         openFilePanel(m_environment.words, m_request, this,

@@ -6,10 +6,9 @@
 #include "views/editor/ReviewApplicationCard.h"
 #include "views/shared/GradualColumn.h"
 #include "views/shared/SheetParts.h"
+#include "views/style/Layouts.h"
 #include "views/style/PushButton.h"
 #include "views/style/TextLabel.h"
-
-#include <QVBoxLayout>
 
 namespace trovell {
 
@@ -48,9 +47,7 @@ QWidget* EditorCaptureReviewView::makeHeader()
     auto* text = new TextLabel(visual, {}, TextRole::body, ColorToken::labelSecondary);
     words.renderText(text,
                      u"Choose the ordinary windows Trovell should restore for this workspace."_key);
-    auto* column = new QVBoxLayout(header);
-    column->setContentsMargins(padding, headerMargin, padding, headerMargin - 2);
-    column->setSpacing(0);
+    auto* column = makeColumn(header, {padding, headerMargin, padding, headerMargin - 2}, 0);
     for (TextLabel* label : {title, text}) {
         label->setWordWrap(true);
         column->addWidget(label);
@@ -67,10 +64,8 @@ QWidget* EditorCaptureReviewView::makeBody()
                 &EditorCaptureReviewView::showSelectedCount);
         return card;
     };
-    auto* column = new QVBoxLayout(body);
-    column->setContentsMargins(padding, padding, padding, padding);
-    column->addWidget(new GradualColumn(m_applications.size(), makeCard));
-    column->addStretch();
+    makeColumn(body, allAround(padding), 0,
+               {new GradualColumn(m_applications.size(), makeCard), Stretch{}});
     return body;
 }
 

@@ -3,13 +3,13 @@
 #include "views/editor/EditorItemRow.h"
 
 #include "views/shared/ItemPresentation.h"
+#include "views/style/Layouts.h"
 #include "views/style/Painting.h"
 #include "views/style/PushButton.h"
 #include "views/style/SymbolView.h"
 #include "views/style/TextLabel.h"
 
 #include <QCheckBox>
-#include <QHBoxLayout>
 #include <QPainter>
 #include <QStyle>
 
@@ -101,27 +101,20 @@ void EditorItemRow::buildLayout()
     m_name->setWeight(QFont::Medium);
     m_locateAgain->hide();
 
-    auto* texts = new QVBoxLayout;
-    texts->setSpacing(0);
-    texts->addStretch();
-    texts->addWidget(m_name);
-    texts->addWidget(m_url);
-    texts->addStretch();
+    auto* texts = makeColumn(0, {Stretch{}, m_name, m_url, Stretch{}});
 
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(leadingInset, 0, trailingInset, 0);
-    row->setSpacing(0);
-    row->addWidget(m_grip);
-    row->addSpacing(gripGap);
-    row->addWidget(m_isEnabled);
-    row->addSpacing(itemRowGap);
-    row->addWidget(m_symbol);
-    row->addSpacing(itemRowGap);
-    row->addLayout(texts, 1);
-    row->addSpacing(itemRowGap);
-    row->addWidget(m_locateAgain);
-    row->addSpacing(itemRowGap);
-    row->addWidget(m_remove);
+    makeRow(this, {leadingInset, 0, trailingInset, 0}, 0,
+            {m_grip,
+             Gap{gripGap},
+             m_isEnabled,
+             Gap{itemRowGap},
+             m_symbol,
+             Gap{itemRowGap},
+             {texts, 1},
+             Gap{itemRowGap},
+             m_locateAgain,
+             Gap{itemRowGap},
+             m_remove});
 }
 
 void EditorItemRow::showWords()

@@ -4,6 +4,7 @@
 
 #include "launch/ResourceSystem.h"
 #include "views/editor/AddWebLinkView.h"
+#include "views/style/Layouts.h"
 #include "views/style/PushButton.h"
 #include "views/style/TextLabel.h"
 #include "views/style/TrovellCardModifier.h"
@@ -11,7 +12,6 @@
 #include <QFutureWatcher>
 #include <QMenu>
 #include <QtConcurrentRun>
-#include <QVBoxLayout>
 
 namespace trovell {
 
@@ -36,18 +36,9 @@ EditorItemsSection::EditorItemsSection(const EditingEnvironment& environment,
     caption->setWordWrap(true);
     environment.words.renderText(caption, u"Add the resources that should open together."_key);
     m_card->setPadding(0);
-    auto* cardColumn = new QVBoxLayout(m_card);
-    cardColumn->setContentsMargins(0, 0, 0, 0);
-    cardColumn->addWidget(m_list);
+    makeColumn(m_card, 0, {m_list});
 
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    column->addWidget(makeHeader());
-    column->addSpacing(captionGap);
-    column->addWidget(caption);
-    column->addSpacing(cardGap);
-    column->addWidget(m_card);
+    makeColumn(this, 0, {makeHeader(), Gap{captionGap}, caption, Gap{cardGap}, m_card});
     showCard();
     connect(m_list, &EditorItemList::countChanged, this, &EditorItemsSection::showCard);
     connect(m_list, &EditorItemList::locateAgainRequested, this, &EditorItemsSection::locateAgain);
@@ -56,8 +47,6 @@ EditorItemsSection::EditorItemsSection(const EditingEnvironment& environment,
 QWidget* EditorItemsSection::makeHeader()
 {
     auto* header = new QWidget;
-    auto* row = new QHBoxLayout(header);
-    row->setContentsMargins(0, 0, 0, 0);
     auto* heading = new TextLabel(m_environment.visual, {}, TextRole::headline);
     m_environment.words.render(m_list, [this, heading, &words = m_environment.words] {
         heading->setText(words.text(u"Items"_key));
@@ -65,8 +54,7 @@ QWidget* EditorItemsSection::makeHeader()
     });
     m_environment.words.renderText(m_addButton, u"Add Item"_key);
     m_addButton->setMenu(makeAddMenu(), Qt::AlignRight);
-    row->addWidget(heading, 1);
-    row->addWidget(m_addButton);
+    makeRow(header, 6, {{heading, 1}, m_addButton});
     return header;
 }
 

@@ -6,13 +6,12 @@
 #include "model/TrovellWorkspace.h"
 #include "views/editor/EditorCaptureReviewView.h"
 #include "views/style/Divider.h"
+#include "views/style/Layouts.h"
 #include "views/style/PushButton.h"
 #include "views/style/SymbolView.h"
 #include "views/style/TextLabel.h"
 #include "windows/AccessibilityPermissionManager.h"
 #include "windows/WindowCaptureService.h"
-
-#include <QVBoxLayout>
 
 namespace trovell {
 
@@ -36,11 +35,7 @@ EditorLayoutSection::EditorLayoutSection(const EditingEnvironment& environment,
       m_status(new TextLabel(environment.visual, {}, TextRole::body, ColorToken::labelSecondary)),
       m_notice(makeNotice())
 {
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    column->addWidget(makeActions());
-    column->addWidget(m_notice);
+    makeColumn(this, 0, {makeActions(), m_notice});
     connect(m_capture, &QAbstractButton::clicked, this, &EditorLayoutSection::captureIfTrusted);
     connect(m_clear, &QAbstractButton::clicked, this, &EditorLayoutSection::clear);
     connect(&environment.accessibility, &AccessibilityPermissionManager::isTrustedChanged, this,
@@ -53,16 +48,9 @@ EditorLayoutSection::EditorLayoutSection(const EditingEnvironment& environment,
 QWidget* EditorLayoutSection::makeActions()
 {
     auto* actions = new QWidget;
-    auto* row = new QHBoxLayout(actions);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(0);
     m_status->setWordWrap(true);
     m_status->setAlignment(Qt::AlignRight);
-    row->addWidget(m_capture);
-    row->addSpacing(layoutButtonGap);
-    row->addWidget(m_clear);
-    row->addSpacing(statusGap);
-    row->addWidget(m_status, 1);
+    makeRow(actions, 0, {m_capture, Gap{layoutButtonGap}, m_clear, Gap{statusGap}, {m_status, 1}});
     return actions;
 }
 
@@ -79,17 +67,12 @@ QWidget* EditorLayoutSection::makeNotice()
     m_environment.words.renderText(settings, u"Open Settings"_key);
     connect(settings, &QAbstractButton::clicked, this,
             [this] { m_environment.accessibility.openSystemSettings(); });
-    auto* row = new QHBoxLayout;
-    row->setSpacing(lockGap);
-    row->addWidget(
-        new SymbolView(m_environment.visual, u"lock"_s, lockSize, ColorToken::warningIcon));
-    row->addWidget(text, 1);
-    row->addWidget(settings);
-    auto* column = new QVBoxLayout(notice);
-    column->setContentsMargins(0, blockGap, 0, 0);
-    column->setSpacing(blockGap);
-    column->addWidget(new Divider(m_environment.visual));
-    column->addLayout(row);
+    auto* row =
+        makeRow(lockGap,
+                {new SymbolView(m_environment.visual, u"lock"_s, lockSize, ColorToken::warningIcon),
+                 {text, 1},
+                 settings});
+    makeColumn(notice, {0, blockGap, 0, 0}, blockGap, {new Divider(m_environment.visual), row});
     return notice;
 }
 

@@ -6,11 +6,11 @@
 #include "views/capture/CapturedWindowRow.h"
 #include "views/style/Divider.h"
 #include "views/style/ForwardedClicks.h"
+#include "views/style/Layouts.h"
 #include "views/style/Switch.h"
 #include "views/style/TextLabel.h"
 
 #include <QGraphicsOpacityEffect>
-#include <QVBoxLayout>
 
 namespace trovell {
 
@@ -33,11 +33,7 @@ ReviewApplicationCard::ReviewApplicationCard(const ViewEnvironment& environment,
 {
     setPadding(0);
     setAccessibleName(application().applicationName);
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins({});
-    column->setSpacing(0);
-    column->addWidget(makeHeading());
-    column->addWidget(m_windows);
+    makeColumn(this, 0, {makeHeading(), m_windows});
     fadeWindows();
 }
 
@@ -56,21 +52,15 @@ QWidget* ReviewApplicationCard::makeHeading()
         fadeWindows();
         Q_EMIT changed();
     });
-    auto* row = new QHBoxLayout(heading);
-    row->setContentsMargins(cardPadding, 0, cardPadding, 0);
-    row->setSpacing(reviewCardGap);
-    row->addWidget(new CapturedApplicationIcon(m_environment, application()));
-    row->addWidget(name, 1);
-    row->addWidget(included);
+    makeRow(heading, {cardPadding, 0, cardPadding, 0}, reviewCardGap,
+            {new CapturedApplicationIcon(m_environment, application()), {name, 1}, included});
     return heading;
 }
 
 QWidget* ReviewApplicationCard::makeWindows()
 {
     auto* windows = new QWidget;
-    auto* column = new QVBoxLayout(windows);
-    column->setContentsMargins({});
-    column->setSpacing(0);
+    auto* column = makeColumn(windows, 0);
     for (qsizetype window = 0; window < application().windows.size(); ++window) {
         column->addWidget(new Divider(m_environment.visual));
         column->addWidget(makeWindowRow(window));

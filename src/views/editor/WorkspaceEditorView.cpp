@@ -10,6 +10,7 @@
 #include "views/shared/WorkspaceAlert.h"
 #include "views/shared/WorkspaceChoiceControls.h"
 #include "views/style/ChoiceRow.h"
+#include "views/style/Layouts.h"
 #include "views/style/Picker.h"
 #include "views/style/PushButton.h"
 #include "views/style/TextField.h"
@@ -17,7 +18,6 @@
 #include "views/style/TrovellCardModifier.h"
 
 #include <QGridLayout>
-#include <QVBoxLayout>
 
 namespace trovell {
 
@@ -38,17 +38,11 @@ constexpr int editorCaptionGap = 16;
 QWidget* makeSection(const ViewEnvironment& environment, TextKey<> heading, QWidget* content)
 {
     auto* section = new QWidget;
-    auto* column = new QVBoxLayout(section);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(headingGap);
     auto* label = new TextLabel(environment.visual, {}, TextRole::headline);
     environment.words.renderText(label, heading);
     auto* card = new TrovellCardModifier(environment.visual);
-    auto* cardColumn = new QVBoxLayout(card);
-    cardColumn->setContentsMargins(0, 0, 0, 0);
-    cardColumn->addWidget(content);
-    column->addWidget(label);
-    column->addWidget(card);
+    makeColumn(card, 0, {content});
+    makeColumn(section, headingGap, {label, card});
     return section;
 }
 
@@ -96,29 +90,21 @@ WorkspaceEditorView::~WorkspaceEditorView() = default;
 QWidget* WorkspaceEditorView::makeHeader()
 {
     auto* header = new QWidget;
-    auto* row = new QHBoxLayout(header);
-    row->setContentsMargins(editorPadding, headerPadding, editorPadding, headerPadding);
-    row->setSpacing(editorButtonGap);
     auto* title = new TextLabel(visual(), {}, TextRole::title2);
     connect(this, &QWidget::windowTitleChanged, title, &QLabel::setText);
     m_environment.words.renderText(m_save, u"Save"_key);
-    row->addWidget(title, 1);
-    row->addWidget(makeCancelButton(m_environment, *this));
-    row->addWidget(m_save);
+    makeRow(header, {editorPadding, headerPadding, editorPadding, headerPadding}, editorButtonGap,
+            {{title, 1}, makeCancelButton(m_environment, *this), m_save});
     return header;
 }
 
 QWidget* WorkspaceEditorView::makeBody()
 {
     auto* body = new QWidget;
-    auto* column = new QVBoxLayout(body);
-    column->setContentsMargins(editorPadding, editorPadding, editorPadding, editorPadding);
-    column->setSpacing(sectionGap);
-    column->addWidget(makeSection(m_environment, u"Basics"_key, makeBasics()));
-    column->addWidget(m_items);
-    column->addWidget(makeSection(m_environment, u"Window Layout"_key, m_layout));
-    column->addWidget(makeSection(m_environment, u"Global Shortcut"_key, makeShortcut()));
-    column->addStretch();
+    makeColumn(body, allAround(editorPadding), sectionGap,
+               {makeSection(m_environment, u"Basics"_key, makeBasics()), m_items,
+                makeSection(m_environment, u"Window Layout"_key, m_layout),
+                makeSection(m_environment, u"Global Shortcut"_key, makeShortcut()), Stretch{}});
     return body;
 }
 
@@ -142,14 +128,10 @@ QWidget* WorkspaceEditorView::makeBasics()
 QWidget* WorkspaceEditorView::makeShortcut()
 {
     auto* shortcut = new QWidget;
-    auto* row = new QHBoxLayout(shortcut);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(editorCaptionGap);
     auto* caption = new TextLabel(visual(), {}, TextRole::caption, ColorToken::labelSecondary);
     caption->setWordWrap(true);
     m_environment.words.renderText(caption, phrases::shortcutCaption);
-    row->addWidget(m_choices->shortcut());
-    row->addWidget(caption, 1);
+    makeRow(shortcut, editorCaptionGap, {m_choices->shortcut(), {caption, 1}});
     return shortcut;
 }
 

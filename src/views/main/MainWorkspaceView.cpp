@@ -16,8 +16,7 @@
 #include "views/main/WorkspaceSidebarList.h"
 #include "views/shared/WorkspaceAlert.h"
 #include "views/style/Alert.h"
-
-#include <QVBoxLayout>
+#include "views/style/Layouts.h"
 
 #include <utility>
 
@@ -30,9 +29,7 @@ MainWorkspaceView::MainWorkspaceView(const MainEnvironment& environment, QWidget
     : QWidget(parent), m_environment(environment), m_sidebar(new WorkspaceSidebar(environment)),
       m_column(new WorkspaceDetailColumn(environment))
 {
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins({});
-    layout->addWidget(new SidebarSplitter(m_sidebar, m_column));
+    makeColumn(this, 0, {new SidebarSplitter(m_sidebar, m_column)});
     connectSidebar();
     connectDetail();
     connectStore();

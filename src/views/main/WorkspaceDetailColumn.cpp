@@ -6,12 +6,12 @@
 #include "views/main/WorkspaceEmptyView.h"
 #include "views/shared/AddWorkspaceButton.h"
 #include "views/style/Divider.h"
+#include "views/style/Layouts.h"
 #include "views/style/ScrollArea.h"
 
 #include <QGridLayout>
 #include <QScrollBar>
 #include <QStackedLayout>
-#include <QVBoxLayout>
 
 namespace trovell {
 
@@ -25,11 +25,7 @@ WorkspaceDetailColumn::WorkspaceDetailColumn(const MainEnvironment& environment,
     : QWidget(parent), m_environment(environment), m_hairline(new Divider(environment.visual)),
       m_pages(new QStackedLayout)
 {
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins({});
-    column->setSpacing(0);
-    column->addWidget(buildToolbar());
-    column->addLayout(m_pages, 1);
+    makeColumn(this, 0, {buildToolbar(), {m_pages, 1}});
 
     m_detail = new WorkspaceDetailView(environment.detail(), this);
     m_empty = new WorkspaceEmptyView(environment, this);
@@ -54,10 +50,7 @@ QWidget* WorkspaceDetailColumn::buildToolbar()
             &WorkspaceDetailColumn::createRequested);
     connect(add, &AddWorkspaceButton::captureRequested, this,
             &WorkspaceDetailColumn::captureRequested);
-    auto* row = new QHBoxLayout;
-    row->setContentsMargins(0, 0, buttonInset, 0);
-    row->addStretch();
-    row->addWidget(add);
+    auto* row = makeRow(nullptr, {0, 0, buttonInset, 0}, 0, {Stretch{}, add});
     m_hairline->hide();
     auto* layers = new QGridLayout(toolbar);
     layers->setContentsMargins({});

@@ -3,12 +3,12 @@
 #include "views/main/WorkspaceEmptyView.h"
 
 #include "views/shared/ViewEnvironment.h"
+#include "views/style/Layouts.h"
 #include "views/style/Painting.h"
 #include "views/style/PushButton.h"
 #include "views/style/TextLabel.h"
 
 #include <QPainter>
-#include <QVBoxLayout>
 
 namespace trovell {
 
@@ -79,26 +79,14 @@ WorkspaceEmptyView::WorkspaceEmptyView(const ViewEnvironment& environment, QWidg
     auto* capture = new PushButton(visual, {}, PushButton::Kind::prominent);
     words.renderText(capture, u"Capture Current Workspace"_key);
     connect(capture, &QAbstractButton::clicked, this, &WorkspaceEmptyView::captureRequested);
-    auto* buttons = new QHBoxLayout;
-    buttons->setSpacing(emptyButtonGap);
-    buttons->addWidget(create);
-    buttons->addWidget(capture);
-
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(sideMargin, 0, sideMargin, 0);
-    column->setSpacing(emptyColumnGap);
-    column->addStretch();
-    column->addWidget(new EmptyIllustration(visual, this), 0, Qt::AlignHCenter);
-    column->addWidget(title, 0, Qt::AlignHCenter);
-    // A column would give the text the height it has in the whole width.
-    auto* textRow = new QHBoxLayout;
-    textRow->addStretch();
-    textRow->addWidget(text);
-    textRow->addStretch();
-    column->addLayout(textRow);
-    column->addLayout(buttons);
-    column->setAlignment(buttons, Qt::AlignHCenter);
-    column->addStretch();
+    // In a row of its own: a column would give the text the height it has in the whole width.
+    makeColumn(this, {sideMargin, 0, sideMargin, 0}, emptyColumnGap,
+               {Stretch{},
+                {new EmptyIllustration(visual, this), 0, Qt::AlignHCenter},
+                {title, 0, Qt::AlignHCenter},
+                makeRow(0, {Stretch{}, text, Stretch{}}),
+                {makeRow(emptyButtonGap, {create, capture}), 0, Qt::AlignHCenter},
+                Stretch{}});
 }
 
 } // namespace trovell

@@ -5,12 +5,12 @@
 #include "views/main/WorkspaceSidebarList.h"
 #include "views/shared/AddWorkspaceButton.h"
 #include "views/style/Divider.h"
+#include "views/style/Layouts.h"
 #include "views/style/Menus.h"
 #include "views/style/PushButton.h"
 #include "views/style/TextLabel.h"
 
 #include <QPainter>
-#include <QVBoxLayout>
 
 namespace trovell {
 
@@ -28,22 +28,19 @@ constexpr int captionBelow = 6;
 WorkspaceSidebar::WorkspaceSidebar(const MainEnvironment& environment, QWidget* parent)
     : QWidget(parent), m_environment(environment)
 {
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins({});
-    column->setSpacing(0);
-    column->addWidget(buildHeader());
     auto* caption =
         new TextLabel(environment.visual, {}, TextRole::caption, ColorToken::labelTertiary);
     caption->setWeight(QFont::DemiBold);
     environment.words.renderText(caption, u"Workspaces"_key);
-    auto* captionRow = new QHBoxLayout;
-    captionRow->setContentsMargins(textInset, captionAbove, textInset, captionBelow);
-    captionRow->addWidget(caption);
-    column->addLayout(captionRow);
-    m_list = new WorkspaceSidebarList(environment, this);
-    column->addWidget(m_list, 1);
-    column->addWidget(new Divider(environment.visual));
-    column->addWidget(buildFooter());
+    auto* captionRow =
+        makeRow(nullptr, {textInset, captionAbove, textInset, captionBelow}, 0, {caption});
+    // Made in the order in which the Tab key reaches them.
+    makeColumn(this, 0,
+               {buildHeader(),
+                captionRow,
+                {m_list = new WorkspaceSidebarList(environment, this), 1},
+                new Divider(environment.visual),
+                buildFooter()});
     connectList();
 }
 
@@ -55,10 +52,7 @@ QWidget* WorkspaceSidebar::buildHeader()
     auto* add = new AddWorkspaceButton(m_environment);
     connect(add, &AddWorkspaceButton::createRequested, this, &WorkspaceSidebar::createRequested);
     connect(add, &AddWorkspaceButton::captureRequested, this, &WorkspaceSidebar::captureRequested);
-    auto* row = new QHBoxLayout(header);
-    row->setContentsMargins(textInset, 0, sidebarButtonInset, 0);
-    row->addWidget(name, 1);
-    row->addWidget(add);
+    makeRow(header, {textInset, 0, sidebarButtonInset, 0}, 6, {{name, 1}, add});
     return header;
 }
 
@@ -70,10 +64,7 @@ QWidget* WorkspaceSidebar::buildFooter()
     auto* settings = new SymbolLink(m_environment.visual, u"gearshape"_s, {});
     m_environment.words.renderText(settings, u"Settings"_key);
     connect(settings, &QAbstractButton::clicked, this, &WorkspaceSidebar::settingsRequested);
-    auto* row = new QHBoxLayout(footer);
-    row->setContentsMargins(sidebarButtonInset, 0, sidebarButtonInset, 0);
-    row->addWidget(settings);
-    row->addStretch();
+    makeRow(footer, {sidebarButtonInset, 0, sidebarButtonInset, 0}, 0, {settings, Stretch{}});
     return footer;
 }
 

@@ -2,8 +2,9 @@
 
 #include "views/shared/GradualColumn.h"
 
+#include "views/style/Layouts.h"
+
 #include <QTimerEvent>
-#include <QVBoxLayout>
 
 namespace trovell {
 
@@ -18,10 +19,8 @@ constexpr int sliceHeight = 600;
 } // namespace
 
 GradualColumn::GradualColumn(qsizetype count, MakeWidget make, QWidget* parent)
-    : QWidget(parent), m_count(count), m_make(std::move(make)), m_column(new QVBoxLayout(this))
+    : QWidget(parent), m_count(count), m_make(std::move(make)), m_column(makeColumn(this, gap))
 {
-    m_column->setContentsMargins({});
-    m_column->setSpacing(gap);
     addSlice(screenful);
     if (!isComplete())
         startTimer(0);

@@ -2,11 +2,10 @@
 
 #include "views/shared/SheetParts.h"
 
+#include "views/style/Layouts.h"
 #include "views/style/PushButton.h"
 #include "views/style/Sheet.h"
 #include "views/style/TextLabel.h"
-
-#include <QHBoxLayout>
 
 namespace trovell {
 
@@ -33,12 +32,8 @@ QWidget* makeSheetFooter(const ViewEnvironment& environment, Sheet& sheet, TextL
     auto* footer = new QWidget;
     footer->setMinimumHeight(footerHeight);
     text->setWordWrap(true);
-    auto* row = new QHBoxLayout(footer);
-    row->setContentsMargins(footerInset, footerMargin, footerInset, footerMargin);
-    row->setSpacing(footerGap);
-    row->addWidget(text, 1);
-    row->addWidget(makeCancelButton(environment, sheet));
-    row->addWidget(confirm);
+    makeRow(footer, {footerInset, footerMargin, footerInset, footerMargin}, footerGap,
+            {{text, 1}, makeCancelButton(environment, sheet), confirm});
     return footer;
 }
 

@@ -3,11 +3,10 @@
 #include "views/shared/TextSheet.h"
 
 #include "views/shared/SheetParts.h"
+#include "views/style/Layouts.h"
 #include "views/style/PushButton.h"
 #include "views/style/TextField.h"
 #include "views/style/TextLabel.h"
-
-#include <QVBoxLayout>
 
 namespace trovell {
 
@@ -44,18 +43,10 @@ QWidget* TextSheet::makeForm(const Look& look, const Texts& texts)
     auto* title = new TextLabel(m_environment.visual, {}, look.titleRole);
     title->setWordWrap(true);
     m_environment.words.renderText(title, texts.title);
-    auto* buttons = new QHBoxLayout;
-    buttons->setSpacing(buttonGap);
-    buttons->addStretch();
-    buttons->addWidget(makeCancelButton(m_environment, *this));
-    buttons->addWidget(m_confirm);
+    auto* buttons =
+        makeRow(buttonGap, {Stretch{}, makeCancelButton(m_environment, *this), m_confirm});
     auto* form = new QWidget;
-    auto* column = new QVBoxLayout(form);
-    column->setContentsMargins(margin, margin, margin, margin);
-    column->setSpacing(look.spacing);
-    column->addWidget(title);
-    column->addWidget(m_field);
-    column->addLayout(buttons);
+    makeColumn(form, allAround(margin), look.spacing, {title, m_field, buttons});
     return form;
 }
 

@@ -2,9 +2,8 @@
 
 #include "views/style/Alert.h"
 
+#include "views/style/Layouts.h"
 #include "views/style/TextLabel.h"
-
-#include <QVBoxLayout>
 
 namespace trovell {
 
@@ -34,23 +33,15 @@ Alert::Alert(const VisualStyle& visual, QWidget* window, const QString& title,
              const QString& message)
     : Sheet(visual, window, title), m_heading(new TextLabel(visual, {}, TextRole::title3)),
       m_message(new TextLabel(visual, {}, TextRole::body, ColorToken::labelSecondary)),
-      m_buttonRow(new QHBoxLayout)
+      m_buttonRow(makeRow(buttonGap, {Stretch{}}))
 {
     auto* body = new QWidget;
-    auto* column = new QVBoxLayout(body);
     const int padding = visual.tokens().size(Tokens::Size::sheetPadding);
-    column->setContentsMargins(padding, padding, padding, padding);
-    column->setSpacing(0);
     m_heading->setWeight(QFont::DemiBold);
     m_heading->setWordWrap(true);
     m_message->setWordWrap(true);
-    m_buttonRow->setSpacing(buttonGap);
-    m_buttonRow->addStretch();
-    column->addWidget(m_heading);
-    column->addSpacing(titleGap);
-    column->addWidget(m_message);
-    column->addSpacing(buttonRowGap);
-    column->addLayout(m_buttonRow);
+    makeColumn(body, allAround(padding), 0,
+               {m_heading, Gap{titleGap}, m_message, Gap{buttonRowGap}, m_buttonRow});
     setBody(body);
     setTexts(title, message);
 }

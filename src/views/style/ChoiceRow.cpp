@@ -4,9 +4,9 @@
 
 #include "views/style/Fade.h"
 #include "views/style/FocusRing.h"
+#include "views/style/Layouts.h"
 #include "views/style/Painting.h"
 
-#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QRadioButton>
@@ -138,9 +138,7 @@ ChoiceRow::ChoiceRow(const VisualStyle& visual, const QString& name, Look look,
 {
     setAccessibleName(name);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins({});
-    row->setSpacing(look == Look::swatch ? swatchGap - 2 * ringReach(visual) : symbolGap);
+    makeRow(this, look == Look::swatch ? swatchGap - 2 * ringReach(visual) : symbolGap);
     for (const QString& identifier : identifiers)
         addButton(new ChoiceButton(visual, identifier, look == Look::swatch));
     makeTabStop(m_buttons.value(0));
