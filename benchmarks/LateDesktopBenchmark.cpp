@@ -32,9 +32,10 @@ struct Desktop {
     LateWindowSystem late{windows};
     SystemClock clock;
     FakeResourceSystem resources;
-    ResourceOpeningService opener{resources, [](const QString&) { return QFuture<bool>(); }};
+    ResourceOpeningService opener{borrowed(resources),
+                                  [](const QString&) { return QFuture<bool>(); }};
     WindowCaptureService capture{late, 1};
-    WindowRestoreService restorer{late};
+    WindowRestoreService restorer{late, clock};
     WorkspaceLauncher launcher{opener, restorer, late, clock};
     TrovellWorkspace workspace{WorkspaceValues()};
 

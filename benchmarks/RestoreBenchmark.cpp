@@ -6,6 +6,7 @@
 #include "PeerProgram.h"
 #include "RestoreWorkload.h"
 #include "Samples.h"
+#include "support/SystemClock.h"
 
 #include <QCoro/QCoroTask>
 
@@ -35,7 +36,7 @@ public:
         : m_workload(crowd, applications, windowCount / applications),
           m_watcher(crowd.desktop().displayName(), m_workload.windows()),
           m_blindConnection(crowd.desktop().displayName()),
-          m_service(crowd.session().windowSystem())
+          m_service(crowd.session().windowSystem(), m_clock)
     {
     }
 
@@ -104,6 +105,7 @@ private:
     RestoreWorkload m_workload;
     MoveWatcher m_watcher;
     X11Connection m_blindConnection;
+    SystemClock m_clock;
     WindowRestoreService m_service;
     int m_layout = 0;
     bool m_hasFailed = false;

@@ -55,8 +55,8 @@ AppDependencies::AppDependencies(PlatformAdapters& platform, PreferenceStore& de
                                  Clock& clock, const AppConfiguration& configuration)
     : m_configuration(configuration), m_platform(platform), m_defaults(defaults),
       m_preferences(defaults), m_accessibility(permissionPlatform(platform), clock),
-      m_resourceOpener(*platform.resourceSystem, runningQuestion(*platform.windowSystem)),
-      m_windowRestorer(*platform.windowSystem),
+      m_resourceOpener(platform.resourceSystem, runningQuestion(*platform.windowSystem)),
+      m_windowRestorer(*platform.windowSystem, clock),
       m_launcher(m_resourceOpener, m_windowRestorer, *platform.windowSystem, clock),
       m_startWorkspace(m_accessibility, m_launcher,
                        [this] { return m_preferences.launchTimeout(); }),

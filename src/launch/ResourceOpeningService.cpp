@@ -4,8 +4,7 @@
 
 #include "launch/URLValidation.h"
 #include "model/WorkspaceItem.h"
-
-#include <QtConcurrentRun>
+#include "support/DetachedTask.h"
 
 #include <qcoro/qcorofuture.h>
 
@@ -25,6 +24,24 @@ LaunchResult failure(const QString& name, const ResourceOpeningError& error)
     return makeLaunchResult(Message::verbatim(name), kind, description(error));
 }
 
+Expected<ResolvedResource, ResourceOpeningError>
+resolve(const ResourceSystem& system, const ResourceOpeningService::Exists& exists,
+        const std::optional<QByteArray>& bookmarkData, const QString& urlString)
+{
+    if (bookmarkData) {
+        const auto resolved = system.resolveBookmark(*bookmarkData);
+        if (resolved && !resolved->isStale)
+            return ResolvedResource{resolved->url, {}};
+        // A bookmark that cannot be made anew is not trusted any more.
+        if (const auto refreshed = resolved ? system.createBookmark(resolved->url) : std::nullopt)
+            return ResolvedResource{resolved->url, refreshed};
+    }
+    const QUrl url(urlString);
+    if (!url.isValid() || (url.isLocalFile() && !exists(url)))
+        return Unexpected(ResourceOpeningError{ResourceOpeningError::Kind::missing, urlString});
+    return ResolvedResource{url, {}};
+}
+
 } // namespace
 
 bool resourceExists(const QUrl& fileURL)
@@ -36,9 +53,9 @@ bool resourceExists(const QUrl& fileURL)
     return !path.contains('\0') && std::filesystem::exists(path.toStdString(), error);
 }
 
-ResourceOpeningService::ResourceOpeningService(ResourceSystem& system, IsRunning isRunning,
-                                               Exists exists)
-    : m_system(system), m_isRunning(std::move(isRunning)), m_exists(std::move(exists))
+ResourceOpeningService::ResourceOpeningService(std::shared_ptr<ResourceSystem> system,
+                                               IsRunning isRunning, Exists exists)
+    : m_system(std::move(system)), m_isRunning(std::move(isRunning)), m_exists(std::move(exists))
 {
 }
 
@@ -65,8 +82,9 @@ QCoro::Task<LaunchResult> ResourceOpeningService::openResource(Request request,
                                                                QPointer<WorkspaceItem> item)
 {
     // Named before it is awaited: GCC 12 destroys temporaries of a co_await expression twice.
-    auto search = QtConcurrent::run(&ResourceOpeningService::resolveFileURL, this,
-                                    request.bookmarkData, request.urlString);
+    auto search = runDetached([request, system = m_system, exists = m_exists] {
+        return resolve(*system, exists, request.bookmarkData, request.urlString);
+    });
     const auto resource = co_await search;
     if (!resource)
         co_return failure(request.name, resource.error());
@@ -85,7 +103,7 @@ QCoro::Task<LaunchResult> ResourceOpeningService::openURL(Request request, QUrl 
     }
 
     const bool isAccepted =
-        request.isApplication ? m_system.openApplication(url) : m_system.openResource(url);
+        request.isApplication ? m_system->openApplication(url) : m_system->openResource(url);
     if (!isAccepted)
         co_return failure(request.name, {ResourceOpeningError::Kind::cannotOpen, request.name});
     co_return makeLaunchResult(Message::verbatim(request.name), request.isApplication
@@ -97,18 +115,7 @@ Expected<ResolvedResource, ResourceOpeningError>
 ResourceOpeningService::resolveFileURL(const std::optional<QByteArray>& bookmarkData,
                                        const QString& urlString) const
 {
-    if (bookmarkData) {
-        const auto resolved = m_system.resolveBookmark(*bookmarkData);
-        if (resolved && !resolved->isStale)
-            return ResolvedResource{resolved->url, {}};
-        // A bookmark that cannot be made anew is not trusted any more.
-        if (const auto refreshed = resolved ? m_system.createBookmark(resolved->url) : std::nullopt)
-            return ResolvedResource{resolved->url, refreshed};
-    }
-    const QUrl url(urlString);
-    if (!url.isValid() || (url.isLocalFile() && !m_exists(url)))
-        return Unexpected(ResourceOpeningError{ResourceOpeningError::Kind::missing, urlString});
-    return ResolvedResource{url, {}};
+    return resolve(*m_system, m_exists, bookmarkData, urlString);
 }
 
 } // namespace trovell

@@ -18,6 +18,7 @@
 #include <qcoro/qcorotask.h>
 
 #include <functional>
+#include <memory>
 #include <optional>
 
 namespace trovell {
@@ -39,9 +40,9 @@ public:
     using IsRunning = std::function<QFuture<bool>(const QString& bundleIdentifier)>;
     using Exists = std::function<bool(const QUrl& fileURL)>;
 
-    /// `system` outlives the service and every call of it that still runs. `isRunning` is called
-    /// on the main thread, `exists` on worker threads.
-    ResourceOpeningService(ResourceSystem& system, IsRunning isRunning,
+    /// A search that does not end keeps `system`. `isRunning` is called on the main thread,
+    /// `exists` on other threads.
+    ResourceOpeningService(std::shared_ptr<ResourceSystem> system, IsRunning isRunning,
                            Exists exists = resourceExists);
 
     /// Opens the item, unless it is an application that runs already. The only change to the
@@ -68,7 +69,7 @@ private:
     QCoro::Task<LaunchResult> openWebLink(Request request);
     QCoro::Task<LaunchResult> openURL(Request request, QUrl url);
 
-    ResourceSystem& m_system;
+    std::shared_ptr<ResourceSystem> m_system;
     IsRunning m_isRunning;
     Exists m_exists;
 };

@@ -5,6 +5,7 @@
 #include "model/TrovellWorkspace.h"
 #include "model/WindowPlacement.h"
 #include "model/WorkspaceItem.h"
+#include "support/EitherFuture.h"
 
 #include <QCoro/QCoroFuture>
 
@@ -18,18 +19,19 @@ namespace trovell {
 namespace {
 
 constexpr double minimumTimeoutSeconds = 1.0;
+/// Nobody waits longer, whatever was stored.
+constexpr double maximumTimeoutSeconds = 3600.0;
 constexpr std::chrono::milliseconds passInterval{250};
+/// What does not answer for so long, such as a mount whose server is gone, is given up.
+constexpr std::chrono::seconds longestOpening{10};
+constexpr std::chrono::seconds longestAnswer{12};
+constexpr std::chrono::seconds longestActivation{2};
 
 double effectiveTimeout(double timeoutSeconds)
 {
     // Written so that a timeout that is not a number becomes the minimum.
-    return timeoutSeconds > minimumTimeoutSeconds ? timeoutSeconds : minimumTimeoutSeconds;
-}
-
-QDateTime deadlineAfter(const QDateTime& now, double timeoutSeconds)
-{
-    constexpr double century = 100.0 * 365 * 24 * 3600;
-    return now.addMSecs(qint64(std::min(timeoutSeconds, century) * 1000));
+    return timeoutSeconds > minimumTimeoutSeconds ? std::min(timeoutSeconds, maximumTimeoutSeconds)
+                                                  : minimumTimeoutSeconds;
 }
 
 QList<QPointer<WorkspaceItem>> enabledItems(const TrovellWorkspace& workspace)
@@ -48,6 +50,14 @@ QStringList applicationIdentifiers(const QList<QPointer<WorkspaceItem>>& items)
             item->bundleIdentifier())
             identifiers.append(*item->bundleIdentifier());
     }
+    return identifiers;
+}
+
+QSet<QString> identifiersOf(const QList<WindowPlacementSnapshot>& snapshots)
+{
+    QSet<QString> identifiers;
+    for (const WindowPlacementSnapshot& snapshot : snapshots)
+        identifiers.insert(snapshot.bundleIdentifier);
     return identifiers;
 }
 
@@ -80,6 +90,18 @@ groupedByApplication(const QList<WindowPlacementSnapshot>& snapshots)
     return groups;
 }
 
+/// The task goes on by itself when nobody waits for it any more.
+template <class Result> QFuture<Result> futureOf(QCoro::Task<Result> task)
+{
+    const auto promise = std::make_shared<QPromise<Result>>();
+    promise->start();
+    task.then([promise](const Result& result) {
+        promise->addResult(result);
+        promise->finish();
+    });
+    return promise->future();
+}
+
 LaunchResult timedOutResult(const WindowPlacementSnapshot& snapshot,
                             const QHash<QUuid, Message>& lastRetryReasons)
 {
@@ -105,26 +127,49 @@ WorkspaceLauncher::WorkspaceLauncher(ResourceOpeningService& resourceOpener,
 {
 }
 
-QCoro::Task<> WorkspaceLauncher::start(TrovellWorkspace* workspace, bool accessibilityTrusted,
-                                       double timeoutSeconds, std::stop_token stop)
+template <class Result>
+QCoro::Task<bool> WorkspaceLauncher::isDoneBy(Time time, QFuture<Result> work)
 {
-    if (m_isLaunching)
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(time - m_clock.steadyNow());
+    auto limit = m_clock.sleepFor(left);
+    const auto isStillWanted = finishedBefore(work, m_cancelling.future());
+    auto waiting = finishedBefore(isStillWanted, limit);
+    co_await waiting;
+    limit.cancel();
+    co_return work.isFinished();
+}
+
+QCoro::Task<> WorkspaceLauncher::start(TrovellWorkspace* workspace, bool accessibilityTrusted,
+                                       double timeoutSeconds)
+{
+    if (isLaunching())
         co_return;
-    setLaunching(true);
     const QPointer<TrovellWorkspace> guard(workspace);
     const QUuid workspaceID = workspace->id();
+    m_cancelling = QPromise<void>();
+    m_cancelling.start();
+    setLaunching(workspaceID);
     const Items items = enabledItems(*workspace);
     const QStringList applications = applicationIdentifiers(items);
+    const QSet<QString> restored = identifiersOf(enabledSnapshots(*workspace));
+    const Run run = accessibilityTrusted && !restored.isEmpty()
+                        ? m_windowRestorer.beginRun(restored)
+                        : std::make_shared<RestoreRun>();
 
     Results results = co_await openItems(items);
 
     const Snapshots snapshots = guard ? enabledSnapshots(*guard) : Snapshots();
+    const auto timeout = std::chrono::ceil<std::chrono::milliseconds>(
+        std::chrono::duration<double>(effectiveTimeout(timeoutSeconds)));
     if (!snapshots.isEmpty() && accessibilityTrusted)
-        results += co_await restoreWindows(snapshots, effectiveTimeout(timeoutSeconds), stop);
-    if (!snapshots.isEmpty() && !accessibilityTrusted)
+        results += co_await restoreWindows(snapshots, run, m_clock.steadyNow() + timeout);
+    if (!snapshots.isEmpty() && !accessibilityTrusted) {
         results.append(noPermissionResult());
-    else
-        co_await m_windowSystem.activate(applications);
+    } else {
+        auto activating = m_windowSystem.activate(applications);
+        auto waiting = isDoneBy(m_clock.steadyNow() + longestActivation, activating);
+        co_await waiting;
+    }
 
     if (guard) {
         guard->setLastLaunchedAt(m_clock.now());
@@ -133,41 +178,70 @@ QCoro::Task<> WorkspaceLauncher::start(TrovellWorkspace* workspace, bool accessi
     publish(workspaceID, std::move(results));
 }
 
+void WorkspaceLauncher::cancel()
+{
+    if (isLaunching())
+        m_cancelling.finish();
+}
+
 QCoro::Task<WorkspaceLauncher::Results> WorkspaceLauncher::openItems(Items items)
 {
     Results results;
     for (const QPointer<WorkspaceItem>& item : std::as_const(items)) {
         // An item that was deleted while an earlier one was opened is no item any more.
-        if (item)
-            results.append(co_await m_resourceOpener.open(*item));
+        if (!item)
+            continue;
+        if (m_cancelling.future().isFinished())
+            results.append(makeLaunchResult(Message::verbatim(item->displayName()),
+                                            LaunchResultKind::failed,
+                                            u"The start was canceled."_key));
+        else
+            results.append(co_await openItem(item));
     }
     co_return results;
 }
 
-QCoro::Task<WorkspaceLauncher::Results>
-WorkspaceLauncher::restoreWindows(Snapshots snapshots, double timeoutSeconds, std::stop_token stop)
+QCoro::Task<LaunchResult> WorkspaceLauncher::openItem(QPointer<WorkspaceItem> item)
+{
+    const Message name = Message::verbatim(item->displayName());
+    const QFuture<LaunchResult> opening = futureOf(m_resourceOpener.open(*item));
+    auto waiting = isDoneBy(m_clock.steadyNow() + longestOpening, opening);
+    if (co_await waiting)
+        co_return opening.result();
+    const Message reason = m_cancelling.future().isFinished()
+                               ? Message(u"The start was canceled."_key)
+                               : Message(u"Its place did not answer in time."_key);
+    co_return makeLaunchResult(name, LaunchResultKind::failed, reason);
+}
+
+QCoro::Task<WorkspaceLauncher::Results> WorkspaceLauncher::restoreWindows(Snapshots snapshots,
+                                                                          Run run, Time deadline)
 {
     // A task runs as soon as it is made: all applications are under way before the first is
     // awaited.
     std::vector<QCoro::Task<Results>> tasks;
     const QList<Snapshots> groups = groupedByApplication(snapshots);
     for (const Snapshots& group : groups)
-        tasks.push_back(restoreApplicationWindows(group, timeoutSeconds, stop));
+        tasks.push_back(restoreApplicationWindows(group, run, deadline));
     Results results;
     for (QCoro::Task<Results>& task : tasks)
         results += co_await task;
+    run->isOver = true;
     co_return results;
 }
 
 QCoro::Task<WorkspaceLauncher::Results>
-WorkspaceLauncher::restoreApplicationWindows(Snapshots pending, double timeoutSeconds,
-                                             std::stop_token stop)
+WorkspaceLauncher::restoreApplicationWindows(Snapshots pending, Run run, Time deadline)
 {
-    const QDateTime deadline = deadlineAfter(m_clock.now(), timeoutSeconds);
     Results finished;
     QHash<QUuid, Message> lastRetryReasons;
-    while (!stop.stop_requested()) {
-        const WindowRestoreAttempt attempt = co_await m_windowRestorer.restorePlacements(pending);
+    while (!m_cancelling.future().isFinished()) {
+        const QFuture<WindowRestoreAttempt> restoring =
+            futureOf(m_windowRestorer.restorePlacements(pending, run));
+        auto waiting = isDoneBy(deadline + longestAnswer, restoring);
+        if (!co_await waiting)
+            break;
+        const WindowRestoreAttempt attempt = restoring.result();
         for (const WindowPlacementSnapshot& snapshot : std::as_const(pending)) {
             if (const auto result = attempt.completed.constFind(snapshot.id);
                 result != attempt.completed.constEnd())
@@ -177,21 +251,24 @@ WorkspaceLauncher::restoreApplicationWindows(Snapshots pending, double timeoutSe
         pending.removeIf([&attempt](const WindowPlacementSnapshot& snapshot) {
             return attempt.completed.contains(snapshot.id);
         });
-        if (pending.isEmpty() || m_clock.now() >= deadline)
+        if (pending.isEmpty() || m_clock.steadyNow() >= deadline)
             break;
-        auto pause = m_clock.sleepFor(passInterval);
+        auto pause = isDoneBy(m_clock.steadyNow() + passInterval, m_cancelling.future());
         co_await pause;
     }
-    for (const WindowPlacementSnapshot& snapshot : std::as_const(pending))
+    for (const WindowPlacementSnapshot& snapshot : std::as_const(pending)) {
+        if (m_cancelling.future().isFinished())
+            lastRetryReasons.insert(snapshot.id, u"The start was canceled."_key);
         finished.append(timedOutResult(snapshot, lastRetryReasons));
+    }
     co_return finished;
 }
 
-void WorkspaceLauncher::setLaunching(bool isLaunching)
+void WorkspaceLauncher::setLaunching(std::optional<QUuid> workspaceID)
 {
-    m_isLaunching = isLaunching;
+    m_launchingWorkspaceID = workspaceID;
     Q_EMIT
-    isLaunchingChanged(isLaunching);
+    isLaunchingChanged(isLaunching());
 }
 
 void WorkspaceLauncher::publish(const QUuid& workspaceID, Results results)
@@ -202,7 +279,7 @@ void WorkspaceLauncher::publish(const QUuid& workspaceID, Results results)
     m_latestReport = WorkspaceLaunchReport{std::move(results)};
     Q_EMIT
     latestReportChanged();
-    setLaunching(false);
+    setLaunching({});
 }
 
 } // namespace trovell

@@ -13,8 +13,10 @@
 #include <QCoro/QCoroTask>
 #include <QObject>
 #include <QPointer>
+#include <QPromise>
 
-#include <stop_token>
+#include <chrono>
+#include <memory>
 
 namespace trovell {
 
@@ -29,19 +31,28 @@ public:
                       WindowSystem& windowSystem, Clock& clock);
 
     /// True from the start of a launch until its report is published.
-    [[nodiscard]] bool isLaunching() const { return m_isLaunching; }
+    [[nodiscard]] bool isLaunching() const { return m_launchingWorkspaceID.has_value(); }
     [[nodiscard]] const std::optional<WorkspaceLaunchReport>& latestReport() const
     {
         return m_latestReport;
+    }
+    /// The workspace that is being launched; none between launches.
+    [[nodiscard]] std::optional<QUuid> launchingWorkspaceID() const
+    {
+        return m_launchingWorkspaceID;
     }
     /// The workspace of `latestReport`.
     [[nodiscard]] std::optional<QUuid> latestWorkspaceID() const { return m_latestWorkspaceID; }
 
     /// Ignored while a launch runs. Every enabled item and every enabled placement ends in exactly
-    /// one line of the report. A timeout below one second, or none at all, counts as one second.
-    /// The workspace may be deleted meanwhile. `stop` ends the waiting for windows early.
+    /// one line of the report. A timeout below one second, or none at all, counts as one second,
+    /// one above an hour as an hour. The workspace may be deleted meanwhile.
     QCoro::Task<> start(TrovellWorkspace* workspace, bool accessibilityTrusted,
-                        double timeoutSeconds, std::stop_token stop = {});
+                        double timeoutSeconds);
+
+    /// Ends the launch early: what was opened stays, the report says what was left out. Nothing
+    /// between launches.
+    void cancel();
 
 Q_SIGNALS:
     void isLaunchingChanged(bool isLaunching);
@@ -52,20 +63,27 @@ private:
     using Results = QList<LaunchResult>;
     using Snapshots = QList<WindowPlacementSnapshot>;
     using Items = QList<QPointer<WorkspaceItem>>;
+    using Run = std::shared_ptr<RestoreRun>;
+    using Time = std::chrono::steady_clock::time_point;
 
     [[nodiscard]] QCoro::Task<Results> openItems(Items items);
-    [[nodiscard]] QCoro::Task<Results> restoreWindows(Snapshots snapshots, double timeoutSeconds,
-                                                      std::stop_token stop);
-    [[nodiscard]] QCoro::Task<Results>
-    restoreApplicationWindows(Snapshots pending, double timeoutSeconds, std::stop_token stop);
-    void setLaunching(bool isLaunching);
+    [[nodiscard]] QCoro::Task<LaunchResult> openItem(QPointer<WorkspaceItem> item);
+    [[nodiscard]] QCoro::Task<Results> restoreWindows(Snapshots snapshots, Run run, Time deadline);
+    [[nodiscard]] QCoro::Task<Results> restoreApplicationWindows(Snapshots pending, Run run,
+                                                                 Time deadline);
+    /// Waits for the work until that time, or until the launch is cancelled. True when it is done.
+    template <class Result>
+    [[nodiscard]] QCoro::Task<bool> isDoneBy(Time time, QFuture<Result> work);
+    void setLaunching(std::optional<QUuid> workspaceID);
     void publish(const QUuid& workspaceID, Results results);
 
     ResourceOpeningService& m_resourceOpener;
     WindowRestoreService& m_windowRestorer;
     WindowSystem& m_windowSystem;
     Clock& m_clock;
-    bool m_isLaunching = false;
+    std::optional<QUuid> m_launchingWorkspaceID;
+    /// Finished by `cancel`.
+    QPromise<void> m_cancelling;
     std::optional<WorkspaceLaunchReport> m_latestReport;
     std::optional<QUuid> m_latestWorkspaceID;
 };

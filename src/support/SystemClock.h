@@ -10,6 +10,10 @@ namespace trovell {
 class SystemClock final : public Clock {
 public:
     [[nodiscard]] QDateTime now() const override;
+    [[nodiscard]] std::chrono::steady_clock::time_point steadyNow() const override
+    {
+        return std::chrono::steady_clock::now();
+    }
     [[nodiscard]] QFuture<void> sleepFor(std::chrono::milliseconds duration) override;
 };
 

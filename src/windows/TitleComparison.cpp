@@ -51,6 +51,18 @@ qsizetype endOfRun(QStringView text, qsizetype begin, bool isWord)
     return position;
 }
 
+/// Calls `take` with where each word begins, and the word.
+template <class Take> void forEachWord(const QString& text, Take take)
+{
+    for (qsizetype begin = 0; begin < text.size();) {
+        begin = endOfRun(text, begin, false);
+        const qsizetype end = endOfRun(text, begin, true);
+        if (end > begin)
+            take(begin, QStringView(text).sliced(begin, end - begin));
+        begin = end;
+    }
+}
+
 quint64 lettersOf(const QString& text)
 {
     quint64 letters = 0;
@@ -67,10 +79,14 @@ bool contains(const QString& outer, const QString& inner)
 
 } // namespace
 
-TitleComparison::TitleComparison(const QStringList& wanted, const QStringList& actual)
-    : m_wanted(prepared(wanted)), m_actual(prepared(actual)),
-      m_commonWords(m_wanted.size() * m_actual.size(), 0)
+TitleComparison::TitleComparison(const QStringList& wanted, const QStringList& actual,
+                                 const QString& silent)
+    : m_silentName(silent)
 {
+    forEachWord(m_silentName, [this](qsizetype, QStringView word) { m_silentWords.insert(word); });
+    m_wanted = prepared(wanted);
+    m_actual = prepared(actual);
+    m_commonWords.assign(m_wanted.size() * m_actual.size(), 0);
     countCommonWords();
 }
 
@@ -86,17 +102,21 @@ std::vector<TitleComparison::Title> TitleComparison::prepared(const QStringList&
 std::vector<size_t> TitleComparison::wordsOf(const QString& text)
 {
     std::vector<size_t> words;
-    for (qsizetype begin = 0; begin < text.size();) {
-        begin = endOfRun(text, begin, false);
-        const qsizetype end = endOfRun(text, begin, true);
-        const QStringView word = QStringView(text).sliced(begin, end - begin);
-        if (!word.isEmpty() && hasSeveralCharacters(word))
+    forEachWord(text, [&](qsizetype begin, QStringView word) {
+        if (hasSeveralCharacters(word) && !isSilent(text, begin, word))
             words.push_back(numberOf(word));
-        begin = end;
-    }
+    });
     std::ranges::sort(words);
     words.erase(std::ranges::unique(words).begin(), words.end());
     return words;
+}
+
+bool TitleComparison::isSilent(const QString& text, qsizetype begin, QStringView word) const
+{
+    constexpr qsizetype longestEnding = 5;
+    const bool isEnding = begin > 1 && text[begin - 1] == u'.' && !text[begin - 2].isSpace() &&
+                          word.size() <= longestEnding;
+    return !m_silentName.isEmpty() && (isEnding || m_silentWords.contains(word));
 }
 
 size_t TitleComparison::numberOf(QStringView word)
@@ -131,7 +151,7 @@ double TitleComparison::similarity(qsizetype wanted, qsizetype actual) const
         return 0;
     if ((mayContain(a, b, commonWords) && contains(a.text, b.text)) ||
         (mayContain(b, a, commonWords) && contains(b.text, a.text)))
-        return 0.9;
+        return contained;
     if (a.words.empty() || b.words.empty())
         return 0;
     return double(commonWords) / double(std::max(a.words.size(), b.words.size()));

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <QHash>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <QStringView>
@@ -15,8 +16,13 @@ namespace trovell {
 
 class TitleComparison {
 public:
-    /// Titles are told by their positions in these lists.
-    TitleComparison(const QStringList& wanted, const QStringList& actual);
+    /// The similarity of two titles of which one contains the other.
+    static constexpr double contained = 0.9;
+
+    /// Titles are told by their positions in these lists. Words of `silent`, unless that is empty,
+    /// do not count, nor do the endings of file names then.
+    TitleComparison(const QStringList& wanted, const QStringList& actual,
+                    const QString& silent = {});
 
     /// 0 (nothing in common) to 1.
     [[nodiscard]] double similarity(qsizetype wanted, qsizetype actual) const;
@@ -38,6 +44,11 @@ private:
     [[nodiscard]] size_t numberOf(QStringView word);
     void countCommonWords();
 
+    [[nodiscard]] bool isSilent(const QString& text, qsizetype begin, QStringView word) const;
+
+    QString m_silentName;
+    /// Of that name; they have no numbers.
+    QSet<QStringView> m_silentWords;
     /// Every word that occurs, with a number of its own. The texts belong to the titles.
     QHash<QStringView, size_t> m_vocabulary;
     std::vector<Title> m_wanted;

@@ -41,12 +41,15 @@ std::optional<double> untitledScore(bool isAtSavedIndex, MatchingSize size)
     return isAtSavedIndex ? std::optional(60.0) : std::nullopt;
 }
 
+/// Longer titles differ, if at all, before that.
+constexpr qsizetype comparedLength = 400;
+
 template <class Entry>
 QStringList normalizedTitles(const QList<Entry>& entries, std::optional<QString> Entry::* title)
 {
     QStringList titles;
     for (const Entry& entry : entries)
-        titles.append(normalizedTitle(entry.*title));
+        titles.append(normalizedTitle((entry.*title).value_or(QString()).left(comparedLength)));
     return titles;
 }
 
@@ -54,11 +57,12 @@ QStringList normalizedTitles(const QList<Entry>& entries, std::optional<QString>
 class PairScores {
 public:
     PairScores(const QList<WindowMatchRequest>& requests,
-               const QList<WindowMatchCandidate>& candidates, MatchingSize size)
-        : m_requests(requests), m_candidates(candidates), m_size(size),
+               const QList<WindowMatchCandidate>& candidates, MatchingSize size,
+               const MatchingRules& rules = {})
+        : m_requests(requests), m_candidates(candidates), m_size(size), m_rules(rules),
           m_wantedTitles(normalizedTitles(requests, &WindowMatchRequest::titleHint)),
           m_actualTitles(normalizedTitles(candidates, &WindowMatchCandidate::title)),
-          m_comparison(m_wantedTitles, m_actualTitles)
+          m_comparison(m_wantedTitles, m_actualTitles, normalizedTitle(rules.applicationName))
     {
     }
 
@@ -82,7 +86,7 @@ private:
         if (m_wantedTitles.at(request) == actual)
             return 1020 + indexBonus;
         const double similarity = m_comparison.similarity(request, candidate);
-        if (similarity >= 0.45)
+        if (similarity >= (m_rules.takesWords ? 0.45 : TitleComparison::contained))
             return 500 * similarity + 20 + indexBonus;
         if (actual.isEmpty() && m_size.requests == 1 && m_size.candidates == 1)
             return 100;
@@ -92,6 +96,7 @@ private:
     const QList<WindowMatchRequest>& m_requests;
     const QList<WindowMatchCandidate>& m_candidates;
     MatchingSize m_size;
+    MatchingRules m_rules;
     QStringList m_wantedTitles;
     QStringList m_actualTitles;
     TitleComparison m_comparison;
@@ -135,10 +140,11 @@ std::optional<double> matchScore(const WindowMatchRequest& request,
 }
 
 QHash<QUuid, qsizetype> assignWindows(const QList<WindowMatchRequest>& requests,
-                                      const QList<WindowMatchCandidate>& candidates)
+                                      const QList<WindowMatchCandidate>& candidates,
+                                      const MatchingRules& rules)
 {
     const QList<WindowMatchRequest> ordered = inServingOrder(requests);
-    const PairScores scores(ordered, candidates, {requests.size(), candidates.size()});
+    const PairScores scores(ordered, candidates, {requests.size(), candidates.size()}, rules);
     QHash<QUuid, qsizetype> assignments;
     std::vector<bool> isTaken(size_t(candidates.size()), false);
     for (qsizetype request = 0; request < ordered.size(); ++request) {

@@ -48,9 +48,19 @@ struct WindowMatchCandidate {
                                                const WindowMatchCandidate& candidate,
                                                qsizetype requestCount, qsizetype candidateCount);
 
+/// What else holds in one matching.
+struct MatchingRules {
+    /// Whether titles that merely share words are alike enough.
+    bool takesWords = true;
+    /// Words of this name say nothing about a window of that application, nor does the ending of a
+    /// file's name.
+    QString applicationName = {};
+};
+
 /// Request id → position in `candidates`. Every window serves at most one placement; placements
 /// without an acceptable window are absent. Among equally good windows the first one is taken.
 [[nodiscard]] QHash<QUuid, qsizetype> assignWindows(const QList<WindowMatchRequest>& requests,
-                                                    const QList<WindowMatchCandidate>& candidates);
+                                                    const QList<WindowMatchCandidate>& candidates,
+                                                    const MatchingRules& rules = {});
 
 } // namespace trovell

@@ -4,8 +4,6 @@
 
 #include "display/Rectangle.h"
 #include "model/WindowPlacement.h"
-#include "windows/OrdinaryWindow.h"
-#include "windows/WindowMatching.h"
 #include "windows/WindowServiceError.h"
 
 #include <QCoro/QCoroFuture>
@@ -82,33 +80,6 @@ WindowRestoreAttempt withoutDisplay(const Placements& placements)
     return attempt;
 }
 
-struct LiveWindows {
-    QList<WindowId> ids;
-    QList<WindowMatchCandidate> candidates;
-};
-
-LiveWindows ordinaryWindows(const QList<DesktopWindow>& windows)
-{
-    LiveWindows live;
-    for (qsizetype index = 0; index < windows.size(); ++index) {
-        const DesktopWindow& window = windows.at(index);
-        if (!isOrdinaryWindow(window))
-            continue;
-        live.ids.append(window.id);
-        live.candidates.append({index, window.title, storedRole(), storedSubrole(window.kind)});
-    }
-    return live;
-}
-
-QList<WindowMatchRequest> matchRequests(const Placements& placements)
-{
-    QList<WindowMatchRequest> requests;
-    for (const WindowPlacementSnapshot& placement : placements)
-        requests.append({placement.id, placement.windowTitleHint, placement.windowRole,
-                         placement.windowSubrole, placement.windowIndexHint});
-    return requests;
-}
-
 bool isFinite(const QRectF& frame)
 {
     return std::isfinite(frame.x()) && std::isfinite(frame.y()) && std::isfinite(frame.width()) &&
@@ -116,15 +87,16 @@ bool isFinite(const QRectF& frame)
 }
 
 /// What one attempt over the placements of one application comes to, without moving anything.
-WindowRestorePlan makePlan(const Placements& placements, const QList<DesktopWindow>& windows,
-                           const StoredDisplays& displays)
+WindowRestorePlan makePlan(const RestoreGroup& group, const QList<DesktopWindow>& windows,
+                           const StoredDisplays& displays,
+                           std::chrono::steady_clock::time_point now)
 {
-    const LiveWindows live = ordinaryWindows(windows);
-    const auto assignments = assignWindows(matchRequests(placements), live.candidates);
     WindowRestorePlan plan;
-    for (const WindowPlacementSnapshot& placement : placements) {
-        const auto assignment = assignments.constFind(placement.id);
-        if (assignment == assignments.constEnd()) {
+    plan.known = group.known;
+    pairWindows(group.placements, windows, now, plan.known);
+    for (const WindowPlacementSnapshot& placement : group.placements) {
+        const auto window = plan.known.paired.constFind(placement.id);
+        if (window == plan.known.paired.constEnd()) {
             plan.attempt.retryableDetails.insert(placement.id,
                                                  u"A safe matching window was not found yet."_key);
             continue;
@@ -136,14 +108,21 @@ WindowRestorePlan makePlan(const Placements& placements, const QList<DesktopWind
             plan.attempt.completed.insert(placement.id, movedResult(placement, false));
         } else {
             plan.moved.append(placement);
-            plan.requests.append({live.ids.at(*assignment), *target});
+            plan.requests.append({*window, *target});
         }
     }
     return plan;
 }
 
+WindowRestorePlan planWithout(const RestoreGroup& group, const WindowRestoreAttempt& attempt)
+{
+    return {attempt, group.known, {}, {}};
+}
+
 /// On a worker: the plans of all groups, in their order.
-QList<WindowRestorePlan> makePlans(const QList<Placements>& groups, const DesktopSnapshot& desktop)
+QList<WindowRestorePlan> makePlans(const QList<RestoreGroup>& groups,
+                                   const DesktopSnapshot& desktop,
+                                   std::chrono::steady_clock::time_point now)
 {
     QHash<QString, RunningApplication> running;
     for (const RunningApplication& application : desktop.applications) {
@@ -152,29 +131,28 @@ QList<WindowRestorePlan> makePlans(const QList<Placements>& groups, const Deskto
     }
     const StoredDisplays displays(desktop.displays);
     QList<WindowRestorePlan> plans;
-    for (const Placements& group : groups) {
-        const auto application = running.constFind(group.first().bundleIdentifier);
+    for (const RestoreGroup& group : groups) {
+        const Placements& placements = group.placements;
+        const auto application = running.constFind(placements.first().bundleIdentifier);
         if (desktop.control != WindowControl::available)
-            plans.append({withoutPermission(group), {}, {}});
+            plans.append(planWithout(group, withoutPermission(placements)));
         else if (application == running.cend())
-            plans.append({withoutApplication(group), {}, {}});
+            plans.append(planWithout(group, withoutApplication(placements)));
         else if (desktop.displays.isEmpty())
-            plans.append({withoutDisplay(group), {}, {}});
+            plans.append(planWithout(group, withoutDisplay(placements)));
         else
-            plans.append(makePlan(group, application->windows, displays));
+            plans.append(makePlan(group, application->windows, displays, now));
     }
     return plans;
 }
 
-DesktopQuestion questionAbout(const QList<Placements>& groups)
+DesktopQuestion questionAbout(const QSet<QString>& identifiers)
 {
-    DesktopQuestion question{.applications = DesktopQuestion::Applications::named,
-                             .windows = true,
-                             .withoutWindows = true,
-                             .displays = true};
-    for (const Placements& group : groups)
-        question.identifiers.insert(group.first().bundleIdentifier);
-    return question;
+    return {.applications = DesktopQuestion::Applications::named,
+            .identifiers = identifiers,
+            .windows = true,
+            .withoutWindows = true,
+            .displays = true};
 }
 
 WindowRestoreAttempt completedAttempt(const WindowRestorePlan& plan,
@@ -226,27 +204,53 @@ std::optional<QRectF> restoreTarget(const WindowPlacementSnapshot& placement,
     return displays.desktopFrame(clamped);
 }
 
-WindowRestoreService::WindowRestoreService(WindowSystem& windowSystem)
-    : m_windowSystem(windowSystem)
+WindowRestoreService::WindowRestoreService(WindowSystem& windowSystem, Clock& clock)
+    : m_windowSystem(windowSystem), m_clock(clock)
 {
 }
 
+std::shared_ptr<RestoreRun> WindowRestoreService::beginRun(const QSet<QString>& identifiers)
+{
+    const auto run = std::make_shared<RestoreRun>();
+    run->earlier = m_windowSystem.ask(questionAbout(identifiers));
+    return run;
+}
+
 QCoro::Task<WindowRestoreAttempt>
-WindowRestoreService::restorePlacements(QList<WindowPlacementSnapshot> placements)
+WindowRestoreService::restorePlacements(QList<WindowPlacementSnapshot> placements,
+                                        std::shared_ptr<RestoreRun> run)
 {
     if (placements.isEmpty())
         co_return WindowRestoreAttempt();
+    co_await noteEarlierWindows(run);
+    const QString identifier = placements.first().bundleIdentifier;
     const std::shared_ptr<Round> round = nextRound();
     const qsizetype position = round->groups.size();
-    round->groups.append(placements);
+    round->groups.append({placements, run->applications.value(identifier)});
     auto planned = round->plans.future();
     const QList<WindowRestorePlan> plans = co_await planned;
     const WindowRestorePlan& plan = plans.at(position);
-    if (plan.requests.isEmpty())
+    run->applications.insert(identifier, plan.known);
+    if (plan.requests.isEmpty() || run->isOver)
         co_return plan.attempt;
     auto moving = m_windowSystem.setFrames(plan.requests);
     const QList<FrameOutcome> outcomes = co_await moving;
     co_return completedAttempt(plan, outcomes);
+}
+
+QCoro::Task<> WindowRestoreService::noteEarlierWindows(std::shared_ptr<RestoreRun> run)
+{
+    if (!run->earlier)
+        co_return;
+    auto reading = *run->earlier;
+    const DesktopSnapshot desktop = co_await reading;
+    run->earlier.reset();
+    for (const RunningApplication& application : desktop.applications) {
+        ApplicationWindows& known =
+            run->applications[application.bundleIdentifier.value_or(QString())];
+        for (const DesktopWindow& window : application.windows)
+            known.earlier.insert(window.id);
+    }
 }
 
 std::shared_ptr<WindowRestoreService::Round> WindowRestoreService::nextRound()
@@ -262,9 +266,12 @@ std::shared_ptr<WindowRestoreService::Round> WindowRestoreService::nextRound()
 
 QCoro::Task<> WindowRestoreService::run(std::shared_ptr<Round> round)
 {
-    auto reading = m_windowSystem.ask(questionAbout(round->groups));
+    QSet<QString> identifiers;
+    for (const RestoreGroup& group : std::as_const(round->groups))
+        identifiers.insert(group.placements.first().bundleIdentifier);
+    auto reading = m_windowSystem.ask(questionAbout(identifiers));
     const DesktopSnapshot desktop = co_await reading;
-    auto planning = QtConcurrent::run(&makePlans, round->groups, desktop);
+    auto planning = QtConcurrent::run(&makePlans, round->groups, desktop, m_clock.steadyNow());
     const QList<WindowRestorePlan> plans = co_await planning;
     round->plans.addResult(plans);
     round->plans.finish();

@@ -7,7 +7,9 @@
 
 #include "display/NormalizedFrame.h"
 #include "results/LaunchResult.h"
+#include "support/Clock.h"
 #include "windows/StoredForms.h"
+#include "windows/WindowPairing.h"
 #include "windows/WindowSystem.h"
 
 #include <QCoro/QCoroTask>
@@ -51,10 +53,21 @@ struct WindowRestoreAttempt {
     QHash<QUuid, Message> retryableDetails;
 };
 
+/// What one launch remembers of windows from one attempt to the next. Main thread.
+struct RestoreRun {
+    /// The windows that stood when it began; none is asked about where that does not matter.
+    std::optional<QFuture<DesktopSnapshot>> earlier = {};
+    /// By identifier.
+    QHash<QString, ApplicationWindows> applications = {};
+    /// Nobody waits any more: attempts that are still under way move nothing.
+    bool isOver = false;
+};
+
 /// One application's part of a reading of the desktop: what became of placements already, and what
 /// is to be moved.
 struct WindowRestorePlan {
     WindowRestoreAttempt attempt;
+    ApplicationWindows known;
     QList<WindowPlacementSnapshot> moved;
     /// In the order of `moved`.
     QList<FrameRequest> requests;
@@ -66,28 +79,41 @@ struct WindowRestorePlan {
 [[nodiscard]] std::optional<QRectF> restoreTarget(const WindowPlacementSnapshot& placement,
                                                   const StoredDisplays& displays);
 
+/// The placements of one call, and what is known of their application.
+struct RestoreGroup {
+    QList<WindowPlacementSnapshot> placements;
+    ApplicationWindows known;
+};
+
 class WindowRestoreService {
 public:
-    explicit WindowRestoreService(WindowSystem& windowSystem);
+    WindowRestoreService(WindowSystem& windowSystem, Clock& clock);
+
+    /// Before anything of a launch is opened, for the applications whose windows it will restore.
+    [[nodiscard]] std::shared_ptr<RestoreRun> beginRun(const QSet<QString>& identifiers);
 
     /// `placements` all belong to one application and have different ids. Several calls for
     /// different applications may run at the same time: those of one turn of the event loop read
-    /// the desktop together, after the last of them; then each moves its windows by itself.
+    /// the desktop together, after the last of them; then each moves its windows by itself. A
+    /// window that served a placement of the run serves no other one.
     [[nodiscard]] QCoro::Task<WindowRestoreAttempt>
-    restorePlacements(QList<WindowPlacementSnapshot> placements);
+    restorePlacements(QList<WindowPlacementSnapshot> placements,
+                      std::shared_ptr<RestoreRun> run = std::make_shared<RestoreRun>());
 
 private:
     struct Round {
-        /// The placements of each call.
-        QList<QList<WindowPlacementSnapshot>> groups;
+        QList<RestoreGroup> groups;
         /// In the order of the groups.
         QPromise<QList<WindowRestorePlan>> plans;
     };
     /// The one that calls of this turn take part in.
     [[nodiscard]] std::shared_ptr<Round> nextRound();
+    /// Once for each run; several calls may wait for it.
+    static QCoro::Task<> noteEarlierWindows(std::shared_ptr<RestoreRun> run);
     QCoro::Task<> run(std::shared_ptr<Round> round);
 
     WindowSystem& m_windowSystem;
+    Clock& m_clock;
     std::shared_ptr<Round> m_nextRound;
     QObject m_context;
 };

@@ -41,7 +41,8 @@ struct Desktop {
     FakeResourceSystem system;
     QUrl existing = oldURL;
     ResourceOpeningService service{
-        system, [](const QString& id) { return readyFuture(id == u"org.example.Editor"_s); },
+        borrowed(system),
+        [](const QString& id) { return readyFuture(id == u"org.example.Editor"_s); },
         [this](const QUrl& url) { return url == existing; }};
 
     LaunchResult open(WorkspaceItem& item) { return QCoro::waitFor(service.open(item)); }

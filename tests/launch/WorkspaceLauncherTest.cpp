@@ -13,6 +13,8 @@
 
 #include <QtTest>
 
+#include <semaphore>
+
 using namespace Qt::StringLiterals;
 
 using namespace trovell;
@@ -24,10 +26,13 @@ struct Desktop {
     FakeClock clock;
     FakeWindowSystem windows;
     FakeResourceSystem resources;
+    /// What the file system says, on a thread of its own.
+    std::function<bool(const QUrl&)> exists = [](const QUrl&) { return true; };
     ResourceOpeningService opener{
-        resources, [this](const QString& id) { return readyFuture(windows.isRunning(id)); },
-        [](const QUrl&) { return true; }};
-    WindowRestoreService restorer{windows};
+        borrowed(resources),
+        [this](const QString& id) { return readyFuture(windows.isRunning(id)); },
+        [this](const QUrl& url) { return exists(url); }};
+    WindowRestoreService restorer{windows, clock};
     WorkspaceLauncher launcher{opener, restorer, windows, clock};
     std::unique_ptr<TrovellWorkspace> workspace =
         std::make_unique<TrovellWorkspace>(WorkspaceValues());
@@ -54,15 +59,15 @@ struct Desktop {
             isEnabled));
     }
 
-    void start(bool isTrusted = true, double timeout = 10, const std::stop_token& stop = {})
+    void start(bool isTrusted = true, double timeout = 10)
     {
-        launcher.start(workspace.get(), isTrusted, timeout, stop);
+        launcher.start(workspace.get(), isTrusted, timeout);
     }
 
     /// Lets the launch run until `count` applications sleep between two passes or it ends.
     void settle(qsizetype count)
     {
-        QTRY_VERIFY(!launcher.isLaunching() || clock.sleeperCount() == count);
+        QTRY_VERIFY(!launcher.isLaunching() || clock.sleeperCount(250ms) == count);
     }
 
     /// A quarter second passes at a time until the launch ends.
@@ -147,7 +152,80 @@ private Q_SLOTS:
                               u"ABSENT: timedOut The application is not running yet."_s}));
         QCOMPARE(start.msecsTo(desktop.clock.now()), 10'000);
         // One pass at once and one per quarter second, the deadline included: 41 for each.
-        QCOMPARE(desktop.clock.sleepCount(), 80);
+        QCOMPARE(desktop.clock.sleepCount(250ms), 80);
+    }
+
+    void oneWindowServesOnePlacement()
+    {
+        Desktop desktop;
+        for (const qint64 index : {0, 1})
+            desktop.addPlacement(u"terminal"_s, u"~"_s, index);
+        desktop.windows.addWindow(u"terminal"_s, {.title = u"~"_s});
+        desktop.start();
+        desktop.runToEnd(1);
+        QCOMPARE(desktop.report(),
+                 (QStringList{u"~: restored"_s,
+                              u"~: timedOut A safe matching window was not found yet."_s}));
+        QCOMPARE(desktop.windows.placed.size(), 1);
+    }
+
+    void whatIsLeftGoesToWindowsOfThisLaunch()
+    {
+        Desktop desktop;
+        desktop.windows.addWindow(u"files"_s, {.title = u"stood before"_s});
+        desktop.addPlacement(u"files"_s, u"Projects"_s, 0);
+        desktop.addPlacement(u"files"_s, u"Pictures"_s, 1);
+        desktop.start();
+        desktop.settle(1);
+        const WindowId first = desktop.windows.addWindow(u"files"_s, {.title = u"home"_s});
+        const WindowId second = desktop.windows.addWindow(u"files"_s, {.title = u"home"_s});
+        desktop.runToEnd(1);
+        QCOMPARE(desktop.report(), (QStringList{u"Projects: restored"_s, u"Pictures: restored"_s}));
+        QCOMPARE(desktop.windows.placed, (QList<WindowId>{first, second}));
+    }
+
+    void wordsAloneWaitForABetterWindow()
+    {
+        Desktop desktop;
+        desktop.addPlacement(u"editor"_s, u"todo list.txt - Editor"_s, 0);
+        desktop.windows.addWindow(u"editor"_s, {.title = u"moved.txt - Editor"_s});
+        const WindowId alike = desktop.windows.addWindow(u"editor"_s, {.title = u"todo.txt"_s});
+        desktop.start();
+        desktop.settle(1);
+        QVERIFY(desktop.windows.placed.isEmpty());
+        desktop.runToEnd(1);
+        QCOMPARE(desktop.windows.placed, QList<WindowId>{alike});
+
+        Desktop other;
+        other.addPlacement(u"editor"_s, u"todo.txt"_s, 0);
+        other.windows.addWindow(u"editor"_s, {.title = u"moved.txt"_s});
+        other.start();
+        other.runToEnd(1);
+        QVERIFY(other.windows.placed.isEmpty());
+    }
+
+    void theDeadlineRunsOnASteadyClock()
+    {
+        for (const qint64 jump : {-3600, 3600}) {
+            Desktop desktop;
+            desktop.addPlacement(u"absent"_s, std::nullopt);
+            desktop.start();
+            desktop.settle(1);
+            desktop.clock.setWallClock(desktop.clock.now().addSecs(jump));
+            for (int quarter = 0; quarter < 20; ++quarter) {
+                QVERIFY(desktop.launcher.isLaunching());
+                desktop.clock.advance(250ms);
+                desktop.settle(1);
+            }
+            desktop.clock.advance(5s);
+            QTRY_VERIFY(!desktop.launcher.isLaunching());
+        }
+        Desktop patient;
+        patient.addPlacement(u"absent"_s, std::nullopt);
+        patient.start(true, 1e308);
+        patient.settle(1);
+        patient.clock.advance(24h);
+        QTRY_VERIFY(!patient.launcher.isLaunching());
     }
 
     void reportsApplicationsInPlacementOrder()
@@ -233,18 +311,49 @@ private Q_SLOTS:
         QCOMPARE(desktop.launcher.latestWorkspaceID(), id);
     }
 
-    void stopsWaitingWhenAsked()
+    void cancels()
     {
         Desktop desktop;
+        desktop.resources.onOpen = [&desktop] { desktop.launcher.cancel(); };
+        desktop.addItem(u"first"_s, WorkspaceItemType::folder);
+        desktop.addItem(u"second"_s, WorkspaceItemType::folder);
         desktop.addPlacement(u"absent"_s, std::nullopt);
-        std::stop_source stop;
-        desktop.start(true, 10, stop.get_token());
-        desktop.settle(1);
-        stop.request_stop();
-        desktop.clock.advance(250ms);
+        desktop.start();
+        QCOMPARE(desktop.launcher.launchingWorkspaceID(), desktop.workspace->id());
         QTRY_VERIFY(!desktop.launcher.isLaunching());
         QCOMPARE(desktop.report(),
-                 QStringList{u"ABSENT: timedOut The application is not running yet."_s});
+                 (QStringList{u"first: opened"_s, u"second: failed The start was canceled."_s,
+                              u"ABSENT: timedOut The start was canceled."_s}));
+        desktop.launcher.cancel();
+        QVERIFY(!desktop.launcher.launchingWorkspaceID());
+    }
+
+    void endsWhateverDoesNotAnswer()
+    {
+        // A place that does not answer, and a desktop that does not.
+        for (const bool isDesktopSilent : {false, true}) {
+            Desktop desktop;
+            desktop.windows.isSilent = isDesktopSilent;
+            std::binary_semaphore answer(0);
+            desktop.exists = [&](const QUrl&) {
+                if (!isDesktopSilent)
+                    answer.acquire();
+                return true;
+            };
+            desktop.addItem(u"far"_s, WorkspaceItemType::file);
+            desktop.addPlacement(u"absent"_s, std::nullopt);
+            desktop.start();
+            for (int second = 0; second < 120 && desktop.launcher.isLaunching(); ++second) {
+                QTest::qWait(1);
+                desktop.clock.advance(1s);
+            }
+            QVERIFY(!desktop.launcher.isLaunching());
+            QCOMPARE(desktop.report().first(),
+                     isDesktopSilent ? u"far: opened"_s
+                                     : u"far: failed Its place did not answer in time."_s);
+            QCOMPARE(desktop.report().size(), 2);
+            answer.release();
+        }
     }
 
     void summarisesItsReport()

@@ -9,8 +9,16 @@ QFuture<void> FakeClock::sleepFor(std::chrono::milliseconds duration)
     auto promise = std::make_shared<QPromise<void>>();
     promise->start();
     m_sleepers.append({m_elapsed + duration.count(), promise});
-    ++m_sleepCount;
+    m_sleeps.append(duration);
     return promise->future();
+}
+
+qsizetype FakeClock::sleeperCount(std::chrono::milliseconds within) const
+{
+    return std::ranges::count_if(m_sleepers, [&](const Sleeper& sleeper) {
+        return sleeper.wakeTime <= m_elapsed + within.count() &&
+               !sleeper.promise->future().isCanceled();
+    });
 }
 
 void FakeClock::advance(std::chrono::milliseconds duration)

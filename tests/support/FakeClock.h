@@ -15,14 +15,23 @@ namespace trovell {
 class FakeClock final : public Clock {
 public:
     [[nodiscard]] QDateTime now() const override { return m_now; }
+    [[nodiscard]] std::chrono::steady_clock::time_point steadyNow() const override
+    {
+        return std::chrono::steady_clock::time_point(std::chrono::milliseconds(m_elapsed));
+    }
     [[nodiscard]] QFuture<void> sleepFor(std::chrono::milliseconds duration) override;
 
     /// Moves the time and wakes everyone whose time has come.
     void advance(std::chrono::milliseconds duration);
-    /// How many sleep now.
-    [[nodiscard]] qsizetype sleeperCount() const { return m_sleepers.size(); }
-    /// How many ever went to sleep.
-    [[nodiscard]] int sleepCount() const { return m_sleepCount; }
+    /// As when the user sets it.
+    void setWallClock(const QDateTime& now) { m_now = now; }
+    /// How many sleep now and wake within that time.
+    [[nodiscard]] qsizetype sleeperCount(std::chrono::milliseconds within) const;
+    /// How often anyone went to sleep for so long.
+    [[nodiscard]] qsizetype sleepCount(std::chrono::milliseconds duration) const
+    {
+        return m_sleeps.count(duration);
+    }
 
 private:
     struct Sleeper {
@@ -32,7 +41,7 @@ private:
 
     QDateTime m_now = QDateTime::fromMSecsSinceEpoch(1'700'000'000'000).toUTC();
     qint64 m_elapsed = 0;
-    int m_sleepCount = 0;
+    QList<std::chrono::milliseconds> m_sleeps;
     QList<Sleeper> m_sleepers;
 };
 

@@ -70,6 +70,7 @@ QList<InstalledApplication> FakeResourceSystem::installedApplications() const
 
 bool FakeResourceSystem::open(const QUrl& url, QList<QUrl>& kind)
 {
+    onOpen();
     if (m_refused.contains(url))
         return false;
     kind.append(url);

@@ -10,6 +10,9 @@
 #include <QList>
 #include <QSet>
 
+#include <functional>
+#include <memory>
+
 namespace trovell {
 
 class FakeResourceSystem final : public ResourceSystem {
@@ -27,6 +30,9 @@ public:
     void addApplication(const ApplicationDescription& description, const QUrl& url);
     void refuseToBookmark(const QUrl& url) { m_unmarkable.insert(url); }
     void refuseToOpen(const QUrl& url) { m_refused.insert(url); }
+
+    /// Called before anything is opened.
+    std::function<void()> onOpen = [] {};
 
     [[nodiscard]] QList<QUrl> openedApplications() const { return m_openedApplications; }
     [[nodiscard]] QList<QUrl> openedResources() const { return m_openedResources; }
@@ -64,5 +70,11 @@ private:
     QList<QUrl> m_openedResources;
     QList<QUrl> m_opened;
 };
+
+/// For those that would keep the system; it outlives them.
+[[nodiscard]] inline std::shared_ptr<ResourceSystem> borrowed(ResourceSystem& system)
+{
+    return {std::shared_ptr<void>(), &system};
+}
 
 } // namespace trovell

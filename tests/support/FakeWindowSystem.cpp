@@ -109,6 +109,7 @@ QList<FrameOutcome> FakeWindowSystem::place(const QList<FrameRequest>& requests)
         const auto window = m_windows.find(request.window);
         const bool isTaken = window != m_windows.end() && !window->refusesFrames;
         if (isTaken) {
+            placed.append(request.window);
             window->frame = request.frame;
             window->states = request.states.value_or(window->states);
             if (request.virtualDesktop)

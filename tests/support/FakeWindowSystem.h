@@ -46,6 +46,8 @@ public:
     QList<Display> displays;
     /// In the order in which they were brought forward.
     QStringList activated;
+    /// Every window that was given a frame, in that order.
+    QList<WindowId> placed;
     /// As last asked for.
     QList<WindowId> stacking;
     std::optional<int> shownDesktop;

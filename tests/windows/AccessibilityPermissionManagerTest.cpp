@@ -63,7 +63,7 @@ private Q_SLOTS:
         desktop.grantedAtCheck = 1'000'000;
         desktop.manager->refresh();
         QVERIFY(!desktop.manager->isTrusted());
-        QCOMPARE(desktop.clock.sleeperCount(), 0);
+        QCOMPARE(desktop.clock.sleeperCount(1h), 0);
     }
 
     void pollsOnceAndForTwoMinutes()
@@ -73,7 +73,7 @@ private Q_SLOTS:
         desktop.manager->requestAccess();
         QCOMPARE(desktop.promptCount, 1);
         desktop.pass(); // the first poll wakes up for the last time
-        QCOMPARE(desktop.clock.sleeperCount(), 1);
+        QCOMPARE(desktop.clock.sleeperCount(1h), 1);
 
         int checkCount = desktop.checkCount;
         for (int i = 0; i < 300; ++i)
@@ -81,7 +81,7 @@ private Q_SLOTS:
         // The second poll's first two checks were made before the count was taken.
         QCOMPARE(desktop.checkCount, checkCount + 238);
         QVERIFY(!desktop.manager->isTrusted());
-        QCOMPARE(desktop.clock.sleeperCount(), 0);
+        QCOMPARE(desktop.clock.sleeperCount(1h), 0);
 
         // A poll may outlive its manager.
         desktop.manager->startPolling();

@@ -23,8 +23,9 @@ struct Desktop {
     LateWindowSystem late{windows};
     SystemClock clock;
     FakeResourceSystem resources;
-    ResourceOpeningService opener{resources, [](const QString&) { return QFuture<bool>(); }};
-    WindowRestoreService restorer{late};
+    ResourceOpeningService opener{borrowed(resources),
+                                  [](const QString&) { return QFuture<bool>(); }};
+    WindowRestoreService restorer{late, clock};
     WorkspaceLauncher launcher{opener, restorer, late, clock};
 
     Desktop()

@@ -2,6 +2,7 @@
 
 #include "windows/WindowRestoreService.h"
 
+#include "support/FakeClock.h"
 #include "support/FakeWindowSystem.h"
 
 #include <QtTest>
@@ -29,7 +30,8 @@ WindowPlacementSnapshot placement(const FakeWindowSystem& desktop,
 WindowRestoreAttempt restore(FakeWindowSystem& desktop,
                              const QList<WindowPlacementSnapshot>& placements)
 {
-    WindowRestoreService service(desktop);
+    FakeClock clock;
+    WindowRestoreService service(desktop, clock);
     return QCoro::waitFor(service.restorePlacements(placements));
 }
 
@@ -87,7 +89,8 @@ private Q_SLOTS:
     void callsOfOneTurnReadTheDesktopTogether()
     {
         FakeWindowSystem desktop;
-        WindowRestoreService service(desktop);
+        FakeClock clock;
+        WindowRestoreService service(desktop, clock);
         auto notes = placement(desktop, u"Notes"_s);
         auto mail = placement(desktop, u"Inbox"_s);
         mail.bundleIdentifier = u"mail"_s;

@@ -207,7 +207,7 @@ void ComponentsPage::addActions()
         addAction({x, 113}, true, state);
         x += 270;
     }
-    addAction({17, 173}, true, State::disabled)->setBusyTitle(u"Starting…"_s);
+    addAction({17, 173}, true, State::disabled)->setBusyTexts(u"Starting…"_s, u"Cancel"_s);
     addAction({287, 173}, true, State::disabled);
 }
 

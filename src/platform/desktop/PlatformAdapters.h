@@ -17,7 +17,7 @@ namespace trovell {
 
 /// None of the pointers is null.
 struct PlatformAdapters {
-    std::unique_ptr<ResourceSystem> resourceSystem;
+    std::shared_ptr<ResourceSystem> resourceSystem;
     std::unique_ptr<WindowSystem> windowSystem;
     std::unique_ptr<HotKeySystem> hotKeySystem;
     std::unique_ptr<LoginItemSystem> loginItemSystem;

@@ -36,8 +36,7 @@ WorkspaceDetailHeader::WorkspaceDetailHeader(const ViewEnvironment& environment,
     buildMenu();
     connect(m_saveLayout, &QAbstractButton::clicked, this,
             [this] { Q_EMIT chosen(WorkspaceAction::updateLayout); });
-    connect(m_start, &QAbstractButton::clicked, this,
-            [this] { Q_EMIT chosen(WorkspaceAction::start); });
+    connect(m_start, &QAbstractButton::clicked, this, &WorkspaceDetailHeader::startOrCancel);
     environment.words.render(this, [this] { showTexts(); });
 }
 
@@ -83,9 +82,19 @@ void WorkspaceDetailHeader::showWorkspace(const TrovellWorkspace& workspace)
     updateStart();
 }
 
-void WorkspaceDetailHeader::setLaunching(bool isLaunching)
+void WorkspaceDetailHeader::startOrCancel()
 {
-    m_isLaunching = isLaunching;
+    if (m_launching == Launching::nothing)
+        Q_EMIT chosen(WorkspaceAction::start);
+    // The second half of a double click starts, too, and nothing else.
+    else if (m_sinceLaunch.hasExpired(QApplication::doubleClickInterval()))
+        Q_EMIT cancelRequested();
+}
+
+void WorkspaceDetailHeader::setLaunching(Launching launching)
+{
+    m_launching = launching;
+    m_sinceLaunch.start();
     showTexts();
     updateStart();
 }
@@ -108,7 +117,8 @@ void WorkspaceDetailHeader::showTexts()
                                : u"Allow Accessibility access to save window positions"_key));
     m_start->setTexts(words.text(u"Start Workspace"_key),
                       words.text(u"Open everything and restore the layout"_key));
-    m_start->setBusyTitle(m_isLaunching ? words.text(u"Starting…"_key) : QString());
+    if (m_launching == Launching::thisWorkspace)
+        m_start->setBusyTexts(words.text(u"Starting…"_key), words.text(u"Cancel"_key));
     m_menuButton->setAccessibleName(words.text(u"Workspace Actions"_key));
     m_menuButton->setToolTip(m_menuButton->accessibleName());
 }
@@ -117,7 +127,7 @@ void WorkspaceDetailHeader::showTexts()
 void WorkspaceDetailHeader::updateStart()
 {
     const bool hadFocus = m_start->hasFocus();
-    m_start->setEnabled(m_hasItems && !m_isLaunching);
+    m_start->setEnabled(m_hasItems && m_launching != Launching::anotherWorkspace);
     QWidget* const focused = QApplication::focusWidget();
     if (hadFocus && focused != m_start)
         m_focusSubstitute = focused;

@@ -7,6 +7,7 @@
 #include "views/shared/ViewEnvironment.h"
 #include "views/shared/WorkspaceAction.h"
 
+#include <QElapsedTimer>
 #include <QPointer>
 #include <QWidget>
 
@@ -28,12 +29,15 @@ public:
     explicit WorkspaceDetailHeader(const ViewEnvironment& environment, QWidget* parent = nullptr);
 
     void showWorkspace(const TrovellWorkspace& workspace);
-    /// `isLaunching` whatever workspace it is that is being started.
-    void setLaunching(bool isLaunching);
+    /// What is being started. Starting another workspace has to wait for that.
+    enum class Launching { nothing, thisWorkspace, anotherWorkspace };
+    void setLaunching(Launching launching);
     void setTrusted(bool isTrusted);
 
 Q_SIGNALS:
     void chosen(trovell::WorkspaceAction action);
+    /// The workspace shown is being started.
+    void cancelRequested();
 
 private:
     QWidget* buildTexts();
@@ -41,10 +45,12 @@ private:
     QAction* addMenuAction(QMenu& menu, TextKey<> key, WorkspaceAction action);
     void showTexts();
     void updateStart();
+    void startOrCancel();
 
     ViewEnvironment m_environment;
     bool m_hasItems = false;
-    bool m_isLaunching = false;
+    Launching m_launching = Launching::nothing;
+    QElapsedTimer m_sinceLaunch;
     bool m_isTrusted = false;
     qint64 m_activeItemCount = 0;
     qint64 m_savedWindowCount = 0;

@@ -77,10 +77,11 @@ void WorkspaceDetailView::followServices()
 {
     const WorkspaceLauncher& launcher = m_environment.launcher;
     const AccessibilityPermissionManager& accessibility = m_environment.accessibility;
-    m_header->setLaunching(launcher.isLaunching());
     m_header->setTrusted(accessibility.isTrusted());
-    connect(&launcher, &WorkspaceLauncher::isLaunchingChanged, m_header,
-            &WorkspaceDetailHeader::setLaunching);
+    connect(&launcher, &WorkspaceLauncher::isLaunchingChanged, this,
+            &WorkspaceDetailView::showLaunch);
+    connect(m_header, &WorkspaceDetailHeader::cancelRequested, &m_environment.launcher,
+            &WorkspaceLauncher::cancel);
     connect(&launcher, &WorkspaceLauncher::latestReportChanged, this, [this] {
         showReport();
         if (m_reportBanner->isVisible())
@@ -98,11 +99,20 @@ void WorkspaceDetailView::followServices()
             });
 }
 
+void WorkspaceDetailView::showLaunch()
+{
+    using enum WorkspaceDetailHeader::Launching;
+    const std::optional<QUuid> launching = m_environment.launcher.launchingWorkspaceID();
+    const bool isThis = launching && m_workspace && m_workspace->id() == *launching;
+    m_header->setLaunching(!launching ? nothing : isThis ? thisWorkspace : anotherWorkspace);
+}
+
 void WorkspaceDetailView::setWorkspace(TrovellWorkspace* workspace)
 {
     if (m_workspace)
         disconnect(m_workspace, nullptr, this, nullptr);
     m_workspace = workspace;
+    showLaunch();
     m_reportBanner->setReport(std::nullopt);
     m_scrollArea->verticalScrollBar()->setValue(0);
     if (workspace) {

@@ -50,6 +50,7 @@ protected:
 private:
     [[nodiscard]] QWidget* buildColumn();
     void connectActions();
+    void showLaunch();
     void followServices();
     void scheduleShowing();
     void showWorkspace();

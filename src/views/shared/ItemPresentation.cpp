@@ -2,9 +2,10 @@
 
 #include "views/shared/ItemPresentation.h"
 
+#include "support/DetachedTask.h"
+
 #include <QFileInfo>
 #include <QFutureWatcher>
-#include <QtConcurrentRun>
 #include <QUrl>
 
 namespace trovell {
@@ -56,7 +57,8 @@ void checkResourceMissing(const QString& urlString, QObject* receiver,
                          watcher->deleteLater();
                          answer(watcher->result());
                      });
-    watcher->setFuture(QtConcurrent::run(&isResourceMissing, urlString));
+    // A place that does not answer must not hold up anything else.
+    watcher->setFuture(runDetached([urlString] { return isResourceMissing(urlString); }));
 }
 
 } // namespace trovell

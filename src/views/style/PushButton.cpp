@@ -272,7 +272,7 @@ void PushButton::paintTexts(QPainter& painter, const QRect& room) const
                              : m_look.kind == Kind::prominent ? ColorToken::onActionSubtitle
                                                               : ColorToken::labelSecondary;
     paintLine(painter, QRect(room.x(), top + title.lineHeight, room.width(), subtitle.lineHeight),
-              subtitle, m_visual.color(quiet), m_look.subtitle);
+              subtitle, m_visual.color(quiet), accessibleDescription());
 }
 
 void PushButton::keyPressEvent(QKeyEvent* event)
@@ -306,9 +306,10 @@ void ActionButton::setTexts(const QString& title, const QString& subtitle)
     update();
 }
 
-void ActionButton::setBusyTitle(const QString& title)
+void ActionButton::setBusyTexts(const QString& title, const QString& subtitle)
 {
-    setText(title.isEmpty() ? look().title : title);
+    setText(title);
+    setAccessibleDescription(subtitle);
 }
 
 SymbolButton::SymbolButton(const VisualStyle& visual, const QString& symbolName,

@@ -100,8 +100,8 @@ public:
 
     /// Replaces the texts and with them the width the button asks for.
     void setTexts(const QString& title, const QString& subtitle);
-    /// Shows another title, such as "Starting…", in the same width; an empty text ends it.
-    void setBusyTitle(const QString& title);
+    /// Shows other texts, such as "Starting…", in the same width until the texts are set again.
+    void setBusyTexts(const QString& title, const QString& subtitle);
 };
 
 /// A borderless button of one symbol, with or without a menu. It has no text: `name` is its

@@ -139,10 +139,20 @@ private Q_SLOTS:
         start()->setFocus(Qt::TabFocusReason);
         QTest::keyClick(start(), Qt::Key_Space);
         QTRY_COMPARE(start()->text(), u"Starting…"_s);
-        QVERIFY(!start()->isEnabled());
         QCOMPARE(start()->geometry(), geometry);
-        waitForLaunch();
         QVERIFY(start()->hasFocus());
+
+        // Only the workspace that is being started offers to cancel.
+        TrovellWorkspace& other = m_fixture->addWorkspace(u"Other"_s);
+        m_fixture->addItem(other, WorkspaceItemType::webLink, u"link"_s, u"https://a.example"_s);
+        m_view->setWorkspace(&other);
+        QCOMPARE(start()->text(), u"Start Workspace"_s);
+        QVERIFY(!start()->isEnabled());
+        m_view->setWorkspace(m_work);
+        QTest::qWait(QApplication::doubleClickInterval() + 1);
+        QCOMPARE(start()->accessibleDescription(), u"Cancel"_s);
+        start()->click();
+        QTRY_VERIFY(start()->text() == u"Start Workspace"_s && start()->isEnabled());
     }
 
     void missingResourcesAreMarked()

@@ -27,7 +27,7 @@ class ViewFixture : public StoreFixture {
     /// Before the pointers to what is put into it.
     PlatformAdapters m_platform;
 
-    template <class Fake, class Interface> static Fake* adopt(std::unique_ptr<Interface>& place)
+    template <class Fake, class Pointer> static Fake* adopt(Pointer& place)
     {
         place = std::make_unique<Fake>();
         return static_cast<Fake*>(place.get());

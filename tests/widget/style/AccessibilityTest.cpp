@@ -59,7 +59,7 @@ private Q_SLOTS:
         check(new TextLabel(m_visual, u"Q&A"_s), QAccessible::StaticText, u"Q&A"_s);
         check(new SelectableLabel(m_visual, u"a < b"_s), QAccessible::StaticText, u"a < b"_s);
         auto* starting = new ActionButton(m_visual, u"play.fill"_s, u"Start"_s, u"Opens"_s);
-        starting->setBusyTitle(u"Starting…"_s);
+        starting->setBusyTexts(u"Starting…"_s, u"Cancel"_s);
         check(starting, QAccessible::Button, u"Starting…"_s);
         QMenu menu;
         auto* actions = new SymbolButton(m_visual, u"ellipsis.circle"_s, u"Workspace Actions"_s);
