@@ -42,13 +42,29 @@ LaunchResult noDisplayResult(const WindowPlacementSnapshot& placement)
     return failure(placement, LaunchResultKind::failed, u"No display is available."_key);
 }
 
-LaunchResult movedResult(const WindowPlacementSnapshot& placement, bool isAccepted)
+LaunchResult movedResult(const WindowPlacementSnapshot& placement, FrameOutcome outcome)
 {
-    if (!isAccepted)
+    const Message name =
+        Message::verbatim(placement.windowTitleHint.value_or(placement.applicationName));
+    const auto restored = [&name](const Message& detail = {}) {
+        return makeLaunchResult(name, LaunchResultKind::restored, detail);
+    };
+    switch (outcome) {
+    case FrameOutcome::taken:
+        return restored();
+    case FrameOutcome::tiled:
+        return restored(u"Tiled by the desktop."_key);
+    case FrameOutcome::movedByPerson:
+        return restored(u"You moved it yourself, so it stays where you put it."_key);
+    case FrameOutcome::otherSize:
+        return makeLaunchResult(name, LaunchResultKind::failed,
+                                u"The window is in its place but chose another size."_key);
+    case FrameOutcome::refused:
+    case FrameOutcome::unanswered:
         return failure(placement, LaunchResultKind::failed,
                        u"macOS refused the window position change."_key);
-    const QString name = placement.windowTitleHint.value_or(placement.applicationName);
-    return makeLaunchResult(Message::verbatim(name), LaunchResultKind::restored);
+    }
+    Q_UNREACHABLE();
 }
 
 WindowRestoreAttempt withoutPermission(const Placements& placements)
@@ -105,7 +121,8 @@ WindowRestorePlan makePlan(const RestoreGroup& group, const QList<DesktopWindow>
         if (!target) {
             plan.attempt.completed.insert(placement.id, noDisplayResult(placement));
         } else if (!isFinite(*target)) {
-            plan.attempt.completed.insert(placement.id, movedResult(placement, false));
+            plan.attempt.completed.insert(placement.id,
+                                          movedResult(placement, FrameOutcome::refused));
         } else {
             plan.moved.append(placement);
             plan.requests.append({*window, *target});
@@ -161,8 +178,12 @@ WindowRestoreAttempt completedAttempt(const WindowRestorePlan& plan,
     WindowRestoreAttempt attempt = plan.attempt;
     for (qsizetype index = 0; index < plan.moved.size(); ++index) {
         const WindowPlacementSnapshot& placement = plan.moved.at(index);
-        const bool isTaken = outcomes.value(index, FrameOutcome::refused) == FrameOutcome::taken;
-        attempt.completed.insert(placement.id, movedResult(placement, isTaken));
+        const FrameOutcome outcome = outcomes.value(index, FrameOutcome::refused);
+        if (outcome == FrameOutcome::unanswered)
+            attempt.retryableDetails.insert(placement.id,
+                                            u"The desktop did not answer in time."_key);
+        else
+            attempt.completed.insert(placement.id, movedResult(placement, outcome));
     }
     return attempt;
 }

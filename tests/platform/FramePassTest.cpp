@@ -99,6 +99,33 @@ private Q_SLOTS:
         QVERIFY(!adapter.pass().hasWindowsToGuard());
     }
 
+    void aDesktopThatStandsStillRefusesNothing()
+    {
+        WindowClaims claims;
+        FramePass::Time now{1h};
+        FramePass pass({{id, target}}, claims, now);
+        pass.read(0, FrameReading{elsewhere, target}, now);
+        while (!pass.isOver(now)) {
+            (void)pass.nextSteps(now, true);
+            now = std::max(now + 1ms, pass.nextWakeUp(now, true));
+        }
+        QCOMPARE(pass.finish(), QList<FrameOutcome>{FrameOutcome::unanswered});
+    }
+
+    void aPersonKeepsWhatTheyMove()
+    {
+        WindowClaims claims;
+        const FramePass::Time now{1h};
+        FramePass pass({{id, target}}, claims, now);
+        // Holding the mouse still moves nothing.
+        pass.read(0, FrameReading{elsewhere, target, false, true}, now);
+        QCOMPARE(pass.nextSteps(now, false).size(), size_t(1));
+        pass.noteChange(0, now);
+        pass.read(0, FrameReading{elsewhere.translated(30, 0), target, false, true}, now);
+        QVERIFY(pass.isOver(now));
+        QCOMPARE(pass.finish(), QList<FrameOutcome>{FrameOutcome::movedByPerson});
+    }
+
     void onlyYoungWindowsArePutBackAndNotForEver()
     {
         WindowClaims claims;
@@ -108,7 +135,7 @@ private Q_SLOTS:
         QVERIFY(adapter.pass().hasWindowsToGuard());
         adapter.moves = 0;
         adapter.guard();
-        QCOMPARE(adapter.moves, 4);
+        QCOMPARE(adapter.moves, 1);
     }
 
     void aWindowThatWasPlacedAgainIsLetGo()

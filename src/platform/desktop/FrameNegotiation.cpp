@@ -36,6 +36,11 @@ void FrameNegotiation::read(const std::optional<FrameReading>& reading, Time now
     if (m_reading.hasFillingState && !reading->hasFillingState)
         m_attempts = 0;
     m_reading = *reading;
+    const bool hasMoved = m_stoodAt && !isSameRectangle(*m_stoodAt, m_reading.frame);
+    m_stoodAt = m_reading.frame;
+    m_isLeftToPerson = hasMoved && m_reading.isHeld && !isExact();
+    if (m_isLeftToPerson)
+        m_isAccepted = false;
 }
 
 void FrameNegotiation::changed(Time now)

@@ -20,6 +20,8 @@ struct FrameReading {
     QRectF allowedFrame;
     /// It is maximized in a direction or full screen, and so has no frame of its own.
     bool hasFillingState = false;
+    /// Someone holds it with the mouse.
+    bool isHeld = false;
 };
 
 class FrameNegotiation {
@@ -35,7 +37,11 @@ public:
         moveAround,
     };
 
-    explicit FrameNegotiation(const QRectF& target) : m_target(target) {}
+    /// `stoodAt`: where the window is known to have been.
+    explicit FrameNegotiation(const QRectF& target, const std::optional<QRectF>& stoodAt = {})
+        : m_target(target), m_stoodAt(stoodAt)
+    {
+    }
 
     /// The window looks like this now; none means that it is gone.
     void read(const std::optional<FrameReading>& reading, Time now);
@@ -53,6 +59,10 @@ public:
     [[nodiscard]] bool isOver() const { return m_isAccepted.has_value(); }
     /// Whether the window took the frame, perhaps with a size of its own choice.
     [[nodiscard]] bool isAccepted() const { return m_isAccepted.value_or(false); }
+    /// Whether a person moved it meanwhile, which nobody contests.
+    [[nodiscard]] bool isLeftToPerson() const { return m_isLeftToPerson; }
+    /// Whether it has the frame it was asked to take, as far as its own rules allow.
+    [[nodiscard]] bool isExact() const;
     [[nodiscard]] bool isUnread() const { return m_isUnread; }
     /// Something was sent and the window has not shown any change since.
     [[nodiscard]] bool isUnanswered() const { return m_isUnanswered; }
@@ -63,7 +73,6 @@ public:
     [[nodiscard]] const QRectF& target() const { return m_target; }
 
 private:
-    [[nodiscard]] bool isExact() const;
     [[nodiscard]] bool isInPosition() const;
     [[nodiscard]] std::chrono::milliseconds patience() const;
     [[nodiscard]] bool isHopeless(Time now, bool isQuiet) const;
@@ -72,6 +81,8 @@ private:
     Step sent(Step step, Time now);
 
     QRectF m_target;
+    /// When it was last read.
+    std::optional<QRectF> m_stoodAt;
     FrameReading m_reading;
     /// The frame at the time of the last move request.
     std::optional<QRectF> m_frameBefore;
@@ -83,6 +94,7 @@ private:
     /// When the frame first changed in answer to a request.
     std::optional<Time> m_reactedAt;
     bool m_hadFillingState = false;
+    bool m_isLeftToPerson = false;
     std::optional<bool> m_isAccepted;
 };
 

@@ -15,7 +15,8 @@ constexpr std::chrono::milliseconds longestStandstill = 1900ms;
 /// Far more than any pass takes; ends one with windows that never stop changing.
 constexpr std::chrono::milliseconds longestPass = 10s;
 constexpr std::chrono::milliseconds guardDuration = 1000ms;
-constexpr int mostCorrections = 4;
+/// A program puts itself back once; what moves the window after that means it.
+constexpr int mostCorrections = 1;
 /// A burst is over once it pauses, or has lasted too long.
 constexpr std::chrono::milliseconds burstPause = 10ms;
 constexpr std::chrono::milliseconds longestBurst = 100ms;
@@ -64,7 +65,7 @@ void FramePass::noteChange(std::size_t position, Time now)
     Window& window = m_windows[position];
     // Also while others of the pass are not in place yet.
     if (window.isWatched && window.negotiation.isOver())
-        window.negotiation = FrameNegotiation(*window.settledFrame);
+        window.negotiation = FrameNegotiation(*window.settledFrame, window.settledFrame);
     if (window.negotiation.isOver())
         return;
     if (window.negotiation.isUnanswered())
@@ -143,14 +144,24 @@ bool FramePass::isOver(Time now) const
     return (isEachOver && !m_isGuarding) || now >= deadline();
 }
 
+FrameOutcome FramePass::finish(Window& window)
+{
+    FrameNegotiation& negotiation = window.negotiation;
+    const bool hasEnded = negotiation.isOver();
+    negotiation.giveUp();
+    noteSettled(window);
+    if (negotiation.isLeftToPerson())
+        return FrameOutcome::movedByPerson;
+    if (negotiation.isAccepted())
+        return negotiation.isExact() ? FrameOutcome::taken : FrameOutcome::otherSize;
+    return hasEnded ? FrameOutcome::refused : FrameOutcome::unanswered;
+}
+
 QList<FrameOutcome> FramePass::finish()
 {
     QList<FrameOutcome> outcomes;
     for (Window& window : m_windows) {
-        window.negotiation.giveUp();
-        noteSettled(window);
-        outcomes.append(window.negotiation.isAccepted() ? FrameOutcome::taken
-                                                        : FrameOutcome::refused);
+        outcomes.append(finish(window));
     }
     return outcomes;
 }

@@ -84,6 +84,7 @@ private:
         int corrections = 0;
     };
 
+    [[nodiscard]] static FrameOutcome finish(Window& window);
     static void noteSettled(Window& window);
     /// Whether a settled window is still this pass's and has not been corrected too often.
     [[nodiscard]] bool mayCorrect(Window& window) const;

@@ -24,6 +24,20 @@ void selectEvents(const X11Connection& connection, xcb_window_t window)
     xcb_change_window_attributes(connection.get(), window, XCB_CW_EVENT_MASK, &mask);
 }
 
+/// How far outside its frame a window can be taken hold of.
+constexpr int grip = 10;
+
+/// Where the pointer is while a button is pressed.
+std::optional<QPointF> holdingPointer(const X11Connection& connection,
+                                      xcb_query_pointer_cookie_t request)
+{
+    constexpr quint16 buttons = XCB_BUTTON_MASK_1 | XCB_BUTTON_MASK_2 | XCB_BUTTON_MASK_3;
+    const auto pointer = connection.reply<xcb_query_pointer_reply>(request);
+    if (!pointer || (pointer->mask & buttons) == 0)
+        return std::nullopt;
+    return QPointF(pointer->root_x, pointer->root_y);
+}
+
 bool concernsFrame(xcb_atom_t property, const X11Atoms& atoms)
 {
     return property == atoms.netWmState || property == atoms.netFrameExtents ||
@@ -42,7 +56,8 @@ public:
     }
 
     std::optional<FrameReading> receive(const X11Connection& connection, Window& window,
-                                        const QRectF& target) const
+                                        const QRectF& target,
+                                        const std::optional<QPointF>& holdingPointer) const
     {
         const X11Atoms& atoms = connection.atoms();
         const auto geometry = m_frame.receive(connection);
@@ -57,8 +72,10 @@ public:
                                states.contains(atoms.netWmStateMaximizedVert);
         const PixelRectangle allowed =
             allowedFrame(pixelsFromFrame(target), window.geometry, window.hints);
-        return FrameReading{frameFromPixels(visibleFrame(*geometry)), frameFromPixels(allowed),
-                            isFilling};
+        const QRectF frame = frameFromPixels(visibleFrame(*geometry));
+        const bool isHeld =
+            holdingPointer && frame.adjusted(-grip, -grip, grip, grip).contains(*holdingPointer);
+        return FrameReading{frame, frameFromPixels(allowed), isFilling, isHeld};
     }
 
 private:
@@ -152,11 +169,13 @@ void X11FrameSetter::readUnread()
         requests.emplace_back(position, ReadingRequest(m_connection, m_windows[position].id));
     if (requests.empty())
         return;
+    const auto pointerRequest = xcb_query_pointer(m_connection.get(), m_connection.root());
     m_connection.finishBatch();
     const auto now = Clock::now();
+    const std::optional<QPointF> pointer = holdingPointer(m_connection, pointerRequest);
     for (const auto& [position, request] : requests) {
         const auto reading =
-            request.receive(m_connection, m_windows[position], m_pass.target(position));
+            request.receive(m_connection, m_windows[position], m_pass.target(position), pointer);
         m_pass.read(position, reading, now);
     }
 }
