@@ -242,14 +242,14 @@ void ComponentsPage::addFields()
     rule->resize(676, 1);
     addText(card, {20, 214}, u"Icon"_s, TextRole::body, ColorToken::labelSecondary);
     addText(card, {20, 254}, u"Accent"_s, TextRole::body, ColorToken::labelSecondary);
-    auto* icons = new IconChoiceRow(visual(), u"Icon"_s, symbolNames());
+    auto* icons = new ChoiceRow(visual(), ChoiceRow::Look::symbol, u"Icon"_s, symbolNames());
     icons->setSelected(u"book"_s);
     add(card, icons, {100, 210});
     auto* ring = new QFocusFrame(card);
     ring->setWidget(icons->findChildren<QRadioButton*>()[2]);
     QEnterEvent enter({}, {}, {});
     QApplication::sendEvent(icons->findChildren<QRadioButton*>()[5], &enter);
-    auto* swatches = new SwatchRow(visual(), u"Accent"_s,
+    auto* swatches = new ChoiceRow(visual(), ChoiceRow::Look::swatch, u"Accent"_s,
                                    {u"blue"_s, u"indigo"_s, u"purple"_s, u"green"_s, u"orange"_s});
     swatches->setSelected(u"purple"_s);
     add(card, swatches, {101, 250});

@@ -24,7 +24,8 @@ QIcon trayIcon(const VisualStyle& visual, const QString& name)
         QPixmap pixmap(size, size);
         pixmap.fill(Qt::transparent);
         QPainter painter(&pixmap);
-        visual.paintSymbol(painter, pixmap.rect(), u"TrovellTray-symbolic"_s, visual.brandTint());
+        visual.paintSymbol(painter, pixmap.rect(), u"TrovellTray-symbolic"_s,
+                           visual.color(ColorToken::brand));
         painter.end();
         drawn.addPixmap(pixmap);
     }

@@ -48,7 +48,7 @@ AboutSettingsView::AboutSettingsView(const SettingsEnvironment& environment, QWi
     });
     content->add(buildLinks(), 14);
 
-    makeColumn(this, 16, {content, buildPrivacyCard()});
+    new ColumnLayout(this, 16, {content, buildPrivacyCard()});
     setMaximumWidth(widestContent);
 }
 
@@ -56,10 +56,10 @@ QWidget* AboutSettingsView::buildLinks()
 {
     const AppConfiguration& configuration = m_environment.configuration;
     auto* links = new QWidget;
-    makeRow(links, 6,
-            {buildLink(u"hand.raised"_s, u"Privacy"_key, configuration.privacyURL),
-             buildLink(u"doc.text"_s, u"Terms"_key, configuration.termsURL),
-             buildLink(u"questionmark.circle"_s, u"Support"_key, configuration.supportURL)});
+    new RowLayout(links, 6,
+                  {buildLink(u"hand.raised"_s, u"Privacy"_key, configuration.privacyURL),
+                   buildLink(u"doc.text"_s, u"Terms"_key, configuration.termsURL),
+                   buildLink(u"questionmark.circle"_s, u"Support"_key, configuration.supportURL)});
     return links;
 }
 
@@ -87,14 +87,14 @@ QWidget* AboutSettingsView::buildPrivacyCard()
     words.renderText(
         text,
         u"Accessibility is used only to read and restore the windows you choose. Trovell does not upload your apps, files, window titles, or layouts."_key);
-    makeColumn(card, 8, {heading, text, Gap{2}, buildBadges()});
+    new ColumnLayout(card, 8, {heading, text, Gap{2}, buildBadges()});
     return card;
 }
 
 QWidget* AboutSettingsView::buildBadges()
 {
     auto* badges = new QWidget;
-    auto* row = makeRow(badges, 8);
+    auto* row = new RowLayout(badges, 8);
     for (const TextKey<> promise : {u"No analytics"_key, u"No cloud"_key, u"No ads"_key}) {
         auto* badge = new SymbolLabel(m_environment.visual, u"checkmark.circle.fill"_s, badgeLook);
         badge->label()->setWeight(QFont::Medium);

@@ -8,7 +8,7 @@
 namespace trovell {
 
 CenteredColumn::CenteredColumn(const VisualStyle& visual, QWidget* parent)
-    : QWidget(parent), m_visual(visual), m_column(makeColumn(this, 0))
+    : QWidget(parent), m_visual(visual), m_column(new ColumnLayout(this, 0))
 {
 }
 
@@ -17,7 +17,7 @@ void CenteredColumn::add(QWidget* widget, int gap)
     if (m_column->count() > 0)
         m_column->addSpacing(gap);
     // Not an alignment, with which a text would be given the height that it has in full width.
-    m_column->addLayout(makeRow(0, {Stretch{}, widget, Stretch{}}));
+    m_column->addLayout(new RowLayout(0, {Stretch{}, widget, Stretch{}}));
 }
 
 TextLabel* CenteredColumn::addText(TextRole role, ColorToken color, int width, int gap)

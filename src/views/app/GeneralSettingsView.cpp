@@ -68,7 +68,7 @@ GeneralSettingsView::GeneralSettingsView(const SettingsEnvironment& environment,
           new TextLabel(environment.visual, {}, TextRole::caption, ColorToken::labelSecondary)),
       m_showsMenuBarItem(environment.preferences.showMenuBarItem())
 {
-    makeColumn(this, cardGap, {buildPickers(), buildSwitches(), buildTimeout()});
+    new ColumnLayout(this, cardGap, {buildPickers(), buildSwitches(), buildTimeout()});
     connect(&environment.preferences, &AppPreferences::showMenuBarItemChanged, this,
             &GeneralSettingsView::coupleKeepRunning);
 }
@@ -179,7 +179,7 @@ QWidget* GeneralSettingsView::buildTimeout()
     QVBoxLayout* column = card->addColumn();
     auto* label = new TextLabel(m_environment.visual, {});
     label->setWordWrap(true);
-    column->addLayout(makeRow(24, {label, {buildTimeoutSlider(), 1}}));
+    column->addLayout(new RowLayout(24, {label, {buildTimeoutSlider(), 1}}));
     column->addWidget(m_timeoutText);
     words.render(this, [this, &words, label] {
         label->setText(words.text(u"Workspace launch timeout"_key));
@@ -196,7 +196,7 @@ QLayout* GeneralSettingsView::buildTimeoutSlider()
 {
     m_timeout->setRange(shortestTimeout, longestTimeout);
     m_timeout->setPageStep(1);
-    auto* row = makeRow(sliderLabelGap);
+    auto* row = new RowLayout(sliderLabelGap);
     const auto addEnd = [&](TextKey<> key) {
         auto* end =
             new TextLabel(m_environment.visual, {}, TextRole::caption, ColorToken::labelSecondary);

@@ -24,7 +24,7 @@ NotesArea::NotesArea(const VisualStyle& visual, QWidget* parent)
       m_label(new SelectableLabel(visual, {}, TextRole::callout, ColorToken::labelPrimary))
 {
     auto* page = new QWidget;
-    makeColumn(page, allAround(padding), 0, {m_label, Stretch{}});
+    new ColumnLayout(page, allAround(padding), 0, {m_label, Stretch{}});
     setContent(page);
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);

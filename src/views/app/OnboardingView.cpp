@@ -39,7 +39,7 @@ constexpr int stepCount = 3;
 QWidget* inTheMiddle(QWidget* content)
 {
     auto* page = new QWidget;
-    makeColumn(page, 0, {Stretch{}, content, Stretch{}});
+    new ColumnLayout(page, 0, {Stretch{}, content, Stretch{}});
     return page;
 }
 
@@ -79,8 +79,8 @@ QWidget* OnboardingView::buildPages()
     m_pages->addWidget(m_permission);
     m_pages->addWidget(buildFirstWorkspacePage());
     auto* body = new QWidget;
-    makeColumn(body, allAround(margin), 0,
-               {{m_indicator, 0, Qt::AlignHCenter}, {m_pages, 1}, buildNavigation()});
+    new ColumnLayout(body, allAround(margin), 0,
+                     {{m_indicator, 0, Qt::AlignHCenter}, {m_pages, 1}, buildNavigation()});
     return body;
 }
 
@@ -117,7 +117,7 @@ QWidget* OnboardingView::buildFirstWorkspacePage()
 QWidget* OnboardingView::buildNavigation()
 {
     auto* navigation = new QWidget;
-    makeRow(navigation, 0, {m_back, Stretch{}, m_forward});
+    new RowLayout(navigation, 0, {m_back, Stretch{}, m_forward});
     m_environment.words.renderText(m_back, u"Back"_key);
     connect(m_back, &QAbstractButton::clicked, this, &OnboardingView::goBack);
     connect(m_forward, &QAbstractButton::clicked, this, &OnboardingView::goForward);

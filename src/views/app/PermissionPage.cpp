@@ -42,7 +42,7 @@ PermissionPage::PermissionPage(const ViewEnvironment& environment,
     content->add(buildPrivacyLink(), permissionGap);
     content->add(buildButtons(), permissionGap);
 
-    makeColumn(this, 0, {Stretch{}, content, Stretch{}});
+    new ColumnLayout(this, 0, {Stretch{}, content, Stretch{}});
     words.render(this, [this] { showPermission(); });
     connect(&accessibility, &AccessibilityPermissionManager::isTrustedChanged, this,
             &PermissionPage::showPermission);
@@ -67,7 +67,7 @@ QWidget* PermissionPage::buildButtons()
             &AccessibilityPermissionManager::openSystemSettings);
 
     auto* buttons = new QWidget;
-    makeRow(buttons, 10, {m_request, settings});
+    new RowLayout(buttons, 10, {m_request, settings});
     return buttons;
 }
 

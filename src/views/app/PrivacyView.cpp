@@ -56,7 +56,7 @@ QWidget* PrivacyView::buildBody()
 QWidget* PrivacyView::buildPromises()
 {
     auto* promises = new QWidget;
-    auto* column = makeColumn(promises, 8);
+    auto* column = new ColumnLayout(promises, 8);
     for (const TextKey<> promise :
          {u"No analytics"_key, u"No cloud workspace storage"_key, u"No advertising SDKs"_key}) {
         auto* line = new SymbolLabel(m_environment.visual, u"checkmark.circle.fill"_s, promiseLook);

@@ -24,7 +24,7 @@ RootView::RootView(const MainEnvironment& environment, PreferenceStore& defaults
     : QWidget(parent), m_environment(environment), m_defaults(defaults),
       m_workspaces(new MainWorkspaceView(environment, this))
 {
-    makeColumn(this, 0, {m_workspaces});
+    new ColumnLayout(this, 0, {m_workspaces});
     connect(m_workspaces, &MainWorkspaceView::settingsRequested, this,
             &RootView::settingsRequested);
     connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, &RootView::refreshWhenActive);

@@ -19,7 +19,7 @@ constexpr int columnGap = 5;
 } // namespace
 
 SettingsCard::SettingsCard(const VisualStyle& visual, QWidget* parent)
-    : TrovellCardModifier(visual, parent), m_visual(visual), m_rows(makeColumn(this, 0))
+    : TrovellCardModifier(visual, parent), m_visual(visual), m_rows(new ColumnLayout(this, 0))
 {
     setPadding(1);
 }
@@ -36,12 +36,12 @@ QWidget* SettingsCard::addPlace()
 
 QHBoxLayout* SettingsCard::addRow()
 {
-    return makeRow(addPlace(), rowPadding, rowGap);
+    return new RowLayout(addPlace(), rowPadding, rowGap);
 }
 
 QVBoxLayout* SettingsCard::addColumn()
 {
-    return makeColumn(addPlace(), columnPadding, columnGap);
+    return new ColumnLayout(addPlace(), columnPadding, columnGap);
 }
 
 } // namespace trovell

@@ -18,7 +18,8 @@ SettingsPageModifier::SettingsPageModifier(QWidget* content, QWidget* parent) : 
     content->setMaximumWidth(widestPage);
     auto* page = new QWidget;
     // The content takes what the stretches could have, up to its greatest width.
-    makeColumn(page, pagePadding, 0, {makeRow(0, {Stretch{}, {content, 1}, Stretch{}}), Stretch{}});
+    new ColumnLayout(page, pagePadding, 0,
+                     {new RowLayout(0, {Stretch{}, {content, 1}, Stretch{}}), Stretch{}});
     setContent(page);
 }
 

@@ -29,8 +29,8 @@ SettingsView::SettingsView(const SettingsEnvironment& environment, QWidget* pare
       m_pages(new QStackedWidget)
 {
     setFixedSize(windowSize);
-    auto* row = makeRow(nullptr, tabMargins, 0, {Stretch{}, m_tabs, Stretch{}});
-    makeColumn(this, 0, {row, {m_pages, 1}});
+    auto* row = new RowLayout(nullptr, tabMargins, 0, {Stretch{}, m_tabs, Stretch{}});
+    new ColumnLayout(this, 0, {row, {m_pages, 1}});
     addPage(u"gearshape"_s, u"General"_key, new GeneralSettingsView(environment));
     addPage(u"arrow.triangle.2.circlepath"_s, u"Updates"_key, new UpdateSettingsView(environment));
     addPage(u"info.circle"_s, u"About"_key, new AboutSettingsView(environment));
@@ -62,7 +62,7 @@ void SettingsView::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     const VisualStyle& visual = m_environment.visual;
-    painter.fillRect(rect(), visual.pageBackground());
+    painter.fillRect(rect(), visual.color(ColorToken::pageBackground));
     const QRect strip(0, 0, width(), m_pages->y());
     painter.fillRect(strip, visual.color(ColorToken::sidebarBackground));
     paintHairline(painter, {0.0, strip.height() - 1.0, strip.width() * 1.0, 1.0},

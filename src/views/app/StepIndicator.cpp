@@ -71,7 +71,7 @@ void StepIndicator::paintEvent(QPaintEvent*)
         const double width = std::lerp(shortBar, longBar, share(step));
         const double x = isRightToLeft() ? this->width() - left - width : left;
         paintBox(painter, {x, 0, width, barHeight}, barHeight / 2.0,
-                 mixed(rest, m_visual.brandTint(), share(step)));
+                 mixed(rest, m_visual.color(ColorToken::brand), share(step)));
         left += width + stepGap;
     }
 }

@@ -15,7 +15,7 @@ SymbolLabel::SymbolLabel(const VisualStyle& visual, const QString& symbolName, c
       m_symbol(new SymbolView(visual, symbolName, look.symbolSize, look.symbolColor)),
       m_label(new TextLabel(visual, {}, look.role, look.textColor))
 {
-    makeRow(this, look.gap, {m_symbol, {m_label, 1}});
+    new RowLayout(this, look.gap, {m_symbol, {m_label, 1}});
 }
 
 void SymbolLabel::setPill(ColorToken fill)

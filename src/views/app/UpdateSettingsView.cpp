@@ -27,7 +27,7 @@ constexpr int noteInset = 17;
 UpdateSettingsView::UpdateSettingsView(const SettingsEnvironment& environment, QWidget* parent)
     : QWidget(parent), m_environment(environment)
 {
-    auto* column = makeColumn(this, updateCardGap, {buildChecks()});
+    auto* column = new ColumnLayout(this, updateCardGap, {buildChecks()});
     if (!environment.updateController.isConfigured())
         column->addWidget(buildExplanation());
     column->addWidget(buildStatus());

@@ -55,8 +55,8 @@ UpdateView::UpdateView(const ViewEnvironment& environment, Updater& updater, QWi
 
 void UpdateView::build()
 {
-    makeColumn(this, allAround(updateMargin), updateGap,
-               {buildHeading(), buildNotes(), m_bar, buildButtons()});
+    new ColumnLayout(this, allAround(updateMargin), updateGap,
+                     {buildHeading(), buildNotes(), m_bar, buildButtons()});
     m_bar->setRange(0, 100);
     m_bar->setTextVisible(false);
     m_bar->setFixedHeight(progressBarHeight);
@@ -68,23 +68,23 @@ QLayout* UpdateView::buildHeading()
     m_title->setWeight(QFont::DemiBold);
     m_title->setWordWrap(true);
     m_text->setWordWrap(true);
-    auto* texts = makeColumn(updateTextGap, {Stretch{}, m_title, m_text, Stretch{}});
-    return makeRow(headingGap,
-                   {{new TrovellBrandMark(m_environment.visual, markSize), 0, Qt::AlignTop},
-                    {texts, 1},
-                    {m_ring, 0, Qt::AlignVCenter}});
+    auto* texts = new ColumnLayout(updateTextGap, {Stretch{}, m_title, m_text, Stretch{}});
+    return new RowLayout(headingGap,
+                         {{new TrovellBrandMark(m_environment.visual, markSize), 0, Qt::AlignTop},
+                          {texts, 1},
+                          {m_ring, 0, Qt::AlignVCenter}});
 }
 
 QWidget* UpdateView::buildNotes()
 {
     m_notesCard->setPadding(1);
-    makeColumn(m_notesCard, 0, {m_notes});
+    new ColumnLayout(m_notesCard, 0, {m_notes});
     return m_notesCard;
 }
 
 QLayout* UpdateView::buildButtons()
 {
-    return makeRow(buttonGap, {Stretch{}, m_close, m_next});
+    return new RowLayout(buttonGap, {Stretch{}, m_close, m_next});
 }
 
 void UpdateView::showState(const UpdateState& state)

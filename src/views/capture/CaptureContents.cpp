@@ -35,7 +35,7 @@ constexpr int emptySymbolGap = 10;
 CaptureContents::CaptureContents(const ViewEnvironment& environment, CapturePurpose purpose,
                                  bool appsOnly, CaptureDraft& draft)
     : m_environment(environment), m_draft(draft),
-      m_sections(makeColumn(this, allAround(padding), sectionGap))
+      m_sections(new ColumnLayout(this, allAround(padding), sectionGap))
 {
     if (purpose != CapturePurpose::update)
         addFields();
@@ -66,14 +66,15 @@ void CaptureContents::addAppsOnlyNote()
     m_environment.words.renderText(
         text,
         u"Only application launch items will be saved. Grant Accessibility access later, arrange the windows, then use Save Layout."_key);
-    makeRow(card, noteGap, {new SymbolView(visual, u"info.circle"_s, noteSymbolSize), {text, 1}});
+    new RowLayout(card, noteGap,
+                  {new SymbolView(visual, u"info.circle"_s, noteSymbolSize), {text, 1}});
     m_sections->addWidget(card);
 }
 
 void CaptureContents::addApplications(CapturePurpose purpose, bool appsOnly)
 {
     auto* section = new QWidget;
-    auto* column = makeColumn(section, headingGap);
+    auto* column = new ColumnLayout(section, headingGap);
     column->addWidget(makeApplicationsHeading());
     m_sections->addWidget(section);
     if (m_draft.applications.isEmpty()) {
@@ -96,7 +97,7 @@ QWidget* CaptureContents::makeApplicationsHeading()
         new TextLabel(m_environment.visual, {}, TextRole::callout, ColorToken::labelSecondary);
     m_selectedCount->setElides(false);
     m_environment.words.render(m_selectedCount, [this] { showSelectedCount(); });
-    makeRow(heading, 6, {{makeHeading(u"Detected Applications"_key), 1}, m_selectedCount});
+    new RowLayout(heading, 6, {{makeHeading(u"Detected Applications"_key), 1}, m_selectedCount});
     return heading;
 }
 
@@ -104,11 +105,12 @@ QWidget* CaptureContents::makeNoApplicationsCard()
 {
     const VisualStyle& visual = m_environment.visual;
     auto* card = new TrovellCardModifier(visual);
-    auto* column = makeColumn(card, {0, emptyMargin - padding / 2, 0, emptyMargin - padding / 2}, 0,
-                              {{new SymbolView(visual, u"macwindow.on.rectangle"_s, emptySymbolSize,
-                                               ColorToken::labelSecondary),
-                                0, Qt::AlignHCenter},
-                               Gap{emptySymbolGap}});
+    auto* column =
+        new ColumnLayout(card, {0, emptyMargin - padding / 2, 0, emptyMargin - padding / 2}, 0,
+                         {{new SymbolView(visual, u"macwindow.on.rectangle"_s, emptySymbolSize,
+                                          ColorToken::labelSecondary),
+                           0, Qt::AlignHCenter},
+                          Gap{emptySymbolGap}});
     TextLabel* title = makeHeading(u"No workspace application windows are open"_key);
     auto* text = new TextLabel(visual, {}, TextRole::callout, ColorToken::labelSecondary);
     m_environment.words.renderText(
@@ -130,9 +132,9 @@ void CaptureContents::addRetainedPlacements()
     m_environment.words.renderText(
         text,
         u"These applications are closed or their saved windows are not open. Their previous positions are kept by default."_key);
-    makeColumn(section, captionGap,
-               {makeHeading(u"Not Currently Detected"_key), text, Gap{headingGap - captionGap},
-                makeRetainedCard()});
+    new ColumnLayout(section, captionGap,
+                     {makeHeading(u"Not Currently Detected"_key), text,
+                      Gap{headingGap - captionGap}, makeRetainedCard()});
     m_sections->addWidget(section);
 }
 
@@ -143,7 +145,7 @@ QWidget* CaptureContents::makeRetainedCard()
     m_environment.words.render(card, [&words = m_environment.words, card] {
         card->setAccessibleName(words.text(u"Not Currently Detected"_key));
     });
-    auto* column = makeColumn(card, 0);
+    auto* column = new ColumnLayout(card, 0);
     for (qsizetype index = 0; index < m_draft.retainedPlacements.size(); ++index) {
         if (index > 0)
             column->addWidget(new Divider(m_environment.visual));

@@ -31,11 +31,11 @@ CaptureFields::CaptureFields(const ViewEnvironment& environment, CaptureDraft& d
     auto* heading = new TextLabel(environment.visual, {}, TextRole::headline);
     environment.words.renderText(heading, u"Workspace"_key);
     auto* card = new TrovellCardModifier(environment.visual);
-    makeColumn(card, fieldGap, {makeName(draft), makeChoices(draft)});
+    new ColumnLayout(card, fieldGap, {makeName(draft), makeChoices(draft)});
     environment.words.render(card, [&words = environment.words, card] {
         card->setAccessibleName(words.text(u"Workspace"_key));
     });
-    makeColumn(this, fieldHeadingGap, {heading, card});
+    new ColumnLayout(this, fieldHeadingGap, {heading, card});
 }
 
 QWidget* CaptureFields::makeName(CaptureDraft& draft)
@@ -62,8 +62,9 @@ QLayout* CaptureFields::makeChoices(CaptureDraft& draft)
         draft.basics.choices = controls->choices();
         Q_EMIT changed();
     });
-    auto* accentRow = makeRow(pickerGap, {controls->accents(), Stretch{},
-                                          makeCaption(u"Shortcut"_key), controls->shortcut()});
+    auto* accentRow =
+        new RowLayout(pickerGap, {controls->accents(), Stretch{}, makeCaption(u"Shortcut"_key),
+                                  controls->shortcut()});
     auto* grid = new QGridLayout;
     grid->setHorizontalSpacing(fieldCaptionGap);
     grid->setVerticalSpacing(rowGap);

@@ -33,17 +33,17 @@ constexpr int ringGap = 16;
 } // namespace
 
 CaptureStatePage::CaptureStatePage(const ViewEnvironment& environment)
-    : m_environment(environment), m_column(makeColumn(0))
+    : m_environment(environment), m_column(new ColumnLayout(0))
 {
-    makeColumn(this, {pageMargin, pageMargin, pageMargin, bottomMargin}, 0,
-               {Stretch{}, m_column, Stretch{}});
+    new ColumnLayout(this, {pageMargin, pageMargin, pageMargin, bottomMargin}, 0,
+                     {Stretch{}, m_column, Stretch{}});
 }
 
 void CaptureStatePage::addLine(int gap, const QList<QWidget*>& widgets, int spacing)
 {
     m_column->addSpacing(gap);
     // Not an alignment, with which a text would get the height that it has in full width.
-    auto* line = makeRow(spacing, {Stretch{}});
+    auto* line = new RowLayout(spacing, {Stretch{}});
     for (QWidget* widget : widgets)
         line->addWidget(widget);
     line->addStretch();

@@ -37,7 +37,7 @@ CapturedApplicationCard::CapturedApplicationCard(const ViewEnvironment& environm
 {
     setPadding(0);
     setAccessibleName(application().applicationName);
-    auto* column = makeColumn(this, 0, {makeHeading(purpose, appsOnly)});
+    auto* column = new ColumnLayout(this, 0, {makeHeading(purpose, appsOnly)});
     for (qsizetype window = 0; window < application().windows.size(); ++window) {
         column->addWidget(new Divider(environment.visual));
         column->addWidget(makeWindowRow(window));
@@ -56,10 +56,11 @@ QWidget* CapturedApplicationCard::makeHeading(CapturePurpose purpose, bool appsO
     });
     QWidget* names = makeNames(appsOnly);
     forwardClicks(*names, *included);
-    makeRow(heading, {cardPadding, headingMargin, cardPadding, headingMargin}, gap,
-            {included,
-             {names, 1},
-             purpose == CapturePurpose::update ? makeLaunchItemMark() : makeLaunchItemChoice()});
+    new RowLayout(
+        heading, {cardPadding, headingMargin, cardPadding, headingMargin}, gap,
+        {included,
+         {names, 1},
+         purpose == CapturePurpose::update ? makeLaunchItemMark() : makeLaunchItemChoice()});
     return heading;
 }
 
@@ -69,7 +70,7 @@ QWidget* CapturedApplicationCard::makeNames(bool appsOnly)
     auto* names = new QWidget;
     auto* name = new TextLabel(visual, application().applicationName, TextRole::headline);
     auto* detail = new TextLabel(visual, {}, TextRole::caption, ColorToken::labelSecondary);
-    makeColumn(names, 0, {name, detail});
+    new ColumnLayout(names, 0, {name, detail});
     const Localization& words = m_environment.words;
     const qint64 windowCount = application().windows.size();
     words.render(this, [&words, detail, appsOnly, windowCount] {
@@ -98,7 +99,7 @@ QWidget* CapturedApplicationCard::makeLaunchItemMark()
     auto* text = new TextLabel(visual, {}, TextRole::callout, ColorToken::labelSecondary);
     text->setElides(false);
     m_environment.words.renderText(text, u"Launch item saved"_key);
-    makeRow(
+    new RowLayout(
         mark, markGap,
         {new SymbolView(visual, u"checkmark.circle"_s, markSymbolSize, ColorToken::labelSecondary),
          text});

@@ -32,8 +32,8 @@ CapturedWindowRow::CapturedWindowRow(const ViewEnvironment& environment,
     title->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     forwardClicks(*title, *toggle);
     forwardClicks(*miniature, *toggle);
-    makeRow(this, {look.leadingMargin, verticalMargin, trailingMargin, verticalMargin}, look.gap,
-            {toggle, miniature, title});
+    new RowLayout(this, {look.leadingMargin, verticalMargin, trailingMargin, verticalMargin},
+                  look.gap, {toggle, miniature, title});
     setMinimumHeight(visual.tokens().size(Tokens::Size::captureWindowRow));
     if (window.windowTitle) {
         toggle->setAccessibleName(*window.windowTitle);

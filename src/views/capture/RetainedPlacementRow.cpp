@@ -40,12 +40,13 @@ RetainedPlacementRow::RetainedPlacementRow(const ViewEnvironment& environment,
         kept->setAccessibleName(words.text(phrases::keepSavedPositionFor, name));
         showStatus();
     });
-    makeRow(this, {sidePadding, verticalPadding, sidePadding, verticalPadding}, retainedRowGap,
-            {new SymbolView(visual, u"macwindow.badge.exclamationmark"_s, symbolSize,
-                            ColorToken::labelSecondary),
-             {makeNames(placement), 1},
-             m_status,
-             kept});
+    new RowLayout(this, {sidePadding, verticalPadding, sidePadding, verticalPadding},
+                  retainedRowGap,
+                  {new SymbolView(visual, u"macwindow.badge.exclamationmark"_s, symbolSize,
+                                  ColorToken::labelSecondary),
+                   {makeNames(placement), 1},
+                   m_status,
+                   kept});
 }
 
 QWidget* RetainedPlacementRow::makeNames(const RetainedPlacementDraft& placement)
@@ -59,7 +60,7 @@ QWidget* RetainedPlacementRow::makeNames(const RetainedPlacementDraft& placement
     words.render(detail, [&words, detail, name = placement.applicationName] {
         detail->setText(words.text(phrases::notDetected, name));
     });
-    makeColumn(names, 0, {title, detail});
+    new ColumnLayout(names, 0, {title, detail});
     return names;
 }
 

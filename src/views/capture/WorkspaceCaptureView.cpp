@@ -57,7 +57,7 @@ WorkspaceCaptureView::WorkspaceCaptureView(const EditingEnvironment& environment
       m_draft(makeCaptureDraft(purpose, workspaceOrNull))
 {
     auto* body = new QWidget;
-    m_pages = makeColumn(body, 0);
+    m_pages = new ColumnLayout(body, 0);
     setHeader(makeHeader());
     setBody(body);
     setFooter(makeFooter());
@@ -94,14 +94,14 @@ QWidget* WorkspaceCaptureView::makeHeader()
         title->setText(shownTitle());
         subtitle->setText(shownSubtitle());
     });
-    auto* titles = makeColumn(0, {Stretch{}});
+    auto* titles = new ColumnLayout(0, {Stretch{}});
     for (TextLabel* label : {title, subtitle}) {
         label->setWordWrap(true);
         titles->addWidget(label);
     }
     titles->addStretch();
-    makeRow(header, {sheetPadding, headerMargin, headerTrailingMargin, headerMargin}, headerGap,
-            {symbol, {titles, 1}});
+    new RowLayout(header, {sheetPadding, headerMargin, headerTrailingMargin, headerMargin},
+                  headerGap, {symbol, {titles, 1}});
     return header;
 }
 

@@ -26,9 +26,9 @@ AccessibilityBanner::AccessibilityBanner(const ViewEnvironment& environment,
     title->setWordWrap(true);
     explanation->setWordWrap(true);
 
-    auto* texts = makeColumn(2, {title, explanation, Gap{8}, buildButtons(accessibility)});
+    auto* texts = new ColumnLayout(2, {title, explanation, Gap{8}, buildButtons(accessibility)});
 
-    makeRow(this, {17, 15, 17, 15}, 12, {{symbol, 0, Qt::AlignTop}, {texts, 1}});
+    new RowLayout(this, {17, 15, 17, 15}, 12, {{symbol, 0, Qt::AlignTop}, {texts, 1}});
 
     environment.words.render(this, [this, title, explanation, &words = environment.words] {
         title->setText(words.text(u"Window restore is paused"_key));

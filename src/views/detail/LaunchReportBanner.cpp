@@ -46,7 +46,7 @@ LaunchReportBanner::LaunchReportBanner(const ViewEnvironment& environment, QWidg
       m_rows(new QGridLayout)
 {
     setVisible(false);
-    makeColumn(this, {17, 15, 17, 15}, 0, {buildSummary(), m_details = buildDetails()});
+    new ColumnLayout(this, {17, 15, 17, 15}, 0, {buildSummary(), m_details = buildDetails()});
 
     connect(m_disclosure, &QAbstractButton::clicked, this, [this] { setExpanded(!m_isExpanded); });
     connect(&environment.visual, &VisualStyle::metricsChanged, this,
@@ -58,17 +58,17 @@ QWidget* LaunchReportBanner::buildSummary()
 {
     m_title->setWordWrap(true);
     m_summary->setWordWrap(true);
-    auto* texts = makeColumn(0, {m_title, m_summary});
+    auto* texts = new ColumnLayout(0, {m_title, m_summary});
 
     auto* summary = new QWidget;
-    makeRow(summary, gap, {m_symbol, {texts, 1}, m_disclosure});
+    new RowLayout(summary, gap, {m_symbol, {texts, 1}, m_disclosure});
     return summary;
 }
 
 QWidget* LaunchReportBanner::buildDetails()
 {
     auto* details = new QWidget;
-    makeColumn(details, {0, gap, 0, 0}, 10, {new Divider(m_environment.visual), m_rows});
+    new ColumnLayout(details, {0, gap, 0, 0}, 10, {new Divider(m_environment.visual), m_rows});
     m_rows->setHorizontalSpacing(gap);
     m_rows->setVerticalSpacing(7);
     m_rows->setColumnStretch(1, 1);

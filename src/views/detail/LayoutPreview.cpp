@@ -11,7 +11,7 @@ namespace trovell {
 
 LayoutPreview::LayoutPreview(const ViewEnvironment& environment, QWidget* parent)
     : TrovellCardModifier(environment.visual, parent), m_visual(environment.visual),
-      m_column(makeColumn(this, {0, 20, 0, 2}, 0))
+      m_column(new ColumnLayout(this, {0, 20, 0, 2}, 0))
 {
     // The pictures bring their own sides, and most of the margin below the last.
     setPadding(0);

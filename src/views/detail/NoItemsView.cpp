@@ -20,7 +20,8 @@ NoItemsView::NoItemsView(const ViewEnvironment& environment, QWidget* parent) : 
     environment.words.renderText(heading, u"No items yet"_key);
     environment.words.renderText(advice,
                                  u"Edit this workspace to add apps, folders, files, or links."_key);
-    auto* column = makeColumn(this, {0, 44, 0, 52}, 0, {{symbol, 0, Qt::AlignHCenter}, Gap{12}});
+    auto* column =
+        new ColumnLayout(this, {0, 44, 0, 52}, 0, {{symbol, 0, Qt::AlignHCenter}, Gap{12}});
     for (TextLabel* const label : {heading, advice}) {
         label->setWordWrap(true);
         label->setAlignment(Qt::AlignHCenter);

@@ -45,7 +45,7 @@ QWidget* WorkspaceDetailHeader::buildTexts()
     m_name->setWordWrap(true);
     m_counts->setWordWrap(true);
     auto* texts = new QWidget;
-    makeColumn(texts, 0, {m_name, m_counts});
+    new ColumnLayout(texts, 0, {m_name, m_counts});
     return texts;
 }
 

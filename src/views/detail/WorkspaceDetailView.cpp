@@ -44,7 +44,7 @@ WorkspaceDetailView::WorkspaceDetailView(const DetailEnvironment& environment, Q
       m_items(new WorkspaceItemsCard(environment)), m_preview(new LayoutPreview(environment))
 {
     m_scrollArea->setContent(buildColumn());
-    makeColumn(this, 0, {m_scrollArea});
+    new ColumnLayout(this, 0, {m_scrollArea});
     connectActions();
     followServices();
     setWorkspace(nullptr);
@@ -54,13 +54,13 @@ QWidget* WorkspaceDetailView::buildColumn()
 {
     m_preview->setMinimumWidth(narrowestPreview);
     m_preview->setMaximumWidth(widestPreview);
-    auto* cards = makeRow(
+    auto* cards = new RowLayout(
         cardGap, {{m_items, itemsShare, Qt::AlignTop}, {m_preview, previewShare, Qt::AlignTop}});
 
     auto* content = new QWidget;
-    makeColumn(content, allAround(margin), blockGap,
-               {m_header, m_noticeBanner, m_reportBanner, m_accessibilityBanner,
-                new Divider(m_environment.visual), cards, Stretch{}});
+    new ColumnLayout(content, allAround(margin), blockGap,
+                     {m_header, m_noticeBanner, m_reportBanner, m_accessibilityBanner,
+                      new Divider(m_environment.visual), cards, Stretch{}});
     return content;
 }
 

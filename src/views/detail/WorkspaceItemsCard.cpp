@@ -29,7 +29,7 @@ WorkspaceItemsCard::WorkspaceItemsCard(const ViewEnvironment& environment, QWidg
     m_list->setSelectionMode(QAbstractItemView::NoSelection);
     m_list->setFocusPolicy(Qt::NoFocus);
     m_list->setWholeHeight();
-    makeColumn(this, 0, {buildHeader(), Gap{headerGap}, m_noItems, m_list});
+    new ColumnLayout(this, 0, {buildHeader(), Gap{headerGap}, m_noItems, m_list});
     environment.words.render(this, [this] {
         setAccessibleName(m_environment.words.text(u"Items"_key));
         m_list->setAccessibleName(accessibleName());
@@ -45,7 +45,7 @@ QWidget* WorkspaceItemsCard::buildHeader()
     m_environment.words.renderText(title, u"Items"_key);
     m_environment.words.renderText(edit, u"Edit"_key);
     connect(edit, &QAbstractButton::clicked, this, &WorkspaceItemsCard::editRequested);
-    makeRow(header, 6, {{title, 1}, edit});
+    new RowLayout(header, 6, {{title, 1}, edit});
     return header;
 }
 

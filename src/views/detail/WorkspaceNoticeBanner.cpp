@@ -26,7 +26,7 @@ WorkspaceNoticeBanner::WorkspaceNoticeBanner(const ViewEnvironment& environment,
     connect(dismiss, &QAbstractButton::clicked, this, &WorkspaceNoticeBanner::dismissed);
 
     // The border of one pixel, and for the round symbol two more.
-    makeRow(this, {13, 11, 11, 11}, 10, {symbol, {m_label, 1}, dismiss});
+    new RowLayout(this, {13, 11, 11, 11}, 10, {symbol, {m_label, 1}, dismiss});
 
     m_words.render(this, [this, dismiss] {
         dismiss->setAccessibleName(m_words.text(u"Dismiss"_key));

@@ -95,8 +95,8 @@ QWidget* ApplicationChooser::makeHeader()
     auto* header = new QWidget;
     auto* title = new TextLabel(visual(), {}, TextRole::title2);
     connect(this, &QWidget::windowTitleChanged, title, &QLabel::setText);
-    makeColumn(header, {chooserMargin, chooserMargin - 4, chooserMargin, barPadding}, gap,
-               {title, m_search});
+    new ColumnLayout(header, {chooserMargin, chooserMargin - 4, chooserMargin, barPadding}, gap,
+                     {title, m_search});
     return header;
 }
 
@@ -105,7 +105,8 @@ QWidget* ApplicationChooser::makeBody()
     auto* body = new QWidget;
     m_nothing->setWordWrap(true);
     m_nothing->setAlignment(Qt::AlignCenter);
-    makeColumn(body, {listInset, gap / 2, listInset, gap / 2}, 0, {{m_nothing, 1}, {m_list, 1}});
+    new ColumnLayout(body, {listInset, gap / 2, listInset, gap / 2}, 0,
+                     {{m_nothing, 1}, {m_list, 1}});
     return body;
 }
 
@@ -116,8 +117,8 @@ QWidget* ApplicationChooser::makeFooter()
     auto* cancelButton = new PushButton(visual(), {});
     m_environment.words.renderText(other, u"Other…"_key);
     m_environment.words.renderText(cancelButton, u"Cancel"_key);
-    makeRow(footer, {chooserMargin, barPadding, chooserMargin, barPadding}, chooserButtonGap,
-            {other, Stretch{}, cancelButton, m_choose});
+    new RowLayout(footer, {chooserMargin, barPadding, chooserMargin, barPadding}, chooserButtonGap,
+                  {other, Stretch{}, cancelButton, m_choose});
     connect(cancelButton, &QAbstractButton::clicked, this, &Sheet::cancel);
     connect(other, &QAbstractButton::clicked, this, [this] {
         openFilePanel(m_environment.words, m_request, this,

@@ -47,7 +47,7 @@ QWidget* EditorCaptureReviewView::makeHeader()
     auto* text = new TextLabel(visual, {}, TextRole::body, ColorToken::labelSecondary);
     words.renderText(text,
                      u"Choose the ordinary windows Trovell should restore for this workspace."_key);
-    auto* column = makeColumn(header, {padding, headerMargin, padding, headerMargin - 2}, 0);
+    auto* column = new ColumnLayout(header, {padding, headerMargin, padding, headerMargin - 2}, 0);
     for (TextLabel* label : {title, text}) {
         label->setWordWrap(true);
         column->addWidget(label);
@@ -64,8 +64,8 @@ QWidget* EditorCaptureReviewView::makeBody()
                 &EditorCaptureReviewView::showSelectedCount);
         return card;
     };
-    makeColumn(body, allAround(padding), 0,
-               {new GradualColumn(m_applications.size(), makeCard), Stretch{}});
+    new ColumnLayout(body, allAround(padding), 0,
+                     {new GradualColumn(m_applications.size(), makeCard), Stretch{}});
     return body;
 }
 

@@ -101,20 +101,20 @@ void EditorItemRow::buildLayout()
     m_name->setWeight(QFont::Medium);
     m_locateAgain->hide();
 
-    auto* texts = makeColumn(0, {Stretch{}, m_name, m_url, Stretch{}});
+    auto* texts = new ColumnLayout(0, {Stretch{}, m_name, m_url, Stretch{}});
 
-    makeRow(this, {leadingInset, 0, trailingInset, 0}, 0,
-            {m_grip,
-             Gap{gripGap},
-             m_isEnabled,
-             Gap{itemRowGap},
-             m_symbol,
-             Gap{itemRowGap},
-             {texts, 1},
-             Gap{itemRowGap},
-             m_locateAgain,
-             Gap{itemRowGap},
-             m_remove});
+    new RowLayout(this, {leadingInset, 0, trailingInset, 0}, 0,
+                  {m_grip,
+                   Gap{gripGap},
+                   m_isEnabled,
+                   Gap{itemRowGap},
+                   m_symbol,
+                   Gap{itemRowGap},
+                   {texts, 1},
+                   Gap{itemRowGap},
+                   m_locateAgain,
+                   Gap{itemRowGap},
+                   m_remove});
 }
 
 void EditorItemRow::showWords()

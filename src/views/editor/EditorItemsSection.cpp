@@ -36,9 +36,9 @@ EditorItemsSection::EditorItemsSection(const EditingEnvironment& environment,
     caption->setWordWrap(true);
     environment.words.renderText(caption, u"Add the resources that should open together."_key);
     m_card->setPadding(0);
-    makeColumn(m_card, 0, {m_list});
+    new ColumnLayout(m_card, 0, {m_list});
 
-    makeColumn(this, 0, {makeHeader(), Gap{captionGap}, caption, Gap{cardGap}, m_card});
+    new ColumnLayout(this, 0, {makeHeader(), Gap{captionGap}, caption, Gap{cardGap}, m_card});
     showCard();
     connect(m_list, &EditorItemList::countChanged, this, &EditorItemsSection::showCard);
     connect(m_list, &EditorItemList::locateAgainRequested, this, &EditorItemsSection::locateAgain);
@@ -54,7 +54,7 @@ QWidget* EditorItemsSection::makeHeader()
     });
     m_environment.words.renderText(m_addButton, u"Add Item"_key);
     m_addButton->setMenu(makeAddMenu(), Qt::AlignRight);
-    makeRow(header, 6, {{heading, 1}, m_addButton});
+    new RowLayout(header, 6, {{heading, 1}, m_addButton});
     return header;
 }
 

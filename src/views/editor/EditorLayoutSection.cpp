@@ -35,7 +35,7 @@ EditorLayoutSection::EditorLayoutSection(const EditingEnvironment& environment,
       m_status(new TextLabel(environment.visual, {}, TextRole::body, ColorToken::labelSecondary)),
       m_notice(makeNotice())
 {
-    makeColumn(this, 0, {makeActions(), m_notice});
+    new ColumnLayout(this, 0, {makeActions(), m_notice});
     connect(m_capture, &QAbstractButton::clicked, this, &EditorLayoutSection::captureIfTrusted);
     connect(m_clear, &QAbstractButton::clicked, this, &EditorLayoutSection::clear);
     connect(&environment.accessibility, &AccessibilityPermissionManager::isTrustedChanged, this,
@@ -50,7 +50,8 @@ QWidget* EditorLayoutSection::makeActions()
     auto* actions = new QWidget;
     m_status->setWordWrap(true);
     m_status->setAlignment(Qt::AlignRight);
-    makeRow(actions, 0, {m_capture, Gap{layoutButtonGap}, m_clear, Gap{statusGap}, {m_status, 1}});
+    new RowLayout(actions, 0,
+                  {m_capture, Gap{layoutButtonGap}, m_clear, Gap{statusGap}, {m_status, 1}});
     return actions;
 }
 
@@ -67,12 +68,12 @@ QWidget* EditorLayoutSection::makeNotice()
     m_environment.words.renderText(settings, u"Open Settings"_key);
     connect(settings, &QAbstractButton::clicked, this,
             [this] { m_environment.accessibility.openSystemSettings(); });
-    auto* row =
-        makeRow(lockGap,
-                {new SymbolView(m_environment.visual, u"lock"_s, lockSize, ColorToken::warningIcon),
-                 {text, 1},
-                 settings});
-    makeColumn(notice, {0, blockGap, 0, 0}, blockGap, {new Divider(m_environment.visual), row});
+    auto* row = new RowLayout(lockGap, {new SymbolView(m_environment.visual, u"lock"_s, lockSize,
+                                                       ColorToken::warningIcon),
+                                        {text, 1},
+                                        settings});
+    new ColumnLayout(notice, {0, blockGap, 0, 0}, blockGap,
+                     {new Divider(m_environment.visual), row});
     return notice;
 }
 

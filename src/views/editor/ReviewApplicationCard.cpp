@@ -33,7 +33,7 @@ ReviewApplicationCard::ReviewApplicationCard(const ViewEnvironment& environment,
 {
     setPadding(0);
     setAccessibleName(application().applicationName);
-    makeColumn(this, 0, {makeHeading(), m_windows});
+    new ColumnLayout(this, 0, {makeHeading(), m_windows});
     fadeWindows();
 }
 
@@ -52,15 +52,15 @@ QWidget* ReviewApplicationCard::makeHeading()
         fadeWindows();
         Q_EMIT changed();
     });
-    makeRow(heading, {cardPadding, 0, cardPadding, 0}, reviewCardGap,
-            {new CapturedApplicationIcon(m_environment, application()), {name, 1}, included});
+    new RowLayout(heading, {cardPadding, 0, cardPadding, 0}, reviewCardGap,
+                  {new CapturedApplicationIcon(m_environment, application()), {name, 1}, included});
     return heading;
 }
 
 QWidget* ReviewApplicationCard::makeWindows()
 {
     auto* windows = new QWidget;
-    auto* column = makeColumn(windows, 0);
+    auto* column = new ColumnLayout(windows, 0);
     for (qsizetype window = 0; window < application().windows.size(); ++window) {
         column->addWidget(new Divider(m_environment.visual));
         column->addWidget(makeWindowRow(window));

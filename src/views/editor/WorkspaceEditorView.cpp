@@ -41,8 +41,8 @@ QWidget* makeSection(const ViewEnvironment& environment, TextKey<> heading, QWid
     auto* label = new TextLabel(environment.visual, {}, TextRole::headline);
     environment.words.renderText(label, heading);
     auto* card = new TrovellCardModifier(environment.visual);
-    makeColumn(card, 0, {content});
-    makeColumn(section, headingGap, {label, card});
+    new ColumnLayout(card, 0, {content});
+    new ColumnLayout(section, headingGap, {label, card});
     return section;
 }
 
@@ -93,18 +93,19 @@ QWidget* WorkspaceEditorView::makeHeader()
     auto* title = new TextLabel(visual(), {}, TextRole::title2);
     connect(this, &QWidget::windowTitleChanged, title, &QLabel::setText);
     m_environment.words.renderText(m_save, u"Save"_key);
-    makeRow(header, {editorPadding, headerPadding, editorPadding, headerPadding}, editorButtonGap,
-            {{title, 1}, makeCancelButton(m_environment, *this), m_save});
+    new RowLayout(header, {editorPadding, headerPadding, editorPadding, headerPadding},
+                  editorButtonGap, {{title, 1}, makeCancelButton(m_environment, *this), m_save});
     return header;
 }
 
 QWidget* WorkspaceEditorView::makeBody()
 {
     auto* body = new QWidget;
-    makeColumn(body, allAround(editorPadding), sectionGap,
-               {makeSection(m_environment, u"Basics"_key, makeBasics()), m_items,
-                makeSection(m_environment, u"Window Layout"_key, m_layout),
-                makeSection(m_environment, u"Global Shortcut"_key, makeShortcut()), Stretch{}});
+    new ColumnLayout(body, allAround(editorPadding), sectionGap,
+                     {makeSection(m_environment, u"Basics"_key, makeBasics()), m_items,
+                      makeSection(m_environment, u"Window Layout"_key, m_layout),
+                      makeSection(m_environment, u"Global Shortcut"_key, makeShortcut()),
+                      Stretch{}});
     return body;
 }
 
@@ -131,7 +132,7 @@ QWidget* WorkspaceEditorView::makeShortcut()
     auto* caption = new TextLabel(visual(), {}, TextRole::caption, ColorToken::labelSecondary);
     caption->setWordWrap(true);
     m_environment.words.renderText(caption, phrases::shortcutCaption);
-    makeRow(shortcut, editorCaptionGap, {m_choices->shortcut(), {caption, 1}});
+    new RowLayout(shortcut, editorCaptionGap, {m_choices->shortcut(), {caption, 1}});
     return shortcut;
 }
 

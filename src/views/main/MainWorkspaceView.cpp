@@ -29,7 +29,7 @@ MainWorkspaceView::MainWorkspaceView(const MainEnvironment& environment, QWidget
     : QWidget(parent), m_environment(environment), m_sidebar(new WorkspaceSidebar(environment)),
       m_column(new WorkspaceDetailColumn(environment))
 {
-    makeColumn(this, 0, {new SidebarSplitter(m_sidebar, m_column)});
+    new ColumnLayout(this, 0, {new SidebarSplitter(m_sidebar, m_column)});
     connectSidebar();
     connectDetail();
     connectStore();

@@ -25,7 +25,7 @@ WorkspaceDetailColumn::WorkspaceDetailColumn(const MainEnvironment& environment,
     : QWidget(parent), m_environment(environment), m_hairline(new Divider(environment.visual)),
       m_pages(new QStackedLayout)
 {
-    makeColumn(this, 0, {buildToolbar(), {m_pages, 1}});
+    new ColumnLayout(this, 0, {buildToolbar(), {m_pages, 1}});
 
     m_detail = new WorkspaceDetailView(environment.detail(), this);
     m_empty = new WorkspaceEmptyView(environment, this);
@@ -50,7 +50,7 @@ QWidget* WorkspaceDetailColumn::buildToolbar()
             &WorkspaceDetailColumn::createRequested);
     connect(add, &AddWorkspaceButton::captureRequested, this,
             &WorkspaceDetailColumn::captureRequested);
-    auto* row = makeRow(nullptr, {0, 0, buttonInset, 0}, 0, {Stretch{}, add});
+    auto* row = new RowLayout(nullptr, {0, 0, buttonInset, 0}, 0, {Stretch{}, add});
     m_hairline->hide();
     auto* layers = new QGridLayout(toolbar);
     layers->setContentsMargins({});

@@ -80,13 +80,13 @@ WorkspaceEmptyView::WorkspaceEmptyView(const ViewEnvironment& environment, QWidg
     words.renderText(capture, u"Capture Current Workspace"_key);
     connect(capture, &QAbstractButton::clicked, this, &WorkspaceEmptyView::captureRequested);
     // In a row of its own: a column would give the text the height it has in the whole width.
-    makeColumn(this, {sideMargin, 0, sideMargin, 0}, emptyColumnGap,
-               {Stretch{},
-                {new EmptyIllustration(visual, this), 0, Qt::AlignHCenter},
-                {title, 0, Qt::AlignHCenter},
-                makeRow(0, {Stretch{}, text, Stretch{}}),
-                {makeRow(emptyButtonGap, {create, capture}), 0, Qt::AlignHCenter},
-                Stretch{}});
+    new ColumnLayout(this, {sideMargin, 0, sideMargin, 0}, emptyColumnGap,
+                     {Stretch{},
+                      {new EmptyIllustration(visual, this), 0, Qt::AlignHCenter},
+                      {title, 0, Qt::AlignHCenter},
+                      new RowLayout(0, {Stretch{}, text, Stretch{}}),
+                      {new RowLayout(emptyButtonGap, {create, capture}), 0, Qt::AlignHCenter},
+                      Stretch{}});
 }
 
 } // namespace trovell

@@ -33,14 +33,14 @@ WorkspaceSidebar::WorkspaceSidebar(const MainEnvironment& environment, QWidget* 
     caption->setWeight(QFont::DemiBold);
     environment.words.renderText(caption, u"Workspaces"_key);
     auto* captionRow =
-        makeRow(nullptr, {textInset, captionAbove, textInset, captionBelow}, 0, {caption});
+        new RowLayout(nullptr, {textInset, captionAbove, textInset, captionBelow}, 0, {caption});
     // Made in the order in which the Tab key reaches them.
-    makeColumn(this, 0,
-               {buildHeader(),
-                captionRow,
-                {m_list = new WorkspaceSidebarList(environment, this), 1},
-                new Divider(environment.visual),
-                buildFooter()});
+    new ColumnLayout(this, 0,
+                     {buildHeader(),
+                      captionRow,
+                      {m_list = new WorkspaceSidebarList(environment, this), 1},
+                      new Divider(environment.visual),
+                      buildFooter()});
     connectList();
 }
 
@@ -52,7 +52,7 @@ QWidget* WorkspaceSidebar::buildHeader()
     auto* add = new AddWorkspaceButton(m_environment);
     connect(add, &AddWorkspaceButton::createRequested, this, &WorkspaceSidebar::createRequested);
     connect(add, &AddWorkspaceButton::captureRequested, this, &WorkspaceSidebar::captureRequested);
-    makeRow(header, {textInset, 0, sidebarButtonInset, 0}, 6, {{name, 1}, add});
+    new RowLayout(header, {textInset, 0, sidebarButtonInset, 0}, 6, {{name, 1}, add});
     return header;
 }
 
@@ -64,7 +64,7 @@ QWidget* WorkspaceSidebar::buildFooter()
     auto* settings = new SymbolLink(m_environment.visual, u"gearshape"_s, {});
     m_environment.words.renderText(settings, u"Settings"_key);
     connect(settings, &QAbstractButton::clicked, this, &WorkspaceSidebar::settingsRequested);
-    makeRow(footer, {sidebarButtonInset, 0, sidebarButtonInset, 0}, 0, {settings, Stretch{}});
+    new RowLayout(footer, {sidebarButtonInset, 0, sidebarButtonInset, 0}, 0, {settings, Stretch{}});
     return footer;
 }
 

@@ -19,7 +19,8 @@ constexpr int sliceHeight = 600;
 } // namespace
 
 GradualColumn::GradualColumn(qsizetype count, MakeWidget make, QWidget* parent)
-    : QWidget(parent), m_count(count), m_make(std::move(make)), m_column(makeColumn(this, gap))
+    : QWidget(parent), m_count(count), m_make(std::move(make)),
+      m_column(new ColumnLayout(this, gap))
 {
     addSlice(screenful);
     if (!isComplete())

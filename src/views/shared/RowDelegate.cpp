@@ -134,7 +134,7 @@ void RowDelegate::paintIcon(QPainter& painter, const QRect& box, const QModelInd
             : m_icons.pixmap(application, box.width(), painter.device()->devicePixelRatioF());
     if (icon.isNull())
         m_visual.paintSymbol(painter, square(box, m_visual.scaled(m_look.symbolSize)),
-                             index.data(symbolRole).toString(), m_visual.brandTint());
+                             index.data(symbolRole).toString(), m_visual.color(ColorToken::brand));
     else
         paintPixels(painter, QRectF(box).center(), icon);
 }

@@ -32,8 +32,8 @@ QWidget* makeSheetFooter(const ViewEnvironment& environment, Sheet& sheet, TextL
     auto* footer = new QWidget;
     footer->setMinimumHeight(footerHeight);
     text->setWordWrap(true);
-    makeRow(footer, {footerInset, footerMargin, footerInset, footerMargin}, footerGap,
-            {{text, 1}, makeCancelButton(environment, sheet), confirm});
+    new RowLayout(footer, {footerInset, footerMargin, footerInset, footerMargin}, footerGap,
+                  {{text, 1}, makeCancelButton(environment, sheet), confirm});
     return footer;
 }
 

@@ -44,9 +44,9 @@ QWidget* TextSheet::makeForm(const Look& look, const Texts& texts)
     title->setWordWrap(true);
     m_environment.words.renderText(title, texts.title);
     auto* buttons =
-        makeRow(buttonGap, {Stretch{}, makeCancelButton(m_environment, *this), m_confirm});
+        new RowLayout(buttonGap, {Stretch{}, makeCancelButton(m_environment, *this), m_confirm});
     auto* form = new QWidget;
-    makeColumn(form, allAround(margin), look.spacing, {title, m_field, buttons});
+    new ColumnLayout(form, allAround(margin), look.spacing, {title, m_field, buttons});
     return form;
 }
 

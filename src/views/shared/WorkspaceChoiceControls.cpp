@@ -14,8 +14,9 @@ WorkspaceChoiceControls::WorkspaceChoiceControls(const ViewEnvironment& environm
                                                  const WorkspaceChoices& choices,
                                                  TextKey<> noShortcut, QWidget* parent)
     : QObject(parent), m_choices(choices),
-      m_icons(new IconChoiceRow(environment.visual, {}, symbols(), parent)),
-      m_accents(new SwatchRow(environment.visual, {}, trovell::accents(), parent)),
+      m_icons(new ChoiceRow(environment.visual, ChoiceRow::Look::symbol, {}, symbols(), parent)),
+      m_accents(new ChoiceRow(environment.visual, ChoiceRow::Look::swatch, {}, trovell::accents(),
+                              parent)),
       m_shortcut(new Picker(environment.visual, {}, 180, parent))
 {
     m_icons->setSelected(choices.symbolName);

@@ -12,10 +12,9 @@
 
 namespace trovell {
 
-class IconChoiceRow;
+class ChoiceRow;
 class Localization;
 class Picker;
-class SwatchRow;
 struct ViewEnvironment;
 
 /// Makes the controls and keeps the choices in step with them. A symbol or accent that is not on
@@ -31,8 +30,8 @@ public:
 
     [[nodiscard]] const WorkspaceChoices& choices() const { return m_choices; }
 
-    [[nodiscard]] IconChoiceRow* icons() const { return m_icons; }
-    [[nodiscard]] SwatchRow* accents() const { return m_accents; }
+    [[nodiscard]] ChoiceRow* icons() const { return m_icons; }
+    [[nodiscard]] ChoiceRow* accents() const { return m_accents; }
     [[nodiscard]] Picker* shortcut() const { return m_shortcut; }
 
 Q_SIGNALS:
@@ -42,8 +41,8 @@ private:
     void showShortcuts(const Localization& words, TextKey<> noShortcut);
 
     WorkspaceChoices m_choices;
-    IconChoiceRow* m_icons;
-    SwatchRow* m_accents;
+    ChoiceRow* m_icons;
+    ChoiceRow* m_accents;
     Picker* m_shortcut;
 };
 

@@ -33,15 +33,15 @@ Alert::Alert(const VisualStyle& visual, QWidget* window, const QString& title,
              const QString& message)
     : Sheet(visual, window, title), m_heading(new TextLabel(visual, {}, TextRole::title3)),
       m_message(new TextLabel(visual, {}, TextRole::body, ColorToken::labelSecondary)),
-      m_buttonRow(makeRow(buttonGap, {Stretch{}}))
+      m_buttonRow(new RowLayout(buttonGap, {Stretch{}}))
 {
     auto* body = new QWidget;
     const int padding = visual.tokens().size(Tokens::Size::sheetPadding);
     m_heading->setWeight(QFont::DemiBold);
     m_heading->setWordWrap(true);
     m_message->setWordWrap(true);
-    makeColumn(body, allAround(padding), 0,
-               {m_heading, Gap{titleGap}, m_message, Gap{buttonRowGap}, m_buttonRow});
+    new ColumnLayout(body, allAround(padding), 0,
+                     {m_heading, Gap{titleGap}, m_message, Gap{buttonRowGap}, m_buttonRow});
     setBody(body);
     setTexts(title, message);
 }

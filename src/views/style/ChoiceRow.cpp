@@ -132,13 +132,13 @@ private:
     HoverFade m_hover;
 };
 
-ChoiceRow::ChoiceRow(const VisualStyle& visual, const QString& name, Look look,
+ChoiceRow::ChoiceRow(const VisualStyle& visual, Look look, const QString& name,
                      const QStringList& identifiers, QWidget* parent)
     : Group(parent)
 {
     setAccessibleName(name);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    makeRow(this, look == Look::swatch ? swatchGap - 2 * ringReach(visual) : symbolGap);
+    new RowLayout(this, look == Look::swatch ? swatchGap - 2 * ringReach(visual) : symbolGap);
     for (const QString& identifier : identifiers)
         addButton(new ChoiceButton(visual, identifier, look == Look::swatch));
     makeTabStop(m_buttons.value(0));

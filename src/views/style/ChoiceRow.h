@@ -18,6 +18,12 @@ class ChoiceRow : public Group {
     Q_OBJECT
 
 public:
+    enum class Look { symbol, swatch };
+
+    /// `name` is the accessible name of the group; the identifiers are names of symbols or accents.
+    ChoiceRow(const VisualStyle& visual, Look look, const QString& name,
+              const QStringList& identifiers, QWidget* parent = nullptr);
+
     /// The identifier of the selected choice; none when the last text set is no choice here.
     std::optional<QString> selected() const;
     /// Selects a choice without a signal. An unknown text leaves every choice unselected.
@@ -28,12 +34,6 @@ Q_SIGNALS:
     void chosen(const QString& identifier);
 
 protected:
-    enum class Look { symbol, swatch };
-
-    /// `name` is the accessible name of the group.
-    ChoiceRow(const VisualStyle& visual, const QString& name, Look look,
-              const QStringList& identifiers, QWidget* parent);
-
     bool eventFilter(QObject* button, QEvent* event) override;
 
 private:
@@ -41,30 +41,6 @@ private:
     void makeTabStop(ChoiceButton* button);
 
     QList<ChoiceButton*> m_buttons;
-};
-
-/// The symbols a workspace can have.
-class IconChoiceRow : public ChoiceRow {
-    Q_OBJECT
-
-public:
-    IconChoiceRow(const VisualStyle& visual, const QString& name, const QStringList& symbolNames,
-                  QWidget* parent = nullptr)
-        : ChoiceRow(visual, name, Look::symbol, symbolNames, parent)
-    {
-    }
-};
-
-/// The accents a workspace can have.
-class SwatchRow : public ChoiceRow {
-    Q_OBJECT
-
-public:
-    SwatchRow(const VisualStyle& visual, const QString& name, const QStringList& accentIdentifiers,
-              QWidget* parent = nullptr)
-        : ChoiceRow(visual, name, Look::swatch, accentIdentifiers, parent)
-    {
-    }
 };
 
 } // namespace trovell

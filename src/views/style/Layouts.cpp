@@ -4,21 +4,6 @@
 
 namespace trovell {
 
-namespace {
-
-template <typename Layout>
-Layout* makeBox(QWidget* widget, const QMargins& margins, int spacing, LayoutParts parts)
-{
-    auto* box = new Layout(widget);
-    box->setContentsMargins(margins);
-    box->setSpacing(spacing);
-    for (const LayoutPart& part : parts)
-        part.addTo(*box);
-    return box;
-}
-
-} // namespace
-
 void LayoutPart::addTo(QBoxLayout& box) const
 {
     if (m_widget)
@@ -30,36 +15,6 @@ void LayoutPart::addTo(QBoxLayout& box) const
         box.addSpacing(m_gap);
     else
         box.addStretch(m_stretch);
-}
-
-QHBoxLayout* makeRow(QWidget* widget, const QMargins& margins, int spacing, LayoutParts parts)
-{
-    return makeBox<QHBoxLayout>(widget, margins, spacing, parts);
-}
-
-QHBoxLayout* makeRow(QWidget* widget, int spacing, LayoutParts parts)
-{
-    return makeRow(widget, {}, spacing, parts);
-}
-
-QHBoxLayout* makeRow(int spacing, LayoutParts parts)
-{
-    return makeRow(nullptr, spacing, parts);
-}
-
-QVBoxLayout* makeColumn(QWidget* widget, const QMargins& margins, int spacing, LayoutParts parts)
-{
-    return makeBox<QVBoxLayout>(widget, margins, spacing, parts);
-}
-
-QVBoxLayout* makeColumn(QWidget* widget, int spacing, LayoutParts parts)
-{
-    return makeColumn(widget, {}, spacing, parts);
-}
-
-QVBoxLayout* makeColumn(int spacing, LayoutParts parts)
-{
-    return makeColumn(nullptr, spacing, parts);
 }
 
 } // namespace trovell

@@ -4,7 +4,6 @@
 #pragma once
 
 #include <QBoxLayout>
-#include <QMargins>
 
 #include <initializer_list>
 
@@ -44,22 +43,33 @@ private:
     Qt::Alignment m_alignment;
 };
 
+using LayoutParts = std::initializer_list<LayoutPart>;
+
+template <typename Box> class FilledLayout : public Box {
+public:
+    /// That of a widget or, without one, part of another layout.
+    FilledLayout(QWidget* widget, const QMargins& margins, int spacing, LayoutParts parts = {})
+        : Box(widget)
+    {
+        Box::setContentsMargins(margins);
+        Box::setSpacing(spacing);
+        for (const LayoutPart& part : parts)
+            part.addTo(*this);
+    }
+    FilledLayout(QWidget* widget, int spacing, LayoutParts parts = {})
+        : FilledLayout(widget, {}, spacing, parts)
+    {
+    }
+    FilledLayout(int spacing, LayoutParts parts = {}) : FilledLayout(nullptr, spacing, parts) {}
+};
+
+using RowLayout = FilledLayout<QHBoxLayout>;
+using ColumnLayout = FilledLayout<QVBoxLayout>;
+
 /// The same margin on all sides.
 constexpr QMargins allAround(int pixels)
 {
     return {pixels, pixels, pixels, pixels};
 }
-
-using LayoutParts = std::initializer_list<LayoutPart>;
-
-// Without a widget, a layout is to be part of another one.
-
-QHBoxLayout* makeRow(QWidget* widget, const QMargins& margins, int spacing, LayoutParts parts = {});
-QHBoxLayout* makeRow(QWidget* widget, int spacing, LayoutParts parts = {});
-QHBoxLayout* makeRow(int spacing, LayoutParts parts = {});
-QVBoxLayout* makeColumn(QWidget* widget, const QMargins& margins, int spacing,
-                        LayoutParts parts = {});
-QVBoxLayout* makeColumn(QWidget* widget, int spacing, LayoutParts parts = {});
-QVBoxLayout* makeColumn(int spacing, LayoutParts parts = {});
 
 } // namespace trovell

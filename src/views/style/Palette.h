@@ -82,7 +82,6 @@ public:
         successIcon,
         successFill,
         successBorder,
-        warning,
         warningIcon,
         warningFill,
         warningBorder,

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-#include "views/style/ScrollBarPainting.h"
+#include "views/style/ControlPainting.h"
 
 #include "views/style/Painting.h"
 #include "views/style/VisualStyle.h"

@@ -22,20 +22,11 @@ QJsonObject readTokens()
     return QJsonDocument::fromJson(file.readAll()).object();
 }
 
-/// The key of tokens.json for an enumerator; one that begins with a digit cannot be spelled in C++.
-QString tokenKey(const char* enumerator)
-{
-    const QString name = QString::fromLatin1(enumerator);
-    if (name.size() == 3 && name.startsWith(u"xl"))
-        return name.sliced(2) + u"xl"_s;
-    return name;
-}
-
-QJsonValue require(const QJsonObject& table, const QString& key)
+QJsonValue require(const QJsonObject& table, QLatin1StringView key)
 {
     const QJsonValue value = table[key];
     if (value.isUndefined())
-        qFatal("the design tokens lack %s", qPrintable(key));
+        qFatal("the design tokens lack %s", key.data());
     return value;
 }
 
@@ -44,19 +35,19 @@ void readNumbers(const QJsonObject& table, std::array<int, count>& numbers)
 {
     const auto names = QMetaEnum::fromType<Enum>();
     for (size_t i = 0; i < count; ++i)
-        numbers[i] = require(table, tokenKey(names.key(static_cast<int>(i)))).toInt();
+        numbers[i] = require(table, QLatin1StringView(names.key(static_cast<int>(i)))).toInt();
 }
 
 TypeMeasures readMeasures(const QJsonObject& role)
 {
-    return {require(role, u"px"_s).toDouble(), require(role, u"line"_s).toDouble(),
-            require(role, u"weight"_s).toInt(), require(role, u"tracking"_s).toDouble()};
+    return {require(role, "px"_L1).toDouble(), require(role, "line"_L1).toDouble(),
+            require(role, "weight"_L1).toInt(), require(role, "tracking"_L1).toDouble()};
 }
 
 QStringList readFamilies(const QJsonObject& font)
 {
     QStringList families;
-    for (const QString& list : {u"ui"_s, u"cjkFallback"_s}) {
+    for (const QLatin1StringView list : {"ui"_L1, "cjkFallback"_L1}) {
         const QJsonArray names = require(font, list).toArray();
         for (const QJsonValue& name : names)
             families.append(name.toString());
@@ -75,19 +66,18 @@ Tokens::Tokens(const QJsonObject& root)
     : m_light(Palette::fromJson(root[u"color"][u"light"].toObject())),
       m_dark(Palette::fromJson(root[u"color"][u"dark"].toObject()))
 {
-    const QJsonObject type = require(root, u"type"_s).toObject();
+    const QJsonObject type = require(root, "type"_L1).toObject();
     const auto roles = QMetaEnum::fromType<TextRole>();
     for (size_t i = 0; i < m_type.size(); ++i)
-        m_type[i] =
-            readMeasures(require(type, tokenKey(roles.key(static_cast<int>(i)))).toObject());
+        m_type[i] = readMeasures(
+            require(type, QLatin1StringView(roles.key(static_cast<int>(i)))).toObject());
 
-    const QJsonObject sizes = require(root, u"size"_s).toObject();
-    readNumbers<Radius>(require(root, u"radius"_s).toObject(), m_radii);
-    readNumbers<Space>(require(root, u"space"_s).toObject(), m_spaces);
+    const QJsonObject sizes = require(root, "size"_L1).toObject();
+    readNumbers<Radius>(require(root, "radius"_L1).toObject(), m_radii);
     readNumbers<Size>(sizes, m_sizes);
-    const QJsonArray choice = require(sizes, u"iconChoice"_s).toArray();
+    const QJsonArray choice = require(sizes, "iconChoice"_L1).toArray();
     m_iconChoice = QSize(choice[0].toInt(), choice[1].toInt());
-    m_families = readFamilies(require(root, u"font"_s).toObject());
+    m_families = readFamilies(require(root, "font"_L1).toObject());
 }
 
 } // namespace trovell

@@ -56,13 +56,8 @@ public:
         tile,
         card,
         sheet,
-        pill,
     };
     Q_ENUM(Radius)
-
-    /// 2, 4, 6, 8, 10, 12, 16, 20, 24, 32, 40; `xl3` is the key "3xl".
-    enum class Space { xxs, xs, s, m, l, xl, xxl, xl3, xl4, xl5, xl6 };
-    Q_ENUM(Space)
 
     enum class Size {
         controlHeight,
@@ -78,14 +73,10 @@ public:
         menuRow,
         sidebarRow,
         toolbar,
-        itemRow,
-        editorItemRow,
         captureWindowRow,
-        tabBar,
         sheetPadding,
         cardPadding,
         focusRingWidth,
-        focusRingOffset,
     };
     Q_ENUM(Size)
 
@@ -98,7 +89,6 @@ public:
     }
     TypeMeasures type(TextRole role) const { return m_type[static_cast<size_t>(role)]; }
     int radius(Radius name) const { return m_radii[static_cast<size_t>(name)]; }
-    int space(Space name) const { return m_spaces[static_cast<size_t>(name)]; }
     int size(Size name) const { return m_sizes[static_cast<size_t>(name)]; }
     QSize iconChoice() const { return m_iconChoice; }
 
@@ -111,15 +101,13 @@ private:
     Palette m_light;
     Palette m_dark;
     std::array<TypeMeasures, static_cast<size_t>(TextRole::miniature) + 1> m_type;
-    std::array<int, static_cast<size_t>(Radius::pill) + 1> m_radii;
-    std::array<int, static_cast<size_t>(Space::xl6) + 1> m_spaces;
-    std::array<int, static_cast<size_t>(Size::focusRingOffset) + 1> m_sizes;
+    std::array<int, static_cast<size_t>(Radius::sheet) + 1> m_radii;
+    std::array<int, static_cast<size_t>(Size::focusRingWidth) + 1> m_sizes;
     QSize m_iconChoice;
     QStringList m_families;
 };
 
 using TextRole = Tokens::TextRole;
 using Radius = Tokens::Radius;
-using Space = Tokens::Space;
 
 } // namespace trovell

@@ -7,7 +7,6 @@
 #include "views/style/Menus.h"
 #include "views/style/Painting.h"
 #include "views/style/RowPainting.h"
-#include "views/style/ScrollBarPainting.h"
 #include "views/style/VisualStyle.h"
 
 #include <QComboBox>

@@ -87,7 +87,7 @@ QColor VisualStyle::accentColor(const QString& identifier) const
         return color(ColorToken::green);
     if (identifier == u"orange")
         return color(ColorToken::orange);
-    return brandTint();
+    return color(ColorToken::brand);
 }
 
 QPalette VisualStyle::palette() const

@@ -36,10 +36,11 @@ class QPainter;
 ///
 /// What there is:
 ///   buttons    PushButton, ActionButton, LinkButton, SymbolLink, SymbolButton; menus: Menus.h
-///   fields     QCheckBox, QSlider, TextField, Picker, Switch, IconChoiceRow, SwatchRow
+///   fields     QCheckBox, QSlider, TextField, Picker, Switch, ChoiceRow
 ///   pictures   SymbolView, TrovellBrandMark, ProgressRing, QProgressBar, Divider; own ones derive
 ///              from Picture
 ///   texts      TextLabel, SelectableLabel; in own painting paintLine and Paragraph (TextStyle.h)
+///   layouts    RowLayout, ColumnLayout (Layouts.h)
 ///   boxes      TrovellCardModifier, BannerFrame, ScrollArea; several parts under one accessible
 ///              name: Group.h
 ///   lists      ListRow (Group.h); painted rows: RowPainting.h
@@ -92,8 +93,6 @@ public:
     {
         return m_tokens.palette(m_appearance).shadow(name);
     }
-    QColor brandTint() const { return color(ColorToken::brand); }
-    QColor pageBackground() const { return color(ColorToken::pageBackground); }
     /// The colour a workspace's accent stands for: "indigo", "purple", "green" and "orange" by
     /// exact comparison, the brand tint for every other text.
     QColor accentColor(const QString& identifier) const;
@@ -104,7 +103,6 @@ public:
     TextStyle text(TextRole role, QFont::Weight weight) const;
 
     int radius(Radius name) const { return m_tokens.radius(name); }
-    int space(Space name) const { return m_tokens.space(name); }
     /// A measure of a control, multiplied with the font factor and rounded to whole pixels.
     int scaled(double pixels) const;
     /// The sum of several measures, each rounded by itself as where they are painted.

@@ -89,7 +89,8 @@ private Q_SLOTS:
     void choicesAreRadioButtons()
     {
         Stage stage;
-        auto* row = stage.add(new IconChoiceRow(m_visual, u"Icon"_s, {u"book"_s, u"hammer"_s}));
+        auto* row = stage.add(
+            new ChoiceRow(m_visual, ChoiceRow::Look::symbol, u"Icon"_s, {u"book"_s, u"hammer"_s}));
         row->setSelected(u"book"_s);
         stage.open();
         QCOMPARE(part(row)->role(), QAccessible::Grouping);
@@ -114,12 +115,14 @@ private Q_SLOTS:
         const QColor ring = m_visual.color(ColorToken::focusRing);
         const QPoint left = button->pos() + QPoint(0, button->height() / 2);
         QCOMPARE(shownColor(stage, left - QPoint(3, 0)), ring);
-        QCOMPARE(shownColor(stage, left - QPoint(1, 0)), m_visual.pageBackground());
+        QCOMPARE(shownColor(stage, left - QPoint(1, 0)),
+                 m_visual.color(ColorToken::pageBackground));
         button->move(button->pos() + QPoint(30, 0));
         QCOMPARE(shownColor(stage, left + QPoint(27, 0)), ring);
         QTest::keyClick(button, Qt::Key_Tab);
         QVERIFY(field->hasFocus());
-        QCOMPARE(shownColor(stage, left + QPoint(27, 0)), m_visual.pageBackground());
+        QCOMPARE(shownColor(stage, left + QPoint(27, 0)),
+                 m_visual.color(ColorToken::pageBackground));
         QCOMPARE(shownColor(*field, {1, field->height() / 2}), ring);
     }
 

@@ -43,7 +43,7 @@ private Q_SLOTS:
                                  shownColor(*field, {60, 6})};
         };
         const auto expected = [&] {
-            return QList<QColor>{m_visual.pageBackground(),
+            return QList<QColor>{m_visual.color(ColorToken::pageBackground),
                                  m_visual.color(ColorToken::cardBackground),
                                  m_visual.color(ColorToken::fieldBackground)};
         };

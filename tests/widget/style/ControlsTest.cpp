@@ -55,7 +55,7 @@ private Q_SLOTS:
     {
         Stage stage;
         auto* before = stage.add(new PushButton(m_visual, u"Before"_s));
-        auto* row = stage.add(new IconChoiceRow(m_visual, u"Icon"_s, m_names));
+        auto* row = stage.add(new ChoiceRow(m_visual, ChoiceRow::Look::symbol, u"Icon"_s, m_names));
         auto* after = stage.add(new PushButton(m_visual, u"After"_s));
         row->setSelected(u"terminal"_s);
         stage.open();
