@@ -9,6 +9,9 @@
 #include <QEvent>
 #include <QPainter>
 #include <QTimer>
+#include <QVariantAnimation>
+
+#include <cmath>
 
 namespace trovell {
 
@@ -17,6 +20,7 @@ namespace {
 constexpr int appearMilliseconds = 180;
 constexpr int dismissMilliseconds = 120;
 constexpr double nestedShare = 0.6;
+constexpr double firstScale = 0.98;
 
 } // namespace
 
@@ -68,6 +72,42 @@ void Scrim::cover()
 {
     const auto* sheet = qobject_cast<const Sheet*>(&m_window);
     setGeometry(sheet ? sheet->boxRect() : m_window.rect());
+}
+
+SheetCurtain::SheetCurtain(const VisualStyle& visual, Sheet& sheet) : m_picture(sheet.grab())
+{
+    setParent(&sheet);
+    setGeometry(sheet.rect());
+    // What lies below must not shine through: this widget replaces it in its own place.
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    raise();
+    show();
+    auto* animation = new QVariantAnimation(this);
+    animation->setStartValue(0.0);
+    animation->setEndValue(1.0);
+    animation->setDuration(visual.duration(appearMilliseconds));
+    animation->setEasingCurve(QEasingCurve::OutCubic);
+    connect(animation, &QVariantAnimation::valueChanged, this, [this](const QVariant& value) {
+        m_progress = value.toDouble();
+        update();
+    });
+    connect(animation, &QVariantAnimation::finished, this, &QObject::deleteLater);
+    animation->start();
+}
+
+void SheetCurtain::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.fillRect(rect(), Qt::transparent);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.setOpacity(m_progress);
+    const double scale = std::lerp(firstScale, 1.0, m_progress);
+    painter.translate(QRectF(rect()).center());
+    painter.scale(scale, scale);
+    painter.translate(-QRectF(rect()).center());
+    painter.drawPixmap(0, 0, m_picture);
 }
 
 } // namespace trovell

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-
+//
+// What is seen while sheets come, stay and go. Main thread.
 #pragma once
 
 #include "views/style/Fade.h"
@@ -9,6 +10,7 @@
 
 namespace trovell {
 
+class Sheet;
 class VisualStyle;
 
 /// The veil over a window that a sheet blocks: a child above everything else in the window, as
@@ -38,6 +40,22 @@ private:
     Fade m_fadeOut;
     QPixmap m_ghost;
     QPoint m_ghostPosition;
+};
+
+/// The way in of a sheet: lies over all of it, shows a picture of it growing and fading in, and
+/// deletes itself when that is done. The live sheet below already takes keys.
+class SheetCurtain : public QWidget {
+    Q_OBJECT
+
+public:
+    SheetCurtain(const VisualStyle& visual, Sheet& sheet);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QPixmap m_picture;
+    double m_progress = 0;
 };
 
 } // namespace trovell

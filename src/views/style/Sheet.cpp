@@ -4,16 +4,15 @@
 
 #include "views/style/Accessibility.h"
 #include "views/style/Divider.h"
+#include "views/style/Layouts.h"
 #include "views/style/Painting.h"
 #include "views/style/PushButton.h"
 #include "views/style/Scrim.h"
 #include "views/style/ScrollArea.h"
-#include "views/style/SheetCurtain.h"
 #include "views/style/VisualStyle.h"
 
 #include <QApplication>
 #include <QKeyEvent>
-#include <QLayout>
 #include <QPainter>
 #include <QScreen>
 
@@ -55,8 +54,9 @@ QPoint sheetKeptInside(const QRect& area, const QPoint& wanted, const QSize& siz
 Sheet::Sheet(const VisualStyle& visual, QWidget* window, const QString& title)
     : QDialog(window->window(), Qt::Dialog | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint),
       m_visual(visual), m_window(window->window()), m_scrollArea(new ScrollArea(this)),
-      m_headerRule(new Divider(visual, Qt::Horizontal, this)),
-      m_footerRule(new Divider(visual, Qt::Horizontal, this))
+      m_headerRule(new Divider(visual)), m_footerRule(new Divider(visual)),
+      m_column(new ColumnLayout(this, allAround(visual.isComposited() ? shadowMargin : 0), 0,
+                                {m_headerRule, {m_scrollArea, 1}, m_footerRule}))
 {
     setAccessibleRole(*this, QAccessible::Dialog);
     setWindowTitle(title);
@@ -77,7 +77,7 @@ Sheet::~Sheet()
 void Sheet::setHeader(QWidget* header)
 {
     m_header = header;
-    header->setParent(this);
+    m_column->insertWidget(0, header);
     m_headerRule->show();
 }
 
@@ -91,7 +91,7 @@ void Sheet::setBody(QWidget* body)
 void Sheet::setFooter(QWidget* footer)
 {
     m_footer = footer;
-    footer->setParent(this);
+    m_column->addWidget(footer);
     m_footerRule->show();
 }
 
@@ -100,7 +100,6 @@ void Sheet::setFooterVisible(bool isVisible)
     m_footer->setVisible(isVisible);
     m_footerRule->setVisible(isVisible);
     fit();
-    layOut();
 }
 
 void Sheet::setBoxSize(const QSize& size)
@@ -134,7 +133,7 @@ void Sheet::showCloseButton(const QString& accessibleName)
     m_closeButton->setAccessibleName(accessibleName);
     m_closeButton->setToolTip(accessibleName);
     m_closeButton->show();
-    layOut();
+    placeCloseButton();
 }
 
 void Sheet::hideCloseButton()
@@ -161,7 +160,8 @@ void Sheet::open()
     m_scrim = new Scrim(m_visual, *m_window);
     m_scrim->appear();
     focusFirst();
-    animateIn();
+    if (m_visual.isComposited() && m_visual.duration(1) > 0)
+        new SheetCurtain(m_visual, *this);
     QDialog::open();
 }
 
@@ -181,12 +181,6 @@ void Sheet::done(int result)
 void Sheet::cancel()
 {
     reject();
-}
-
-void Sheet::animateIn()
-{
-    if (m_visual.isComposited() && m_visual.duration(1) > 0)
-        new SheetCurtain(m_visual, *this);
 }
 
 void Sheet::focusFirst()
@@ -210,15 +204,10 @@ QSize Sheet::wantedBoxSize() const
     if (m_boxSize.height() > 0)
         return m_boxSize;
     const int width = m_boxSize.width();
-    return {width, heightAtWidth(m_header, width) + (m_header ? 1 : 0) +
-                       heightAtWidth(m_body, width) + footerRoom(width)};
-}
-
-/// With its rule.
-int Sheet::footerRoom(int width) const
-{
-    const bool isShown = m_footer && !m_footerRule->isHidden();
-    return isShown ? heightAtWidth(m_footer, width) + 1 : 0;
+    const int rules = !m_headerRule->isHidden() + !m_footerRule->isHidden();
+    const QWidget* footer = m_footerRule->isHidden() ? nullptr : m_footer.data();
+    return {width, heightAtWidth(m_header, width) + heightAtWidth(m_body, width) +
+                       heightAtWidth(footer, width) + rules};
 }
 
 void Sheet::fit()
@@ -244,32 +233,17 @@ void Sheet::place()
     move(sheetKeptInside(area, corner, box) - QPoint(margin, margin));
 }
 
-void Sheet::layOut()
+void Sheet::placeCloseButton()
 {
+    if (!m_closeButton)
+        return;
     const QRect box = boxRect();
-    const int headerHeight = heightAtWidth(m_header, box.width());
-    int top = box.y();
-    int bottom = box.y() + box.height();
-    if (m_header) {
-        m_header->setGeometry(box.x(), top, box.width(), headerHeight);
-        m_headerRule->setGeometry(box.x(), top + headerHeight, box.width(), 1);
-        top += headerHeight + 1;
-    }
-    if (m_footer) {
-        const int height = footerRoom(box.width());
-        bottom -= height;
-        m_footerRule->setGeometry(box.x(), bottom, box.width(), 1);
-        m_footer->setGeometry(box.x(), bottom + 1, box.width(), std::max(0, height - 1));
-    }
-    m_scrollArea->setGeometry(box.x(), top, box.width(), std::max(0, bottom - top));
-    if (m_closeButton) {
-        const QSize side = m_closeButton->sizeHint();
-        const QRect corner(QPoint(box.x() + box.width() - closeButtonInset - side.width(),
-                                  box.y() + closeButtonInset - 2),
-                           side);
-        m_closeButton->setGeometry(QStyle::visualRect(layoutDirection(), box, corner));
-        m_closeButton->raise();
-    }
+    const QSize side = m_closeButton->sizeHint();
+    const QRect corner(QPoint(box.x() + box.width() - closeButtonInset - side.width(),
+                              box.y() + closeButtonInset - 2),
+                       side);
+    m_closeButton->setGeometry(QStyle::visualRect(layoutDirection(), box, corner));
+    m_closeButton->raise();
 }
 
 void Sheet::paintEvent(QPaintEvent*)
@@ -286,7 +260,7 @@ void Sheet::paintEvent(QPaintEvent*)
 void Sheet::resizeEvent(QResizeEvent* event)
 {
     QDialog::resizeEvent(event);
-    layOut();
+    placeCloseButton();
 }
 
 void Sheet::keyPressEvent(QKeyEvent* event)
@@ -319,10 +293,8 @@ void Sheet::closeEvent(QCloseEvent* event)
 
 bool Sheet::event(QEvent* event)
 {
-    if (event->type() == QEvent::LayoutRequest) {
+    if (event->type() == QEvent::LayoutRequest)
         fit();
-        layOut();
-    }
     return QDialog::event(event);
 }
 

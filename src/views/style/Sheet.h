@@ -6,6 +6,7 @@
 #include <QPointer>
 
 class QAbstractButton;
+class QBoxLayout;
 
 namespace trovell {
 
@@ -82,11 +83,9 @@ protected:
 
 private:
     QSize wantedBoxSize() const;
-    int footerRoom(int width) const;
     void fit();
     void place();
-    void layOut();
-    void animateIn();
+    void placeCloseButton();
     void focusFirst();
     void returnFocus();
 
@@ -99,6 +98,7 @@ private:
     ScrollArea* m_scrollArea;
     Divider* m_headerRule;
     Divider* m_footerRule;
+    QBoxLayout* m_column;
     SymbolButton* m_closeButton = nullptr;
     QPointer<QAbstractButton> m_defaultButton;
     QPointer<QWidget> m_initialFocus;
