@@ -104,6 +104,8 @@ class X11WindowSystemTest : public QObject {
 private Q_SLOTS:
     void readsAndPlacesRealProgramsExactly_data() { addWindowManagerRows(); }
     void readsAndPlacesRealProgramsExactly();
+    void windowsOfOtherDesktopsAreOrdinary_data() { addWindowManagerRows(); }
+    void windowsOfOtherDesktopsAreOrdinary();
     void groupsWindowsByApplication();
     void isNotFooledByReusedWindowNumbers();
     void describesDisplays();
@@ -165,6 +167,33 @@ void X11WindowSystemTest::readsAndPlacesRealProgramsExactly()
                                   windowManager));
         }
     }
+}
+
+void X11WindowSystemTest::windowsOfOtherDesktopsAreOrdinary()
+{
+    QFETCH(WindowManager, windowManager);
+    START_DESKTOP(windowManager);
+    desktop.start("xterm", {"-T", "Elsewhere"});
+    desktop.start("xterm", {"-T", "Minimized"});
+    QVERIFY(inspector.waitForWindowCount(2));
+    const quint32 elsewhere = inspector.windowTitled(u"Elsewhere")->id;
+    inspector.setDesktopCount(3);
+    inspector.minimize(inspector.windowTitled(u"Minimized")->id);
+    QVERIFY(waitUntil([&] {
+        inspector.moveToDesktop(elsewhere, 1);
+        return inspector.numbers(elsewhere, "_NET_WM_DESKTOP") == QList<quint32>{1} &&
+               inspector.windowTitled(u"Minimized")->isMinimized;
+    }));
+    X11WindowSystem system(desktop.displayName(), {}, {});
+    QCOMPARE(windowTitled(system, u"Minimized"_s).states, WindowState::minimized);
+    const DesktopWindow seen = windowTitled(system, u"Elsewhere"_s);
+    QCOMPARE(seen.states, WindowStates());
+    QCOMPARE(seen.virtualDesktop, 1);
+    // Placed where it is, and it stays there.
+    const QRectF frame(200, 150, 600, 400);
+    QCOMPARE(system.setFrames({{seen.id, frame}}).result(), placed(1));
+    QVERIFY(isInPlace(*inspector.window(elsewhere), frame, windowManager));
+    QCOMPARE(inspector.numbers(elsewhere, "_NET_WM_DESKTOP"), QList<quint32>{1});
 }
 
 void X11WindowSystemTest::groupsWindowsByApplication()

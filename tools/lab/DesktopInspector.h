@@ -74,6 +74,8 @@ public:
     void maximize(quint32 id);
     void makeFullScreen(quint32 id);
     void minimize(quint32 id) { sendToRoot(id, "WM_CHANGE_STATE", {3}); }
+    void setDesktopCount(quint32 count) { sendToRoot(root(), "_NET_NUMBER_OF_DESKTOPS", {count}); }
+    void moveToDesktop(quint32 id, quint32 index) { sendToRoot(id, "_NET_WM_DESKTOP", {index, 2}); }
     void activate(quint32 id) { sendToRoot(id, "_NET_ACTIVE_WINDOW", {2}); }
     /// Asks the program to close it, as a click on the close button does.
     void close(quint32 id) { sendToRoot(id, "_NET_CLOSE_WINDOW", {0, 2}); }

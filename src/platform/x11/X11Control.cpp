@@ -57,7 +57,8 @@ X11Control::Answer X11Control::receive(const Request& request)
                              features.contains(atoms.netMoveresizeWindow);
     Answer answer;
     if (isAvailable)
-        answer = {WindowControl::available, abilitiesOf(features, atoms)};
+        answer = {WindowControl::available, abilitiesOf(features, atoms),
+                  features.contains(atoms.netWmStateHidden)};
     answer.abilities.blendsWindows = compositor && compositor->owner != XCB_WINDOW_NONE;
     return answer;
 }

@@ -22,6 +22,8 @@ public:
     struct Answer {
         WindowControl control = WindowControl::unsupported;
         DesktopAbilities abilities = {};
+        /// Minimized windows carry _NET_WM_STATE_HIDDEN.
+        bool tellsHidden = false;
     };
 
     /// Borrows the connection.

@@ -52,7 +52,7 @@ DesktopSnapshot X11Reader::answer(const DesktopQuestion& question)
         snapshot.applications = applicationsAskedFor(
             question, groupWindows(m_applications.receive(*list)), m_background);
     if (question.windows && snapshot.control == WindowControl::available) {
-        readWindows(m_connection, snapshot.applications);
+        readWindows(m_connection, answer.tellsHidden, snapshot.applications);
     } else {
         for (RunningApplication& application : snapshot.applications)
             application.windows.clear();

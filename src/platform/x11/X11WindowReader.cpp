@@ -48,10 +48,10 @@ public:
     }
 
     /// False when the window is gone.
-    bool receive(const X11Connection& connection, DesktopWindow& window) const
+    bool receive(const X11Connection& connection, bool tellsHidden, DesktopWindow& window) const
     {
         const auto decorated = m_frame.receive(connection);
-        window.states = receiveStates(connection);
+        window.states = receiveStates(connection, tellsHidden);
         receiveDesktop(connection, window);
         window.title = receiveTitle(connection);
         if (decorated)
@@ -65,13 +65,14 @@ private:
         return connection.requestProperty(m_window, property);
     }
 
-    WindowStates receiveStates(const X11Connection& connection) const
+    WindowStates receiveStates(const X11Connection& connection, bool tellsHidden) const
     {
         constexpr quint32 iconicState = 3; // ICCCM 4.1.3.1
         const auto states = propertyNumbers(connection.reply(m_netState));
         const auto state = propertyNumbers(connection.reply(m_state));
         WindowStates found = statesOf(states, connection.atoms());
-        if (state.value(0) == iconicState)
+        // Many window managers make windows of other virtual desktops iconic, too.
+        if (!tellsHidden && state.value(0) == iconicState)
             found |= WindowState::minimized;
         return found;
     }
@@ -150,7 +151,8 @@ std::optional<DecoratedWindow> X11FrameRequest::receive(const X11Connection& con
                            makeFrameExtents(shadow)};
 }
 
-void readWindows(const X11Connection& connection, QList<RunningApplication>& applications)
+void readWindows(const X11Connection& connection, bool tellsHidden,
+                 QList<RunningApplication>& applications)
 {
     std::vector<WindowRequest> requests;
     for (const RunningApplication& application : std::as_const(applications)) {
@@ -164,7 +166,7 @@ void readWindows(const X11Connection& connection, QList<RunningApplication>& app
     for (RunningApplication& application : applications) {
         QList<DesktopWindow> alive;
         for (DesktopWindow& window : application.windows) {
-            if ((request++)->receive(connection, window))
+            if ((request++)->receive(connection, tellsHidden, window))
                 alive.append(window);
         }
         application.windows = alive;

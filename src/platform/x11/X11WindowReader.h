@@ -29,7 +29,9 @@ private:
 };
 
 /// Fills in everything about the windows, of which ids and kinds are known. Windows that are gone
-/// are left out.
-void readWindows(const X11Connection& connection, QList<RunningApplication>& applications);
+/// are left out. Without `tellsHidden` the window manager does not announce which windows are
+/// minimized by their _NET_WM_STATE.
+void readWindows(const X11Connection& connection, bool tellsHidden,
+                 QList<RunningApplication>& applications);
 
 } // namespace trovell
