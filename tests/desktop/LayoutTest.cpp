@@ -96,6 +96,8 @@ class LayoutTest : public QObject {
 private Q_SLOTS:
     void bringsEveryWindowBack_data() { addWindowManagerRows(); }
     void bringsEveryWindowBack();
+    void leavesAWindowThatIsRightAlone_data() { addWindowManagerRows(); }
+    void leavesAWindowThatIsRightAlone();
     void followsADisplayThatGoesAndChanges_data() { addSureWindowManagers(); }
     void followsADisplayThatGoesAndChanges();
     void tellsIdenticalDisplaysApart_data() { addSureWindowManagers(); }
@@ -146,6 +148,19 @@ void LayoutTest::bringsEveryWindowBack()
     inspector.activate(minimised);
     QVERIFY(waitUntil([&] { return !inspector.window(minimised)->isMinimized; }));
     saved.verifyThatItComesBack();
+}
+
+void LayoutTest::leavesAWindowThatIsRightAlone()
+{
+    QFETCH(WindowManager, windowManager);
+    START_DESKTOP(windowManager);
+    desktop.startClient({"--title", "Filling"});
+    inspector.maximize(inspector.waitForWindow(u"Filling").id);
+    QVERIFY(waitUntil([&] { return inspector.windowTitled(u"Filling")->isMaximized; }));
+    inspector.waitForRest();
+    SavedLayout saved(desktop);
+    saved.verifyThatItComesBack();
+    QVERIFY(inspector.windowTitled(u"Filling")->isMaximized);
 }
 
 void LayoutTest::followsADisplayThatGoesAndChanges()

@@ -117,7 +117,11 @@ private Q_SLOTS:
 
     void statesAreTakenOffFirst()
     {
-        Dialogue dialogue(plain(target, true));
+        Dialogue right(plain(target, true));
+        QCOMPARE(right.step(), Step::wait);
+        QVERIFY(right.isAccepted());
+
+        Dialogue dialogue(plain(elsewhere, true));
         QCOMPARE(dialogue.step(), Step::takeOffStates);
         QCOMPARE(dialogue.stepAfter(30ms), Step::wait);
         dialogue.becomes(plain(elsewhere));
@@ -142,7 +146,7 @@ private Q_SLOTS:
         QCOMPARE(later, (QList<Step>{Step::moveAround, Step::moveAround}));
         QVERIFY(dialogue.isRefused());
 
-        Dialogue filled(plain(target, true)); // a state that stays
+        Dialogue filled(plain(elsewhere, true)); // a state that stays
         QCOMPARE(filled.stepsDuring(1500ms), QList<Step>(3, Step::takeOffStates));
         QVERIFY(filled.isRefused());
 

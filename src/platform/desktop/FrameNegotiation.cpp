@@ -52,8 +52,11 @@ void FrameNegotiation::changed(Time now)
 
 bool FrameNegotiation::isExact() const
 {
-    return !m_reading.hasFillingState && (isSameRectangle(m_reading.frame, m_target) ||
-                                          isSameRectangle(m_reading.frame, m_reading.allowedFrame));
+    const bool isAtTarget = isSameRectangle(m_reading.frame, m_target);
+    // A window that fills a display and is in place was right before anything was asked of it.
+    if (m_reading.hasFillingState)
+        return isAtTarget && !m_hadFillingState;
+    return isAtTarget || isSameRectangle(m_reading.frame, m_reading.allowedFrame);
 }
 
 bool FrameNegotiation::isInPosition() const
@@ -81,10 +84,8 @@ FrameNegotiation::Step FrameNegotiation::nextStep(Time now, Time lastProgress)
         giveUp();
         return Step::wait;
     }
-    if (m_reading.hasFillingState)
-        return takeOffStates(now, isQuiet);
     if (!isExact())
-        return correct(now, isQuiet);
+        return m_reading.hasFillingState ? takeOffStates(now, isQuiet) : correct(now, isQuiet);
     // Programs draw their decorations anew some time after they left such a state.
     if (!m_hadFillingState || isQuiet)
         m_isAccepted = true;
