@@ -13,7 +13,6 @@ class AccessibilityPermissionManager;
 class PushButton;
 class SymbolLabel;
 class SymbolView;
-class TextLabel;
 
 /// Follows the permission.
 class PermissionPage : public QWidget {

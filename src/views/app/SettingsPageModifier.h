@@ -4,8 +4,6 @@
 
 #include "views/style/ScrollArea.h"
 
-class QVBoxLayout;
-
 namespace trovell {
 
 /// The room around the content of a settings page: at most 540 wide, 34 away from the sides and 26

@@ -10,8 +10,6 @@
 
 class QProgressBar;
 
-class QVBoxLayout;
-
 namespace trovell {
 
 class NotesArea;

@@ -11,7 +11,6 @@ namespace trovell {
 
 class TextField;
 class TextLabel;
-class WorkspaceChoiceControls;
 struct CaptureDraft;
 
 /// Writes what is typed and chosen into the draft.

@@ -8,8 +8,6 @@
 #include "views/style/TrovellCardModifier.h"
 #include "windows/CapturedApplication.h"
 
-class QHBoxLayout;
-
 namespace trovell {
 
 /// The check boxes of an application and of its windows, bound to their flags.

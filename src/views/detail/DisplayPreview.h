@@ -8,7 +8,6 @@
 
 namespace trovell {
 
-class Picture;
 class TextLabel;
 class VisualStyle;
 class WindowMiniature;

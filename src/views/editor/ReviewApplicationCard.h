@@ -7,8 +7,6 @@
 #include "views/style/TrovellCardModifier.h"
 #include "windows/CapturedApplication.h"
 
-class QVBoxLayout;
-
 namespace trovell {
 
 /// The switches of an application and of its windows, bound to their flags. Windows of an

@@ -125,44 +125,38 @@ void PushButton::setDisclosed(bool isDisclosed)
 PushButton::Measures PushButton::measures() const
 {
     const auto scaled = [this](auto length) { return m_visual.scaled(length); };
+    const auto shape = [&](int leading, int trailing, int height, Radius radius,
+                           const TextStyle& text, int symbol = 0, int gap = 0) -> Measures {
+        return {leading,
+                trailing,
+                height,
+                double(m_visual.radius(radius)),
+                text,
+                scaled(symbol),
+                scaled(symbol) + scaled(gap)};
+    };
     const QFont::Weight weight = isFilled(m_look.kind) ? QFont::DemiBold : QFont::Medium;
+    const TextStyle body = m_visual.text(TextRole::body);
     switch (m_look.shape) {
     case Shape::regular: // the design's padding lies inside a border of one pixel
-        return {scaled(14) + 1, scaled(14) + 1, scaled(Tokens::Size::controlHeight),
-                double(m_visual.radius(Radius::control)), m_visual.text(TextRole::body, weight)};
+        return shape(scaled(14) + 1, scaled(14) + 1, scaled(Tokens::Size::controlHeight),
+                     Radius::control, m_visual.text(TextRole::body, weight));
     case Shape::small:
-        return {scaled(11) + 1, scaled(11) + 1, scaled(Tokens::Size::controlHeightSmall),
-                double(m_visual.radius(Radius::iconChoice)),
-                m_visual.text(TextRole::callout, weight)};
+        return shape(scaled(11) + 1, scaled(11) + 1, scaled(Tokens::Size::controlHeightSmall),
+                     Radius::iconChoice, m_visual.text(TextRole::callout, weight));
     case Shape::twoLine: {
         TextStyle title = m_visual.text(TextRole::body, QFont::DemiBold);
         title.lineHeight = scaled(titleLineHeight);
-        return {scaled(13),
-                scaled(15),
-                scaled(Tokens::Size::controlHeightTwoLine),
-                double(m_visual.radius(Radius::menu)),
-                title,
-                scaled(20),
-                scaled(20) + scaled(10)};
+        return shape(scaled(13), scaled(15), scaled(Tokens::Size::controlHeightTwoLine),
+                     Radius::menu, title, 20, 10);
     }
     case Shape::row:
-        return {scaled(8),
-                scaled(8),
-                scaled(30),
-                double(m_visual.radius(Radius::small)),
-                m_visual.text(TextRole::body),
-                scaled(18),
-                scaled(18) + scaled(8)};
+        return shape(scaled(8), scaled(8), scaled(30), Radius::small, body, 18, 8);
     case Shape::square: {
         const int side = scaled(m_look.box);
         const int inset = (side - scaled(m_look.symbol)) / 2;
-        return {inset,
-                side - inset - scaled(m_look.symbol),
-                side,
-                double(m_visual.radius(Radius::small)),
-                m_visual.text(TextRole::body),
-                scaled(m_look.symbol),
-                scaled(m_look.symbol)};
+        return shape(inset, side - inset - scaled(m_look.symbol), side, Radius::small, body,
+                     m_look.symbol);
     }
     case Shape::link:
         break;

@@ -11,7 +11,6 @@
 #include "views/style/ScrollArea.h"
 #include "views/style/VisualStyle.h"
 
-#include <QApplication>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScreen>
