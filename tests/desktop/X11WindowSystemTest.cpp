@@ -113,6 +113,7 @@ private Q_SLOTS:
     void seesPanelsComeChangeAndGo();
     void activatesTheTopmostWindow();
     void placesLastWhatWasAskedLast();
+    void aServerWithoutRoomRefusesNothing();
 };
 
 void X11WindowSystemTest::readsAndPlacesRealProgramsExactly()
@@ -355,6 +356,31 @@ void X11WindowSystemTest::placesLastWhatWasAskedLast()
     QTest::qWait(static_cast<int>(watch.count()));
     QCOMPARE(inspector.window(id)->frame, QRect(40, 50, 600, 300));
     QVERIFY(isElsewhere());
+}
+
+void X11WindowSystemTest::aServerWithoutRoomRefusesNothing()
+{
+    START_DESKTOP(WindowManager::openbox);
+    desktop.startClient({"--title", "window"});
+    inspector.waitForWindow(u"window");
+    X11WindowSystem system(desktop.displayName(), {}, {});
+    const WindowId id = windowTitled(system, u"window"_s).id;
+    const QRectF frame(100, 120, 500, 400);
+    {
+        std::vector<std::unique_ptr<X11Connection>> others;
+        const auto fill = [&] {
+            do
+                others.push_back(
+                    std::make_unique<X11Connection>(X11Server{desktop.displayName(), {}}));
+            while (others.back()->isAlive());
+        };
+        // Programs that end make room again.
+        QVERIFY(waitUntil([&] {
+            fill();
+            return system.setFrames({{id, frame}}).result() == QList{FrameOutcome::unanswered};
+        }));
+    }
+    QTRY_COMPARE(system.setFrames({{id, frame}}).result(), placed(1));
 }
 
 QTEST_GUILESS_MAIN(X11WindowSystemTest)

@@ -126,7 +126,8 @@ FramePass::Time FramePass::deadline() const
 
 FramePass::Time FramePass::nextWakeUp(Time now, bool isBusy) const
 {
-    Time next = deadline();
+    // What a later pass took over is not worth a connection any more.
+    Time next = m_isGuarding ? std::min(deadline(), now + longestBurst) : deadline();
     if (m_unreadSince)
         next = std::min({next, m_lastEvent + burstPause, *m_unreadSince + longestBurst});
     for (const Window& window : m_windows) {
@@ -141,7 +142,8 @@ bool FramePass::isOver(Time now) const
     const bool isEachOver =
         std::all_of(m_windows.begin(), m_windows.end(),
                     [](const Window& window) { return window.negotiation.isOver(); });
-    return (isEachOver && !m_isGuarding) || now >= deadline();
+    const bool isDone = m_isGuarding ? !hasWindowsToGuard() : isEachOver;
+    return isDone || now >= deadline();
 }
 
 FrameOutcome FramePass::finish(Window& window)
@@ -168,8 +170,9 @@ QList<FrameOutcome> FramePass::finish()
 
 bool FramePass::hasWindowsToGuard() const
 {
-    return std::any_of(m_windows.begin(), m_windows.end(),
-                       [](const Window& window) { return window.isWatched; });
+    return std::any_of(m_windows.begin(), m_windows.end(), [this](const Window& window) {
+        return window.isWatched && m_claims.isHeld(window.request.window, m_claim);
+    });
 }
 
 void FramePass::beginGuard(Time now)

@@ -176,6 +176,9 @@ void X11FrameSetter::readUnread()
     for (const auto& [position, request] : requests) {
         const auto reading =
             request.receive(m_connection, m_windows[position], m_pass.target(position), pointer);
+        // Without a server nothing is known, not even that the window is gone.
+        if (!m_connection.isAlive())
+            return;
         m_pass.read(position, reading, now);
     }
 }
