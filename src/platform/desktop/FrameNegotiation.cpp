@@ -56,7 +56,7 @@ bool FrameNegotiation::isExact() const
     // A window that fills a display and is in place was right before anything was asked of it.
     if (m_reading.hasFillingState)
         return isAtTarget && !m_hadFillingState;
-    return isAtTarget || isSameRectangle(m_reading.frame, m_reading.allowedFrame);
+    return isAtTarget || (m_stoodAt && isSameRectangle(m_reading.frame, m_reading.allowedFrame));
 }
 
 bool FrameNegotiation::isInPosition() const
