@@ -14,12 +14,6 @@ constexpr int buttonGap = 10;
 /// The texts want at least so much beside the buttons.
 constexpr int narrowestTexts = 236;
 
-/// Moves a box so that it has as much room above as below.
-void centerVertically(QRect& box, int height)
-{
-    box.moveTop((height - box.height()) / 2);
-}
-
 } // namespace
 
 int DetailHeaderLayout::heightForWidth(int width) const
@@ -59,11 +53,33 @@ int DetailHeaderLayout::widthOf(std::initializer_list<Part> parts, int gap) cons
 
 DetailHeaderLayout::Places DetailHeaderLayout::places(int width) const
 {
+    const int first = sizeOf(firstButton).width();
+    const int second = sizeOf(secondButton).width();
+    const int last = sizeOf(menu).width();
     const int buttons = widthOf({firstButton, secondButton, menu}, buttonGap);
-    const int besideButtons = width - buttons - sizeOf(tile).width() - 2 * textGap;
-    if (besideButtons >= narrowestTexts)
-        return inOneRow(width);
-    return buttons <= width ? inTwoRows(width) : inThreeRows(width);
+    if (width - buttons - sizeOf(tile).width() - 2 * textGap >= narrowestTexts) {
+        Places arranged = titlePlaces(width - buttons - textGap);
+        addLine(arranged, {width - buttons, 0}, arranged.height,
+                {{firstButton, first}, {secondButton, second}, {menu, last}});
+        return arranged;
+    }
+    Places arranged = titlePlaces(width);
+    const int height = sizeOf(firstButton).height();
+    QPoint corner(0, arranged.height + rowGap);
+    if (buttons <= width) {
+        const int shared = width - last - 2 * buttonGap;
+        // In halves, unless one of them needs more.
+        const int half = std::clamp(shared - shared / 2, first, shared - second);
+        addLine(arranged, corner, height,
+                {{firstButton, half}, {secondButton, shared - half}, {menu, last}});
+    } else {
+        const int wide = width - last - buttonGap;
+        addLine(arranged, corner, height, {{firstButton, wide}});
+        corner.ry() += height + buttonGap;
+        addLine(arranged, corner, height, {{secondButton, wide}, {menu, last}});
+    }
+    arranged.height = corner.y() + height;
+    return arranged;
 }
 
 DetailHeaderLayout::Places DetailHeaderLayout::titlePlaces(int width) const
@@ -75,54 +91,18 @@ DetailHeaderLayout::Places DetailHeaderLayout::titlePlaces(int width) const
     const int textHeight = items()[texts]->heightForWidth(textWidth);
     arranged.height = std::max(tileSize.height(), textHeight);
     arranged.parts[tile] = QRect(QPoint(), tileSize);
-    arranged.parts[texts] = QRect(left, 0, textWidth, textHeight);
-    centerVertically(arranged.parts[texts], arranged.height);
+    arranged.parts[texts] = QRect(left, (arranged.height - textHeight) / 2, textWidth, textHeight);
     return arranged;
 }
 
-DetailHeaderLayout::Places DetailHeaderLayout::inOneRow(int width) const
+void DetailHeaderLayout::addLine(Places& arranged, QPoint corner, int height,
+                                 std::initializer_list<std::pair<Part, int>> widths) const
 {
-    const int buttons = widthOf({firstButton, secondButton, menu}, buttonGap);
-    Places arranged = titlePlaces(width - buttons - textGap);
-    int left = width - buttons;
-    for (const Part part : {firstButton, secondButton, menu}) {
-        arranged.parts[part] = QRect(QPoint(left, 0), sizeOf(part));
-        centerVertically(arranged.parts[part], arranged.height);
-        left += sizeOf(part).width() + buttonGap;
+    for (const auto& [part, width] : widths) {
+        const int own = sizeOf(part).height();
+        arranged.parts[part] = QRect(corner.x(), corner.y() + (height - own) / 2, width, own);
+        corner.rx() += width + buttonGap;
     }
-    return arranged;
-}
-
-DetailHeaderLayout::Places DetailHeaderLayout::inTwoRows(int width) const
-{
-    Places arranged = titlePlaces(width);
-    const int top = arranged.height + rowGap;
-    const int height = sizeOf(firstButton).height();
-    const int shared = width - sizeOf(menu).width() - 2 * buttonGap;
-    // In halves, unless one of them needs more.
-    const int first = std::clamp(shared - shared / 2, sizeOf(firstButton).width(),
-                                 shared - sizeOf(secondButton).width());
-    arranged.parts[firstButton] = QRect(0, top, first, height);
-    arranged.parts[secondButton] = QRect(first + buttonGap, top, shared - first, height);
-    arranged.parts[menu] = QRect(QPoint(width - sizeOf(menu).width(), 0), sizeOf(menu));
-    arranged.parts[menu].moveTop(top + (height - sizeOf(menu).height()) / 2);
-    arranged.height = top + height;
-    return arranged;
-}
-
-DetailHeaderLayout::Places DetailHeaderLayout::inThreeRows(int width) const
-{
-    Places arranged = titlePlaces(width);
-    const int height = sizeOf(firstButton).height();
-    const int firstTop = arranged.height + rowGap;
-    const int secondTop = firstTop + height + buttonGap;
-    const int buttonWidth = width - sizeOf(menu).width() - buttonGap;
-    arranged.parts[firstButton] = QRect(0, firstTop, buttonWidth, height);
-    arranged.parts[secondButton] = QRect(0, secondTop, buttonWidth, height);
-    arranged.parts[menu] = QRect(QPoint(buttonWidth + buttonGap, 0), sizeOf(menu));
-    arranged.parts[menu].moveTop(secondTop + (height - sizeOf(menu).height()) / 2);
-    arranged.height = secondTop + height;
-    return arranged;
 }
 
 } // namespace trovell

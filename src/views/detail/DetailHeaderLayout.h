@@ -34,9 +34,9 @@ private:
     [[nodiscard]] int widthOf(std::initializer_list<Part> parts, int gap) const;
     [[nodiscard]] Places places(int width) const;
     [[nodiscard]] Places titlePlaces(int width) const;
-    [[nodiscard]] Places inOneRow(int width) const;
-    [[nodiscard]] Places inTwoRows(int width) const;
-    [[nodiscard]] Places inThreeRows(int width) const;
+    /// Puts parts of these widths side by side, in the middle of a line that begins at `corner`.
+    void addLine(Places& arranged, QPoint corner, int height,
+                 std::initializer_list<std::pair<Part, int>> widths) const;
 };
 
 } // namespace trovell

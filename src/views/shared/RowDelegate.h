@@ -3,7 +3,6 @@
 // How the rows of every list are painted. Main thread.
 #pragma once
 
-#include "views/style/Palette.h"
 #include "views/style/Tokens.h"
 
 #include <QFont>

@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "views/style/Palette.h"
+#include "views/style/Tokens.h"
 
 #include <QBrush>
 #include <QPixmap>
