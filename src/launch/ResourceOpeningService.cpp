@@ -59,11 +59,11 @@ ResourceOpeningService::ResourceOpeningService(std::shared_ptr<ResourceSystem> s
 {
 }
 
-QCoro::Task<LaunchResult> ResourceOpeningService::open(WorkspaceItem& item)
+QCoro::Task<LaunchResult> ResourceOpeningService::open(WorkspaceItem& item, QFuture<void> givenUp)
 {
     const QString type = item.typeRawValue();
-    Request request{item.displayName(), item.urlString(), item.bookmarkData(),
-                    item.bundleIdentifier(), type == u"application"};
+    Request request{item.displayName(),      item.urlString(),       item.bookmarkData(),
+                    item.bundleIdentifier(), type == u"application", std::move(givenUp)};
     if (type == u"webLink")
         return openWebLink(std::move(request));
     return openResource(std::move(request), QPointer(&item));
@@ -102,6 +102,8 @@ QCoro::Task<LaunchResult> ResourceOpeningService::openURL(Request request, QUrl 
                                        LaunchResultKind::alreadyRunning);
     }
 
+    if (request.givenUp.isFinished())
+        co_return makeLaunchResult(Message::verbatim(request.name), LaunchResultKind::failed);
     const bool isAccepted =
         request.isApplication ? m_system->openApplication(url) : m_system->openResource(url);
     if (!isAccepted)

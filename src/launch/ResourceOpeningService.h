@@ -47,8 +47,9 @@ public:
 
     /// Opens the item, unless it is an application that runs already. The only change to the
     /// record is a refreshed bookmark; the record may be deleted while its resource is searched,
-    /// and is opened all the same. Every failure is a result line.
-    [[nodiscard]] QCoro::Task<LaunchResult> open(WorkspaceItem& item);
+    /// and is opened all the same. Every failure is a result line. Nothing is opened any more once
+    /// `givenUp` has finished.
+    [[nodiscard]] QCoro::Task<LaunchResult> open(WorkspaceItem& item, QFuture<void> givenUp);
 
     /// Follows the bookmark, or, where that leads nowhere, the URL text. A URL that names no file
     /// is returned unchecked. Blocks while it searches; any thread.
@@ -63,6 +64,7 @@ private:
         std::optional<QByteArray> bookmarkData;
         std::optional<QString> bundleIdentifier;
         bool isApplication = false;
+        QFuture<void> givenUp;
     };
 
     QCoro::Task<LaunchResult> openResource(Request request, QPointer<WorkspaceItem> item);

@@ -204,10 +204,13 @@ QCoro::Task<WorkspaceLauncher::Results> WorkspaceLauncher::openItems(Items items
 QCoro::Task<LaunchResult> WorkspaceLauncher::openItem(QPointer<WorkspaceItem> item)
 {
     const Message name = Message::verbatim(item->displayName());
-    const QFuture<LaunchResult> opening = futureOf(m_resourceOpener.open(*item));
+    QPromise<void> givingUp;
+    givingUp.start();
+    const QFuture<LaunchResult> opening = futureOf(m_resourceOpener.open(*item, givingUp.future()));
     auto waiting = isDoneBy(m_clock.steadyNow() + longestOpening, opening);
     if (co_await waiting)
         co_return opening.result();
+    givingUp.finish();
     const Message reason = m_cancelling.future().isFinished()
                                ? Message(u"The start was canceled."_key)
                                : Message(u"Its place did not answer in time."_key);

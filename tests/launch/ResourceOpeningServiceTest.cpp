@@ -45,7 +45,13 @@ struct Desktop {
         [](const QString& id) { return readyFuture(id == u"org.example.Editor"_s); },
         [this](const QUrl& url) { return url == existing; }};
 
-    LaunchResult open(WorkspaceItem& item) { return QCoro::waitFor(service.open(item)); }
+    QPromise<void> givingUp;
+
+    LaunchResult open(WorkspaceItem& item)
+    {
+        givingUp.start();
+        return QCoro::waitFor(service.open(item, givingUp.future()));
+    }
 };
 
 } // namespace
@@ -156,7 +162,8 @@ private Q_SLOTS:
         values.bookmarkData = "stale";
         auto item = std::make_unique<WorkspaceItem>(values);
 
-        auto task = desktop.service.open(*item);
+        desktop.givingUp.start();
+        auto task = desktop.service.open(*item, desktop.givingUp.future());
         item.reset();
 
         QCOMPARE(QCoro::waitFor(std::move(task)).kind, LaunchResultKind::opened);

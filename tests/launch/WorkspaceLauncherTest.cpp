@@ -26,16 +26,20 @@ struct Desktop {
     FakeClock clock;
     FakeWindowSystem windows;
     FakeResourceSystem resources;
-    /// What the file system says, on a thread of its own.
-    std::function<bool(const QUrl&)> exists = [](const QUrl&) { return true; };
-    ResourceOpeningService opener{
-        borrowed(resources),
-        [this](const QString& id) { return readyFuture(windows.isRunning(id)); },
-        [this](const QUrl& url) { return exists(url); }};
+    ResourceOpeningService opener;
     WindowRestoreService restorer{windows, clock};
     WorkspaceLauncher launcher{opener, restorer, windows, clock};
     std::unique_ptr<TrovellWorkspace> workspace =
         std::make_unique<TrovellWorkspace>(WorkspaceValues());
+
+    /// `exists` is what the file system says, on a thread of its own.
+    explicit Desktop(ResourceOpeningService::Exists exists = [](const QUrl&) { return true; })
+        : opener(
+              borrowed(resources),
+              [this](const QString& id) { return readyFuture(windows.isRunning(id)); },
+              std::move(exists))
+    {
+    }
 
     void addItem(const QString& name, WorkspaceItemType type, bool isEnabled = true)
     {
@@ -332,14 +336,12 @@ private Q_SLOTS:
     {
         // A place that does not answer, and a desktop that does not.
         for (const bool isDesktopSilent : {false, true}) {
-            Desktop desktop;
-            desktop.windows.isSilent = isDesktopSilent;
-            std::binary_semaphore answer(0);
-            desktop.exists = [&](const QUrl&) {
-                if (!isDesktopSilent)
-                    answer.acquire();
+            const auto answer = std::make_shared<std::binary_semaphore>(isDesktopSilent ? 1 : 0);
+            Desktop desktop([answer](const QUrl&) {
+                answer->acquire();
                 return true;
-            };
+            });
+            desktop.windows.isSilent = isDesktopSilent;
             desktop.addItem(u"far"_s, WorkspaceItemType::file);
             desktop.addPlacement(u"absent"_s, std::nullopt);
             desktop.start();
@@ -352,7 +354,18 @@ private Q_SLOTS:
                      isDesktopSilent ? u"far: opened"_s
                                      : u"far: failed Its place did not answer in time."_s);
             QCOMPARE(desktop.report().size(), 2);
-            answer.release();
+
+            // An answer that comes too late opens and moves nothing.
+            const qsizetype openedCount = desktop.resources.opened().size();
+            answer->release();
+            desktop.windows.answer();
+            // This test and the opener hold it; the search that did not end has let go of it.
+            QTRY_COMPARE(answer.use_count(), 2L);
+            QCoreApplication::processEvents();
+            QThreadPool::globalInstance()->waitForDone();
+            QCoreApplication::processEvents();
+            QCOMPARE(desktop.resources.opened().size(), openedCount);
+            QVERIFY(desktop.windows.placed.isEmpty());
         }
     }
 

@@ -123,12 +123,22 @@ QList<FrameOutcome> FakeWindowSystem::place(const QList<FrameRequest>& requests)
 QFuture<DesktopSnapshot> FakeWindowSystem::ask(const DesktopQuestion& question)
 {
     if (isSilent && question.windows) {
-        // Kept for ever, like the question of whoever asks.
-        auto* answer = new QPromise<DesktopSnapshot>;
+        const auto answer = std::make_shared<QPromise<DesktopSnapshot>>();
         answer->start();
+        m_unanswered.append({question, answer});
         return answer->future();
     }
     return readyFuture(read(question));
+}
+
+void FakeWindowSystem::answer()
+{
+    isSilent = false;
+    const QList<Unanswered> unanswered = std::exchange(m_unanswered, {});
+    for (const Unanswered& asked : unanswered) {
+        asked.answer->addResult(read(asked.question));
+        asked.answer->finish();
+    }
 }
 
 QFuture<WindowControl> FakeWindowSystem::requestControl()

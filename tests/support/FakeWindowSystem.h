@@ -41,7 +41,7 @@ public:
     [[nodiscard]] DisplayFingerprint fingerprint(qsizetype display) const;
 
     bool trusted = true;
-    /// Never says anything about windows.
+    /// Says nothing about windows until `answer`.
     bool isSilent = false;
     QList<Display> displays;
     /// In the order in which they were brought forward.
@@ -56,6 +56,9 @@ public:
 
     /// How often windows were read.
     [[nodiscard]] int readCount() const { return m_readCount; }
+
+    /// Answers everything that was asked in silence.
+    void answer();
 
     [[nodiscard]] DesktopSnapshot read(const DesktopQuestion& question);
     [[nodiscard]] QList<FrameOutcome> place(const QList<FrameRequest>& requests);
@@ -76,6 +79,11 @@ private:
     QHash<WindowId, Window> m_windows;
     /// By identifier, in order of appearance.
     QHash<QString, QList<WindowId>> m_windowsOfApplication;
+    struct Unanswered {
+        DesktopQuestion question;
+        std::shared_ptr<QPromise<DesktopSnapshot>> answer;
+    };
+    QList<Unanswered> m_unanswered;
     int m_readCount = 0;
     quint64 m_lastId = 0;
 };
