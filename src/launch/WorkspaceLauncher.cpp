@@ -102,13 +102,11 @@ template <class Result> QFuture<Result> futureOf(QCoro::Task<Result> task)
     return promise->future();
 }
 
-LaunchResult timedOutResult(const WindowPlacementSnapshot& snapshot,
-                            const QHash<QUuid, Message>& lastRetryReasons)
+LaunchResult timedOutResult(const WindowPlacementSnapshot& snapshot, const Message& reason,
+                            const Message& advice)
 {
     const QString name = snapshot.windowTitleHint.value_or(snapshot.applicationName);
-    return makeLaunchResult(
-        Message::verbatim(name), LaunchResultKind::timedOut,
-        lastRetryReasons.value(snapshot.id, u"The window did not appear before the timeout."_key));
+    return makeLaunchResult(Message::verbatim(name), LaunchResultKind::timedOut, reason, advice);
 }
 
 LaunchResult noPermissionResult()
@@ -237,7 +235,7 @@ QCoro::Task<WorkspaceLauncher::Results>
 WorkspaceLauncher::restoreApplicationWindows(Snapshots pending, Run run, Time deadline)
 {
     Results finished;
-    QHash<QUuid, Message> lastRetryReasons;
+    WindowRestoreAttempt last;
     while (!m_cancelling.future().isFinished()) {
         const QFuture<WindowRestoreAttempt> restoring =
             futureOf(m_windowRestorer.restorePlacements(pending, run));
@@ -250,7 +248,7 @@ WorkspaceLauncher::restoreApplicationWindows(Snapshots pending, Run run, Time de
                 result != attempt.completed.constEnd())
                 finished.append(*result);
         }
-        lastRetryReasons.insert(attempt.retryableDetails);
+        last = attempt;
         pending.removeIf([&attempt](const WindowPlacementSnapshot& snapshot) {
             return attempt.completed.contains(snapshot.id);
         });
@@ -260,9 +258,12 @@ WorkspaceLauncher::restoreApplicationWindows(Snapshots pending, Run run, Time de
         co_await pause;
     }
     for (const WindowPlacementSnapshot& snapshot : std::as_const(pending)) {
+        const Message reason = last.retryableDetails.value(
+            snapshot.id, u"The window did not appear before the timeout."_key);
         if (m_cancelling.future().isFinished())
-            lastRetryReasons.insert(snapshot.id, u"The start was canceled."_key);
-        finished.append(timedOutResult(snapshot, lastRetryReasons));
+            finished.append(timedOutResult(snapshot, u"The start was canceled."_key, {}));
+        else
+            finished.append(timedOutResult(snapshot, reason, last.advice.value(snapshot.id)));
     }
     co_return finished;
 }

@@ -31,9 +31,10 @@ QString rawValue(LaunchResultKind kind)
     Q_UNREACHABLE();
 }
 
-LaunchResult makeLaunchResult(const Message& name, LaunchResultKind kind, const Message& detail)
+LaunchResult makeLaunchResult(const Message& name, LaunchResultKind kind, const Message& detail,
+                              const Message& advice)
 {
-    return {QUuid::createUuid(), name, kind, detail};
+    return {QUuid::createUuid(), name, kind, detail, advice};
 }
 
 } // namespace trovell

@@ -33,12 +33,14 @@ struct LaunchResult {
     LaunchResultKind kind = LaunchResultKind::failed;
     /// An explanation for people, or none.
     Message detail;
+    /// Beside it: what is the case, and what they can do; or none.
+    Message advice = {};
 
     bool operator==(const LaunchResult&) const = default;
 };
 
 /// A line with a new random id.
 [[nodiscard]] LaunchResult makeLaunchResult(const Message& name, LaunchResultKind kind,
-                                            const Message& detail = {});
+                                            const Message& detail = {}, const Message& advice = {});
 
 } // namespace trovell

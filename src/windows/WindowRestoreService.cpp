@@ -4,6 +4,7 @@
 
 #include "display/Rectangle.h"
 #include "model/WindowPlacement.h"
+#include "windows/MissingWindow.h"
 #include "windows/WindowServiceError.h"
 
 #include <QCoro/QCoroFuture>
@@ -82,8 +83,10 @@ WindowRestoreAttempt withoutApplication(const Placements& placements)
 {
     requireUniqueIds(placements);
     WindowRestoreAttempt attempt;
-    for (const WindowPlacementSnapshot& placement : placements)
+    for (const WindowPlacementSnapshot& placement : placements) {
         attempt.retryableDetails.insert(placement.id, u"The application is not running yet."_key);
+        attempt.advice.insert(placement.id, adviceForMissingApplication(placement.applicationName));
+    }
     return attempt;
 }
 
@@ -102,6 +105,22 @@ bool isFinite(const QRectF& frame)
            std::isfinite(frame.height());
 }
 
+void noteMissing(const WindowPlacementSnapshot& placement, const QList<DesktopWindow>& windows,
+                 WindowRestorePlan& plan)
+{
+    const Message reason = u"A safe matching window was not found yet."_key;
+    const Message advice = adviceForMissingWindow(placement.applicationName, windows, plan.known);
+    const QString name = placement.windowTitleHint.value_or(placement.applicationName);
+    if (areAllPutAway(windows, plan.known)) {
+        plan.attempt.completed.insert(
+            placement.id,
+            makeLaunchResult(Message::verbatim(name), LaunchResultKind::timedOut, reason, advice));
+        return;
+    }
+    plan.attempt.retryableDetails.insert(placement.id, reason);
+    plan.attempt.advice.insert(placement.id, advice);
+}
+
 /// What one attempt over the placements of one application comes to, without moving anything.
 WindowRestorePlan makePlan(const RestoreGroup& group, const QList<DesktopWindow>& windows,
                            const StoredDisplays& displays,
@@ -113,8 +132,7 @@ WindowRestorePlan makePlan(const RestoreGroup& group, const QList<DesktopWindow>
     for (const WindowPlacementSnapshot& placement : group.placements) {
         const auto window = plan.known.paired.constFind(placement.id);
         if (window == plan.known.paired.constEnd()) {
-            plan.attempt.retryableDetails.insert(placement.id,
-                                                 u"A safe matching window was not found yet."_key);
+            noteMissing(placement, windows, plan);
             continue;
         }
         const std::optional<QRectF> target = restoreTarget(placement, displays);
@@ -197,7 +215,9 @@ bool WindowPlacementSnapshot::operator==(const WindowPlacementSnapshot& other) c
            windowRole == other.windowRole && windowSubrole == other.windowSubrole &&
            windowIndexHint == other.windowIndexHint && normalizedFrame == other.normalizedFrame &&
            isSameRectangle(absoluteFrame, other.absoluteFrame) &&
-           displayFingerprint == other.displayFingerprint;
+           displayFingerprint == other.displayFingerprint && states == other.states &&
+           virtualDesktop == other.virtualDesktop && stackingIndex == other.stackingIndex &&
+           opensMissingWindow == other.opensMissingWindow;
 }
 
 WindowPlacementSnapshot makeSnapshot(const WindowPlacement& placement)

@@ -27,6 +27,17 @@ namespace trovell {
 
 class WindowPlacement;
 
+/// The virtual desktop of a saved window.
+struct SavedDesktop {
+    /// Counted from 0, at the time of the capture.
+    int index = 0;
+    /// Empty where it had none. Tells desktops apart before the index does.
+    QString name = {};
+    bool isAll = false;
+
+    bool operator==(const SavedDesktop&) const = default;
+};
+
 /// A saved window as a plain value, so that restoring never touches a record.
 struct WindowPlacementSnapshot {
     QUuid id;
@@ -40,6 +51,13 @@ struct WindowPlacementSnapshot {
     /// Screen coordinates. Carried along; a window is placed by its normalized frame.
     QRectF absoluteFrame;
     DisplayFingerprint displayFingerprint;
+    /// None where it was not remembered or is not to come back, as all that follows.
+    std::optional<WindowStates> states = {};
+    std::optional<SavedDesktop> virtualDesktop = {};
+    /// Among the windows of the workspace, 0 at the bottom.
+    std::optional<qint64> stackingIndex = {};
+    /// Its application opens another window when it has too few.
+    bool opensMissingWindow = false;
 
     bool operator==(const WindowPlacementSnapshot& other) const;
 };
@@ -51,6 +69,8 @@ struct WindowRestoreAttempt {
     QHash<QUuid, LaunchResult> completed;
     /// Worth another try, with the reason.
     QHash<QUuid, Message> retryableDetails;
+    /// Beside some of those reasons.
+    QHash<QUuid, Message> advice = {};
 };
 
 /// What one launch remembers of windows from one attempt to the next. Main thread.

@@ -188,6 +188,37 @@ private Q_SLOTS:
         QCOMPARE(desktop.windows.placed, (QList<WindowId>{first, second}));
     }
 
+    void tellsWhatIsTheCaseAndWhatToDo()
+    {
+        const auto advice = [](const std::function<void(Desktop&)>& arrange) {
+            Desktop desktop;
+            desktop.addPlacement(u"editor"_s, u"Notes"_s);
+            arrange(desktop);
+            desktop.start();
+            desktop.runToEnd(1);
+            return desktop.launcher.latestReport()->results.first().advice.productText();
+        };
+        QCOMPARE(advice([](Desktop& desktop) {
+                     desktop.windows.addWindow(u"editor"_s,
+                                               {.title = u"Notes"_s, .isMinimized = true});
+                 }),
+                 u"It is minimized. Show it and start the workspace again."_s);
+        QCOMPARE(advice([](Desktop& desktop) {
+                     desktop.windows.addWindow(u"editor"_s, {.title = u"Mail"_s});
+                 }),
+                 u"EDITOR shows “Mail” instead. Open the window there and start the workspace "
+                 u"again."_s);
+        QCOMPARE(advice([](Desktop&) {}),
+                 u"EDITOR did not come up in time. Start it, and then the workspace again."_s);
+
+        // What cannot come any more is told at once.
+        Desktop desktop;
+        desktop.addPlacement(u"editor"_s, u"Notes"_s);
+        desktop.windows.addWindow(u"editor"_s, {.title = u"Notes"_s, .isMinimized = true});
+        desktop.start();
+        QTRY_VERIFY(!desktop.launcher.isLaunching());
+    }
+
     void wordsAloneWaitForABetterWindow()
     {
         Desktop desktop;

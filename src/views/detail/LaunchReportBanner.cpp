@@ -140,7 +140,10 @@ void LaunchReportBanner::addDetail(const LaunchResult& result)
     name->setWeight(QFont::Medium);
     name->setWordWrap(true);
     name->setFixedWidth(visual.scaled(nameWidth));
-    auto* detail = new SelectableLabel(visual, words.text(result.detail));
+    QStringList sentences{words.text(result.detail)};
+    if (!result.advice.isEmpty())
+        sentences.append(words.text(result.advice));
+    auto* detail = new SelectableLabel(visual, sentences.join(u' '));
     detail->setMinimumWidth(narrowestDetail);
     const int row = m_rows->rowCount();
     m_rows->addWidget(name, row, 0, Qt::AlignTop);
