@@ -18,6 +18,12 @@ FakeWindowSystem::FakeWindowSystem()
 {
 }
 
+FakeWindowSystem::~FakeWindowSystem()
+{
+    static QList<Unanswered> forever;
+    forever.append(m_unanswered);
+}
+
 RunningApplication& FakeWindowSystem::addApplication(const QString& bundleIdentifier,
                                                      const QString& name)
 {

@@ -29,6 +29,9 @@ public:
     };
 
     FakeWindowSystem();
+    /// What was asked in silence stays unanswered.
+    ~FakeWindowSystem() override;
+    Q_DISABLE_COPY_MOVE(FakeWindowSystem)
 
     /// Adds an application without windows; its name is the identifier unless given.
     RunningApplication& addApplication(const QString& bundleIdentifier, const QString& name = {});
