@@ -26,6 +26,8 @@ constexpr std::chrono::milliseconds passInterval{250};
 constexpr std::chrono::seconds longestOpening{10};
 constexpr std::chrono::seconds longestAnswer{12};
 constexpr std::chrono::seconds longestActivation{2};
+/// A press so soon after the last one is a slip of the finger.
+constexpr std::chrono::seconds secondPress{3};
 
 double effectiveTimeout(double timeoutSeconds)
 {
@@ -95,10 +97,14 @@ template <class Result> QFuture<Result> futureOf(QCoro::Task<Result> task)
 {
     const auto promise = std::make_shared<QPromise<Result>>();
     promise->start();
-    task.then([promise](const Result& result) {
-        promise->addResult(result);
-        promise->finish();
-    });
+    if constexpr (std::is_void_v<Result>) {
+        task.then([promise] { promise->finish(); });
+    } else {
+        task.then([promise](const Result& result) {
+            promise->addResult(result);
+            promise->finish();
+        });
+    }
     return promise->future();
 }
 
@@ -144,12 +150,13 @@ QCoro::Task<> WorkspaceLauncher::start(TrovellWorkspace* workspace, bool accessi
         co_return;
     const QPointer<TrovellWorkspace> guard(workspace);
     const QUuid workspaceID = workspace->id();
-    m_cancelling = QPromise<void>();
-    m_cancelling.start();
-    setLaunching(workspaceID);
+    const QSet<QString> restored = identifiersOf(enabledSnapshots(*workspace));
+    if (restored.isEmpty() && isSecondPress(workspaceID))
+        co_return;
+    begin(workspaceID);
+    m_lastStart = m_clock.steadyNow();
     const Items items = enabledItems(*workspace);
     const QStringList applications = applicationIdentifiers(items);
-    const QSet<QString> restored = identifiersOf(enabledSnapshots(*workspace));
     const Run run = accessibilityTrusted && !restored.isEmpty()
                         ? m_windowRestorer.beginRun(restored)
                         : std::make_shared<RestoreRun>();
@@ -174,6 +181,36 @@ QCoro::Task<> WorkspaceLauncher::start(TrovellWorkspace* workspace, bool accessi
         guard->setUpdatedAt(m_clock.now());
     }
     publish(workspaceID, std::move(results));
+}
+
+bool WorkspaceLauncher::isSecondPress(const QUuid& workspaceID) const
+{
+    return m_latestWorkspaceID == workspaceID && m_lastStart &&
+           m_clock.steadyNow() - *m_lastStart < secondPress;
+}
+
+void WorkspaceLauncher::begin(const QUuid& workspaceID)
+{
+    m_cancelling = QPromise<void>();
+    m_cancelling.start();
+    m_lastRun.reset();
+    setLaunching(workspaceID);
+}
+
+QCoro::Task<> WorkspaceLauncher::putWindowsBack()
+{
+    if (!canPutWindowsBack())
+        co_return;
+    const std::shared_ptr<const RestoreRun> run = m_lastRun;
+    const QUuid workspaceID = m_latestWorkspaceID.value_or(QUuid());
+    begin(workspaceID);
+    const QFuture<Results> putting = futureOf(m_windowRestorer.putBack(run));
+    auto waiting = isDoneBy(m_clock.steadyNow() + longestAnswer, putting);
+    if (co_await waiting)
+        publish(workspaceID, putting.result());
+    else
+        publish(workspaceID, {makeLaunchResult(u"Window layout"_key, LaunchResultKind::failed,
+                                               u"The desktop did not answer in time."_key)});
 }
 
 void WorkspaceLauncher::cancel()
@@ -227,7 +264,11 @@ QCoro::Task<WorkspaceLauncher::Results> WorkspaceLauncher::restoreWindows(Snapsh
     Results results;
     for (QCoro::Task<Results>& task : tasks)
         results += co_await task;
-    run->isOver = true;
+    const QFuture<void> ending = futureOf(m_windowRestorer.endRun(run));
+    auto waiting = isDoneBy(m_clock.steadyNow() + longestActivation, ending);
+    co_await waiting;
+    if (!run->moves.isEmpty())
+        m_lastRun = run;
     co_return results;
 }
 

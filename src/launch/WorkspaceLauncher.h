@@ -44,15 +44,24 @@ public:
     /// The workspace of `latestReport`.
     [[nodiscard]] std::optional<QUuid> latestWorkspaceID() const { return m_latestWorkspaceID; }
 
-    /// Ignored while a launch runs. Every enabled item and every enabled placement ends in exactly
-    /// one line of the report. A timeout below one second, or none at all, counts as one second,
-    /// one above an hour as an hour. The workspace may be deleted meanwhile.
+    /// Ignored while a launch runs, and, for a workspace without layout, in the first seconds after
+    /// its last start: a second press opens nothing twice. Every enabled item and every enabled
+    /// placement ends in exactly one line of the report. A timeout below one second, or none at
+    /// all, counts as one second, one above an hour as an hour. The workspace may be deleted
+    /// meanwhile.
     QCoro::Task<> start(TrovellWorkspace* workspace, bool accessibilityTrusted,
                         double timeoutSeconds);
 
     /// Ends the launch early: what was opened stays, the report says what was left out. Nothing
     /// between launches.
     void cancel();
+
+    /// Whether the last launch moved windows that `putWindowsBack` would bring back. Changes with
+    /// `latestReport`.
+    [[nodiscard]] bool canPutWindowsBack() const { return m_lastRun && !isLaunching(); }
+    /// Everything that the last launch moved goes back to where it stood, with its states and
+    /// virtual desktop; what was opened stays. The outcome is a report like that of a launch.
+    QCoro::Task<> putWindowsBack();
 
 Q_SIGNALS:
     void isLaunchingChanged(bool isLaunching);
@@ -66,6 +75,8 @@ private:
     using Run = std::shared_ptr<RestoreRun>;
     using Time = std::chrono::steady_clock::time_point;
 
+    void begin(const QUuid& workspaceID);
+    [[nodiscard]] bool isSecondPress(const QUuid& workspaceID) const;
     [[nodiscard]] QCoro::Task<Results> openItems(Items items);
     [[nodiscard]] QCoro::Task<LaunchResult> openItem(QPointer<WorkspaceItem> item);
     [[nodiscard]] QCoro::Task<Results> restoreWindows(Snapshots snapshots, Run run, Time deadline);
@@ -86,6 +97,10 @@ private:
     QPromise<void> m_cancelling;
     std::optional<WorkspaceLaunchReport> m_latestReport;
     std::optional<QUuid> m_latestWorkspaceID;
+    /// Of the last launch, if it moved windows.
+    std::shared_ptr<const RestoreRun> m_lastRun;
+    /// When the last launch began.
+    std::optional<Time> m_lastStart;
 };
 
 } // namespace trovell

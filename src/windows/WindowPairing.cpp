@@ -5,7 +5,7 @@
 #include "windows/OrdinaryWindow.h"
 #include "windows/StoredForms.h"
 #include "windows/WindowMatching.h"
-#include "windows/WindowRestoreService.h"
+#include "windows/WindowPlacementSnapshot.h"
 
 #include <algorithm>
 

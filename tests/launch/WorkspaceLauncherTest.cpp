@@ -320,6 +320,50 @@ private Q_SLOTS:
         QCOMPARE(desktop.launcher.latestWorkspaceID(), desktop.workspace->id());
     }
 
+    void aSecondPressOpensNothingTwice()
+    {
+        Desktop desktop;
+        desktop.addItem(u"folder"_s, WorkspaceItemType::folder);
+        const auto openedAfter = [&desktop](std::chrono::milliseconds pause) {
+            desktop.clock.advance(pause);
+            desktop.start();
+            while (desktop.launcher.isLaunching())
+                QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+            return desktop.resources.opened().size();
+        };
+        QCOMPARE(openedAfter(0s), 1);
+        QCOMPARE(openedAfter(1s), 1);
+        QCOMPARE(openedAfter(5s), 2);
+        // With a layout it is another try.
+        desktop.addPlacement(u"editor"_s, u"Notes"_s);
+        desktop.windows.addWindow(u"editor"_s, {.title = u"Notes"_s});
+        QCOMPARE(openedAfter(1s), 3);
+    }
+
+    void putsWindowsBack()
+    {
+        Desktop desktop;
+        desktop.addItem(u"folder"_s, WorkspaceItemType::folder);
+        desktop.start();
+        desktop.runToEnd(0);
+        QVERIFY(!desktop.launcher.canPutWindowsBack());
+
+        desktop.addPlacement(u"editor"_s, u"Notes"_s);
+        const WindowId window = desktop.windows.addWindow(u"editor"_s, {.title = u"Notes"_s});
+        const QRectF frame = desktop.windows.window(window).frame;
+        desktop.start();
+        QVERIFY(!desktop.launcher.canPutWindowsBack());
+        desktop.runToEnd(0);
+        QVERIFY(desktop.windows.window(window).frame != frame);
+        QVERIFY(desktop.launcher.canPutWindowsBack());
+        desktop.launcher.putWindowsBack();
+        desktop.runToEnd(0);
+        QCOMPARE(desktop.windows.window(window).frame, frame);
+        QCOMPARE(desktop.report(), QStringList{u"Notes: restored"_s});
+        QVERIFY(!desktop.launcher.canPutWindowsBack());
+        QCOMPARE(desktop.resources.opened().size(), 2);
+    }
+
     void shortTimeoutsBecomeOneSecond()
     {
         for (const double timeout : {-5.0, 0.5, double(qQNaN())}) {

@@ -85,6 +85,9 @@ DesktopSnapshot FakeWindowSystem::read(const DesktopQuestion& question)
     using Applications = DesktopQuestion::Applications;
     DesktopSnapshot snapshot;
     snapshot.control = trusted ? WindowControl::available : WindowControl::notGranted;
+    snapshot.abilities.hasVirtualDesktops = !virtualDesktopNames.isEmpty();
+    snapshot.virtualDesktopNames = virtualDesktopNames;
+    snapshot.currentVirtualDesktop = desktopInView;
     if (question.displays)
         snapshot.displays = displays;
     const bool readsWindows = question.windows && trusted;
@@ -115,11 +118,13 @@ QList<FrameOutcome> FakeWindowSystem::place(const QList<FrameRequest>& requests)
         const auto window = m_windows.find(request.window);
         const bool isTaken = window != m_windows.end() && !window->refusesFrames;
         if (isTaken) {
-            placed.append(request.window);
+            const Window before = *window;
             window->frame = request.frame;
             window->states = request.states.value_or(window->states);
             if (request.virtualDesktop)
                 window->virtualDesktop = request.virtualDesktop;
+            if (*window != before)
+                placed.append(request.window);
         }
         outcomes.append(isTaken ? FrameOutcome::taken : FrameOutcome::refused);
     }

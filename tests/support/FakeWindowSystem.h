@@ -26,6 +26,8 @@ public:
         bool refusesFrames = false;
         WindowStates states = {};
         std::optional<DesktopPlace> virtualDesktop = {};
+
+        bool operator==(const Window&) const = default;
     };
 
     FakeWindowSystem();
@@ -47,9 +49,11 @@ public:
     /// Says nothing about windows until `answer`.
     bool isSilent = false;
     QList<Display> displays;
+    QStringList virtualDesktopNames;
+    int desktopInView = 0;
     /// In the order in which they were brought forward.
     QStringList activated;
-    /// Every window that was given a frame, in that order.
+    /// Every window that did not stand as it was asked to and was changed, in that order.
     QList<WindowId> placed;
     /// As last asked for.
     QList<WindowId> stacking;

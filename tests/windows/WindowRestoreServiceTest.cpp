@@ -86,6 +86,65 @@ private Q_SLOTS:
                  u"A safe matching window was not found yet."_s);
     }
 
+    void bringsBackDesktopStatesAndOrder()
+    {
+        FakeWindowSystem desktop;
+        desktop.virtualDesktopNames = {u"Mail"_s, u"Code"_s, u"Music"_s};
+        FakeClock clock;
+        WindowRestoreService service(desktop, clock);
+        QList<WindowPlacementSnapshot> saved;
+        QList<WindowId> windows;
+        for (const auto& title : {u"below"_s, u"above"_s}) {
+            saved.append(placement(desktop, title, saved.size()));
+            windows.append(desktop.addWindow(
+                u"editor"_s, {.title = title, .virtualDesktop = DesktopPlace{.index = 0}}));
+        }
+        const auto restoreAll = [&] {
+            const auto run = service.beginRun({u"editor"_s});
+            QCoro::waitFor(service.restorePlacements(saved, run));
+            QCoro::waitFor(service.endRun(run));
+            return run;
+        };
+        const auto place = [&desktop](const WindowId& window) {
+            return desktop.window(window).virtualDesktop;
+        };
+
+        saved[0].stackingIndex = 1;
+        saved[1].stackingIndex = 0;
+        saved[0].states = WindowStates(WindowState::maximizedVertically);
+        // By name, though its number is another one now; one that is gone goes by its number.
+        saved[0].virtualDesktop = SavedDesktop{.index = 0, .name = u"Music"_s};
+        saved[1].virtualDesktop = SavedDesktop{.index = 1, .name = u"Web"_s};
+        const auto before = desktop.window(windows[0]);
+        const auto run = restoreAll();
+        QCOMPARE(place(windows[0]), DesktopPlace{.index = 2});
+        QCOMPARE(place(windows[1]), DesktopPlace{.index = 1});
+        QCOMPARE(desktop.window(windows[0]).states, WindowStates(WindowState::maximizedVertically));
+        QCOMPARE(desktop.stacking, (QList{windows[1], windows[0]}));
+        // They lie on two desktops: nobody is taken to either of them.
+        QVERIFY(!desktop.shownDesktop);
+
+        // All of it goes back, except for what is gone and what stands there already.
+        desktop.removeWindow(windows[1]);
+        const auto back = QCoro::waitFor(service.putBack(run));
+        QCOMPARE(back.size(), 1);
+        QCOMPARE(back.first().kind, LaunchResultKind::restored);
+        QCOMPARE(desktop.window(windows[0]), before);
+        QVERIFY(QCoro::waitFor(service.putBack(run)).isEmpty());
+
+        saved.removeLast();
+        restoreAll();
+        QCOMPARE(desktop.shownDesktop, 2);
+        desktop.shownDesktop.reset();
+        desktop.desktopInView = 2;
+        restoreAll();
+        QVERIFY(!desktop.shownDesktop);
+        saved[0].virtualDesktop = SavedDesktop{.isAll = true};
+        restoreAll();
+        QCOMPARE(place(windows[0]), DesktopPlace{.isAll = true});
+        QVERIFY(!desktop.shownDesktop);
+    }
+
     void callsOfOneTurnReadTheDesktopTogether()
     {
         FakeWindowSystem desktop;
