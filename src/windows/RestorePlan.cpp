@@ -164,6 +164,13 @@ LaunchResult movedResult(const WindowPlacementSnapshot& placement, FrameOutcome 
     case FrameOutcome::otherSize:
         return makeLaunchResult(name, LaunchResultKind::failed,
                                 u"The window is in its place but chose another size."_key);
+    case FrameOutcome::otherDesktop:
+        return makeLaunchResult(name, LaunchResultKind::failed,
+                                u"The window is in its place but stayed on another desktop."_key);
+    case FrameOutcome::otherStates:
+        return makeLaunchResult(
+            name, LaunchResultKind::failed,
+            u"The window is in its place but did not take its saved state."_key);
     case FrameOutcome::refused:
     case FrameOutcome::unanswered:
         return failure(placement, LaunchResultKind::failed,

@@ -94,6 +94,10 @@ enum class FrameOutcome {
     taken,
     /// In place, but with another size than it was asked for, though its own rules allow that.
     otherSize,
+    /// In place, but the desktop did not bring it to its virtual desktop.
+    otherDesktop,
+    /// In place, but not in the states that were asked for.
+    otherStates,
     /// The desktop's own layout decides about its frame.
     tiled,
     /// A person moved or resized it meanwhile, and keeps it.

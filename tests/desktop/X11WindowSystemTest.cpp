@@ -106,6 +106,8 @@ private Q_SLOTS:
     void readsAndPlacesRealProgramsExactly();
     void windowsOfOtherDesktopsAreOrdinary_data() { addWindowManagerRows(); }
     void windowsOfOtherDesktopsAreOrdinary();
+    void bringsWindowsToDesktopsAndStates_data() { addWindowManagerRows(); }
+    void bringsWindowsToDesktopsAndStates();
     void groupsWindowsByApplication();
     void isNotFooledByReusedWindowNumbers();
     void describesDisplays();
@@ -195,6 +197,63 @@ void X11WindowSystemTest::windowsOfOtherDesktopsAreOrdinary()
     QCOMPARE(system.setFrames({{seen.id, frame}}).result(), placed(1));
     QVERIFY(isInPlace(*inspector.window(elsewhere), frame, windowManager));
     QCOMPARE(inspector.numbers(elsewhere, "_NET_WM_DESKTOP"), QList<quint32>{1});
+}
+
+void X11WindowSystemTest::bringsWindowsToDesktopsAndStates()
+{
+    QFETCH(WindowManager, windowManager);
+    START_DESKTOP(windowManager);
+    for (const char* title : {"wide", "far", "everywhere", "plain"})
+        desktop.startClient({"--title", title});
+    QVERIFY(inspector.waitForWindowCount(4));
+    inspector.setDesktopCount(2);
+    inspector.waitForRest();
+    X11WindowSystem system(desktop.displayName(), {}, {});
+    using enum WindowState;
+    const WindowStates maximized = maximizedHorizontally | WindowStates(maximizedVertically);
+    struct Wish {
+        QString title;
+        QRectF frame;
+        WindowStates states;
+        DesktopPlace place;
+    };
+    const QList<Wish> wishes{
+        {u"wide"_s, {100, 90, 500, 400}, maximized, {.index = 1}},
+        // The third desktop has to be made.
+        {u"far"_s, {300, 120, 420, 310}, above, {.index = 2}},
+        {u"everywhere"_s, {200, 100, 400, 380}, maximizedVertically, {.isAll = true}},
+        {u"plain"_s, {250, 200, 400, 300}, {}, {.index = 0}},
+    };
+    QList<FrameRequest> there;
+    QList<FrameRequest> back;
+    for (const Wish& wish : wishes) {
+        const DesktopWindow window = windowTitled(system, wish.title);
+        there.append({window.id, wish.frame, wish.states, wish.place});
+        back.append({window.id, *window.frame, WindowStates(), DesktopPlace{.index = 0}});
+    }
+    QList<QRectF> frames;
+    for (int cycle = 0; cycle < 3; ++cycle) {
+        QCOMPARE(system.setFrames(there).result(), placed(4));
+        // Once more, for what is right already.
+        QCOMPARE(system.setFrames(there).result(), placed(4));
+        QList<QRectF> now;
+        for (const Wish& wish : wishes) {
+            const DesktopWindow window = windowTitled(system, wish.title);
+            QCOMPARE(window.states, wish.states);
+            QCOMPARE(window.isOnAllDesktops, wish.place.isAll);
+            if (!wish.place.isAll)
+                QCOMPARE(window.virtualDesktop, wish.place.index);
+            now.append(*window.frame);
+        }
+        QCOMPARE(now.last(), wishes.last().frame);
+        QVERIFY(now.first().width() > 1000);
+        QCOMPARE(cycle == 0 ? now : frames, now);
+        frames = now;
+        QCOMPARE(system.setFrames(back).result(), placed(4));
+        for (const FrameRequest& request : std::as_const(back))
+            QVERIFY(isInPlace(*inspector.window(windowOf(request.window)), request.frame,
+                              windowManager));
+    }
 }
 
 void X11WindowSystemTest::groupsWindowsByApplication()

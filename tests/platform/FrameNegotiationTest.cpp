@@ -17,15 +17,19 @@ using Step = FrameNegotiation::Step;
 constexpr QRectF target = {100, 100, 700, 500};
 constexpr QRectF elsewhere = {0, 0, 300, 200};
 
+constexpr WindowStates maximized =
+    WindowStates(WindowState::maximizedHorizontally) | WindowState::maximizedVertically;
+
 FrameReading plain(const QRectF& frame, bool isFilling = false)
 {
-    return {frame, target, isFilling};
+    return {frame, target, isFilling ? maximized : WindowStates()};
 }
 
 /// A negotiation with a clock.
 class Dialogue {
 public:
-    explicit Dialogue(const FrameReading& first) : m_negotiation(target)
+    explicit Dialogue(const FrameReading& first, const std::optional<WindowStates>& states = {})
+        : m_negotiation({target, states})
     {
         m_negotiation.read(first, m_now);
     }
@@ -122,7 +126,7 @@ private Q_SLOTS:
         QVERIFY(right.isAccepted());
 
         Dialogue dialogue(plain(elsewhere, true));
-        QCOMPARE(dialogue.step(), Step::takeOffStates);
+        QCOMPARE(dialogue.step(), Step::setStates);
         QCOMPARE(dialogue.stepAfter(30ms), Step::wait);
         dialogue.becomes(plain(elsewhere));
         QCOMPARE(dialogue.step(), Step::move);
@@ -135,7 +139,60 @@ private Q_SLOTS:
         dialogue.becomes(plain(target));
         QCOMPARE(dialogue.stepAfter(100ms), Step::wait);
         QVERIFY(dialogue.isAccepted());
-        QVERIFY(dialogue.negotiation().hadFillingState());
+        QVERIFY(dialogue.negotiation().hasChangedStates());
+    }
+
+    void bringsToDesktopThenFrameThenStates()
+    {
+        const QRectF display(0, 20, 1000, 800);
+        FrameReading reading = plain(elsewhere, true);
+        reading.isOnDesktop = false;
+        Dialogue dialogue(reading, maximized | WindowState::above);
+        QCOMPARE(dialogue.step(), Step::setDesktop);
+        reading.isOnDesktop = true;
+        dialogue.becomes(reading);
+        // Filling another display, it has to leave that first.
+        QCOMPARE(dialogue.step(), Step::setStates);
+        QCOMPARE(dialogue.negotiation().statesToSet(), WindowStates());
+        dialogue.becomes(plain(elsewhere));
+        QCOMPARE(dialogue.step(), Step::move);
+        dialogue.becomes(plain(target));
+        QCOMPARE(dialogue.step(), Step::setStates);
+        QCOMPARE(dialogue.negotiation().statesToSet(), maximized | WindowState::above);
+        dialogue.becomes(plain(display, true));
+        QCOMPARE(dialogue.stepAfter(10ms), Step::wait);
+        dialogue.becomes(FrameReading{display, target, maximized | WindowState::above});
+        QCOMPARE(dialogue.stepAfter(200ms), Step::wait);
+        QVERIFY(dialogue.isAccepted());
+
+        // Right as it is, or but for a state that is no matter of its frame.
+        Dialogue right(plain(display, true), maximized);
+        QCOMPARE(right.step(), Step::wait);
+        QVERIFY(right.isAccepted());
+        Dialogue almost(plain(display, true), maximized | WindowState::above);
+        QCOMPARE(almost.step(), Step::setStates);
+        QCOMPARE(almost.negotiation().statesToSet(), maximized | WindowState::above);
+
+        // Without any state to have, it must not fill the display even if that is its frame.
+        Dialogue bare(plain(target, true), WindowStates());
+        QCOMPARE(bare.step(), Step::setStates);
+    }
+
+    void goesOnWithoutWhatIsNotDone()
+    {
+        FrameReading reading = plain(elsewhere);
+        reading.isOnDesktop = false;
+        Dialogue dialogue(reading, WindowStates(WindowState::above));
+        QCOMPARE(dialogue.step(), Step::setDesktop);
+        QCOMPARE(dialogue.stepsDuring(1100ms),
+                 (QList<Step>{Step::setDesktop, Step::setDesktop, Step::move}));
+        reading.frame = target;
+        dialogue.becomes(reading);
+        QCOMPARE(dialogue.stepsDuring(1500ms), QList<Step>(3, Step::setStates));
+        QVERIFY(dialogue.isAccepted());
+        QVERIFY(dialogue.negotiation().isExact());
+        QVERIFY(!dialogue.negotiation().isOnDesktop());
+        QVERIFY(!dialogue.negotiation().hasStates());
     }
 
     void silenceIsARefusal()
@@ -147,7 +204,7 @@ private Q_SLOTS:
         QVERIFY(dialogue.isRefused());
 
         Dialogue filled(plain(elsewhere, true)); // a state that stays
-        QCOMPARE(filled.stepsDuring(1500ms), QList<Step>(3, Step::takeOffStates));
+        QCOMPARE(filled.stepsDuring(1500ms), QList<Step>(3, Step::setStates));
         QVERIFY(filled.isRefused());
 
         Dialogue vanishing(plain(elsewhere));

@@ -29,7 +29,8 @@ public:
     void run()
     {
         while (!m_pass.isOver(m_now)) {
-            for (const auto& [position, step] : m_pass.nextSteps(m_now, false)) {
+            for (const auto& [position, step, states, statesToSet] :
+                 m_pass.nextSteps(m_now, false)) {
                 ++moves;
                 if (!stubborn.contains(position))
                     becomes(position, m_pass.target(position));
@@ -53,7 +54,8 @@ public:
             m_now += 10ms;
             read();
             for (auto waited = 0ms; waited < 100ms; waited += 10ms, m_now += 10ms) {
-                for (const auto& [position, step] : m_pass.nextSteps(m_now, false)) {
+                for (const auto& [position, step, states, statesToSet] :
+                     m_pass.nextSteps(m_now, false)) {
                     ++moves;
                     becomes(position, m_pass.target(position));
                     read();
@@ -89,7 +91,7 @@ private Q_SLOTS:
     void eachWindowHasItsOwnAnswer()
     {
         WindowClaims claims;
-        Adapter adapter(claims, {{id, target}, {{0, 2}, target}, {{0, 3}, elsewhere}});
+        Adapter adapter(claims, {{id, {target}}, {{0, 2}, {target}}, {{0, 3}, {elsewhere}}});
         adapter.stubborn.insert(1);
         adapter.run();
         QCOMPARE(
@@ -103,7 +105,7 @@ private Q_SLOTS:
     {
         WindowClaims claims;
         FramePass::Time now{1h};
-        FramePass pass({{id, target}}, claims, now);
+        FramePass pass({{id, {target}}}, claims, now);
         pass.read(0, FrameReading{elsewhere, target}, now);
         while (!pass.isOver(now)) {
             (void)pass.nextSteps(now, true);
@@ -116,12 +118,12 @@ private Q_SLOTS:
     {
         WindowClaims claims;
         const FramePass::Time now{1h};
-        FramePass pass({{id, target}}, claims, now);
+        FramePass pass({{id, {target}}}, claims, now);
         // Holding the mouse still moves nothing.
-        pass.read(0, FrameReading{elsewhere, target, false, true}, now);
+        pass.read(0, FrameReading{elsewhere, target, {}, true}, now);
         QCOMPARE(pass.nextSteps(now, false).size(), size_t(1));
         pass.noteChange(0, now);
-        pass.read(0, FrameReading{elsewhere.translated(30, 0), target, false, true}, now);
+        pass.read(0, FrameReading{elsewhere.translated(30, 0), target, {}, true}, now);
         QVERIFY(pass.isOver(now));
         QCOMPARE(pass.finish(), QList<FrameOutcome>{FrameOutcome::movedByPerson});
     }
@@ -129,7 +131,7 @@ private Q_SLOTS:
     void onlyYoungWindowsArePutBackAndNotForEver()
     {
         WindowClaims claims;
-        Adapter adapter(claims, {{id, target, true}});
+        Adapter adapter(claims, {{id, {target}, {}, true}});
         adapter.run();
         QCOMPARE(adapter.pass().finish(), QList<FrameOutcome>{FrameOutcome::taken});
         QVERIFY(adapter.pass().hasWindowsToGuard());
@@ -141,7 +143,7 @@ private Q_SLOTS:
     void aWindowThatWasPlacedAgainIsLetGo()
     {
         WindowClaims claims;
-        Adapter adapter(claims, {{id, target, true}});
+        Adapter adapter(claims, {{id, {target}, {}, true}});
         adapter.run();
         (void)adapter.pass().finish();
         adapter.moves = 0;

@@ -31,16 +31,33 @@ void FrameNegotiation::read(const std::optional<FrameReading>& reading, Time now
         m_isAccepted = false;
         return;
     }
-    if (m_frameBefore && !isSameRectangle(reading->frame, *m_frameBefore))
-        m_reactedAt = m_reactedAt.value_or(now);
-    if (m_reading.hasFillingState && !reading->hasFillingState)
-        m_attempts = 0;
+    noteProgress(*reading, now);
     m_reading = *reading;
     const bool hasMoved = m_stoodAt && !isSameRectangle(*m_stoodAt, m_reading.frame);
     m_stoodAt = m_reading.frame;
+    if (!m_isPlaced && hasFrame() && (!isFilling() || fillsItsPlace())) {
+        m_isPlaced = true;
+        beginStage();
+    }
     m_isLeftToPerson = hasMoved && m_reading.isHeld && !isExact();
     if (m_isLeftToPerson)
         m_isAccepted = false;
+}
+
+void FrameNegotiation::noteProgress(const FrameReading& reading, Time now)
+{
+    const bool isNextStage =
+        reading.states != m_reading.states || reading.isOnDesktop != m_reading.isOnDesktop;
+    if (isNextStage)
+        beginStage();
+    else if (m_frameBefore && !isSameRectangle(reading.frame, *m_frameBefore))
+        m_reactedAt = m_reactedAt.value_or(now);
+}
+
+void FrameNegotiation::beginStage()
+{
+    m_attempts = 0;
+    m_reactedAt.reset();
 }
 
 void FrameNegotiation::changed(Time now)
@@ -50,19 +67,55 @@ void FrameNegotiation::changed(Time now)
     m_lastActivity = now;
 }
 
+bool FrameNegotiation::hasStates() const
+{
+    return !m_goal.states || m_reading.states == *m_goal.states;
+}
+
+WindowStates FrameNegotiation::statesToSet() const
+{
+    if (m_isPlaced && m_goal.states)
+        return *m_goal.states;
+    // A shaded window shows less than its frame.
+    const WindowStates inTheWay =
+        m_goal.states ? fillingStates | WindowState::shaded : fillingStates;
+    return m_reading.states & ~inTheWay;
+}
+
+/// The desktop decides about the directions in which it fills a display; it is the right one.
+bool FrameNegotiation::fillsItsPlace() const
+{
+    const bool isWanted =
+        m_goal.states && (m_reading.states & fillingStates) == (*m_goal.states & fillingStates);
+    const auto meets = [](double start, double length, double otherStart, double otherLength) {
+        const double center = start + length / 2;
+        return center >= otherStart && center <= otherStart + otherLength;
+    };
+    const QRectF& frame = m_reading.frame;
+    const QRectF& goal = m_goal.frame;
+    return isWanted && meets(goal.x(), goal.width(), frame.x(), frame.width()) &&
+           meets(goal.y(), goal.height(), frame.y(), frame.height());
+}
+
+bool FrameNegotiation::hasFrame() const
+{
+    const bool isAtTarget = isSameRectangle(m_reading.frame, m_goal.frame);
+    if (!isFilling())
+        return isAtTarget ||
+               (m_stoodAt && isSameRectangle(m_reading.frame, m_reading.allowedFrame));
+    // A window that fills a display and is in place was right before anything was asked of it.
+    return m_goal.states ? fillsItsPlace() : isAtTarget && !m_hasChangedStates;
+}
+
 bool FrameNegotiation::isExact() const
 {
-    const bool isAtTarget = isSameRectangle(m_reading.frame, m_target);
-    // A window that fills a display and is in place was right before anything was asked of it.
-    if (m_reading.hasFillingState)
-        return isAtTarget && !m_hadFillingState;
-    return isAtTarget || (m_stoodAt && isSameRectangle(m_reading.frame, m_reading.allowedFrame));
+    return hasFrame() && (hasStates() || m_areStatesGivenUp) &&
+           (m_reading.isOnDesktop || m_isDesktopGivenUp);
 }
 
 bool FrameNegotiation::isInPosition() const
 {
-    return !m_reading.hasFillingState && m_reading.frame.x() == m_target.x() &&
-           m_reading.frame.y() == m_target.y();
+    return !isFilling() && m_reading.frame.topLeft() == m_goal.frame.topLeft();
 }
 
 std::chrono::milliseconds FrameNegotiation::patience() const
@@ -80,14 +133,14 @@ FrameNegotiation::Step FrameNegotiation::nextStep(Time now, Time lastProgress)
     if (isOver() || m_isUnread)
         return Step::wait;
     const bool isQuiet = now >= nextStepAt(lastProgress);
-    if (isHopeless(now, isQuiet)) {
+    if (isHopeless(now, isQuiet) && !goOnWithout()) {
         giveUp();
         return Step::wait;
     }
     if (!isExact())
-        return m_reading.hasFillingState ? takeOffStates(now, isQuiet) : correct(now, isQuiet);
-    // Programs draw their decorations anew some time after they left such a state.
-    if (!m_hadFillingState || isQuiet)
+        return approach(now, isQuiet);
+    // Programs draw their decorations anew some time after they changed such a state.
+    if (!m_hasChangedStates || isQuiet)
         m_isAccepted = true;
     return Step::wait;
 }
@@ -98,12 +151,36 @@ bool FrameNegotiation::isHopeless(Time now, bool isQuiet) const
                        : isQuiet && m_attempts >= mostAttemptsInSilence;
 }
 
-FrameNegotiation::Step FrameNegotiation::takeOffStates(Time now, bool isQuiet)
+bool FrameNegotiation::goOnWithout()
 {
-    if (m_hadFillingState && !isQuiet)
+    if (!m_reading.isOnDesktop && !m_isDesktopGivenUp)
+        m_isDesktopGivenUp = true;
+    else if (m_isPlaced && !hasStates() && !m_areStatesGivenUp)
+        m_areStatesGivenUp = true;
+    else
+        return false;
+    beginStage();
+    return true;
+}
+
+FrameNegotiation::Step FrameNegotiation::approach(Time now, bool isQuiet)
+{
+    const bool isFirst = m_attempts == 0;
+    if (!m_reading.isOnDesktop && !m_isDesktopGivenUp)
+        return isFirst || isQuiet ? sent(Step::setDesktop, now) : Step::wait;
+    if (m_isPlaced ? !hasStates() : statesToSet() != m_reading.states)
+        return changeStates(now, isQuiet);
+    return correct(now, isQuiet);
+}
+
+FrameNegotiation::Step FrameNegotiation::changeStates(Time now, bool isQuiet)
+{
+    // They may come one by one.
+    if (m_statesAsked == statesToSet() && !isQuiet)
         return Step::wait;
-    m_hadFillingState = true;
-    return sent(Step::takeOffStates, now);
+    m_statesAsked = statesToSet();
+    m_hasChangedStates = true;
+    return sent(Step::setStates, now);
 }
 
 FrameNegotiation::Step FrameNegotiation::correct(Time now, bool isQuiet)

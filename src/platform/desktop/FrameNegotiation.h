@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
-// Brings one window to a frame, as a dialogue with a window manager that answers late, rounds, or
-// drops requests. Decides only: someone else sends what it asks for and tells it what came back.
-// Values and given times, any thread.
+// Brings one window to its virtual desktop, frame and states, as a dialogue with a window manager
+// that answers late, rounds, or drops requests. Decides only: someone else sends what it asks for
+// and tells it what came back. Values and given times, any thread.
 #pragma once
+
+#include "windows/DesktopWindow.h"
 
 #include <QRectF>
 
@@ -12,16 +14,32 @@
 
 namespace trovell {
 
+/// Those in which a window has no frame of its own.
+inline constexpr WindowStates fillingStates = WindowStates(WindowState::maximizedHorizontally) |
+                                              WindowState::maximizedVertically |
+                                              WindowState::fullScreen;
+
+/// What a window is to become.
+struct FrameGoal {
+    /// For a window that is to fill a display: the frame that it falls back to.
+    QRectF frame;
+    /// All that it is to have; none leaves them alone, except that those that fill a display come
+    /// off a window that does not have its frame.
+    std::optional<WindowStates> states = {};
+};
+
 /// What was read of a window at one moment.
 struct FrameReading {
     /// What the user sees of the window.
     QRectF frame;
     /// What becomes of the frame that it is asked to take, by the window's own rules for its size.
     QRectF allowedFrame;
-    /// It is maximized in a direction or full screen, and so has no frame of its own.
-    bool hasFillingState = false;
+    /// Among those that can be set.
+    WindowStates states = {};
     /// Someone holds it with the mouse.
     bool isHeld = false;
+    /// It lies on the virtual desktop that it is to be on.
+    bool isOnDesktop = true;
 };
 
 class FrameNegotiation {
@@ -30,7 +48,9 @@ public:
 
     enum class Step {
         wait,
-        takeOffStates,
+        setDesktop,
+        /// Give it `statesToSet`.
+        setStates,
         move,
         /// Move one pixel aside and then into place: some window managers drop a request that
         /// equals the rectangle they remember.
@@ -38,8 +58,8 @@ public:
     };
 
     /// `stoodAt`: where the window is known to have been.
-    explicit FrameNegotiation(const QRectF& target, const std::optional<QRectF>& stoodAt = {})
-        : m_target(target), m_stoodAt(stoodAt)
+    explicit FrameNegotiation(const FrameGoal& goal, const std::optional<QRectF>& stoodAt = {})
+        : m_goal(goal), m_stoodAt(stoodAt)
     {
     }
 
@@ -61,26 +81,40 @@ public:
     [[nodiscard]] bool isAccepted() const { return m_isAccepted.value_or(false); }
     /// Whether a person moved it meanwhile, which nobody contests.
     [[nodiscard]] bool isLeftToPerson() const { return m_isLeftToPerson; }
-    /// Whether it has the frame it was asked to take, as far as its own rules allow.
+    /// Whether it has the frame it was asked to take, as far as its own rules allow, and the
+    /// states, if they can be had.
     [[nodiscard]] bool isExact() const;
+    [[nodiscard]] bool isOnDesktop() const { return m_reading.isOnDesktop; }
+    [[nodiscard]] bool hasStates() const;
+    [[nodiscard]] WindowStates states() const { return m_reading.states; }
+    /// Those that it is to have next.
+    [[nodiscard]] WindowStates statesToSet() const;
     [[nodiscard]] bool isUnread() const { return m_isUnread; }
     /// Something was sent and the window has not shown any change since.
     [[nodiscard]] bool isUnanswered() const { return m_isUnanswered; }
-    /// Had to be taken out of a state that fills the display.
-    [[nodiscard]] bool hadFillingState() const { return m_hadFillingState; }
+    /// Had to be put into other states, after which programs may move it once more.
+    [[nodiscard]] bool hasChangedStates() const { return m_hasChangedStates; }
     /// Where it was when it was last read; meaningful unless the window is gone.
     [[nodiscard]] const QRectF& frame() const { return m_reading.frame; }
-    [[nodiscard]] const QRectF& target() const { return m_target; }
+    [[nodiscard]] const QRectF& target() const { return m_goal.frame; }
 
 private:
+    [[nodiscard]] bool isFilling() const { return bool(m_reading.states & fillingStates); }
+    [[nodiscard]] bool hasFrame() const;
+    [[nodiscard]] bool fillsItsPlace() const;
     [[nodiscard]] bool isInPosition() const;
     [[nodiscard]] std::chrono::milliseconds patience() const;
     [[nodiscard]] bool isHopeless(Time now, bool isQuiet) const;
-    Step takeOffStates(Time now, bool isQuiet);
+    void noteProgress(const FrameReading& reading, Time now);
+    void beginStage();
+    /// Goes on without what the window manager does not do; false when that changes nothing.
+    bool goOnWithout();
+    Step approach(Time now, bool isQuiet);
+    Step changeStates(Time now, bool isQuiet);
     Step correct(Time now, bool isQuiet);
     Step sent(Step step, Time now);
 
-    QRectF m_target;
+    FrameGoal m_goal;
     /// When it was last read.
     std::optional<QRectF> m_stoodAt;
     FrameReading m_reading;
@@ -93,7 +127,12 @@ private:
     bool m_isUnanswered = false;
     /// When the frame first changed in answer to a request.
     std::optional<Time> m_reactedAt;
-    bool m_hadFillingState = false;
+    bool m_hasChangedStates = false;
+    std::optional<WindowStates> m_statesAsked;
+    /// It has had its frame, and only states are missing.
+    bool m_isPlaced = false;
+    bool m_isDesktopGivenUp = false;
+    bool m_areStatesGivenUp = false;
     bool m_isLeftToPerson = false;
     std::optional<bool> m_isAccepted;
 };

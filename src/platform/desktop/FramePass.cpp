@@ -28,7 +28,7 @@ FramePass::FramePass(const QList<Request>& requests, WindowClaims& claims, Time 
       m_lastEvent(now)
 {
     for (const Request& request : requests) {
-        m_windows.push_back({request, FrameNegotiation(request.frame)});
+        m_windows.push_back({request, FrameNegotiation(request.goal)});
         m_claims.take(request.window, m_claim);
     }
 }
@@ -65,7 +65,8 @@ void FramePass::noteChange(std::size_t position, Time now)
     Window& window = m_windows[position];
     // Also while others of the pass are not in place yet.
     if (window.isWatched && window.negotiation.isOver())
-        window.negotiation = FrameNegotiation(*window.settledFrame, window.settledFrame);
+        window.negotiation = FrameNegotiation({*window.settledFrame, window.request.goal.states},
+                                              window.settledFrame);
     if (window.negotiation.isOver())
         return;
     if (window.negotiation.isUnanswered())
@@ -87,7 +88,8 @@ std::vector<FramePass::Command> FramePass::nextSteps(Time now, bool isBusy)
         if (window.settledFrame && !mayCorrect(window))
             window.negotiation.giveUp();
         else
-            commands.push_back({position, step});
+            commands.push_back(
+                {position, step, window.negotiation.states(), window.negotiation.statesToSet()});
     }
     return commands;
 }
@@ -97,7 +99,7 @@ void FramePass::noteSettled(Window& window)
     if (window.settledFrame || !window.negotiation.isAccepted())
         return;
     window.settledFrame = window.negotiation.frame();
-    window.isWatched = window.request.isYoung || window.negotiation.hadFillingState();
+    window.isWatched = window.request.isYoung || window.negotiation.hasChangedStates();
 }
 
 bool FramePass::mayCorrect(Window& window) const
@@ -154,8 +156,12 @@ FrameOutcome FramePass::finish(Window& window)
     noteSettled(window);
     if (negotiation.isLeftToPerson())
         return FrameOutcome::movedByPerson;
+    if (negotiation.isAccepted() && !negotiation.isExact())
+        return FrameOutcome::otherSize;
+    if (negotiation.isAccepted() && !negotiation.isOnDesktop())
+        return FrameOutcome::otherDesktop;
     if (negotiation.isAccepted())
-        return negotiation.isExact() ? FrameOutcome::taken : FrameOutcome::otherSize;
+        return negotiation.hasStates() ? FrameOutcome::taken : FrameOutcome::otherStates;
     return hasEnded ? FrameOutcome::refused : FrameOutcome::unanswered;
 }
 

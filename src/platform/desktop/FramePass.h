@@ -23,7 +23,8 @@ public:
 
     struct Request {
         WindowId window;
-        QRectF frame;
+        FrameGoal goal;
+        std::optional<DesktopPlace> virtualDesktop = {};
         /// Its program may move it once more all by itself.
         bool isYoung = false;
     };
@@ -32,6 +33,9 @@ public:
         /// The window's place among the requests, as everywhere here.
         std::size_t position = 0;
         Step step = Step::wait;
+        /// What it has, and what it is to have after `setStates`.
+        WindowStates states = {};
+        WindowStates statesToSet = {};
     };
 
     /// Takes the windows from earlier passes. Borrows `claims`.
@@ -66,8 +70,8 @@ public:
     /// Ends it: the outcome of each request, in their order.
     [[nodiscard]] QList<FrameOutcome> finish();
 
-    /// Whether windows may still lose their frames: young ones, and those that left a state that
-    /// fills the display.
+    /// Whether windows may still lose their frames: young ones, and those that were put into other
+    /// states.
     [[nodiscard]] bool hasWindowsToGuard() const;
     /// After `finish`, and for one second: windows that their programs move away go back, each a
     /// few times at most, and none that was placed again by another pass.

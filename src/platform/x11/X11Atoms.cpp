@@ -26,6 +26,8 @@ constexpr NamedAtom namedAtoms[] = {
     {"_NET_CLIENT_LIST", &X11Atoms::netClientList},
     {"_NET_CLIENT_LIST_STACKING", &X11Atoms::netClientListStacking},
     {"_NET_CURRENT_DESKTOP", &X11Atoms::netCurrentDesktop},
+    {"_NET_NUMBER_OF_DESKTOPS", &X11Atoms::netNumberOfDesktops},
+    {"_NET_DESKTOP_NAMES", &X11Atoms::netDesktopNames},
     {"_NET_WORKAREA", &X11Atoms::netWorkarea},
     {"_NET_ACTIVE_WINDOW", &X11Atoms::netActiveWindow},
     {"_NET_MOVERESIZE_WINDOW", &X11Atoms::netMoveresizeWindow},

@@ -17,6 +17,8 @@ struct X11Atoms {
     xcb_atom_t netClientList = 0;
     xcb_atom_t netClientListStacking = 0;
     xcb_atom_t netCurrentDesktop = 0;
+    xcb_atom_t netNumberOfDesktops = 0;
+    xcb_atom_t netDesktopNames = 0;
     xcb_atom_t netWorkarea = 0;
     xcb_atom_t netActiveWindow = 0;
     xcb_atom_t netMoveresizeWindow = 0;

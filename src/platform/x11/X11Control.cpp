@@ -2,6 +2,10 @@
 
 #include "platform/x11/X11Control.h"
 
+#include "platform/x11/X11WindowStates.h"
+
+#include <algorithm>
+
 namespace trovell {
 
 namespace {
@@ -9,18 +13,22 @@ namespace {
 DesktopAbilities abilitiesOf(const QList<quint32>& features, const X11Atoms& atoms)
 {
     DesktopAbilities abilities;
-    const std::pair<xcb_atom_t, WindowState> states[] = {
-        {atoms.netWmStateMaximizedHorz, WindowState::maximizedHorizontally},
-        {atoms.netWmStateMaximizedVert, WindowState::maximizedVertically},
-        {atoms.netWmStateFullscreen, WindowState::fullScreen},
-        {atoms.netWmStateShaded, WindowState::shaded},
-        {atoms.netWmStateAbove, WindowState::above}};
-    for (const auto& [atom, state] : states)
-        abilities.states.setFlag(state, features.contains(atom));
+    abilities.states = statesOf(features, atoms);
     // Putting windows away is older than the list of features (ICCCM 4.1.4).
     abilities.states |= WindowState::minimized;
     abilities.hasVirtualDesktops = features.contains(atoms.netWmDesktop);
     return abilities;
+}
+
+/// One for each desktop; those without a name of their own have an empty one.
+QStringList desktopNames(const QByteArray& property, quint32 count)
+{
+    constexpr quint32 most = 64;
+    QStringList names;
+    const QByteArrayList texts = property.split('\0');
+    for (quint32 index = 0; index < std::min(count, most); ++index)
+        names.append(QString::fromUtf8(texts.value(index)));
+    return names;
 }
 
 } // namespace
@@ -31,10 +39,14 @@ X11Control::Request X11Control::request() const
     const xcb_window_t root = m_connection.root();
     // The window manager shows that it lives by a property on a window of its own (EWMH section
     // 3). That window is known from the last time; only a new window manager needs a second look.
-    return {m_managerWindow, m_connection.requestProperty(root, atoms.netSupportingWmCheck),
+    return {m_managerWindow,
+            m_connection.requestProperty(root, atoms.netSupportingWmCheck),
             m_connection.requestProperty(root, atoms.netSupported),
             m_connection.requestProperty(m_managerWindow, atoms.netSupportingWmCheck),
-            xcb_get_selection_owner(m_connection.get(), atoms.compositor)};
+            xcb_get_selection_owner(m_connection.get(), atoms.compositor),
+            m_connection.requestProperty(root, atoms.netNumberOfDesktops),
+            m_connection.requestProperty(root, atoms.netDesktopNames),
+            m_connection.requestProperty(root, atoms.netCurrentDesktop)};
 }
 
 X11Control::Answer X11Control::receive(const Request& request)
@@ -44,6 +56,9 @@ X11Control::Answer X11Control::receive(const Request& request)
     const QList<quint32> features = propertyNumbers(m_connection.reply(request.supported));
     const auto compositor = m_connection.reply<xcb_get_selection_owner_reply>(request.compositor);
     const quint32 proven = propertyNumbers(m_connection.reply(request.proof)).value(0);
+    const QList<quint32> count = propertyNumbers(m_connection.reply(request.desktopCount));
+    const QByteArray names = propertyBytes(m_connection.reply(request.desktopNames));
+    const QList<quint32> current = propertyNumbers(m_connection.reply(request.currentDesktop));
     if (!m_connection.isAlive())
         return {WindowControl::notAnswering};
     if (manager != 0 && manager != request.expected && manager != m_managerWindow) {
@@ -59,6 +74,10 @@ X11Control::Answer X11Control::receive(const Request& request)
     if (isAvailable)
         answer = {WindowControl::available, abilitiesOf(features, atoms),
                   features.contains(atoms.netWmStateHidden)};
+    if (answer.abilities.hasVirtualDesktops)
+        answer.virtualDesktopNames = desktopNames(names, count.value(0));
+    if (!current.isEmpty())
+        answer.currentVirtualDesktop = static_cast<int>(current.first());
     answer.abilities.blendsWindows = compositor && compositor->owner != XCB_WINDOW_NONE;
     return answer;
 }

@@ -18,12 +18,17 @@ public:
         xcb_get_property_cookie_t supported;
         xcb_get_property_cookie_t proof;
         xcb_get_selection_owner_cookie_t compositor;
+        xcb_get_property_cookie_t desktopCount;
+        xcb_get_property_cookie_t desktopNames;
+        xcb_get_property_cookie_t currentDesktop;
     };
     struct Answer {
         WindowControl control = WindowControl::unsupported;
         DesktopAbilities abilities = {};
         /// Minimized windows carry _NET_WM_STATE_HIDDEN.
         bool tellsHidden = false;
+        QStringList virtualDesktopNames = {};
+        std::optional<int> currentVirtualDesktop = {};
     };
 
     /// Borrows the connection.

@@ -38,10 +38,24 @@ std::optional<QPointF> holdingPointer(const X11Connection& connection,
     return QPointF(pointer->root_x, pointer->root_y);
 }
 
+/// Nobody has so many, whatever was stored.
+constexpr quint32 mostDesktops = 36;
+
+/// States that this window manager cannot set are not asked for.
+QList<FramePass::Request> settable(QList<FramePass::Request> requests, WindowStates states)
+{
+    for (FramePass::Request& request : requests) {
+        if (request.goal.states)
+            *request.goal.states &= states;
+    }
+    return requests;
+}
+
 bool concernsFrame(xcb_atom_t property, const X11Atoms& atoms)
 {
-    return property == atoms.netWmState || property == atoms.netFrameExtents ||
-           property == atoms.gtkFrameExtents || property == XCB_ATOM_WM_NORMAL_HINTS;
+    return property == atoms.netWmState || property == atoms.netWmDesktop ||
+           property == atoms.netFrameExtents || property == atoms.gtkFrameExtents ||
+           property == XCB_ATOM_WM_NORMAL_HINTS;
 }
 
 } // namespace
@@ -51,48 +65,58 @@ public:
     ReadingRequest(const X11Connection& connection, xcb_window_t window)
         : m_frame(connection, window),
           m_states(connection.requestProperty(window, connection.atoms().netWmState)),
+          m_desktop(connection.requestProperty(window, connection.atoms().netWmDesktop)),
           m_hints(connection.requestProperty(window, XCB_ATOM_WM_NORMAL_HINTS))
     {
     }
 
     std::optional<FrameReading> receive(const X11Connection& connection, Window& window,
-                                        const QRectF& target,
+                                        const QRectF& target, WindowStates settableStates,
                                         const std::optional<QPointF>& holdingPointer) const
     {
-        const X11Atoms& atoms = connection.atoms();
         const auto geometry = m_frame.receive(connection);
         const auto states = propertyNumbers(connection.reply(m_states));
+        const auto desktop = propertyNumbers(connection.reply(m_desktop));
         const auto hints = propertyNumbers(connection.reply(m_hints));
         if (!geometry)
             return std::nullopt;
         window.geometry = *geometry;
         window.hints = makeSizeHints(hints);
-        const bool isFilling = states.contains(atoms.netWmStateFullscreen) ||
-                               states.contains(atoms.netWmStateMaximizedHorz) ||
-                               states.contains(atoms.netWmStateMaximizedVert);
         const PixelRectangle allowed =
             allowedFrame(pixelsFromFrame(target), window.geometry, window.hints);
         const QRectF frame = frameFromPixels(visibleFrame(*geometry));
         const bool isHeld =
             holdingPointer && frame.adjusted(-grip, -grip, grip, grip).contains(*holdingPointer);
-        return FrameReading{frame, frameFromPixels(allowed), isFilling, isHeld};
+        return FrameReading{
+            frame, frameFromPixels(allowed), statesOf(states, connection.atoms()) & settableStates,
+            isHeld, !window.desktop || desktop.isEmpty() || desktop.first() == *window.desktop};
     }
 
 private:
     X11FrameRequest m_frame;
     xcb_get_property_cookie_t m_states;
+    xcb_get_property_cookie_t m_desktop;
     xcb_get_property_cookie_t m_hints;
 };
 
 X11FrameSetter::X11FrameSetter(const X11Server& server, const QList<FramePass::Request>& requests,
                                WindowClaims& claims)
-    : m_connection(server), m_fence(m_connection), m_pass(requests, claims, Clock::now())
+    : m_connection(server), m_fence(m_connection), m_facts(readDesktopFacts(m_connection)),
+      m_pass(settable(requests, m_facts.states), claims, Clock::now())
 {
+    quint32 lastDesktop = 0;
     for (const FramePass::Request& request : requests) {
         const xcb_window_t window = windowOf(request.window);
         m_positions.insert(window, m_windows.size());
-        m_windows.push_back({window});
+        m_windows.push_back({.id = window});
+        const auto& place = request.virtualDesktop;
+        if (!place || m_facts.virtualDesktopCount == 0)
+            continue;
+        m_windows.back().desktop = desktopNumber(*place);
+        lastDesktop = std::max(lastDesktop, place->isAll ? 0 : desktopNumber(*place));
     }
+    if (lastDesktop >= m_facts.virtualDesktopCount && lastDesktop < mostDesktops)
+        sendDesktopCount(m_connection, lastDesktop + 1);
 }
 
 QList<FrameOutcome> X11FrameSetter::run()
@@ -137,8 +161,10 @@ void X11FrameSetter::sendSteps()
 void X11FrameSetter::send(const FramePass::Command& command)
 {
     const Window& window = m_windows[command.position];
-    if (command.step == Step::takeOffStates)
-        return takeOffStates(window.id);
+    if (command.step == Step::setDesktop)
+        return sendDesktop(m_connection, window.id, window.desktop.value_or(0));
+    if (command.step == Step::setStates)
+        return sendStates(m_connection, window.id, command.states, command.statesToSet);
     const PixelRectangle target = pixelsFromFrame(m_pass.target(command.position));
     const auto sendMove = [&](int offset) {
         m_connection.sendToRoot(window.id, m_connection.atoms().netMoveresizeWindow,
@@ -147,19 +173,6 @@ void X11FrameSetter::send(const FramePass::Command& command)
     if (command.step == Step::moveAround)
         sendMove(1);
     sendMove(0);
-}
-
-void X11FrameSetter::takeOffStates(xcb_window_t window)
-{
-    // EWMH section 5: _NET_WM_STATE client messages; two states at a time.
-    constexpr quint32 remove = 0;
-    constexpr quint32 fromPager = 2;
-    const X11Atoms& atoms = m_connection.atoms();
-    m_connection.sendToRoot(window, atoms.netWmState,
-                            {remove, atoms.netWmStateFullscreen, 0, fromPager, 0});
-    m_connection.sendToRoot(
-        window, atoms.netWmState,
-        {remove, atoms.netWmStateMaximizedHorz, atoms.netWmStateMaximizedVert, fromPager, 0});
 }
 
 void X11FrameSetter::readUnread()
@@ -174,8 +187,8 @@ void X11FrameSetter::readUnread()
     const auto now = Clock::now();
     const std::optional<QPointF> pointer = holdingPointer(m_connection, pointerRequest);
     for (const auto& [position, request] : requests) {
-        const auto reading =
-            request.receive(m_connection, m_windows[position], m_pass.target(position), pointer);
+        const auto reading = request.receive(m_connection, m_windows[position],
+                                             m_pass.target(position), m_facts.states, pointer);
         // Without a server nothing is known, not even that the window is gone.
         if (!m_connection.isAlive())
             return;

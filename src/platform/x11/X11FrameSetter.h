@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 //
-// Sets the frames of many windows in one pass and makes sure that they hold: sends, waits for
-// events, reads back and corrects, as `FramePass` decides. Has a connection of its own, so that
-// passes on several threads share nothing. One worker thread at a time.
+// Sets virtual desktops, frames and states of many windows in one pass and makes sure that they
+// hold: sends, waits for events, reads back and corrects, as `FramePass` decides. Has a connection
+// of its own, so that passes on several threads share nothing. One worker thread at a time.
 #pragma once
 
 #include "platform/desktop/FramePass.h"
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11Fence.h"
 #include "platform/x11/X11WindowGeometry.h"
+#include "platform/x11/X11WindowStates.h"
 
 #include <QHash>
 #include <QList>
@@ -38,6 +39,8 @@ public:
 private:
     struct Window {
         xcb_window_t id = 0;
+        /// The number of the virtual desktop that it is to be on.
+        std::optional<quint32> desktop = {};
         /// As they were last read.
         DecoratedWindow geometry = {};
         SizeHints hints = {};
@@ -47,7 +50,6 @@ private:
     void negotiate();
     void sendSteps();
     void send(const FramePass::Command& command);
-    void takeOffStates(xcb_window_t window);
     void readUnread();
     void waitForEvents(FramePass::Time until);
     bool takeEvents();
@@ -56,6 +58,7 @@ private:
 
     X11Connection m_connection;
     X11Fence m_fence;
+    X11DesktopFacts m_facts;
     FramePass m_pass;
     /// In the order of the requests.
     std::vector<Window> m_windows;

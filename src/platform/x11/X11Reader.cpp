@@ -46,6 +46,8 @@ DesktopSnapshot X11Reader::answer(const DesktopQuestion& question)
     const X11Control::Answer answer = m_control.receive(control);
     snapshot.control = answer.control;
     snapshot.abilities = answer.abilities;
+    snapshot.virtualDesktopNames = answer.virtualDesktopNames;
+    snapshot.currentVirtualDesktop = answer.currentVirtualDesktop;
     if (displays)
         snapshot.displays = m_displays.receive(*displays);
     if (list)

@@ -3,6 +3,7 @@
 #include "platform/x11/X11WindowReader.h"
 
 #include "platform/x11/X11WindowId.h"
+#include "platform/x11/X11WindowStates.h"
 
 #include <QHash>
 
@@ -16,21 +17,6 @@ std::optional<QString> textOf(const X11Connection& connection, xcb_get_property_
 {
     const QString text = propertyText(connection.reply(request), connection.atoms());
     return text.isEmpty() ? std::nullopt : std::optional(text);
-}
-
-WindowStates statesOf(const QList<quint32>& states, const X11Atoms& atoms)
-{
-    const std::pair<xcb_atom_t, WindowState> known[] = {
-        {atoms.netWmStateHidden, WindowState::minimized},
-        {atoms.netWmStateMaximizedHorz, WindowState::maximizedHorizontally},
-        {atoms.netWmStateMaximizedVert, WindowState::maximizedVertically},
-        {atoms.netWmStateFullscreen, WindowState::fullScreen},
-        {atoms.netWmStateShaded, WindowState::shaded},
-        {atoms.netWmStateAbove, WindowState::above}};
-    WindowStates found;
-    for (const auto& [atom, state] : known)
-        found.setFlag(state, states.contains(atom));
-    return found;
 }
 
 /// All that is asked about one window.

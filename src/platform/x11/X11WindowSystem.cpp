@@ -71,7 +71,9 @@ QList<FrameOutcome> X11WindowSystem::place(const QList<FrameRequest>& requests)
     QList<FramePass::Request> settable;
     for (const FrameRequest& request : requests) {
         if (isFinite(request.frame))
-            settable.append({request.window, frameFromPixels(pixelsFromFrame(request.frame)),
+            settable.append({request.window,
+                             {frameFromPixels(pixelsFromFrame(request.frame)), request.states},
+                             request.virtualDesktop,
                              isYoung(request.window, now)});
     }
     const X11Server server = m_reader.result()->connection().server();
