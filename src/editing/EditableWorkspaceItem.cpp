@@ -46,6 +46,9 @@ EditableWorkspaceItem editableItem(const WorkspaceItem& item)
             .bookmarkData = item.bookmarkData(),
             .bundleIdentifier = item.bundleIdentifier(),
             .applicationPath = item.applicationPath(),
+            .arguments = item.values().arguments,
+            .workingFolder = item.values().workingFolder,
+            .openWith = item.values().openWith,
             .isEnabled = item.isEnabled()};
 }
 
@@ -87,7 +90,10 @@ std::unique_ptr<WorkspaceItem> makeWorkspaceItem(const EditableWorkspaceItem& it
                             .bookmarkData = item.bookmarkData,
                             .bundleIdentifier = item.bundleIdentifier,
                             .applicationPath = item.applicationPath,
-                            .isEnabled = item.isEnabled});
+                            .isEnabled = item.isEnabled,
+                            .arguments = item.arguments,
+                            .workingFolder = item.workingFolder,
+                            .openWith = item.openWith});
 }
 
 } // namespace trovell

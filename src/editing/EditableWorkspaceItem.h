@@ -30,6 +30,10 @@ struct EditableWorkspaceItem {
     // Applications only.
     std::optional<QString> bundleIdentifier = {};
     std::optional<QString> applicationPath = {};
+    std::optional<QString> arguments = {};
+    std::optional<QString> workingFolder = {};
+    /// All others: the application to open it with, if it is not the default one.
+    std::optional<QString> openWith = {};
     bool isEnabled = true;
 
     bool operator==(const EditableWorkspaceItem&) const = default;

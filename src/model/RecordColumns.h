@@ -52,6 +52,9 @@ template <> struct Table<WorkspaceItemValues> {
         Column{"applicationPath", &V::applicationPath},
         Column{"isEnabled", &V::isEnabled},
         Column{"createdAt", &V::createdAt},
+        Column{"arguments", &V::arguments},
+        Column{"workingFolder", &V::workingFolder},
+        Column{"openWith", &V::openWith},
     };
 };
 
@@ -77,6 +80,14 @@ template <> struct Table<WindowPlacementValues> {
         Column{"absoluteHeight", &V::absoluteHeight},
         Column{"displayFingerprintData", &V::displayFingerprintData},
         Column{"isEnabled", &V::isEnabled},
+        Column{"virtualDesktopIndex", &V::virtualDesktopIndex},
+        Column{"virtualDesktopName", &V::virtualDesktopName},
+        Column{"isOnAllDesktops", &V::isOnAllDesktops},
+        Column{"windowStates", &V::windowStates},
+        Column{"stackingIndex", &V::stackingIndex},
+        Column{"restoresDesktop", &V::restoresDesktop},
+        Column{"restoresState", &V::restoresState},
+        Column{"opensMissingWindow", &V::opensMissingWindow},
     };
 };
 

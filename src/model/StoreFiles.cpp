@@ -67,14 +67,18 @@ int createFile(const QString& path, std::string_view content)
     return error;
 }
 
-void synchronizeFolder(const QString& folder)
+void synchronize(const QString& path, int flags)
 {
-    const int descriptor =
-        ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const int descriptor = ::open(QFile::encodeName(path).constData(), flags | O_CLOEXEC);
     if (descriptor < 0)
         return;
     ::fsync(descriptor);
     ::close(descriptor);
+}
+
+void synchronizeFolder(const QString& folder)
+{
+    synchronize(folder, O_RDONLY | O_DIRECTORY);
 }
 
 } // namespace
@@ -123,6 +127,30 @@ Expected<void, StoreError> StoreFiles::createStoreFile() const
     if (const int error = createFile(storePath(), {}))
         return systemError(error);
     return {};
+}
+
+QString StoreFiles::copyPath() const
+{
+    return m_folder + u"/workspaces.before-migration"_s;
+}
+
+Expected<void, StoreError> StoreFiles::prepareCopy() const
+{
+    removeCopy();
+    if (const int error = createFile(copyPath(), {}))
+        return systemError(error);
+    return {};
+}
+
+void StoreFiles::synchronizeCopy() const
+{
+    synchronize(copyPath(), O_RDONLY);
+    synchronizeFolder(m_folder);
+}
+
+void StoreFiles::removeCopy() const
+{
+    QFile::remove(copyPath());
 }
 
 void StoreFiles::markAsCreated() const

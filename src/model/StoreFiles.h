@@ -29,6 +29,17 @@ public:
     /// prevent, only the check of an emptied file is lost, until the next call.
     void markAsCreated() const;
 
+    // The copy that is kept of a store before its first migration.
+
+    /// Where it is.
+    [[nodiscard]] QString copyPath() const;
+    /// An empty file for it, private like the store.
+    [[nodiscard]] Expected<void, StoreError> prepareCopy() const;
+    /// Returns once the copy is on the disk.
+    void synchronizeCopy() const;
+    /// Nothing if there is none.
+    void removeCopy() const;
+
 private:
     [[nodiscard]] QString markerPath() const;
     [[nodiscard]] Expected<void, StoreError> createStoreFile() const;

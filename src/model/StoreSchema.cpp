@@ -160,8 +160,6 @@ Result migrate(SqliteDatabase& database, const QVersionNumber& from, const Migra
     const Expected<QList<MigrationStage>, StoreError> stages = stagesFrom(from, plan);
     if (!stages)
         return failure(stages.error());
-    if (stages->isEmpty())
-        return {};
     return database.transaction([&]() -> Result {
         for (const MigrationStage& stage : *stages) {
             if (const Result result = executeAll(database, stage.statements); !result)
@@ -176,7 +174,9 @@ Result migrate(SqliteDatabase& database, const QVersionNumber& from, const Migra
 
 } // namespace
 
-Expected<void, StoreError> prepareSchema(SqliteDatabase& database, const MigrationPlan& plan)
+Expected<void, StoreError>
+prepareSchema(SqliteDatabase& database, const MigrationPlan& plan,
+              const std::function<Expected<void, StoreError>()>& beforeMigration)
 {
     const Expected<qint64, StoreError> pages = database.number("PRAGMA page_count");
     if (!pages)
@@ -190,6 +190,10 @@ Expected<void, StoreError> prepareSchema(SqliteDatabase& database, const Migrati
         return structure;
     if (const Result content = checkContent(database, *stored); !content)
         return content;
+    if (stored->version == plan.schemas.last().version)
+        return {};
+    if (const Result ready = beforeMigration(); !ready)
+        return ready;
     return migrate(database, stored->version, plan);
 }
 

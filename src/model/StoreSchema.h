@@ -7,12 +7,17 @@
 #include "model/SqliteDatabase.h"
 #include "model/VersionedSchema.h"
 
+#include <functional>
+
 namespace trovell {
 
 /// A database that is none of ours is left untouched, and so is one of a schema that the plan does
 /// not have or cannot lead to the current one (`unknownSchema`). Everything stored is read and
 /// checked once, so that damage is found here and not in the middle of work.
-[[nodiscard]] Expected<void, StoreError> prepareSchema(SqliteDatabase& database,
-                                                       const MigrationPlan& plan);
+///
+/// `beforeMigration` is called before an older store is changed; if it fails, nothing is.
+[[nodiscard]] Expected<void, StoreError>
+prepareSchema(SqliteDatabase& database, const MigrationPlan& plan,
+              const std::function<Expected<void, StoreError>()>& beforeMigration);
 
 } // namespace trovell

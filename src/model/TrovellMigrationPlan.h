@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// All schemas the store ever had and the way between them. A version 2 adds its schema at the end
-// and a stage from version 1.
+// All schemas the store ever had and the way between them. A new version adds its schema at the end
+// and a stage from the one before.
 #pragma once
 
 #include "model/VersionedSchema.h"

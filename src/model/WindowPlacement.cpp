@@ -99,10 +99,11 @@ DisplayFingerprint WindowPlacement::savedDisplayFingerprint() const
 
 std::unique_ptr<WindowPlacement> WindowPlacement::duplicate() const
 {
-    return std::make_unique<WindowPlacement>(
-        bundleIdentifier(), applicationName(), windowTitleHint(), windowRole(), windowSubrole(),
-        windowIndexHint(), savedNormalizedFrame(), savedAbsoluteFrame(), savedDisplayFingerprint(),
-        isEnabled());
+    WindowPlacementValues copy = values();
+    copy.id = QUuid::createUuid();
+    copy.displayFingerprintData = encodeFingerprint(savedDisplayFingerprint());
+    setFrames(copy, savedNormalizedFrame(), savedAbsoluteFrame().normalized());
+    return std::make_unique<WindowPlacement>(std::move(copy));
 }
 
 } // namespace trovell

@@ -40,6 +40,20 @@ struct WindowPlacementValues {
     QByteArray displayFingerprintData = {};
     /// A disabled placement is ignored by restore.
     bool isEnabled = true;
+    /// Where it lay among the virtual desktops, counted from 0; none where there are none, and for
+    /// a window on all of them.
+    std::optional<qint64> virtualDesktopIndex = {};
+    std::optional<QString> virtualDesktopName = {};
+    bool isOnAllDesktops = false;
+    /// See `storedStates`; none where they were not remembered.
+    std::optional<QString> windowStates = {};
+    /// 0 is the bottom; only the order counts.
+    std::optional<qint64> stackingIndex = {};
+    // What is to come back of that.
+    bool restoresDesktop = true;
+    bool restoresState = true;
+    /// Its application opens another window when it has too few.
+    bool opensMissingWindow = false;
 
     bool operator==(const WindowPlacementValues&) const = default;
 };
@@ -75,6 +89,9 @@ public:
     [[nodiscard]] double absoluteHeight() const { return values().absoluteHeight; }
     [[nodiscard]] const QByteArray& displayFingerprintData() const;
     [[nodiscard]] bool isEnabled() const { return values().isEnabled; }
+    [[nodiscard]] bool restoresDesktop() const { return values().restoresDesktop; }
+    [[nodiscard]] bool restoresState() const { return values().restoresState; }
+    [[nodiscard]] bool opensMissingWindow() const { return values().opensMissingWindow; }
 
     void setBundleIdentifier(const QString& id) { write(&Values::bundleIdentifier, id); }
     void setApplicationName(const QString& name) { write(&Values::applicationName, name); }
@@ -92,6 +109,9 @@ public:
     void setAbsoluteHeight(double height) { write(&Values::absoluteHeight, height); }
     void setDisplayFingerprintData(const QByteArray& data);
     void setIsEnabled(bool isEnabled) { write(&Values::isEnabled, isEnabled); }
+    void setRestoresDesktop(bool restores) { write(&Values::restoresDesktop, restores); }
+    void setRestoresState(bool restores) { write(&Values::restoresState, restores); }
+    void setOpensMissingWindow(bool opens) { write(&Values::opensMissingWindow, opens); }
 
     /// The workspace it was appended to; null before.
     [[nodiscard]] TrovellWorkspace* workspace() const { return owner(); }

@@ -34,6 +34,12 @@ struct WorkspaceItemValues {
     bool isEnabled = true;
     /// UTC.
     QDateTime createdAt = QDateTime::currentDateTimeUtc();
+    /// Applications only: what they are started with, as in a shell, and the folder they work in.
+    std::optional<QString> arguments = {};
+    std::optional<QString> workingFolder = {};
+    /// Files, folders and links: the identifier of the application that opens them, if it is not
+    /// the default one.
+    std::optional<QString> openWith = {};
 
     bool operator==(const WorkspaceItemValues&) const = default;
 };

@@ -5,6 +5,8 @@
 #include "model/StoreFiles.h"
 #include "model/StoreSchema.h"
 
+#include <QFile>
+
 namespace trovell {
 
 namespace {
@@ -43,20 +45,41 @@ Result checkWritable(SqliteDatabase& database)
                             QByteArray::number(*version) + "; ROLLBACK;");
 }
 
-Expected<std::unique_ptr<SqliteDatabase>, StoreError> openDatabase(const QString& path,
+/// An older store stays beside the migrated one until that has been opened once more.
+Result keepCopy(SqliteDatabase& database, const StoreFiles& files)
+{
+    QByteArray path = QFile::encodeName(files.copyPath());
+    const Result copied = files.prepareCopy().and_then(
+        [&] { return database.execute("VACUUM INTO '" + path.replace('\'', "''") + '\''); });
+    if (copied)
+        files.synchronizeCopy();
+    else
+        files.removeCopy();
+    return copied;
+}
+
+Expected<std::unique_ptr<SqliteDatabase>, StoreError> openDatabase(const StoreFiles& files,
                                                                    const StoreOptions& options)
 {
-    auto database = SqliteDatabase::open(path, options.vfsName);
+    auto database = SqliteDatabase::open(files.storePath(), options.vfsName);
     if (!database)
         return database;
     (*database)->readAhead();
+    bool isMigrated = false;
+    const auto beforeMigration = [&] {
+        isMigrated = true;
+        return keepCopy(**database, files);
+    };
     const Result ready =
         lock(**database)
             .and_then([&] { return configure(**database, options.isDurable); })
-            .and_then([&] { return prepareSchema(**database, options.migrationPlan); })
+            .and_then(
+                [&] { return prepareSchema(**database, options.migrationPlan, beforeMigration); })
             .and_then([&] { return checkWritable(**database); });
     if (!ready)
         return Unexpected<StoreError>(ready.error());
+    if (!isMigrated)
+        files.removeCopy();
     return database;
 }
 
@@ -68,7 +91,7 @@ Expected<PreparedStore, StoreError> WorkspaceStore::prepare(const QString& folde
     const StoreFiles files(folder);
     if (const Result prepared = files.prepare(); !prepared)
         return Unexpected<StoreError>(prepared.error());
-    auto database = openDatabase(files.storePath(), options);
+    auto database = openDatabase(files, options);
     if (!database)
         return Unexpected<StoreError>(database.error());
     files.markAsCreated();

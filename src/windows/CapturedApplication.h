@@ -5,6 +5,7 @@
 #pragma once
 
 #include "display/DisplaySnapshot.h"
+#include "windows/WindowPlacementSnapshot.h"
 
 #include <QList>
 #include <QRectF>
@@ -31,6 +32,13 @@ struct CapturedWindow {
     /// Screen coordinates: points, origin at the bottom left of the primary display, y upward.
     QRectF frame;
     DisplaySnapshot display;
+    WindowStates states = {};
+    /// None where the desktop has none or does not tell.
+    std::optional<SavedDesktop> virtualDesktop = {};
+    /// Among all windows of the desktop, 0 at the bottom.
+    std::optional<qint64> stackingIndex = {};
+    /// It is one of several of its application.
+    bool hasSiblings = false;
     bool isIncluded = true;
 
     bool operator==(const CapturedWindow& other) const;

@@ -2,11 +2,24 @@
 
 #include "windows/StoredForms.h"
 
+#include <QStringList>
+
 #include <algorithm>
 
 namespace trovell {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::pair<WindowState, QLatin1StringView> stateWords[] = {
+    {WindowState::maximizedHorizontally, "maximizedHorizontally"_L1},
+    {WindowState::maximizedVertically, "maximizedVertically"_L1},
+    {WindowState::fullScreen, "fullScreen"_L1},
+    {WindowState::shaded, "shaded"_L1},
+    {WindowState::above, "above"_L1}};
+
+} // namespace
 
 QString storedRole()
 {
@@ -26,6 +39,25 @@ QString storedSubrole(WindowKind kind)
         return u"AXSystemDialog"_s;
     }
     return {};
+}
+
+QString storedStates(WindowStates states)
+{
+    QStringList words;
+    for (const auto& [state, word] : stateWords) {
+        if (states & state)
+            words.append(word);
+    }
+    return words.join(u' ');
+}
+
+WindowStates statesFromStored(const QString& words)
+{
+    WindowStates states;
+    const QStringList known = words.split(u' ');
+    for (const auto& [state, word] : stateWords)
+        states.setFlag(state, known.contains(word));
+    return states;
 }
 
 StoredDisplays::StoredDisplays(const QList<Display>& displays)

@@ -19,6 +19,10 @@ namespace trovell {
 /// The role that every window is stored with.
 [[nodiscard]] QString storedRole();
 [[nodiscard]] QString storedSubrole(WindowKind kind);
+/// The states that a saved window can come back in, as words with blanks between them.
+[[nodiscard]] QString storedStates(WindowStates states);
+/// Words that it does not know are passed over.
+[[nodiscard]] WindowStates statesFromStored(const QString& words);
 
 /// All displays of a desktop as they are stored.
 class StoredDisplays {

@@ -17,20 +17,45 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+std::optional<SavedDesktop> savedDesktop(const DesktopWindow& window)
+{
+    if (window.isOnAllDesktops)
+        return SavedDesktop{.isAll = true};
+    if (window.virtualDesktop)
+        return SavedDesktop{.index = *window.virtualDesktop};
+    return std::nullopt;
+}
+
 CapturedWindow makeCapturedWindow(const CapturedApplication& application,
                                   const DesktopWindow& window, qint64 index,
                                   const QRectF& storedFrame, const DisplaySnapshot& display)
 {
     const bool hasTitle = window.title && !window.title->isEmpty();
-    return {QUuid::createUuid(),
-            application.bundleIdentifier,
-            application.applicationName,
-            hasTitle ? window.title : std::nullopt,
-            storedRole(),
-            storedSubrole(window.kind),
-            index,
-            storedFrame,
-            display};
+    return {.id = QUuid::createUuid(),
+            .bundleIdentifier = application.bundleIdentifier,
+            .applicationName = application.applicationName,
+            .windowTitle = hasTitle ? window.title : std::nullopt,
+            .role = storedRole(),
+            .subrole = storedSubrole(window.kind),
+            .windowIndex = index,
+            .frame = storedFrame,
+            .display = display,
+            .states = window.states,
+            .virtualDesktop = savedDesktop(window),
+            .stackingIndex = window.stackingPosition < 0
+                                 ? std::nullopt
+                                 : std::optional<qint64>(window.stackingPosition)};
+}
+
+/// The names that desktops had at the time of the capture.
+void nameDesktops(QList<CapturedApplication>& applications, const QStringList& names)
+{
+    for (CapturedApplication& application : applications) {
+        for (CapturedWindow& window : application.windows) {
+            if (window.virtualDesktop && !window.virtualDesktop->isAll)
+                window.virtualDesktop->name = names.value(window.virtualDesktop->index);
+        }
+    }
 }
 
 /// Whether it is for the user to choose, and not the program itself.
@@ -65,6 +90,7 @@ WindowCaptureService::Capture makeCapture(const DesktopSnapshot& desktop,
         if (!application.windows.isEmpty())
             captured.append(std::move(application));
     }
+    nameDesktops(captured, desktop.virtualDesktopNames);
     sortByName(captured);
     if (captured.isEmpty() && !allowEmpty)
         return Unexpected(WindowServiceError::noWindows);
@@ -88,6 +114,8 @@ CapturedApplication makeCapturedApplication(const RunningApplication& applicatio
         if (const auto display = displayContaining(frame, displays.snapshots()))
             captured.windows.append(makeCapturedWindow(captured, window, index, frame, *display));
     }
+    for (CapturedWindow& window : captured.windows)
+        window.hasSiblings = captured.windows.size() > 1;
     return captured;
 }
 

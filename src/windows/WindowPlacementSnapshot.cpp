@@ -4,6 +4,7 @@
 
 #include "display/Rectangle.h"
 #include "model/WindowPlacement.h"
+#include "windows/StoredForms.h"
 
 namespace trovell {
 
@@ -21,16 +22,26 @@ bool WindowPlacementSnapshot::operator==(const WindowPlacementSnapshot& other) c
 
 WindowPlacementSnapshot makeSnapshot(const WindowPlacement& placement)
 {
-    return {placement.id(),
-            placement.bundleIdentifier(),
-            placement.applicationName(),
-            placement.windowTitleHint(),
-            placement.windowRole(),
-            placement.windowSubrole(),
-            placement.windowIndexHint(),
-            placement.savedNormalizedFrame(),
-            placement.savedAbsoluteFrame(),
-            placement.savedDisplayFingerprint()};
+    const WindowPlacementValues& values = placement.values();
+    WindowPlacementSnapshot snapshot{placement.id(),
+                                     placement.bundleIdentifier(),
+                                     placement.applicationName(),
+                                     placement.windowTitleHint(),
+                                     placement.windowRole(),
+                                     placement.windowSubrole(),
+                                     placement.windowIndexHint(),
+                                     placement.savedNormalizedFrame(),
+                                     placement.savedAbsoluteFrame(),
+                                     placement.savedDisplayFingerprint()};
+    if (values.windowStates && values.restoresState)
+        snapshot.states = statesFromStored(*values.windowStates);
+    if (values.restoresDesktop && (values.virtualDesktopIndex || values.isOnAllDesktops))
+        snapshot.virtualDesktop =
+            SavedDesktop{int(values.virtualDesktopIndex.value_or(0)),
+                         values.virtualDesktopName.value_or(QString()), values.isOnAllDesktops};
+    snapshot.stackingIndex = values.stackingIndex;
+    snapshot.opensMissingWindow = values.opensMissingWindow;
+    return snapshot;
 }
 
 } // namespace trovell

@@ -143,8 +143,10 @@ QCoro::Task<> WindowRestoreService::endRun(std::shared_ptr<RestoreRun> run)
 {
     run->isOver = true;
     const QList<WindowId> order = savedOrder(*run);
-    auto stacking = order.size() > 1 ? m_windowSystem.restack(order) : QtFuture::makeReadyFuture();
-    co_await stacking;
+    if (order.size() > 1) {
+        auto stacking = m_windowSystem.restack(order);
+        co_await stacking;
+    }
     if (const auto desktop = desktopToShow(*run)) {
         auto showing = m_windowSystem.showVirtualDesktop(*desktop);
         co_await showing;

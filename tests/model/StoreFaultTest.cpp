@@ -72,11 +72,14 @@ private Q_SLOTS:
     void survivesEveryFault();
 
 private:
-    /// A folder that is empty or holds a copy of the store made at the beginning.
-    [[nodiscard]] std::unique_ptr<QTemporaryDir> makeFolder(bool isNew) const;
+    enum class Kind { newStore, store, version1 };
+
+    /// A folder that is empty or holds a copy of a store made before.
+    [[nodiscard]] std::unique_ptr<QTemporaryDir> makeFolder(Kind kind) const;
 
     QTemporaryDir m_original;
     StoreContents m_originalContents;
+    StoreContents m_version1Contents;
 };
 
 void StoreFaultTest::initTestCase()
@@ -87,14 +90,20 @@ void StoreFaultTest::initTestCase()
             store->mainContext().insert(makeWorkspace(u"Work"_s, index, 5));
     }
     m_originalContents = storedContents(m_original.path());
+    m_version1Contents = storedContents(makeFolder(Kind::version1)->path());
 }
 
-std::unique_ptr<QTemporaryDir> StoreFaultTest::makeFolder(bool isNew) const
+std::unique_ptr<QTemporaryDir> StoreFaultTest::makeFolder(Kind kind) const
 {
     auto folder = std::make_unique<QTemporaryDir>();
-    if (!isNew)
-        QFile::copy(StoreFiles(m_original.path()).storePath(),
-                    StoreFiles(folder->path()).storePath());
+    const QString original = kind == Kind::version1
+                                 ? QFINDTESTDATA("../../tests/model/data/version1.store")
+                                 : StoreFiles(m_original.path()).storePath();
+    const QString path = StoreFiles(folder->path()).storePath();
+    if (kind != Kind::newStore &&
+        (!QFile::copy(original, path) ||
+         !QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner)))
+        qFatal("%s", qPrintable(original));
     return folder;
 }
 
@@ -102,11 +111,13 @@ void StoreFaultTest::survivesEveryFault_data()
 {
     QTest::addColumn<int>("fault");
     QTest::addColumn<int>("failureCount");
-    QTest::addColumn<bool>("isNew");
+    QTest::addColumn<int>("kind");
     const auto addRows = [](const char* name, Fault fault, int failureCount) {
-        for (const bool isNew : {false, true})
-            QTest::addRow("%s, %s store", name, isNew ? "new" : "old")
-                << static_cast<int>(fault) << failureCount << isNew;
+        for (const auto& [kindName, kind] :
+             {std::pair("a new store", Kind::newStore), std::pair("a store", Kind::store),
+              std::pair("one of version 1", Kind::version1)})
+            QTest::addRow("%s, %s", name, kindName)
+                << static_cast<int>(fault) << failureCount << static_cast<int>(kind);
     };
     addRows("one failure", Fault::failure, 1);
     addRows("failures from then on", Fault::failure, StoreFaultVfs::forEver);
@@ -118,13 +129,15 @@ void StoreFaultTest::survivesEveryFault()
 {
     QFETCH(int, fault);
     QFETCH(int, failureCount);
-    QFETCH(bool, isNew);
+    QFETCH(int, kind);
+    const StoreContents contentsBefore = std::array{
+        StoreContents(), m_originalContents, m_version1Contents}[static_cast<std::size_t>(kind)];
     int faultCount = 0;
     int failedSaves = 0;
     for (bool hasFired = true; hasFired; faultCount += hasFired) {
-        const auto folder = makeFolder(isNew);
+        const auto folder = makeFolder(static_cast<Kind>(kind));
         StoreFaultVfs vfs;
-        Session session{.acknowledged = isNew ? StoreContents() : m_originalContents};
+        Session session{.acknowledged = contentsBefore};
         vfs.arm(static_cast<Fault>(fault), faultCount + 1, failureCount);
         session.run(folder->path(), vfs);
         hasFired = vfs.hasFired();

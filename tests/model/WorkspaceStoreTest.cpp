@@ -2,11 +2,12 @@
 
 #include "model/WorkspaceStore.h"
 #include "model/StoreFiles.h"
-#include "model/TrovellSchemaV1.h"
+#include "model/TrovellMigrationPlan.h"
 
 #include "lab/Files.h"
 #include "support/StoreContents.h"
 #include "support/StoreFaultVfs.h"
+#include "windows/WindowPlacementSnapshot.h"
 
 #include <QFileInfo>
 #include <QTemporaryDir>
@@ -33,21 +34,23 @@ void execute(const QString& path, const QByteArray& sql)
         qFatal("%s", sql.constData());
 }
 
-/// A version 2 that adds a column and a table.
-MigrationPlan planWithVersion2()
+/// A version 3 that adds a column and a table.
+MigrationPlan planWithVersion3()
 {
-    VersionedSchema second = TrovellSchemaV1::schema();
-    second.version = QVersionNumber(2, 0, 0);
+    MigrationPlan plan = TrovellMigrationPlan::plan();
+    VersionedSchema third = plan.schemas.last();
+    third.version = QVersionNumber(3, 0, 0);
     const QByteArray table = "CREATE TABLE Tag(position INTEGER PRIMARY KEY, name TEXT NOT NULL,"
                              " checksum INTEGER NOT NULL) STRICT";
     const QByteArray index = "CREATE INDEX WorkspaceBySymbol ON TrovellWorkspace(symbolName)";
-    second.models.append(u"Tag"_s);
-    second.statements += {table, index};
-    const MigrationStage stage{
-        QVersionNumber(1, 0, 0),
-        QVersionNumber(2, 0, 0),
-        {table, index, "INSERT INTO Tag(name, checksum) VALUES('new', row_checksum('new'))"}};
-    return {{TrovellSchemaV1::schema(), second}, {stage}};
+    third.models.append(u"Tag"_s);
+    third.statements += {table, index};
+    plan.schemas.append(third);
+    plan.stages.append(
+        {QVersionNumber(2, 0, 0),
+         QVersionNumber(3, 0, 0),
+         {table, index, "INSERT INTO Tag(name, checksum) VALUES('new', row_checksum('new'))"}});
+    return plan;
 }
 
 } // namespace
@@ -64,6 +67,7 @@ private Q_SLOTS:
     void refusesAFullDisk();
     void refusesUnknownVersions();
     void migratesAllOrNothing();
+    void readsStoresOfVersion1();
 
 private:
     /// Also checks that a refusal changes nothing.
@@ -161,14 +165,14 @@ void WorkspaceStoreTest::refusesAFullDisk()
 void WorkspaceStoreTest::refusesUnknownVersions()
 {
     makeStore();
-    for (const char* version : {"2000000", "1000001", "999999", "0", "-1"}) {
+    for (const char* version : {"3000000", "1000001", "999999", "0", "-1"}) {
         execute(m_path, QByteArray("PRAGMA user_version=") + version);
         QCOMPARE(openingError(), StoreError::unknownSchema);
     }
-    execute(m_path, "PRAGMA user_version=1000000");
+    execute(m_path, "PRAGMA user_version=2000000");
     QCOMPARE(openingError(), std::nullopt);
 
-    MigrationPlan plan = planWithVersion2();
+    MigrationPlan plan = planWithVersion3();
     plan.stages.clear();
     QCOMPARE(openingError({.migrationPlan = plan}), StoreError::unknownSchema);
 }
@@ -178,18 +182,63 @@ void WorkspaceStoreTest::migratesAllOrNothing()
     makeStore();
     const StoreContents contents = storedContents(m_folder);
     // A stage that does not arrive at its schema, and one that breaks off.
-    MigrationPlan plan = planWithVersion2();
-    plan.stages.first().statements.removeAt(1);
+    MigrationPlan plan = planWithVersion3();
+    plan.stages.last().statements.removeAt(1);
     QCOMPARE(openingError({.migrationPlan = plan}), StoreError::damaged);
-    plan.stages.first().statements.append("INSERT INTO Nowhere VALUES(1)");
+    plan.stages.last().statements.append("INSERT INTO Nowhere VALUES(1)");
     QCOMPARE(openingError({.migrationPlan = plan}), StoreError::damaged);
     QCOMPARE(storedContents(m_folder), contents);
 
-    const StoreOptions options{.migrationPlan = planWithVersion2()};
+    const StoreOptions options{.migrationPlan = planWithVersion3()};
     for (const bool isMigrated : {false, true})
         QVERIFY2(contentsOf(openStore(m_folder, options)->mainContext()) == contents,
                  isMigrated ? "again" : "at first");
     QCOMPARE(openingError(), StoreError::unknownSchema);
+}
+
+void WorkspaceStoreTest::readsStoresOfVersion1()
+{
+    // As the program wrote it before it remembered more of a window than its frame.
+    const QByteArray stored = readFile(QFINDTESTDATA("../../tests/model/data/version1.store"));
+    const QString copy = StoreFiles(m_folder).copyPath();
+    writeFile(m_path, stored);
+    {
+        const auto store = openStore(m_folder);
+        const QList<TrovellWorkspace*> workspaces = store->mainContext().workspaces();
+        QCOMPARE(workspaces.size(), 3);
+        for (const TrovellWorkspace* workspace : workspaces) {
+            const auto same = makeWorkspace(workspace->name(), workspace->sortOrder(), 3);
+            const auto items = workspace->sortedItems();
+            const auto placements = workspace->sortedPlacements();
+            QCOMPARE(items.size(), 3);
+            QCOMPARE(placements.size(), 3);
+            for (qsizetype index = 0; index < 3; ++index) {
+                WorkspaceItemValues item = same->sortedItems().at(index)->values();
+                item.id = items.at(index)->id();
+                item.createdAt = items.at(index)->createdAt();
+                QCOMPARE(items.at(index)->values(), item);
+                WindowPlacementValues placement = same->sortedPlacements().at(index)->values();
+                placement.id = placements.at(index)->id();
+                QCOMPARE(placements.at(index)->values(), placement);
+                // It comes back as it did then.
+                const auto snapshot = makeSnapshot(*placements.at(index));
+                QVERIFY(!snapshot.states && !snapshot.virtualDesktop && !snapshot.stackingIndex);
+            }
+        }
+        QCOMPARE(QFile::permissions(copy), privateFile);
+    }
+    // What it was before stays until the new one has proved itself.
+    const QString before = m_directory->filePath(u"before"_s);
+    QDir().mkpath(before);
+    QVERIFY(QFile::copy(copy, StoreFiles(before).storePath()));
+    const StoreContents contents = storedContents(m_folder);
+    QVERIFY(!QFile::exists(copy));
+    QCOMPARE(storedContents(before), contents);
+
+    // Without room for the copy nothing is changed.
+    writeFile(m_path, stored);
+    QDir().mkpath(copy);
+    QVERIFY(openingError());
 }
 
 QTEST_GUILESS_MAIN(WorkspaceStoreTest)

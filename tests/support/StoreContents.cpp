@@ -68,6 +68,11 @@ WorkspaceItemValues itemValues(int index)
         values.bundleIdentifier = QString();
     if (index % 4 == 2)
         values.applicationPath = u"/usr/share/applications/thing.desktop"_s;
+    if (index > 2) {
+        values.arguments = u"--new 'two words'"_s;
+        values.workingFolder = u"/srv/ünï"_s;
+        values.openWith = u"org.example.Viewer"_s;
+    }
     return values;
 }
 
@@ -80,7 +85,18 @@ std::unique_ptr<WindowPlacement> makePlacement(int index)
         std::nullopt, index, NormalizedFrame{0.1, -0.0, 1.0 / 3, index * 1.5},
         QRectF(-1e9 / 7, 1e-300, 640, 480.5), display, true);
     placement->setAbsoluteX(index == 1 ? std::numeric_limits<double>::infinity() : 3);
-    return placement;
+    if (index < 3)
+        return placement;
+    WindowPlacementValues values = placement->values();
+    values.virtualDesktopIndex = index;
+    values.virtualDesktopName = u"Mail ✉"_s;
+    values.isOnAllDesktops = index % 2 == 0;
+    values.windowStates = u"fullScreen above"_s;
+    values.stackingIndex = -index;
+    values.restoresDesktop = index % 2 == 1;
+    values.restoresState = index % 2 == 0;
+    values.opensMissingWindow = true;
+    return std::make_unique<WindowPlacement>(values);
 }
 
 } // namespace
