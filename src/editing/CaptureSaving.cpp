@@ -17,7 +17,7 @@ using Items = QList<EditableWorkspaceItem>;
 EditableWorkspaceItem launchItem(const CapturedApplication& application, const QUrl& url,
                                  const ResourceSystem& resources)
 {
-    return {.id = QUuid::createUuid(),
+    return {.id = makeRecordId(),
             .type = WorkspaceItemType::application,
             .displayName = application.applicationName,
             .urlString = url.toString(QUrl::FullyEncoded),

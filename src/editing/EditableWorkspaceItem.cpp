@@ -55,7 +55,7 @@ EditableWorkspaceItem editableItem(const WorkspaceItem& item)
 EditableWorkspaceItem editableItem(const QUrl& url, WorkspaceItemType type,
                                    const ResourceSystem& resources)
 {
-    EditableWorkspaceItem item{.id = QUuid::createUuid(),
+    EditableWorkspaceItem item{.id = makeRecordId(),
                                .type = type,
                                .displayName = webDisplayName(url),
                                .urlString = url.toString(QUrl::FullyEncoded)};

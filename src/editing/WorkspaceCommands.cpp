@@ -32,7 +32,7 @@ WorkspaceValues copiedValues(const TrovellWorkspace& source, qint64 sortOrder)
 std::unique_ptr<WorkspaceItem> copyOf(const WorkspaceItem& item)
 {
     WorkspaceItemValues values = item.values();
-    values.id = QUuid::createUuid();
+    values.id = makeRecordId();
     values.createdAt = QDateTime::currentDateTimeUtc();
     return std::make_unique<WorkspaceItem>(std::move(values));
 }
@@ -40,7 +40,7 @@ std::unique_ptr<WorkspaceItem> copyOf(const WorkspaceItem& item)
 std::unique_ptr<WindowPlacement> copyOf(const WindowPlacement& placement)
 {
     WindowPlacementValues values = placement.values();
-    values.id = QUuid::createUuid();
+    values.id = makeRecordId();
     return std::make_unique<WindowPlacement>(std::move(values));
 }
 

@@ -67,18 +67,15 @@ int createFile(const QString& path, std::string_view content)
     return error;
 }
 
-void synchronize(const QString& path, int flags)
+/// A file or a folder. The system's error, or 0 when the disk holds it.
+int synchronize(const QString& path)
 {
-    const int descriptor = ::open(QFile::encodeName(path).constData(), flags | O_CLOEXEC);
+    const int descriptor = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
     if (descriptor < 0)
-        return;
-    ::fsync(descriptor);
+        return errno;
+    const int error = ::fsync(descriptor) == 0 ? 0 : errno;
     ::close(descriptor);
-}
-
-void synchronizeFolder(const QString& folder)
-{
-    synchronize(folder, O_RDONLY | O_DIRECTORY);
+    return error;
 }
 
 } // namespace
@@ -123,7 +120,7 @@ Expected<void, StoreError> StoreFiles::createStoreFile() const
     // in the middle of creating the new one would look like damage.
     if (QFile::exists(markerPath()) && !QFile::remove(markerPath()))
         return Unexpected<StoreError>(StoreError::readOnly);
-    synchronizeFolder(m_folder);
+    synchronize(m_folder);
     if (const int error = createFile(storePath(), {}))
         return systemError(error);
     return {};
@@ -142,10 +139,13 @@ Expected<void, StoreError> StoreFiles::prepareCopy() const
     return {};
 }
 
-void StoreFiles::synchronizeCopy() const
+Expected<void, StoreError> StoreFiles::synchronizeCopy() const
 {
-    synchronize(copyPath(), O_RDONLY);
-    synchronizeFolder(m_folder);
+    for (const QString& path : {copyPath(), m_folder}) {
+        if (const int error = synchronize(path))
+            return systemError(error);
+    }
+    return {};
 }
 
 void StoreFiles::removeCopy() const
@@ -158,7 +158,7 @@ void StoreFiles::markAsCreated() const
     if (QFile::exists(markerPath()))
         return;
     createFile(markerPath(), markerText);
-    synchronizeFolder(m_folder);
+    synchronize(m_folder);
 }
 
 } // namespace trovell

@@ -36,7 +36,7 @@ public:
     /// An empty file for it, private like the store.
     [[nodiscard]] Expected<void, StoreError> prepareCopy() const;
     /// Returns once the copy is on the disk.
-    void synchronizeCopy() const;
+    [[nodiscard]] Expected<void, StoreError> synchronizeCopy() const;
     /// Nothing if there is none.
     void removeCopy() const;
 

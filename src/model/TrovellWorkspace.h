@@ -5,6 +5,7 @@
 #pragma once
 
 #include "model/Record.h"
+#include "model/RecordId.h"
 #include "model/ShortcutDefinition.h"
 #include "model/ToMany.h"
 #include "model/WindowPlacement.h"
@@ -19,7 +20,7 @@ namespace trovell {
 using namespace Qt::StringLiterals;
 
 struct WorkspaceValues {
-    QUuid id = QUuid::createUuid();
+    QUuid id = makeRecordId();
     QString name = {};
     /// Name of the symbol shown beside the workspace.
     QString symbolName = u"rectangle.3.group"_s;

@@ -100,7 +100,7 @@ DisplayFingerprint WindowPlacement::savedDisplayFingerprint() const
 std::unique_ptr<WindowPlacement> WindowPlacement::duplicate() const
 {
     WindowPlacementValues copy = values();
-    copy.id = QUuid::createUuid();
+    copy.id = makeRecordId();
     copy.displayFingerprintData = encodeFingerprint(savedDisplayFingerprint());
     setFrames(copy, savedNormalizedFrame(), savedAbsoluteFrame().normalized());
     return std::make_unique<WindowPlacement>(std::move(copy));

@@ -6,6 +6,7 @@
 #include "display/DisplayFingerprint.h"
 #include "display/NormalizedFrame.h"
 #include "model/Record.h"
+#include "model/RecordId.h"
 
 #include <QByteArray>
 #include <QRectF>
@@ -16,7 +17,7 @@
 namespace trovell {
 
 struct WindowPlacementValues {
-    QUuid id = QUuid::createUuid();
+    QUuid id = makeRecordId();
     /// The application that owns the window.
     QString bundleIdentifier = {};
     /// As it was called at capture time.

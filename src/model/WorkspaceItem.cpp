@@ -52,7 +52,7 @@ void WorkspaceItem::setApplicationPath(const std::optional<QString>& path)
 std::unique_ptr<WorkspaceItem> WorkspaceItem::duplicate(std::optional<qint64> sortOrder) const
 {
     WorkspaceItemValues copy = values();
-    copy.id = QUuid::createUuid();
+    copy.id = makeRecordId();
     copy.createdAt = QDateTime::currentDateTimeUtc();
     copy.typeRawValue = rawValue(type());
     copy.sortOrder = sortOrder.value_or(copy.sortOrder);

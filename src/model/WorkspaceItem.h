@@ -4,6 +4,7 @@
 #pragma once
 
 #include "model/Record.h"
+#include "model/RecordId.h"
 #include "model/WorkspaceItemType.h"
 
 #include <QByteArray>
@@ -15,7 +16,7 @@
 namespace trovell {
 
 struct WorkspaceItemValues {
-    QUuid id = QUuid::createUuid();
+    QUuid id = makeRecordId();
     /// Raw value of a `WorkspaceItemType`.
     QString typeRawValue = {};
     /// Shown in lists and launch reports.

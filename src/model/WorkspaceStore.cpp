@@ -49,11 +49,12 @@ Result checkWritable(SqliteDatabase& database)
 Result keepCopy(SqliteDatabase& database, const StoreFiles& files)
 {
     QByteArray path = QFile::encodeName(files.copyPath());
-    const Result copied = files.prepareCopy().and_then(
-        [&] { return database.execute("VACUUM INTO '" + path.replace('\'', "''") + '\''); });
-    if (copied)
-        files.synchronizeCopy();
-    else
+    Result copied =
+        files.prepareCopy()
+            .and_then(
+                [&] { return database.execute("VACUUM INTO '" + path.replace('\'', "''") + '\''); })
+            .and_then([&] { return files.synchronizeCopy(); });
+    if (!copied)
         files.removeCopy();
     return copied;
 }
