@@ -6,7 +6,10 @@
 #include "StoreProbe.h"
 #include "StoreWorkload.h"
 
+#include "model/StoreFiles.h"
+
 #include <QCoreApplication>
+#include <QFile>
 #include <QTemporaryDir>
 
 namespace trovell::bench {
@@ -187,6 +190,27 @@ void measureSaving(Report& report, const Stores& stores, bool isDurable)
         report.fail(u"Some saves"_s);
 }
 
+/// Opening a store in the first form of the schema for the first time.
+void measureMigration(Report& report, const Stores& stores, const QString& formerFolder)
+{
+    if (!createVersion1Store(formerFolder, stores.large))
+        return report.fail(u"Creating a store to migrate"_s);
+    const StoreFiles former(formerFolder);
+    Samples seconds;
+    for (int round = 0; round < probeRounds; ++round) {
+        const QTemporaryDir folder(formerFolder + u"-XXXXXX"_s);
+        QFile::copy(former.storePath(), StoreFiles(folder.path()).storePath());
+        bool isOpen = false;
+        seconds.push_back(secondsOf([&] { isOpen = openStore(folder.path()).has_value(); }));
+        if (!isOpen)
+            return report.fail(u"Migrating a store"_s);
+    }
+    report.add({.what = u"Opening a store of an older version, which migrates it"_s,
+                .trovell = formatSpread(seconds),
+                .budget = u"< 1 s"_s,
+                .isMet = median(seconds) < 1});
+}
+
 } // namespace
 
 void measureStore(Report& report)
@@ -203,6 +227,7 @@ void measureStore(Report& report)
     if (!createStore(stores.large, largeCount) || !createStore(stores.small, smallCount))
         return report.fail(u"Creating the stores"_s);
     measureOpening(report, stores);
+    measureMigration(report, stores, folder.filePath(u"former"_s));
     measureSaving(report, stores, false);
     measureSaving(report, stores, true);
 }

@@ -4,6 +4,9 @@
 
 #include "Titles.h"
 
+#include "model/StoreFiles.h"
+#include "model/TrovellSchemaV1.h"
+
 namespace trovell::bench {
 
 using namespace Qt::StringLiterals;
@@ -45,6 +48,18 @@ std::unique_ptr<TrovellWorkspace> makeWorkspace(int number)
     return workspace;
 }
 
+/// All columns of version 1 but the position and the checksum.
+QByteArray attributesOf(SqliteDatabase& database, const QByteArray& table)
+{
+    QByteArray columns;
+    SqliteStatement query =
+        database.statement("SELECT group_concat(name) FROM pragma_table_info('" + table +
+                           "') WHERE name NOT IN ('position', 'checksum')");
+    if (query.step().value_or(false))
+        query.read(columns);
+    return columns;
+}
+
 } // namespace
 
 Expected<std::unique_ptr<WorkspaceStore>, StoreError> openStore(const QString& folder,
@@ -63,6 +78,25 @@ bool createStore(const QString& folder, int workspaceCount)
     for (int number = 0; number < workspaceCount; ++number)
         context.insert(makeWorkspace(number));
     return context.save().has_value();
+}
+
+bool createVersion1Store(const QString& folder, const QString& contentFolder)
+{
+    const VersionedSchema schema = TrovellSchemaV1::schema();
+    const auto store = WorkspaceStore::prepare(folder, {.migrationPlan = {{schema}, {}}});
+    if (!store)
+        return false;
+    SqliteDatabase& database = *store->database;
+    const QString content = StoreFiles(contentFolder).storePath();
+    bool isCreated = database.execute("ATTACH '" + content.toUtf8() + "' AS content").has_value();
+    for (const QString& model : schema.models) {
+        const QByteArray table = model.toUtf8();
+        const QByteArray columns = attributesOf(database, table);
+        isCreated = isCreated &&
+                    database.execute("INSERT INTO main." + table + " SELECT position," + columns +
+                                     ",row_checksum(" + columns + ") FROM content." + table);
+    }
+    return isCreated;
 }
 
 std::unique_ptr<WindowPlacement> makeSamplePlacement(int index)

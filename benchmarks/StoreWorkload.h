@@ -21,6 +21,9 @@ openStore(const QString& folder, bool isDurable = true);
 /// Creates a store with that many workspaces, of 20 items and 20 placements each.
 [[nodiscard]] bool createStore(const QString& folder, int workspaceCount);
 
+/// Creates one in the first form of the schema, with the content of a store.
+[[nodiscard]] bool createVersion1Store(const QString& folder, const QString& contentFolder);
+
 [[nodiscard]] std::unique_ptr<WindowPlacement> makeSamplePlacement(int index);
 
 } // namespace trovell::bench

@@ -29,6 +29,7 @@ private Q_SLOTS:
     void sortsStably();
     void duplicatesRecords();
     void findsShortcutConflicts();
+    void makesIdsThatFollowTheClock();
 };
 
 void RecordsTest::notifiesOncePerChange()
@@ -100,7 +101,8 @@ void RecordsTest::duplicatesRecords()
                                                             .sortOrder = 3,
                                                             .bookmarkData = QByteArray("mark"),
                                                             .isEnabled = false,
-                                                            .createdAt = created}));
+                                                            .createdAt = created,
+                                                            .openWith = u"org.example.Editor"_s}));
     QCOMPARE(item.type(), WorkspaceItemType::file);
     const auto copy = item.duplicate(5);
     QVERIFY(copy->id() != item.id() && copy->createdAt() > created && !copy->workspace());
@@ -114,7 +116,9 @@ void RecordsTest::duplicatesRecords()
     const WindowPlacement placement({.bundleIdentifier = u"org.example.Editor"_s,
                                      .normalizedX = .5,
                                      .displayFingerprintData = "nonsense",
-                                     .isEnabled = false});
+                                     .isEnabled = false,
+                                     .windowStates = u"above"_s,
+                                     .restoresState = false});
     const auto other = placement.duplicate();
     QVERIFY(other->id() != placement.id());
     WindowPlacementValues values = placement.values();
@@ -134,6 +138,19 @@ void RecordsTest::findsShortcutConflicts()
     QVERIFY(!shortcutConflict(*shortcuts()[1], first.id(), all));
     QVERIFY(!shortcutConflict(*shortcuts()[2], std::nullopt, all));
     QCOMPARE(choicesOf(broken).shortcutIndex, 0);
+}
+
+void RecordsTest::makesIdsThatFollowTheClock()
+{
+    const QByteArray before = QByteArray::number(QDateTime::currentMSecsSinceEpoch(), 16);
+    const QUuid id = makeRecordId();
+    const QByteArray after = QByteArray::number(QDateTime::currentMSecsSinceEpoch(), 16);
+    // The stored form begins with 48 bits of milliseconds.
+    const QByteArray milliseconds = id.toRfc4122().left(6).toHex().mid(1);
+    QVERIFY(milliseconds >= before && milliseconds <= after);
+    QCOMPARE(id.variant(), QUuid::DCE);
+    QCOMPARE(id.toString(QUuid::WithoutBraces).at(14), u'7');
+    QVERIFY(id != makeRecordId());
 }
 
 QTEST_GUILESS_MAIN(RecordsTest)

@@ -96,14 +96,11 @@ void StoreFaultTest::initTestCase()
 std::unique_ptr<QTemporaryDir> StoreFaultTest::makeFolder(Kind kind) const
 {
     auto folder = std::make_unique<QTemporaryDir>();
-    const QString original = kind == Kind::version1
-                                 ? QFINDTESTDATA("../../tests/model/data/version1.store")
-                                 : StoreFiles(m_original.path()).storePath();
-    const QString path = StoreFiles(folder->path()).storePath();
-    if (kind != Kind::newStore &&
-        (!QFile::copy(original, path) ||
-         !QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner)))
-        qFatal("%s", qPrintable(original));
+    if (kind == Kind::version1)
+        copyVersion1Store(folder->path());
+    if (kind == Kind::store)
+        QFile::copy(StoreFiles(m_original.path()).storePath(),
+                    StoreFiles(folder->path()).storePath());
     return folder;
 }
 

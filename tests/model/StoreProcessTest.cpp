@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The store against other processes: one that holds it, and one that is killed at any moment.
+#include "model/StoreFiles.h"
 #include "model/WorkspaceStore.h"
 
 #include "support/StoreContents.h"
@@ -92,9 +93,11 @@ class StoreProcessTest : public QObject {
 private Q_SLOTS:
     void refusesASecondProcess();
     void survivesBeingKilled();
+    void survivesBeingKilledWhileMigrating();
 
 private:
     void killOnce(const QString& folder, QRandomGenerator& random);
+    void kill(Child& child, const QString& folder);
     void note(const QByteArray& line);
 
     /// Digests of what the child has stored, and of what it was storing.
@@ -148,6 +151,11 @@ void StoreProcessTest::killOnce(const QString& folder, QRandomGenerator& random)
             note(child.readLine());
         QThread::usleep(random.bounded(5'000u));
     }
+    kill(child, folder);
+}
+
+void StoreProcessTest::kill(Child& child, const QString& folder)
+{
     for (const QByteArray& line : child.kill())
         note(line);
     const QByteArray stored = digestOf(storedContents(folder));
@@ -173,6 +181,28 @@ void StoreProcessTest::survivesBeingKilled()
     }
     qInfo("%d saves acknowledged, %d killed in the middle", m_savedCount, m_inFlightCount);
     QVERIFY(m_savedCount > 300 && m_inFlightCount > 50);
+}
+
+void StoreProcessTest::survivesBeingKilledWhileMigrating()
+{
+    const QTemporaryDir original;
+    copyVersion1Store(original.path());
+    const QByteArray digest = digestOf(storedContents(original.path()));
+    QRandomGenerator random(1);
+    int copies = 0;
+    for (int round = 0; round < 60; ++round) {
+        const QTemporaryDir folder;
+        copyVersion1Store(folder.path());
+        m_acknowledged = digest;
+        m_inFlight.clear();
+        Child child(folder.path(), 1);
+        QThread::usleep(random.bounded(20'000u));
+        kill(child, folder.path());
+        copies += QFile::exists(StoreFiles(folder.path()).copyPath());
+        QCOMPARE(digestOf(storedContents(folder.path())), m_acknowledged);
+        QVERIFY(!QFile::exists(StoreFiles(folder.path()).copyPath()));
+    }
+    qInfo("%d killed before the migration was done", copies);
 }
 
 int main(int argc, char** argv)

@@ -3,10 +3,12 @@
 #include "support/StoreContents.h"
 
 #include "model/RecordColumns.h"
+#include "model/StoreFiles.h"
 
 #include <QCryptographicHash>
 #include <QDataStream>
 #include <QIODevice>
+#include <QtTest>
 
 #include <limits>
 
@@ -107,6 +109,15 @@ std::unique_ptr<WorkspaceStore> openStore(const QString& folder, const StoreOpti
     if (!store)
         qFatal("%s", qPrintable(storeOpeningFailureText(store.error()).productText()));
     return std::move(*store);
+}
+
+void copyVersion1Store(const QString& folder)
+{
+    const QString original = QFINDTESTDATA("../../tests/model/data/version1.store");
+    const QString path = StoreFiles(folder).storePath();
+    if (!QFile::copy(original, path) ||
+        !QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner))
+        qFatal("cannot copy %s", qPrintable(original));
 }
 
 StoreContents storedContents(const QString& folder)

@@ -26,6 +26,9 @@ using StoreContents = QList<WorkspaceContents>;
 /// Reads all items and placements.
 [[nodiscard]] StoreContents contentsOf(const StoreContext& context);
 
+/// Puts a store there as the program wrote it when it knew version 1 of the schema only.
+void copyVersion1Store(const QString& folder);
+
 /// Equal for equal contents, also in another process.
 [[nodiscard]] QByteArray digestOf(const StoreContents& contents);
 
