@@ -2,6 +2,7 @@
 
 #include "editing/CaptureDraft.h"
 
+#include "editing/FormerPlacements.h"
 #include "model/TrovellWorkspace.h"
 
 #include <algorithm>
@@ -55,14 +56,11 @@ buildRetainedPlacements(CapturePurpose purpose, const TrovellWorkspace* workspac
     QList<RetainedPlacementDraft> retained;
     if (purpose == CapturePurpose::create || !workspace)
         return retained;
-    const QSet<QString> detected = detectedBundleIdentifiers(applications);
     const auto placements = workspace->placementsInOrder();
     if (placements.size() != workspace->placementCount())
         return Unexpected<EditingError>(EditingError{EditingError::Kind::layoutUnreadable});
-    for (const WindowPlacement* placement : placements) {
-        if (!detected.contains(placement->bundleIdentifier()))
-            retained.append(retainedDraft(*placement));
-    }
+    for (const WindowPlacement* placement : unseenPlacements(placements, applications))
+        retained.append(retainedDraft(*placement));
     return retained;
 }
 

@@ -16,7 +16,7 @@ enum class CapturePurpose {
     saveAsNew, ///< a new workspace that starts from another one
 };
 
-/// A saved window of an application that is not among the detected ones.
+/// A saved window that the capture did not see.
 struct RetainedPlacementDraft {
     QUuid placementID = {};
     QString bundleIdentifier = {};
@@ -44,9 +44,8 @@ struct CaptureDraft {
 [[nodiscard]] std::optional<QSet<QString>> captureFilter(CapturePurpose purpose,
                                                          const TrovellWorkspace* workspace);
 
-/// The saved windows of applications that are not in `applications`, in the order in which they
-/// were appended. Fails when they cannot be read: a save with a list that lacks some would delete
-/// them.
+/// The saved windows that are not among those of `applications`, in the order in which they were
+/// appended. Fails when they cannot be read: a save with a list that lacks some would delete them.
 [[nodiscard]] Expected<QList<RetainedPlacementDraft>, EditingError>
 buildRetainedPlacements(CapturePurpose purpose, const TrovellWorkspace* workspace,
                         const QList<CapturedApplication>& applications);

@@ -61,11 +61,10 @@ Items copiedItems(const TrovellWorkspace& source, const QSet<QString>& detected)
 /// The layout of a new workspace: the windows, and copies of the source's kept placements.
 WorkspaceLayout newLayout(const CaptureDraft& draft, const TrovellWorkspace* source)
 {
-    WorkspaceLayout layout = layoutOf(draft.applications);
-    if (!source)
-        return layout;
+    const auto former = source ? source->placementsInOrder() : QList<WindowPlacement*>();
+    WorkspaceLayout layout = layoutOf(draft.applications, former);
     const QSet<QUuid> kept = keptPlacementIDs(draft.retainedPlacements);
-    for (const WindowPlacement* placement : source->placementsInOrder()) {
+    for (const WindowPlacement* placement : former) {
         if (kept.contains(placement->id()))
             layout.added.push_back(placement->duplicate());
     }
@@ -75,7 +74,7 @@ WorkspaceLayout newLayout(const CaptureDraft& draft, const TrovellWorkspace* sou
 Expected<TrovellWorkspace*, EditingError>
 saveLayout(const CaptureDraft& draft, TrovellWorkspace& workspace, StoreContext& context)
 {
-    WorkspaceLayout layout = layoutOf(draft.applications);
+    WorkspaceLayout layout = layoutOf(draft.applications, workspace.placementsInOrder());
     layout.kept = keptPlacementIDs(draft.retainedPlacements);
     return saveChange({.layout = std::move(layout)}, &workspace, context);
 }

@@ -3,7 +3,10 @@
 #include "editing/WorkspaceChange.h"
 
 #include "editing/CapturedChoice.h"
+#include "editing/FormerPlacements.h"
 #include "model/StoreContext.h"
+
+#include <algorithm>
 
 namespace trovell {
 
@@ -36,6 +39,20 @@ void writeLayout(TrovellWorkspace& workspace, WorkspaceLayout layout, StoreConte
         workspace.appendPlacement(std::move(placement));
 }
 
+void keepSwitches(WindowPlacement& placement, const WindowPlacement& before,
+                  const QList<WindowPlacement*>& former)
+{
+    placement.setRestoresDesktop(before.restoresDesktop());
+    placement.setRestoresState(before.restoresState());
+    const auto isSibling = [&before](const WindowPlacement* other) {
+        return other->bundleIdentifier() == before.bundleIdentifier();
+    };
+    // Off without having been switched off: a single window, or one that remembers nothing.
+    const bool wasOn = before.opensMissingWindow() || !before.values().windowStates ||
+                       std::ranges::count_if(former, isSibling) < 2;
+    placement.setOpensMissingWindow(placement.opensMissingWindow() && wasOn);
+}
+
 void write(TrovellWorkspace& workspace, WorkspaceChange change, StoreContext& context)
 {
     if (change.basics)
@@ -48,11 +65,16 @@ void write(TrovellWorkspace& workspace, WorkspaceChange change, StoreContext& co
 
 } // namespace
 
-WorkspaceLayout layoutOf(const QList<CapturedApplication>& applications)
+WorkspaceLayout layoutOf(const QList<CapturedApplication>& applications,
+                         const QList<WindowPlacement*>& former)
 {
     WorkspaceLayout layout;
-    for (const CapturedWindow& window : includedWindows(applications))
-        layout.added.push_back(makePlacement(window));
+    const auto formerly = formerPlacements(former, applications);
+    for (const CapturedWindow& window : includedWindows(applications)) {
+        auto& placement = layout.added.emplace_back(makePlacement(window));
+        if (const WindowPlacement* before = formerly.value(window.id))
+            keepSwitches(*placement, *before, former);
+    }
     return layout;
 }
 

@@ -40,8 +40,10 @@ struct WorkspaceChange {
     std::optional<WorkspaceLayout> layout = {};
 };
 
-/// The layout of the included windows of included applications, alone.
-[[nodiscard]] WorkspaceLayout layoutOf(const QList<CapturedApplication>& applications);
+/// The layout of the included windows of included applications, alone. What was switched off for
+/// the windows that `former` holds stays off.
+[[nodiscard]] WorkspaceLayout layoutOf(const QList<CapturedApplication>& applications,
+                                       const QList<WindowPlacement*>& former);
 
 /// Refuses a shortcut that another workspace has. `edited` is null for a new one.
 [[nodiscard]] Expected<void, EditingError> checkShortcut(const WorkspaceChoices& choices,

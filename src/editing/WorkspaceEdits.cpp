@@ -19,7 +19,17 @@ Expected<void, EditingError> check(const EditedWorkspace& target, const Workspac
     return checkShortcut(edits.basics.choices, target.workspace, context);
 }
 
-std::optional<WorkspaceLayout> changedLayout(const WorkspaceEdits& edits)
+WorkspaceLayout replacedLayout(const EditedWorkspace& target, const WorkspaceEdits& edits)
+{
+    WorkspaceLayout layout = layoutOf(edits.capturedApplications,
+                                      target.workspace ? target.workspace->placementsInOrder()
+                                                       : QList<WindowPlacement*>());
+    layout.kept = keptPlacementIDs(edits.retainedPlacements);
+    return layout;
+}
+
+std::optional<WorkspaceLayout> changedLayout(const EditedWorkspace& target,
+                                             const WorkspaceEdits& edits)
 {
     switch (edits.layoutChange) {
     case LayoutChange::none:
@@ -27,7 +37,7 @@ std::optional<WorkspaceLayout> changedLayout(const WorkspaceEdits& edits)
     case LayoutChange::clearLayout:
         return WorkspaceLayout();
     case LayoutChange::replaceLayout:
-        return layoutOf(edits.capturedApplications);
+        return replacedLayout(target, edits);
     }
     Q_UNREACHABLE();
 }
@@ -55,7 +65,8 @@ saveEdits(const EditedWorkspace& target, const WorkspaceEdits& edits, StoreConte
 {
     if (const auto checked = check(target, edits, context); !checked)
         return Unexpected<EditingError>(checked.error());
-    return saveChange({edits.basics, edits.items, changedLayout(edits)}, target.workspace, context);
+    return saveChange({edits.basics, edits.items, changedLayout(target, edits)}, target.workspace,
+                      context);
 }
 
 } // namespace trovell

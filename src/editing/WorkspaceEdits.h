@@ -3,7 +3,7 @@
 // What the editor holds until "Save", and how that is written. Main thread.
 #pragma once
 
-#include "editing/WorkspaceChange.h"
+#include "editing/CaptureDraft.h"
 #include "model/TrovellWorkspace.h"
 
 #include <QPointer>
@@ -19,6 +19,8 @@ struct WorkspaceEdits {
     LayoutChange layoutChange = LayoutChange::none;
     /// Of the last capture, with the choice made among them.
     QList<CapturedApplication> capturedApplications = {};
+    /// The saved windows that it did not see.
+    QList<RetainedPlacementDraft> retainedPlacements = {};
 };
 
 /// The workspace that a save writes to.

@@ -21,6 +21,9 @@ CapturedApplication application(const QString& identifier, const QStringList& ti
     captured.applicationURLString = u"file:///applications/%1.desktop"_s.arg(identifier);
     for (const QString& title : titles) {
         CapturedWindow window;
+        window.id = QUuid::createUuid();
+        window.role = u"AXWindow"_s;
+        window.subrole = u"AXStandardWindow"_s;
         window.bundleIdentifier = window.applicationName = identifier;
         window.windowTitle = title;
         window.frame = QRectF(100, 200, 500, 400);
@@ -145,6 +148,54 @@ private Q_SLOTS:
         saving.draft.retainedPlacements[0].isKept = false;
         QVERIFY(saving.saveAs(CapturePurpose::update));
         QCOMPARE(titles(saving.workspace), (QStringList{u"closed window"_s, u"new"_s}));
+    }
+
+    void keepsWhatTheCaptureDidNotSee()
+    {
+        // Three windows were saved, two are seen; what one is called has changed.
+        Saving saving({u"editor"_s, u"editor"_s, u"editor"_s});
+        const auto saved = saving.workspace.placementsInOrder();
+        const QStringList names{u"letter"_s, u"hidden"_s, u"notes"_s};
+        for (qsizetype index = 0; index < saved.size(); ++index)
+            saved[index]->setWindowTitleHint(names[index]);
+        saved[0]->setRestoresDesktop(false);
+        saved[2]->setRestoresState(false);
+        CapturedApplication editor = application(u"editor"_s, {u"notes"_s, u"letter"_s});
+        saving.capture(CapturePurpose::update, {editor});
+        QCOMPARE(saving.draft.retainedPlacements.size(), 1);
+        QCOMPARE(saving.draft.retainedPlacements[0].windowTitle, u"hidden"_s);
+        editor.windows[0].windowTitle = u"something else"_s;
+        saving.capture(CapturePurpose::update, {editor});
+        QCOMPARE(saving.draft.retainedPlacements.size(), 1);
+
+        saving.capture(CapturePurpose::update, {application(u"editor"_s, names.mid(0, 1))});
+        saving.draft.retainedPlacements[1].isKept = false;
+        QVERIFY(saving.saveAs(CapturePurpose::update));
+        QCOMPARE(titles(saving.workspace), (QStringList{u"hidden"_s, u"letter"_s}));
+        // What was switched off for a window stays off.
+        const auto now = saving.workspace.placementsInOrder();
+        QVERIFY(!now[1]->restoresDesktop() && now[1]->restoresState());
+    }
+
+    void opensMissingWindowsUntilThatIsSwitchedOff()
+    {
+        const auto opensAfterCapture = [](Saving& saving) {
+            CapturedApplication editor = application(u"editor"_s, {u"a"_s, u"b"_s});
+            for (CapturedWindow& window : editor.windows)
+                window.hasSiblings = true;
+            saving.capture(CapturePurpose::update, {editor});
+            if (!saving.saveAs(CapturePurpose::update))
+                return false;
+            const auto placements = saving.workspace.placementsInOrder();
+            return std::ranges::all_of(placements, &WindowPlacement::opensMissingWindow);
+        };
+        // Nobody switched off what remembers nothing.
+        Saving saving({u"editor"_s, u"editor"_s});
+        QVERIFY(opensAfterCapture(saving));
+        QVERIFY(opensAfterCapture(saving));
+        for (WindowPlacement* placement : saving.workspace.placementsInOrder())
+            placement->setOpensMissingWindow(false);
+        QVERIFY(!opensAfterCapture(saving));
     }
 
     void createsItemsAndPlacements()

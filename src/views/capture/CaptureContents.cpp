@@ -4,9 +4,8 @@
 
 #include "views/capture/CapturedApplicationCard.h"
 #include "views/capture/CaptureFields.h"
-#include "views/capture/RetainedPlacementRow.h"
+#include "views/capture/RetainedPlacementsSection.h"
 #include "views/shared/GradualColumn.h"
-#include "views/style/Divider.h"
 #include "views/style/Layouts.h"
 #include "views/style/SymbolView.h"
 #include "views/style/TextField.h"
@@ -22,7 +21,6 @@ namespace {
 constexpr int padding = 24;
 constexpr int sectionGap = 24;
 constexpr int headingGap = 10;
-constexpr int captionGap = 2;
 constexpr int notePadding = 11;
 constexpr int noteSymbolSize = 18;
 constexpr int noteGap = 10;
@@ -125,38 +123,9 @@ QWidget* CaptureContents::makeNoApplicationsCard()
 
 void CaptureContents::addRetainedPlacements()
 {
-    auto* section = new QWidget;
-    auto* text =
-        new TextLabel(m_environment.visual, {}, TextRole::callout, ColorToken::labelSecondary);
-    text->setWordWrap(true);
-    m_environment.words.renderText(
-        text,
-        u"These applications are closed or their saved windows are not open. Their previous positions are kept by default."_key);
-    new ColumnLayout(section, captionGap,
-                     {makeHeading(u"Not Currently Detected"_key), text,
-                      Gap{headingGap - captionGap}, makeRetainedCard()});
+    auto* section = new RetainedPlacementsSection(m_environment, m_draft.retainedPlacements);
+    connect(section, &RetainedPlacementsSection::changed, this, &CaptureContents::changed);
     m_sections->addWidget(section);
-}
-
-QWidget* CaptureContents::makeRetainedCard()
-{
-    auto* card = new TrovellCardModifier(m_environment.visual);
-    card->setPadding(0);
-    m_environment.words.render(card, [&words = m_environment.words, card] {
-        card->setAccessibleName(words.text(u"Not Currently Detected"_key));
-    });
-    auto* column = new ColumnLayout(card, 0);
-    for (qsizetype index = 0; index < m_draft.retainedPlacements.size(); ++index) {
-        if (index > 0)
-            column->addWidget(new Divider(m_environment.visual));
-        auto* row = new RetainedPlacementRow(m_environment, m_draft.retainedPlacements[index]);
-        connect(row, &RetainedPlacementRow::keptChanged, this, [this, index](bool isKept) {
-            m_draft.retainedPlacements[index].isKept = isKept;
-            Q_EMIT changed();
-        });
-        column->addWidget(row);
-    }
-    return card;
 }
 
 TextLabel* CaptureContents::makeHeading(TextKey<> key)

@@ -39,7 +39,6 @@ private:
     QWidget* makeApplicationsHeading();
     QWidget* makeNoApplicationsCard();
     void addRetainedPlacements();
-    QWidget* makeRetainedCard();
     TextLabel* makeHeading(TextKey<> key);
     void showSelectedCount();
 

@@ -2,7 +2,7 @@
 
 #include "views/editor/EditorCaptureReviewView.h"
 
-#include "editing/CaptureDraft.h"
+#include "views/capture/RetainedPlacementsSection.h"
 #include "views/editor/ReviewApplicationCard.h"
 #include "views/shared/GradualColumn.h"
 #include "views/shared/SheetParts.h"
@@ -22,9 +22,10 @@ constexpr int headerMargin = 20;
 
 EditorCaptureReviewView::EditorCaptureReviewView(const ViewEnvironment& environment,
                                                  QList<CapturedApplication>& applications,
+                                                 QList<RetainedPlacementDraft>& retainedPlacements,
                                                  QWidget* window)
     : Sheet(environment.visual, window, {}), m_environment(environment),
-      m_applications(applications)
+      m_applications(applications), m_retainedPlacements(retainedPlacements)
 {
     setHeader(makeHeader());
     setBody(makeBody());
@@ -64,8 +65,15 @@ QWidget* EditorCaptureReviewView::makeBody()
                 &EditorCaptureReviewView::showSelectedCount);
         return card;
     };
-    new ColumnLayout(body, allAround(padding), 0,
-                     {new GradualColumn(m_applications.size(), makeCard), Stretch{}});
+    auto* column = new ColumnLayout(body, allAround(padding), padding,
+                                    {new GradualColumn(m_applications.size(), makeCard)});
+    if (!m_retainedPlacements.isEmpty()) {
+        auto* retained = new RetainedPlacementsSection(m_environment, m_retainedPlacements);
+        connect(retained, &RetainedPlacementsSection::changed, this,
+                &EditorCaptureReviewView::showSelectedCount);
+        column->addWidget(retained);
+    }
+    column->addStretch();
     return body;
 }
 
@@ -82,7 +90,11 @@ QWidget* EditorCaptureReviewView::makeFooter()
 void EditorCaptureReviewView::showSelectedCount()
 {
     const qsizetype count = includedWindows(m_applications).size();
-    m_selectedCount->setText(m_environment.words.text(phrases::windowsSelected, count));
+    const Localization& words = m_environment.words;
+    m_selectedCount->setText(m_retainedPlacements.isEmpty()
+                                 ? words.text(phrases::windowsSelected, count)
+                                 : words.text(phrases::windowsSelectedAndPositionsKept, count,
+                                              keptPlacementIDs(m_retainedPlacements).size()));
     m_useButton->setEnabled(count > 0);
 }
 

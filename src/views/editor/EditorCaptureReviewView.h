@@ -3,9 +3,9 @@
 // The choice among windows that the workspace editor has captured. Main thread.
 #pragma once
 
+#include "editing/CaptureDraft.h"
 #include "views/shared/ViewEnvironment.h"
 #include "views/style/Sheet.h"
-#include "windows/CapturedApplication.h"
 
 namespace trovell {
 
@@ -18,10 +18,11 @@ class EditorCaptureReviewView : public Sheet {
     Q_OBJECT
 
 public:
-    /// `applications` is edited in place and outlives the sheet; nobody else changes it while the
-    /// sheet is open.
+    /// The lists are edited in place and outlive the sheet; nobody else changes them while it is
+    /// open.
     EditorCaptureReviewView(const ViewEnvironment& environment,
-                            QList<CapturedApplication>& applications, QWidget* window);
+                            QList<CapturedApplication>& applications,
+                            QList<RetainedPlacementDraft>& retainedPlacements, QWidget* window);
 
 Q_SIGNALS:
     /// The user has confirmed; the sheet closes after this.
@@ -36,6 +37,7 @@ private:
 
     const ViewEnvironment m_environment;
     QList<CapturedApplication>& m_applications;
+    QList<RetainedPlacementDraft>& m_retainedPlacements;
     TextLabel* m_selectedCount = nullptr;
     PushButton* m_useButton = nullptr;
 };

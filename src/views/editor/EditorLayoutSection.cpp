@@ -2,7 +2,6 @@
 
 #include "views/editor/EditorLayoutSection.h"
 
-#include "editing/CaptureDraft.h"
 #include "model/TrovellWorkspace.h"
 #include "views/editor/EditorCaptureReviewView.h"
 #include "views/style/Divider.h"
@@ -106,14 +105,23 @@ QCoro::Task<> EditorLayoutSection::capture()
         Q_EMIT failed(description(captured.error()));
         co_return;
     }
+    // Whoever cleared the layout has said that none of it stays.
+    const auto retained = buildRetainedPlacements(
+        CapturePurpose::update, m_isCleared ? nullptr : m_workspace.data(), *captured);
+    if (!retained) {
+        Q_EMIT failed(description(retained.error()));
+        co_return;
+    }
     m_capturedApplications = *captured;
+    m_retainedPlacements = *retained;
     showState();
     review();
 }
 
 void EditorLayoutSection::review()
 {
-    auto* sheet = new EditorCaptureReviewView(m_environment, m_capturedApplications, this);
+    auto* sheet = new EditorCaptureReviewView(m_environment, m_capturedApplications,
+                                              m_retainedPlacements, this);
     connect(sheet, &EditorCaptureReviewView::useSelectedWindows, this,
             [this] { setChange(LayoutChange::replaceLayout); });
     // Windows that were switched count even where the choice was not confirmed this time.
@@ -124,6 +132,7 @@ void EditorLayoutSection::review()
 void EditorLayoutSection::clear()
 {
     m_capturedApplications.clear();
+    m_isCleared = true;
     // The button hides under the focus.
     if (m_clear->hasFocus())
         m_capture->setFocus(Qt::TabFocusReason);

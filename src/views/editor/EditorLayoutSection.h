@@ -29,6 +29,10 @@ public:
     {
         return m_capturedApplications;
     }
+    [[nodiscard]] const QList<RetainedPlacementDraft>& retainedPlacements() const
+    {
+        return m_retainedPlacements;
+    }
 
 Q_SIGNALS:
     /// In the product's words.
@@ -48,7 +52,9 @@ private:
     const EditingEnvironment m_environment;
     const QPointer<TrovellWorkspace> m_workspace;
     LayoutChange m_change = LayoutChange::none;
+    bool m_isCleared = false;
     QList<CapturedApplication> m_capturedApplications;
+    QList<RetainedPlacementDraft> m_retainedPlacements;
     PushButton* m_capture;
     PushButton* m_clear;
     TextLabel* m_status;

@@ -170,7 +170,8 @@ WorkspaceEdits WorkspaceEditorView::edits() const
     return {.basics = {m_name->text(), m_choices->choices()},
             .items = m_items->items(),
             .layoutChange = m_layout->layoutChange(),
-            .capturedApplications = m_layout->capturedApplications()};
+            .capturedApplications = m_layout->capturedApplications(),
+            .retainedPlacements = m_layout->retainedPlacements()};
 }
 
 void WorkspaceEditorView::showError(const Message& reason)

@@ -207,6 +207,28 @@ private Q_SLOTS:
         QVERIFY(workspace.sortedPlacements().first()->isEnabled());
     }
 
+    void keepsTheWindowsThatACaptureDoesNotSee()
+    {
+        TrovellWorkspace& workspace = workspaceWithItems(*m_fixture, {});
+        for (const QString& name : {u"closed"_s, u"minimized"_s})
+            m_fixture->addPlacement(workspace, name);
+        m_fixture->windows->addWindow(u"new"_s, {.title = u"First"_s});
+        m_fixture->windows->addWindow(u"minimized"_s, {.isMinimized = true});
+        const OpenEditor editor(*m_fixture, &workspace);
+        click(*editor.view, u"Capture Current Layout"_s);
+        QTRY_VERIFY(sheetOver<Sheet>(*editor.view));
+        const auto* review = sheetOver<Sheet>(*editor.view);
+        QVERIFY(find<QLabel>(*review, u"1 windows selected • 2 previous positions kept"_s));
+        click(*review, u"Keep saved position for closed"_s);
+        QVERIFY(find<QLabel>(*review, u"1 windows selected • 1 previous positions kept"_s));
+        click(*review, u"Use Selected Windows"_s);
+        QCOMPARE(editor.save(), QStringList());
+        QStringList applications;
+        for (const WindowPlacement* placement : workspace.placementsInOrder())
+            applications.append(placement->bundleIdentifier());
+        QCOMPARE(applications, (QStringList{u"minimized"_s, u"new"_s}));
+    }
+
     void asksForPermissionBeforeCapturing()
     {
         m_fixture->setTrusted(false);
