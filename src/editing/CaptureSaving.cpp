@@ -89,8 +89,9 @@ Expected<TrovellWorkspace*, EditingError> saveNew(const CaptureDraft& draft,
         withLaunchItems(source ? copiedItems(*source, detected) : Items(), draft, resources);
     if (!items)
         return Unexpected<EditingError>(items.error());
-    return saveChange({draft.basics, *std::move(items), newLayout(draft, source)}, nullptr,
-                      context);
+    return saveChange(
+        {.basics = draft.basics, .items = *std::move(items), .layout = newLayout(draft, source)},
+        nullptr, context);
 }
 
 } // namespace

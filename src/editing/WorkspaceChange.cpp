@@ -29,6 +29,16 @@ void writeItems(TrovellWorkspace& workspace, const QList<EditableWorkspaceItem>&
         workspace.appendItem(makeWorkspaceItem(items[position], position));
 }
 
+void writePlacements(const TrovellWorkspace& workspace, const QList<EditablePlacement>& edited)
+{
+    const QList<WindowPlacement*> placements = workspace.placementsInOrder();
+    for (const EditablePlacement& each : edited) {
+        const auto found = std::ranges::find(placements, each.id, &WindowPlacement::id);
+        if (found != placements.end())
+            writeSwitches(each, **found);
+    }
+}
+
 void writeLayout(TrovellWorkspace& workspace, WorkspaceLayout layout, StoreContext& context)
 {
     for (WindowPlacement* placement : workspace.sortedPlacements()) {
@@ -59,6 +69,9 @@ void write(TrovellWorkspace& workspace, WorkspaceChange change, StoreContext& co
         writeBasics(workspace, *change.basics);
     if (change.items)
         writeItems(workspace, *change.items, context);
+    // A new layout takes over what was switched.
+    if (!change.placements.isEmpty())
+        writePlacements(workspace, change.placements);
     if (change.layout)
         writeLayout(workspace, std::move(*change.layout), context);
 }

@@ -4,6 +4,7 @@
 // before. Main thread.
 #pragma once
 
+#include "editing/EditablePlacement.h"
 #include "editing/EditableWorkspaceItem.h"
 #include "editing/EditingError.h"
 #include "model/WindowPlacement.h"
@@ -37,6 +38,8 @@ struct WorkspaceChange {
     std::optional<WorkspaceBasics> basics = {};
     /// All items of the workspace, numbered from 0 by the save.
     std::optional<QList<EditableWorkspaceItem>> items = {};
+    /// What was switched for placements that the workspace has.
+    QList<EditablePlacement> placements = {};
     std::optional<WorkspaceLayout> layout = {};
 };
 

@@ -52,6 +52,8 @@ EditedWorkspace::EditedWorkspace(TrovellWorkspace* workspaceOrNull)
     edits.basics = {workspace->name(), choicesOf(*workspace)};
     for (const WorkspaceItem* item : workspace->sortedItems())
         edits.items.append(editableItem(*item));
+    for (const WindowPlacement* placement : workspace->sortedPlacements())
+        edits.placements.append(editablePlacement(*placement));
     isComplete = edits.items.size() == workspace->itemCount();
 }
 
@@ -65,8 +67,8 @@ saveEdits(const EditedWorkspace& target, const WorkspaceEdits& edits, StoreConte
 {
     if (const auto checked = check(target, edits, context); !checked)
         return Unexpected<EditingError>(checked.error());
-    return saveChange({edits.basics, edits.items, changedLayout(target, edits)}, target.workspace,
-                      context);
+    return saveChange({edits.basics, edits.items, edits.placements, changedLayout(target, edits)},
+                      target.workspace, context);
 }
 
 } // namespace trovell

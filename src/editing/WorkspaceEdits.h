@@ -16,6 +16,8 @@ enum class LayoutChange { none, clearLayout, replaceLayout };
 struct WorkspaceEdits {
     WorkspaceBasics basics = {};
     QList<EditableWorkspaceItem> items = {};
+    /// The saved windows; their switches are edited.
+    QList<EditablePlacement> placements = {};
     LayoutChange layoutChange = LayoutChange::none;
     /// Of the last capture, with the choice made among them.
     QList<CapturedApplication> capturedApplications = {};

@@ -45,6 +45,14 @@ QImage editingBelow(Stage& stage)
     return stage.picture();
 }
 
+QImage editingSavedWindows(Stage& stage)
+{
+    openEditor(stage);
+    QScrollBar* bar = stage.front().findChild<ScrollArea*>()->verticalScrollBar();
+    bar->setValue(bar->maximum());
+    return stage.picture();
+}
+
 QImage editingNew(Stage& stage)
 {
     stage.desktop().storeWorkspaces();
@@ -117,7 +125,8 @@ Pictures editorPictures()
             {u"25-editor-alert-shortcut"_s, &refusing},
             {u"26-editor-application-chooser"_s, &choosingApplications},
             {u"27-editor-application-chooser-none"_s, &findingNoApplication},
-            {u"28-editor-reorder-drag"_s, &reordering}};
+            {u"28-editor-reorder-drag"_s, &reordering},
+            {u"29-editor-saved-windows"_s, &editingSavedWindows}};
 }
 
 } // namespace trovell::screenshots

@@ -113,13 +113,15 @@ void SampleDesktop::fillWriting(TrovellWorkspace& workspace)
     addLink(workspace, u"thesaurus.example"_s);
     workspace.sortedItems().last()->setIsEnabled(false);
     addPlacement(workspace, Application::textEditor, u"Chapter 4 – Draft.md"_s, 0,
-                 {0.02, 0.04, 0.5, 0.92});
+                 {0.02, 0.04, 0.5, 0.92}, {.desktop = u"Writing"_s, .states = u"above"_s});
     addPlacement(workspace, Application::firefox, u"Reference – Firefox"_s, 0,
-                 {0.535, 0.04, 0.445, 0.92});
-    addPlacement(workspace, Application::files, u"Manuscript"_s, 1, {0.03, 0.04, 0.46, 0.46});
-    addPlacement(workspace, Application::textEditor, u"Notes.md"_s, 1, {0.03, 0.54, 0.46, 0.4});
+                 {0.535, 0.04, 0.445, 0.92}, {.desktop = u"Research"_s});
+    addPlacement(workspace, Application::files, u"Manuscript"_s, 1, {0.03, 0.04, 0.46, 0.46}, {});
+    addPlacement(workspace, Application::textEditor, u"Notes.md"_s, 1, {0.03, 0.54, 0.46, 0.4},
+                 {.desktop = u"Writing"_s});
     addPlacement(workspace, Application::documentViewer, u"Chapter 4 Outline"_s, 1,
-                 {0.515, 0.04, 0.455, 0.9});
+                 {0.515, 0.04, 0.455, 0.9},
+                 {.desktop = u"Research"_s, .states = u"maximizedVertically"_s});
 }
 
 void SampleDesktop::fillClientReview(TrovellWorkspace& workspace)
@@ -130,11 +132,12 @@ void SampleDesktop::fillClientReview(TrovellWorkspace& workspace)
     addFile(workspace, u"Feedback Notes.md"_s);
     addLink(workspace, u"review.example.com"_s);
     addPlacement(workspace, Application::documentViewer, u"Chapter 4 Outline"_s, 0,
-                 {0.02, 0.04, 0.46, 0.92});
+                 {0.02, 0.04, 0.46, 0.92}, {});
     addPlacement(workspace, Application::firefox, u"Thesaurus – Firefox"_s, 0,
-                 {0.5, 0.04, 0.48, 0.92});
-    addPlacement(workspace, Application::textEditor, u"Notes.md"_s, 1, {0.04, 0.08, 0.56, 0.84});
-    addPlacement(workspace, Application::files, u"Manuscript"_s, 1, {0.64, 0.08, 0.33, 0.62});
+                 {0.5, 0.04, 0.48, 0.92}, {});
+    addPlacement(workspace, Application::textEditor, u"Notes.md"_s, 1, {0.04, 0.08, 0.56, 0.84},
+                 {});
+    addPlacement(workspace, Application::files, u"Manuscript"_s, 1, {0.64, 0.08, 0.33, 0.62}, {});
 }
 
 void SampleDesktop::fillMusicPractice(TrovellWorkspace& workspace)
@@ -143,8 +146,9 @@ void SampleDesktop::fillMusicPractice(TrovellWorkspace& workspace)
     addApplication(workspace, Application::documentViewer);
     addFolder(workspace, u"Scores"_s);
     addLink(workspace, u"metronome.example"_s);
-    addPlacement(workspace, Application::documentViewer, u"Etude"_s, 1, {0.02, 0.03, 0.62, 0.93});
-    addPlacement(workspace, Application::music, u"Music"_s, 1, {0.66, 0.03, 0.32, 0.62});
+    addPlacement(workspace, Application::documentViewer, u"Etude"_s, 1, {0.02, 0.03, 0.62, 0.93},
+                 {.states = u"maximizedHorizontally maximizedVertically"_s});
+    addPlacement(workspace, Application::music, u"Music"_s, 1, {0.66, 0.03, 0.32, 0.62}, {});
 }
 
 void SampleDesktop::addApplication(TrovellWorkspace& workspace, Application application)
@@ -177,20 +181,28 @@ void SampleDesktop::addLink(TrovellWorkspace& workspace, const QString& host)
 }
 
 void SampleDesktop::addPlacement(TrovellWorkspace& workspace, Application application,
-                                 const QString& title, int display, const QRectF& place)
+                                 const QString& title, int display, const QRectF& place,
+                                 const Remembered& remembered)
 {
     const SampleApplication& sample = sampleOf(application);
-    const qint64 index = workspace.placementCount();
-    WindowPlacement& placement = m_fixture.addPlacement(workspace, sample.bundleIdentifier);
-    placement.setApplicationName(sample.name);
-    placement.setWindowTitleHint(title);
-    placement.setWindowIndexHint(index);
-    placement.setNormalizedX(place.x());
     // Saved positions count from the bottom.
-    placement.setNormalizedY(1 - place.y() - place.height());
-    placement.setNormalizedWidth(place.width());
-    placement.setNormalizedHeight(place.height());
-    placement.setDisplayFingerprintData(encodeFingerprint(m_fixture.windows->fingerprint(display)));
+    workspace.appendPlacement(std::make_unique<WindowPlacement>(WindowPlacementValues{
+        .bundleIdentifier = sample.bundleIdentifier,
+        .applicationName = sample.name,
+        .windowTitleHint = title,
+        .windowRole = u"AXWindow"_s,
+        .windowSubrole = u"AXStandardWindow"_s,
+        .windowIndexHint = workspace.placementCount(),
+        .normalizedX = place.x(),
+        .normalizedY = 1 - place.y() - place.height(),
+        .normalizedWidth = place.width(),
+        .normalizedHeight = place.height(),
+        .displayFingerprintData = encodeFingerprint(m_fixture.windows->fingerprint(display)),
+        .virtualDesktopIndex = remembered.desktop ? std::optional(1) : std::nullopt,
+        .virtualDesktopName = remembered.desktop,
+        .windowStates = remembered.states,
+    }));
+    m_fixture.save();
 }
 
 void SampleDesktop::openWindow(Application application, const QString& title, int display,

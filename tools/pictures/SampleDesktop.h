@@ -50,12 +50,18 @@ public:
     void openWritingWindows();
 
 private:
+    /// What a saved window has to say beside its place.
+    struct Remembered {
+        std::optional<QString> desktop = {};
+        std::optional<QString> states = {};
+    };
+
     void addApplication(TrovellWorkspace& workspace, Application application);
     void addFile(TrovellWorkspace& workspace, const QString& name);
     void addFolder(TrovellWorkspace& workspace, const QString& name);
     void addLink(TrovellWorkspace& workspace, const QString& host);
     void addPlacement(TrovellWorkspace& workspace, Application application, const QString& title,
-                      int display, const QRectF& place);
+                      int display, const QRectF& place, const Remembered& remembered);
     void fillWriting(TrovellWorkspace& workspace);
     void fillClientReview(TrovellWorkspace& workspace);
     void fillMusicPractice(TrovellWorkspace& workspace);

@@ -44,8 +44,9 @@ void DisplayPreview::setDisplay(const DisplayPlacements& content)
     for (const WindowPlacement* const placement : content.placements) {
         if (m_frames.size() == m_miniatures.size())
             m_miniatures.append(new WindowMiniature(m_visual, this));
-        m_miniatures[m_frames.size()]->setApplicationName(placement->applicationName());
-        m_frames.append(placement->savedNormalizedFrame());
+        m_miniatures[m_frames.size()]->setWindow(placement->applicationName(),
+                                                 fillsDisplay(*placement));
+        m_frames.append(shownFrame(*placement));
     }
     updateGeometry();
     place();

@@ -3,12 +3,25 @@
 #include "views/detail/LayoutMiniatures.h"
 
 #include "model/WindowPlacement.h"
+#include "windows/StoredForms.h"
 
 #include <QHash>
 
 #include <algorithm>
 
 namespace trovell {
+
+namespace {
+
+/// Those that a start brings back.
+WindowStates savedStates(const WindowPlacement& placement)
+{
+    return placement.restoresState()
+               ? statesFromStored(placement.values().windowStates.value_or(QString()))
+               : WindowStates();
+}
+
+} // namespace
 
 QList<DisplayPlacements> groupedByDisplay(const QList<WindowPlacement*>& placements)
 {
@@ -22,12 +35,40 @@ QList<DisplayPlacements> groupedByDisplay(const QList<WindowPlacement*>& placeme
         }
         groups[positions.value(display)].placements.append(placement);
     }
+    for (DisplayPlacements& group : groups)
+        std::ranges::stable_partition(group.placements, [](const WindowPlacement* placement) {
+            return fillsDisplay(*placement);
+        });
     return groups;
 }
 
 double screenAspectRatio(const DisplayFingerprint& display)
 {
     return std::max(1.2, display.pointWidth / std::max(display.pointHeight, 1.0));
+}
+
+bool fillsDisplay(const WindowPlacement& placement)
+{
+    using enum WindowState;
+    const WindowStates states = savedStates(placement);
+    return states.testFlag(fullScreen) ||
+           states.testFlags(maximizedHorizontally | maximizedVertically);
+}
+
+NormalizedFrame shownFrame(const WindowPlacement& placement)
+{
+    using enum WindowState;
+    const WindowStates states = savedStates(placement);
+    NormalizedFrame frame = placement.savedNormalizedFrame();
+    if (states & (fullScreen | maximizedHorizontally)) {
+        frame.x = 0;
+        frame.width = 1;
+    }
+    if (states & (fullScreen | maximizedVertically)) {
+        frame.y = 0;
+        frame.height = 1;
+    }
+    return frame;
 }
 
 QRectF miniatureFrame(const NormalizedFrame& frame, const QSizeF& picture)

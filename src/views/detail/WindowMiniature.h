@@ -18,7 +18,8 @@ class WindowMiniature : public Picture {
 public:
     explicit WindowMiniature(const VisualStyle& visual, QWidget* parent = nullptr);
 
-    void setApplicationName(const QString& name);
+    /// A maximized one has a mark for that.
+    void setWindow(const QString& applicationName, bool isMaximized);
     /// In the parent's coordinates, and not bound to whole pixels as a widget's geometry is. What
     /// lies outside the parent is cut off.
     void setFrame(const QRectF& frame);
@@ -30,6 +31,7 @@ protected:
 private:
     const VisualStyle& m_visual;
     QRectF m_frame;
+    bool m_isMaximized = false;
 };
 
 } // namespace trovell

@@ -27,14 +27,16 @@ constexpr int lockGap = 8;
 } // namespace
 
 EditorLayoutSection::EditorLayoutSection(const EditingEnvironment& environment,
-                                         TrovellWorkspace* workspaceOrNull, QWidget* parent)
+                                         TrovellWorkspace* workspaceOrNull,
+                                         const QList<EditablePlacement>& placements,
+                                         QWidget* parent)
     : QWidget(parent), m_environment(environment), m_workspace(workspaceOrNull),
       m_capture(new PushButton(environment.visual, {})),
       m_clear(new PushButton(environment.visual, {}, PushButton::Kind::destructiveText)),
       m_status(new TextLabel(environment.visual, {}, TextRole::body, ColorToken::labelSecondary)),
-      m_notice(makeNotice())
+      m_savedWindows(new SavedWindowsList(environment, placements)), m_notice(makeNotice())
 {
-    new ColumnLayout(this, 0, {makeActions(), m_notice});
+    new ColumnLayout(this, 0, {makeActions(), m_notice, m_savedWindows});
     connect(m_capture, &QAbstractButton::clicked, this, &EditorLayoutSection::captureIfTrusted);
     connect(m_clear, &QAbstractButton::clicked, this, &EditorLayoutSection::clear);
     connect(&environment.accessibility, &AccessibilityPermissionManager::isTrustedChanged, this,
@@ -156,6 +158,7 @@ void EditorLayoutSection::showState()
     m_notice->setVisible(!isTrusted);
     m_status->setText(status());
     const bool hasPlacements = m_workspace && m_workspace->placementCount() > 0;
+    m_savedWindows->setVisible(m_change == LayoutChange::none && !m_savedWindows->isEmpty());
     m_clear->setVisible(m_change == LayoutChange::replaceLayout ||
                         (m_change == LayoutChange::none && hasPlacements));
 }

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "editing/WorkspaceEdits.h"
+#include "views/editor/SavedWindowsList.h"
 #include "views/shared/EditingEnvironment.h"
 
 #include <QCoro/QCoroTask>
@@ -22,9 +23,14 @@ class EditorLayoutSection : public QWidget {
 public:
     /// Null for a workspace that is yet to be made.
     EditorLayoutSection(const EditingEnvironment& environment, TrovellWorkspace* workspaceOrNull,
-                        QWidget* parent = nullptr);
+                        const QList<EditablePlacement>& placements, QWidget* parent = nullptr);
 
     [[nodiscard]] LayoutChange layoutChange() const { return m_change; }
+    /// The saved windows as they were switched.
+    [[nodiscard]] const QList<EditablePlacement>& placements() const
+    {
+        return m_savedWindows->placements();
+    }
     [[nodiscard]] const QList<CapturedApplication>& capturedApplications() const
     {
         return m_capturedApplications;
@@ -58,6 +64,7 @@ private:
     PushButton* m_capture;
     PushButton* m_clear;
     TextLabel* m_status;
+    SavedWindowsList* m_savedWindows;
     QWidget* m_notice;
 };
 

@@ -66,7 +66,7 @@ WorkspaceEditorView::WorkspaceEditorView(const EditingEnvironment& environment,
                                             this)),
       m_items(new EditorItemsSection(environment, m_target.edits.items,
                                      openPanel ? openPanel : desktopOpenPanel(environment))),
-      m_layout(new EditorLayoutSection(environment, workspaceOrNull))
+      m_layout(new EditorLayoutSection(environment, workspaceOrNull, m_target.edits.placements))
 {
     setHeader(makeHeader());
     setBody(makeBody());
@@ -169,6 +169,7 @@ WorkspaceEdits WorkspaceEditorView::edits() const
 {
     return {.basics = {m_name->text(), m_choices->choices()},
             .items = m_items->items(),
+            .placements = m_layout->placements(),
             .layoutChange = m_layout->layoutChange(),
             .capturedApplications = m_layout->capturedApplications(),
             .retainedPlacements = m_layout->retainedPlacements()};

@@ -27,6 +27,7 @@ inline constexpr auto savedAsNewWorkspace = u"%@ saved as a new workspace."_key;
 inline constexpr auto removeItem = u"Remove %@"_key;
 inline constexpr auto newlyCapturedWindows = u"%lld newly captured windows."_key;
 inline constexpr auto savedWindows = u"%lld saved windows."_key;
+inline constexpr auto desktopNumber = u"Desktop %lld"_key;
 
 // The capture sheet, with the name of the workspace or of the application.
 inline constexpr auto chooseWindowsOfLayout =

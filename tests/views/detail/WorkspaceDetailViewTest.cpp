@@ -183,6 +183,13 @@ private Q_SLOTS:
         addPlacement(u"tiny"_s, wide, {0, 0, 0.01, 0.01});
         addPlacement(u"elsewhere"_s, flat, {0, 0, 1, 1});
         addPlacement(u"upper right"_s, wide, {0.5, 0.75, 0.5, 0.25});
+        WindowPlacement& maximized = m_work->appendPlacement(std::make_unique<WindowPlacement>(
+            WindowPlacementValues{.applicationName = u"maximized"_s,
+                                  .normalizedY = 0.5,
+                                  .normalizedWidth = 0.5,
+                                  .normalizedHeight = 0.5,
+                                  .displayFingerprintData = encodeFingerprint(wide),
+                                  .windowStates = u"maximizedHorizontally"_s}));
         auto* preview = child<LayoutPreview>();
         QTRY_COMPARE(preview->findChildren<DisplayPreview*>().size(), 2);
         const auto* display = preview->findChild<DisplayPreview*>();
@@ -198,6 +205,9 @@ private Q_SLOTS:
         QCOMPARE(frame(u"tiny"_s), QRectF(0, 0.99 * height, 20, 16));
         QCOMPARE(frame(u"upper right"_s), QRectF(width / 2, 0, width / 2, height / 4));
         QCOMPARE(frame(u"elsewhere"_s).size(), QSizeF(width, width / 1.2));
+        QCOMPARE(frame(u"maximized"_s), QRectF(0, 0, width, height / 2));
+        maximized.setRestoresState(false);
+        QTRY_COMPARE(frame(u"maximized"_s), QRectF(0, 0, width / 2, height / 2));
         auto* tiny = find<WindowMiniature>(*preview, u"tiny"_s);
         const QAccessibleInterface* face = QAccessible::queryAccessibleInterface(tiny);
         QCOMPARE(face->role(), QAccessible::Graphic);

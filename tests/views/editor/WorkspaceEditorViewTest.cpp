@@ -207,6 +207,32 @@ private Q_SLOTS:
         QVERIFY(workspace.sortedPlacements().first()->isEnabled());
     }
 
+    void switchesWhatSavedWindowsBringBack()
+    {
+        TrovellWorkspace& workspace = workspaceWithItems(*m_fixture, {});
+        for (const char* states : {"fullScreen", "maximizedVertically above"})
+            workspace.appendPlacement(std::make_unique<WindowPlacement>(WindowPlacementValues{
+                .bundleIdentifier = u"editor"_s,
+                .windowTitleHint = u"a"_s,
+                .virtualDesktopIndex = 1,
+                .windowStates = QString::fromLatin1(states),
+                .opensMissingWindow = true,
+            }));
+        m_fixture->addPlacement(workspace, u"silent"_s);
+        const OpenEditor editor(*m_fixture, &workspace);
+        QVERIFY(editor.shows(u"Desktop 2 • Full screen"_s));
+        QVERIFY(editor.shows(u"Desktop 2 • Maximized vertically • Above others"_s));
+        QVERIFY(!editor.shows(u"silent window"_s));
+        click(*editor.view, u"Restore on its desktop"_s); // the first of two
+        click(*editor.view, u"Restore maximized"_s);
+        click(*editor.view, u"Open missing windows"_s);
+        QCOMPARE(editor.save(), QStringList());
+        const auto placements = workspace.placementsInOrder();
+        QVERIFY(!placements[0]->restoresDesktop() && placements[0]->restoresState());
+        QVERIFY(placements[1]->restoresDesktop() && !placements[1]->restoresState());
+        QVERIFY(!placements[0]->opensMissingWindow() && !placements[1]->opensMissingWindow());
+    }
+
     void keepsTheWindowsThatACaptureDoesNotSee()
     {
         TrovellWorkspace& workspace = workspaceWithItems(*m_fixture, {});
