@@ -62,8 +62,15 @@ ResourceOpeningService::ResourceOpeningService(std::shared_ptr<ResourceSystem> s
 QCoro::Task<LaunchResult> ResourceOpeningService::open(WorkspaceItem& item, QFuture<void> givenUp)
 {
     const QString type = item.typeRawValue();
-    Request request{item.displayName(),      item.urlString(),       item.bookmarkData(),
-                    item.bundleIdentifier(), type == u"application", std::move(givenUp)};
+    const WorkspaceItemValues& values = item.values();
+    Request request{values.displayName,
+                    values.urlString,
+                    values.bookmarkData,
+                    values.bundleIdentifier,
+                    type == u"application",
+                    {values.arguments, values.workingFolder},
+                    values.openWith.value_or(QString()),
+                    std::move(givenUp)};
     if (type == u"webLink")
         return openWebLink(std::move(request));
     return openResource(std::move(request), QPointer(&item));
@@ -104,8 +111,8 @@ QCoro::Task<LaunchResult> ResourceOpeningService::openURL(Request request, QUrl 
 
     if (request.givenUp.isFinished())
         co_return makeLaunchResult(Message::verbatim(request.name), LaunchResultKind::failed);
-    const bool isAccepted =
-        request.isApplication ? m_system->openApplication(url) : m_system->openResource(url);
+    const bool isAccepted = request.isApplication ? m_system->openApplication(url, request.start)
+                                                  : m_system->openResource(url, request.openWith);
     if (!isAccepted)
         co_return failure(request.name, {ResourceOpeningError::Kind::cannotOpen, request.name});
     co_return makeLaunchResult(Message::verbatim(request.name), request.isApplication

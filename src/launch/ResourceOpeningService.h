@@ -56,6 +56,12 @@ public:
     [[nodiscard]] Expected<ResolvedResource, ResourceOpeningError>
     resolveFileURL(const std::optional<QByteArray>& bookmarkData, const QString& urlString) const;
 
+    /// Makes a running application open one more window; false when it has no way to.
+    [[nodiscard]] bool openNewWindow(const QString& bundleIdentifier)
+    {
+        return m_system->openNewWindow(bundleIdentifier);
+    }
+
 private:
     /// What opening needs of a record.
     struct Request {
@@ -64,6 +70,8 @@ private:
         std::optional<QByteArray> bookmarkData;
         std::optional<QString> bundleIdentifier;
         bool isApplication = false;
+        ApplicationStart start;
+        QString openWith;
         QFuture<void> givenUp;
     };
 

@@ -35,6 +35,14 @@ struct InstalledApplication {
     ApplicationDescription description;
 };
 
+/// How a person wants an application started.
+struct ApplicationStart {
+    /// As in a shell, behind those of its own; none adds nothing.
+    std::optional<QString> arguments = {};
+    /// The folder it works in; none is its own choice.
+    std::optional<QString> workingFolder = {};
+};
+
 class ResourceSystem {
 public:
     virtual ~ResourceSystem() = default;
@@ -63,14 +71,20 @@ public:
     /// their files, which may take some hundred milliseconds: called from worker threads.
     [[nodiscard]] virtual QList<InstalledApplication> installedApplications() const = 0;
 
-    /// Starts the application whose desktop file `url` names. True when the desktop accepted it,
-    /// which does not mean that the program survives its start. Main thread; does not wait for
-    /// the application.
-    [[nodiscard]] virtual bool openApplication(const QUrl& url) = 0;
+    /// Starts the application whose desktop file or program `url` names. True when the desktop
+    /// accepted it, which does not mean that the program survives its start. Main thread; does not
+    /// wait for the application.
+    [[nodiscard]] virtual bool openApplication(const QUrl& url,
+                                               const ApplicationStart& start = {}) = 0;
 
-    /// Opens a file, folder or link in its default application. True when the desktop accepted it.
-    /// Main thread; does not wait for the application.
-    [[nodiscard]] virtual bool openResource(const QUrl& url) = 0;
+    /// Opens a file, folder or link in the application of that identifier, and in its default one
+    /// when there is none such. True when the desktop accepted it. Main thread; does not wait for
+    /// the application.
+    [[nodiscard]] virtual bool openResource(const QUrl& url, const QString& openWith = {}) = 0;
+
+    /// Makes a running application open one more window. False when it has no way to. Main thread;
+    /// does not wait for the window.
+    [[nodiscard]] virtual bool openNewWindow(const QString& bundleIdentifier) = 0;
 };
 
 } // namespace trovell

@@ -3,6 +3,7 @@
 #include "platform/freedesktop/GioResourceSystem.h"
 
 #include "lab/PrivateSession.h"
+#include "support/BusClient.h"
 #include "support/Patience.h"
 
 #include <QtTest>
@@ -20,6 +21,7 @@ class GioResourceSystemTest : public QObject {
 private Q_SLOTS:
     void initTestCase()
     {
+        QVERIFY(m_session.startBus());
         const QByteArray viewer = m_session.addRecorder(u"viewer"_s).toUtf8();
         m_session.addDesktopFile(u"org.example.Viewer"_s, "Exec=" + viewer + " %u");
         const QByteArray editor = m_session.addRecorder(u"editor"_s).toUtf8();
@@ -65,6 +67,7 @@ private Q_SLOTS:
         const QString desktopFile =
             m_session.addDesktopFile(u"detached"_s, "Exec=" + program.toUtf8() + " --flag %U");
         qputenv("DESKTOP_STARTUP_ID", "of-this-program");
+        qputenv("NOTIFY_SOCKET", "of-this-program");
 
         QVERIFY(m_system.openApplication(QUrl::fromLocalFile(desktopFile)));
         QTRY_VERIFY(m_session.recorded(program));
@@ -74,9 +77,93 @@ private Q_SLOTS:
         QCOMPARE(start->streams, QStringList(3, u"/dev/null"_s));
         QCOMPARE(start->launchedDesktopFile, desktopFile);
         QVERIFY(start->startupId.isEmpty());
+        QVERIFY(start->notifySocket.isEmpty());
+        QCOMPARE(start->folder, QDir(m_session.path({})).canonicalPath());
         // It is no child of this process: not even a zombie of it is left.
-        QCOMPARE(waitpid(-1, nullptr, WNOHANG), -1);
-        QCOMPARE(errno, ECHILD);
+        QCOMPARE(waitpid(-1, nullptr, WNOHANG), 0); // nothing but the bus is, which runs
+    }
+
+    void startsThemAsWished()
+    {
+        const QByteArray program = m_session.addRecorder(u"wished"_s).toUtf8();
+        const QString file = m_session.addDesktopFile(
+            u"org.example.Wished"_s, "Exec=" + program + " --own %U\nDBusActivatable=true");
+        m_session.write(u"work/note"_s, "");
+        const QString folder = QDir(m_session.path(u"work"_s)).canonicalPath();
+        const auto startedBy = [&](auto start) {
+            QFile::remove(QString::fromUtf8(program) + u".record"_s);
+            if (!start())
+                qFatal("refused");
+            const bool isRecorded = QTest::qWaitFor(
+                [&] { return m_session.recorded(QString::fromUtf8(program)).has_value(); }, 60'000);
+            if (!isRecorded)
+                qFatal("not started");
+            return *m_session.recorded(QString::fromUtf8(program));
+        };
+        const auto wished = startedBy([&] {
+            return m_system.openApplication(QUrl::fromLocalFile(file),
+                                            {u"'two words' 100%"_s, folder});
+        });
+        QCOMPARE(wished.arguments, (QStringList{u"--own"_s, u"two words"_s, u"100%"_s}));
+        QCOMPARE(wished.folder, folder);
+
+        // A program without a desktop file, whatever its name.
+        const QString strange = m_session.path(u"bin/my %f 'tool'"_s);
+        QVERIFY(QFile::copy(QString::fromUtf8(program), strange));
+        QVERIFY(m_system.openApplication(QUrl::fromLocalFile(strange)));
+        QTRY_VERIFY(m_session.recorded(strange));
+
+        // Another application than the default one, unless it is gone.
+        m_session.addDesktopFile(u"org.example.Wished"_s, "Exec=" + program + " %U");
+        const QUrl note = url(u"work/note"_s);
+        const auto opened =
+            startedBy([&] { return m_system.openResource(note, u"org.example.Wished"_s); });
+        QCOMPARE(opened.arguments, QStringList{note.toLocalFile()});
+        QVERIFY(m_system.openResource(url(u"notes/todo list 100%.txt"_s), u"org.example.Nope"_s));
+
+        // One more window, by its action or by starting it again.
+        const QByteArray base = "Exec=" + program + " --first";
+        const auto newWindow = [&](const QByteArray& lines) {
+            m_session.addDesktopFile(u"org.example.Wished"_s, base + lines);
+            return startedBy([&] { return m_system.openNewWindow(u"org.example.Wished"_s); })
+                .arguments;
+        };
+        QCOMPARE(newWindow("\nActions=new-window\n[Desktop Action new-window]\nName=New\nExec=" +
+                           program + " --another"),
+                 QStringList{u"--another"_s});
+        QCOMPARE(newWindow(""), QStringList{u"--first"_s});
+        m_session.addDesktopFile(u"org.example.Wished"_s, base + "\nSingleMainWindow=true");
+        QVERIFY(!m_system.openNewWindow(u"org.example.Wished"_s));
+        QVERIFY(!m_system.openNewWindow(u"org.example.Nope"_s));
+    }
+
+    void keepsThemByThemselves()
+    {
+        // The user's service manager, as far as it is asked for anything.
+        const test::BusClient manager("org.freedesktop.systemd1");
+        QByteArrayList scopes;
+        const auto handle = [](GDBusConnection*, const char*, const char*, const char*,
+                               const char* method, GVariant* parameters,
+                               GDBusMethodInvocation* call, gpointer data) {
+            const char* name = nullptr;
+            g_variant_get_child(parameters, 0, "&s", &name);
+            static_cast<QByteArrayList*>(data)->append(QByteArray(method) + ' ' + name);
+            g_dbus_method_invocation_return_value(call, g_variant_new("(o)", "/job"));
+        };
+        const GPointer<GDBusNodeInfo, g_dbus_node_info_unref> node(g_dbus_node_info_new_for_xml(
+            "<node><interface name='org.freedesktop.systemd1.Manager'>"
+            "<method name='StartTransientUnit'><arg type='s' direction='in'/>"
+            "<arg type='s' direction='in'/><arg type='a(sv)' direction='in'/>"
+            "<arg type='a(sa(sv))' direction='in'/><arg type='o' direction='out'/></method>"
+            "</interface></node>",
+            nullptr));
+        const GDBusInterfaceVTable table{handle, nullptr, nullptr, {}};
+        g_dbus_connection_register_object(manager.connection(), "/org/freedesktop/systemd1",
+                                          node->interfaces[0], &table, &scopes, nullptr, nullptr);
+        QVERIFY(m_system.openResource(QUrl(u"https://wiki.local"_s)));
+        QTRY_COMPARE(scopes.size(), 1);
+        QVERIFY(scopes.first().startsWith("StartTransientUnit app-org.example.Viewer-"));
+        QVERIFY(scopes.first().endsWith(".scope"));
     }
 
     void refusesApplications()
@@ -93,7 +180,7 @@ private Q_SLOTS:
             u"link.desktop"_s, "[Desktop Entry]\nType=Link\nName=x\nURL=https://wiki.local\n");
         for (const QUrl& refused :
              {QUrl::fromLocalFile(link), url(u"data/applications/missing.desktop"_s),
-              url(u"bin/viewer"_s), QUrl()})
+              url(u"notes/todo list 100%.txt"_s), QUrl()})
             QVERIFY2(!m_system.openApplication(refused), qPrintable(refused.toString()));
     }
 

@@ -33,6 +33,11 @@ public:
 
     /// Called before anything is opened.
     std::function<void()> onOpen = [] {};
+    /// Opens the window, or returns that there is no way to.
+    std::function<bool(const QString&)> onNewWindow = [](const QString&) { return false; };
+    /// As last asked for.
+    ApplicationStart lastStart;
+    QString lastOpenWith;
 
     [[nodiscard]] QList<QUrl> openedApplications() const { return m_openedApplications; }
     [[nodiscard]] QList<QUrl> openedResources() const { return m_openedResources; }
@@ -49,13 +54,19 @@ public:
     describeApplication(const QUrl& url) const override;
     /// Those that were added, as `describeApplication` describes them.
     [[nodiscard]] QList<InstalledApplication> installedApplications() const override;
-    [[nodiscard]] bool openApplication(const QUrl& url) override
+    [[nodiscard]] bool openApplication(const QUrl& url, const ApplicationStart& start = {}) override
     {
+        lastStart = start;
         return open(url, m_openedApplications);
     }
-    [[nodiscard]] bool openResource(const QUrl& url) override
+    [[nodiscard]] bool openResource(const QUrl& url, const QString& openWith = {}) override
     {
+        lastOpenWith = openWith;
         return open(url, m_openedResources);
+    }
+    [[nodiscard]] bool openNewWindow(const QString& bundleIdentifier) override
+    {
+        return onNewWindow(bundleIdentifier);
     }
 
 private:

@@ -19,6 +19,8 @@ streams=$(readlink /proc/$$/fd/0 /proc/$$/fd/1 /proc/$$/fd/2)
     echo "$streams"
     echo "$GIO_LAUNCHED_DESKTOP_FILE"
     echo "$DESKTOP_STARTUP_ID"
+    pwd
+    echo "$NOTIFY_SOCKET"
     for argument; do echo "$argument"; done
 } > "$0.new"
 mv "$0.new" "$0.record"
@@ -73,11 +75,16 @@ std::optional<RecordedStart> PrivateSession::recorded(const QString& recorder) c
 {
     QStringList lines = QString::fromUtf8(readFile(recorder + u".record"_s)).split(u'\n');
     lines.removeLast();
-    if (lines.size() < 7)
+    if (lines.size() < 9)
         return {};
-    return RecordedStart{
-        lines.mid(7), lines[0].toLongLong(), lines[1].toLongLong(), lines.mid(2, 3), lines[5],
-        lines[6]};
+    return RecordedStart{lines.mid(9),
+                         lines[0].toLongLong(),
+                         lines[1].toLongLong(),
+                         lines.mid(2, 3),
+                         lines[5],
+                         lines[6],
+                         lines[7],
+                         lines[8]};
 }
 
 void PrivateSession::setDefault(const QString& mimeType, const QString& id)

@@ -24,6 +24,8 @@ struct RecordedStart {
     QStringList streams;
     QString launchedDesktopFile;
     QString startupId;
+    QString folder;
+    QString notifySocket;
 };
 
 class PrivateSession {

@@ -48,9 +48,11 @@ void FrameNegotiation::noteProgress(const FrameReading& reading, Time now)
 {
     const bool isNextStage =
         reading.states != m_reading.states || reading.isOnDesktop != m_reading.isOnDesktop;
+    const bool hasReacted = m_frameBefore && !isSameRectangle(reading.frame, *m_frameBefore);
+    m_hasReacted = m_hasReacted || hasReacted;
     if (isNextStage)
         beginStage();
-    else if (m_frameBefore && !isSameRectangle(reading.frame, *m_frameBefore))
+    else if (hasReacted)
         m_reactedAt = m_reactedAt.value_or(now);
 }
 
@@ -209,7 +211,7 @@ FrameNegotiation::Step FrameNegotiation::sent(Step step, Time now)
 void FrameNegotiation::giveUp()
 {
     if (!isOver())
-        m_isAccepted = isExact() || (m_reactedAt && isInPosition());
+        m_isAccepted = isExact() || (m_hasReacted && isInPosition());
 }
 
 } // namespace trovell

@@ -125,8 +125,9 @@ private:
     Time m_lastActivity;
     bool m_isUnread = true;
     bool m_isUnanswered = false;
-    /// When the frame first changed in answer to a request.
+    /// When the frame first changed in answer to a request, since something else last did.
     std::optional<Time> m_reactedAt;
+    bool m_hasReacted = false;
     bool m_hasChangedStates = false;
     std::optional<WindowStates> m_statesAsked;
     /// It has had its frame, and only states are missing.

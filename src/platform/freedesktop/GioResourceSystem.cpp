@@ -2,22 +2,18 @@
 
 #include "platform/freedesktop/GioResourceSystem.h"
 
+#include "platform/freedesktop/ApplicationStart.h"
 #include "platform/freedesktop/DesktopEntry.h"
 #include "platform/freedesktop/FileBookmark.h"
 #include "platform/freedesktop/FilePath.h"
-#include "platform/freedesktop/GObjectPointer.h"
 
 #include <QStandardPaths>
 
-#include <gio/gdesktopappinfo.h>
-
-#include <unistd.h>
+#include <utility>
 
 namespace trovell {
 
 namespace {
-
-using DesktopFile = GObjectPointer<GDesktopAppInfo>;
 
 /// None when the URL names no desktop file of an application.
 DesktopFile desktopFile(const QUrl& url)
@@ -39,32 +35,14 @@ QString applicationId(const QUrl& url)
     return desktopEntryId(url.fileName());
 }
 
-/// Runs in the new process between fork and exec: only async-signal-safe calls.
-void startOwnSession(gpointer)
+/// None when it is not installed.
+DesktopFile installedApplication(const QString& bundleIdentifier)
 {
-    setsid();
-}
-
-GObjectPointer<GAppLaunchContext> makeLaunchContext()
-{
-    GObjectPointer<GAppLaunchContext> context(g_app_launch_context_new());
-    // Tokens of this program's own start, if it still has them, belong to no other program.
-    g_app_launch_context_unsetenv(context.get(), "DESKTOP_STARTUP_ID");
-    g_app_launch_context_unsetenv(context.get(), "XDG_ACTIVATION_TOKEN");
-    return context;
-}
-
-/// `uri` may be null. False when the program could not be started.
-bool launch(GDesktopAppInfo* application, const char* uri)
-{
-    GList link = {const_cast<char*>(uri), nullptr, nullptr};
-    const auto context = makeLaunchContext();
-    // Without G_SPAWN_DO_NOT_REAP_CHILD GLib forks twice, so that no zombie can be left.
-    const auto flags = static_cast<GSpawnFlags>(G_SPAWN_SEARCH_PATH | G_SPAWN_STDOUT_TO_DEV_NULL |
-                                                G_SPAWN_STDERR_TO_DEV_NULL);
-    return g_desktop_app_info_launch_uris_as_manager(application, uri ? &link : nullptr,
-                                                     context.get(), flags, startOwnSession, nullptr,
-                                                     nullptr, nullptr, nullptr) != FALSE;
+    // GIO would take it for a path below an application folder.
+    if (bundleIdentifier.isEmpty() || bundleIdentifier.contains(u'/'))
+        return {};
+    const QByteArray id = bundleIdentifier.toUtf8() + ".desktop";
+    return DesktopFile(g_desktop_app_info_new(id.constData()));
 }
 
 /// As g_app_info_launch_default_for_uri looks it up.
@@ -93,11 +71,7 @@ std::optional<ResolvedBookmark> GioResourceSystem::resolveBookmark(const QByteAr
 
 std::optional<QUrl> GioResourceSystem::applicationURL(const QString& bundleIdentifier) const
 {
-    // GIO would take it for a path below an application folder.
-    if (bundleIdentifier.isEmpty() || bundleIdentifier.contains(u'/'))
-        return {};
-    const QByteArray id = bundleIdentifier.toUtf8() + ".desktop";
-    const DesktopFile application(g_desktop_app_info_new(id.constData()));
+    const DesktopFile application = installedApplication(bundleIdentifier);
     const char* path = application ? g_desktop_app_info_get_filename(application.get()) : nullptr;
     return path ? std::optional(fileURL(path)) : std::nullopt;
 }
@@ -129,24 +103,51 @@ QList<InstalledApplication> GioResourceSystem::installedApplications() const
     return applications;
 }
 
-bool GioResourceSystem::openApplication(const QUrl& url)
+bool GioResourceSystem::openApplication(const QUrl& url, const ApplicationStart& start)
 {
-    const DesktopFile application = desktopFile(url);
+    const auto path = localPath(url);
+    DesktopFile application = desktopFile(url);
+    if (!application && path && !path->endsWith(".desktop"))
+        application = programAt(*path);
     if (!application || g_desktop_app_info_get_is_hidden(application.get()))
         return false;
-    return launch(application.get(), nullptr);
+    application = withStart(std::move(application), start);
+    return application && startApplication(application.get(), nullptr);
 }
 
-bool GioResourceSystem::openResource(const QUrl& url)
+bool GioResourceSystem::openResource(const QUrl& url, const QString& openWith)
 {
     if (!url.isValid() || url.isRelative())
         return false;
     const QByteArray uri = url.toEncoded();
+    const DesktopFile chosen = installedApplication(openWith);
+    if (chosen && startApplication(chosen.get(), uri.constData()))
+        return true;
     const auto application = defaultApplication(uri.constData());
     if (G_IS_DESKTOP_APP_INFO(application.get()))
-        return launch(G_DESKTOP_APP_INFO(application.get()), uri.constData());
+        return startApplication(G_DESKTOP_APP_INFO(application.get()), uri.constData());
     // Inside a sandbox no applications are seen, but GIO can ask the desktop's portal.
     return g_app_info_launch_default_for_uri(uri.constData(), nullptr, nullptr) != FALSE;
+}
+
+bool GioResourceSystem::openNewWindow(const QString& bundleIdentifier)
+{
+    const DesktopFile application = installedApplication(bundleIdentifier);
+    if (!application)
+        return false;
+    const char* const* actions = g_desktop_app_info_list_actions(application.get());
+    for (const char* name : {"new-window", "NewWindow", "new_window"}) {
+        if (!g_strv_contains(actions, name))
+            continue;
+        const auto context = makeLaunchContext();
+        g_desktop_app_info_launch_action(application.get(), name, context.get());
+        return true;
+    }
+    for (const char* key : {"SingleMainWindow", "X-GNOME-SingleWindow"}) {
+        if (g_desktop_app_info_get_boolean(application.get(), key))
+            return false;
+    }
+    return startApplication(application.get(), nullptr);
 }
 
 } // namespace trovell

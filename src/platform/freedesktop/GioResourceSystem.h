@@ -26,12 +26,18 @@ public:
 
     [[nodiscard]] QList<InstalledApplication> installedApplications() const override;
 
-    /// False when `url` is no desktop file of an application (Desktop Entry Specification 1.5,
-    /// section 6), is hidden, or its TryExec or Exec names no program.
-    [[nodiscard]] bool openApplication(const QUrl& url) override;
+    /// False when `url` is neither a program nor a desktop file of an application (Desktop Entry
+    /// Specification 1.5, section 6), or one that is hidden or whose TryExec or Exec names no
+    /// program.
+    [[nodiscard]] bool openApplication(const QUrl& url,
+                                       const ApplicationStart& start = {}) override;
 
     /// False when nothing is there, no application opens its kind, or that cannot be started.
-    [[nodiscard]] bool openResource(const QUrl& url) override;
+    [[nodiscard]] bool openResource(const QUrl& url, const QString& openWith = {}) override;
+
+    /// By the desktop file's action for that; without one by starting the application again, unless
+    /// it says that it has one window only.
+    [[nodiscard]] bool openNewWindow(const QString& bundleIdentifier) override;
 };
 
 } // namespace trovell
