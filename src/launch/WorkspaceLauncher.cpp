@@ -2,6 +2,7 @@
 
 #include "launch/WorkspaceLauncher.h"
 
+#include "launch/MissingWindowOpener.h"
 #include "model/TrovellWorkspace.h"
 #include "model/WindowPlacement.h"
 #include "model/WorkspaceItem.h"
@@ -277,6 +278,9 @@ WorkspaceLauncher::restoreApplicationWindows(Snapshots pending, Run run, Time de
 {
     Results finished;
     WindowRestoreAttempt last;
+    const WindowPlacementSnapshot first = pending.first();
+    MissingWindowOpener opener(
+        [&] { return m_resourceOpener.openNewWindow(first.bundleIdentifier); });
     while (!m_cancelling.future().isFinished()) {
         const QFuture<WindowRestoreAttempt> restoring =
             futureOf(m_windowRestorer.restorePlacements(pending, run));
@@ -293,7 +297,10 @@ WorkspaceLauncher::restoreApplicationWindows(Snapshots pending, Run run, Time de
         pending.removeIf([&attempt](const WindowPlacementSnapshot& snapshot) {
             return attempt.completed.contains(snapshot.id);
         });
-        if (pending.isEmpty() || m_clock.steadyNow() >= deadline)
+        const Time now = m_clock.steadyNow();
+        if (now < deadline)
+            opener.consider(attempt, now);
+        if (pending.isEmpty() || now >= deadline)
             break;
         auto pause = isDoneBy(m_clock.steadyNow() + passInterval, m_cancelling.future());
         co_await pause;
@@ -306,6 +313,10 @@ WorkspaceLauncher::restoreApplicationWindows(Snapshots pending, Run run, Time de
         else
             finished.append(timedOutResult(snapshot, reason, last.advice.value(snapshot.id)));
     }
+    if (const qint64 count = opener.openedCount())
+        finished.append(makeLaunchResult(Message::verbatim(first.applicationName),
+                                         LaunchResultKind::opened,
+                                         {u"%lld windows opened"_key, count}));
     co_return finished;
 }
 

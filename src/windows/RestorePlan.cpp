@@ -108,6 +108,22 @@ std::optional<DesktopPlace> desktopOf(const WindowPlacementSnapshot& placement,
     return DesktopPlace{.index = isByName ? int(sameName) : saved->index};
 }
 
+void countWindows(const Placements& placements, const QList<DesktopWindow>& windows,
+                  std::chrono::steady_clock::time_point now, WindowRestorePlan& plan)
+{
+    // A program that opens its windows of last time may pause between them.
+    constexpr std::chrono::seconds rest{2};
+    QSet<QUuid> saved(plan.known.paired.keyBegin(), plan.known.paired.keyEnd());
+    for (const WindowPlacementSnapshot& placement : placements)
+        saved.insert(placement.id);
+    WindowRestoreAttempt& attempt = plan.attempt;
+    attempt.wantedWindowCount = saved.size();
+    attempt.windowCount = std::ranges::count(windows, WindowKind::standard, &DesktopWindow::kind);
+    attempt.isAtRest = now - plan.known.seenSince >= rest;
+    attempt.opensMissingWindows =
+        std::ranges::any_of(placements, &WindowPlacementSnapshot::opensMissingWindow);
+}
+
 /// What one attempt over the placements of one application comes to, without moving anything.
 WindowRestorePlan makePlan(const RestoreGroup& group, const QList<DesktopWindow>& windows,
                            const DesktopSnapshot& desktop, const StoredDisplays& displays,
@@ -117,6 +133,7 @@ WindowRestorePlan makePlan(const RestoreGroup& group, const QList<DesktopWindow>
     plan.known = group.known;
     plan.desktopInView = desktop.currentVirtualDesktop;
     pairWindows(group.placements, windows, now, plan.known);
+    countWindows(group.placements, windows, now, plan);
     for (const WindowPlacementSnapshot& placement : group.placements) {
         const auto window = plan.known.paired.constFind(placement.id);
         if (window == plan.known.paired.constEnd()) {

@@ -25,6 +25,13 @@ struct WindowRestoreAttempt {
     QHash<QUuid, Message> retryableDetails;
     /// Beside some of those reasons.
     QHash<QUuid, Message> advice = {};
+    /// How many windows the application has, put away or not, and how many the workspace saved.
+    qsizetype windowCount = 0;
+    qsizetype wantedWindowCount = 0;
+    /// Its windows have been the same for so long that it has come up.
+    bool isAtRest = false;
+    /// It is to open those that it has too few of.
+    bool opensMissingWindows = false;
 };
 
 /// A window that a placement is brought to, and how it stood before.

@@ -219,6 +219,48 @@ private Q_SLOTS:
         QTRY_VERIFY(!desktop.launcher.isLaunching());
     }
 
+    void opensAsManyWindowsAsWereSaved()
+    {
+        Desktop desktop;
+        int askedCount = 0;
+        int refusedAfter = 9;
+        desktop.resources.onNewWindow = [&](const QString& identifier) {
+            if (++askedCount > refusedAfter)
+                return false;
+            desktop.windows.addWindow(identifier, {.title = u"~"_s});
+            return true;
+        };
+        for (const qint64 index : {0, 1, 2})
+            desktop.addPlacement(u"terminal"_s, u"~"_s, index);
+        desktop.windows.addWindow(u"terminal"_s, {.title = u"~"_s});
+        // Off for what no capture saw with several windows.
+        desktop.start();
+        desktop.runToEnd(1);
+        QCOMPARE(askedCount, 0);
+
+        for (WindowPlacement* placement : desktop.workspace->sortedPlacements())
+            placement->setOpensMissingWindow(true);
+        desktop.start();
+        desktop.runToEnd(1);
+        QCOMPARE(askedCount, 2);
+        QCOMPARE(desktop.report(),
+                 (QStringList{u"~: restored"_s, u"~: restored"_s, u"~: restored"_s,
+                              u"TERMINAL: opened 2 windows opened"_s}));
+        // It has them all now.
+        desktop.start();
+        desktop.runToEnd(0);
+        QCOMPARE(askedCount, 2);
+
+        // One that opens no further window is asked once.
+        refusedAfter = 2;
+        desktop.addPlacement(u"terminal"_s, u"~"_s, 3);
+        desktop.workspace->sortedPlacements().last()->setOpensMissingWindow(true);
+        desktop.start();
+        desktop.runToEnd(1);
+        QCOMPARE(askedCount, 3);
+        QCOMPARE(desktop.report().size(), 4);
+    }
+
     void wordsAloneWaitForABetterWindow()
     {
         Desktop desktop;

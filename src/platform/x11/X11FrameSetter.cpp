@@ -116,7 +116,7 @@ X11FrameSetter::X11FrameSetter(const X11Server& server, const QList<FramePass::R
         lastDesktop = std::max(lastDesktop, place->isAll ? 0 : desktopNumber(*place));
     }
     if (lastDesktop >= m_facts.virtualDesktopCount && lastDesktop < mostDesktops)
-        sendDesktopCount(m_connection, lastDesktop + 1);
+        makeDesktops(m_connection, lastDesktop + 1);
 }
 
 QList<FrameOutcome> X11FrameSetter::run()

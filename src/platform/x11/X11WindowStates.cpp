@@ -2,7 +2,11 @@
 
 #include "platform/x11/X11WindowStates.h"
 
+#include <algorithm>
 #include <array>
+#include <chrono>
+
+#include <poll.h>
 
 namespace trovell {
 
@@ -39,6 +43,14 @@ void sendChanges(const X11Connection& connection, xcb_window_t window, WindowSta
         if (states & state)
             send(atom, 0);
     }
+}
+
+quint32 desktopCount(const X11Connection& connection)
+{
+    const auto count =
+        connection.requestProperty(connection.root(), connection.atoms().netNumberOfDesktops);
+    connection.finishBatch();
+    return propertyNumbers(connection.reply(count)).value(0);
 }
 
 } // namespace
@@ -84,10 +96,25 @@ void sendDesktop(const X11Connection& connection, xcb_window_t window, quint32 d
     connection.sendToRoot(window, connection.atoms().netWmDesktop, {desktop, fromPager, 0, 0, 0});
 }
 
-void sendDesktopCount(const X11Connection& connection, quint32 count)
+void makeDesktops(const X11Connection& connection, quint32 count)
 {
+    using Clock = std::chrono::steady_clock;
+    const auto deadline = Clock::now() + std::chrono::seconds(1);
+    const quint32 mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_change_window_attributes(connection.get(), connection.root(), XCB_CW_EVENT_MASK, &mask);
     connection.sendToRoot(connection.root(), connection.atoms().netNumberOfDesktops,
                           {count, 0, 0, 0, 0});
+    // Windows cannot be sent to what is not there yet.
+    while (connection.isAlive() && desktopCount(connection) < count && Clock::now() < deadline) {
+        // Events that came with a reply do not wake the socket.
+        if (X11Reply<xcb_generic_event_t>(xcb_poll_for_event(connection.get())))
+            continue;
+        pollfd descriptor = {xcb_get_file_descriptor(connection.get()), POLLIN, 0};
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now());
+        ::poll(&descriptor, 1, static_cast<int>(std::max(left.count(), decltype(left.count()){0})));
+    }
+    const quint32 nothing = XCB_EVENT_MASK_NO_EVENT;
+    xcb_change_window_attributes(connection.get(), connection.root(), XCB_CW_EVENT_MASK, &nothing);
 }
 
 } // namespace trovell

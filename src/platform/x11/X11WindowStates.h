@@ -30,6 +30,8 @@ struct X11DesktopFacts {
 void sendStates(const X11Connection& connection, xcb_window_t window, WindowStates from,
                 WindowStates to);
 void sendDesktop(const X11Connection& connection, xcb_window_t window, quint32 desktop);
-void sendDesktopCount(const X11Connection& connection, quint32 count);
+
+/// Asks for so many virtual desktops and waits for them, a second at most.
+void makeDesktops(const X11Connection& connection, quint32 count);
 
 } // namespace trovell
