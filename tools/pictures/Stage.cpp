@@ -69,8 +69,11 @@ Stage::~Stage()
 
 void Stage::finishLaunch()
 {
+    constexpr std::chrono::milliseconds pause{250};
     while (dependencies().launcher().isLaunching()) {
-        clock.advance(std::chrono::seconds(1));
+        // Only windows are waited for; everything else answers by itself.
+        if (clock.sleeperCount(pause) > 0)
+            clock.advance(pause);
         settle();
     }
 }

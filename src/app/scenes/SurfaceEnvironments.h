@@ -38,7 +38,8 @@ namespace trovell {
                                                            AppDependencies& services,
                                                            WorkspaceQuery& workspaces)
 {
-    return {look, workspaces, services.startWorkspace(), services.updateController()};
+    return {look, workspaces, services.startWorkspace(), services.updateController(),
+            services.launcher()};
 }
 
 } // namespace trovell

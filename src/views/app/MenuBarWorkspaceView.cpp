@@ -3,6 +3,7 @@
 #include "views/app/MenuBarWorkspaceView.h"
 
 #include "editing/WorkspaceStart.h"
+#include "launch/WorkspaceLauncher.h"
 #include "model/WorkspaceChoices.h"
 #include "model/WorkspaceQuery.h"
 #include "services/update/UpdateController.h"
@@ -32,6 +33,7 @@ MenuBarWorkspaceView::MenuBarWorkspaceView(const MenuBarEnvironment& environment
     connect(&environment.workspaces, &WorkspaceQuery::listChanged, this, follow);
     connect(&environment.workspaces, &WorkspaceQuery::updatedAtChanged, this, follow);
     connect(&m_menu, &QMenu::aboutToShow, this, follow);
+    connect(&environment.launcher, &WorkspaceLauncher::isLaunchingChanged, this, follow);
     connect(&environment.visual, &VisualStyle::appearanceChanged, this,
             &MenuBarWorkspaceView::rebuild);
 }
@@ -51,13 +53,14 @@ QList<MenuBarWorkspaceView::Line> MenuBarWorkspaceView::linesOfStore() const
 // A menu that another process shows is sent to it anew each time: not without need.
 void MenuBarWorkspaceView::followStore()
 {
-    if (linesOfStore() != m_lines)
+    if (linesOfStore() != m_lines || m_environment.launcher.canPutWindowsBack() != m_canPutBack)
         rebuild();
 }
 
 void MenuBarWorkspaceView::rebuild()
 {
     m_lines = linesOfStore();
+    m_canPutBack = m_environment.launcher.canPutWindowsBack();
     m_menu.clear();
     addWorkspaces();
     m_menu.addSeparator();
@@ -80,6 +83,11 @@ void MenuBarWorkspaceView::addCommands()
 {
     const Localization& words = m_environment.words;
     UpdateController* updates = &m_environment.updateController;
+    if (m_canPutBack) {
+        const QAction* putBack = m_menu.addAction(words.text(u"Put Windows Back"_key));
+        connect(putBack, &QAction::triggered, this,
+                [this] { m_environment.launcher.putWindowsBack(); });
+    }
     const QAction* open = m_menu.addAction(words.text(u"Open Trovell"_key));
     connect(open, &QAction::triggered, this, &MenuBarWorkspaceView::openMainWindowRequested);
     QAction* check = m_menu.addAction(words.text(u"Check for Updates…"_key));

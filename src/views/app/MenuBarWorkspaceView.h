@@ -12,6 +12,7 @@
 namespace trovell {
 
 class UpdateController;
+class WorkspaceLauncher;
 class WorkspaceQuery;
 class WorkspaceStart;
 
@@ -19,11 +20,12 @@ struct MenuBarEnvironment : ViewEnvironment {
     WorkspaceQuery& workspaces;
     const WorkspaceStart& startWorkspace;
     UpdateController& updateController;
+    WorkspaceLauncher& launcher;
 };
 
 /// A plain menu in the desktop's own rendering, which may take place in another process: what it
-/// shows is in its actions alone. The menu follows the store, the language and the appearance, and
-/// looks at the store once more when it is about to be shown.
+/// shows is in its actions alone. The menu follows the store, the launcher, the language and the
+/// appearance, and looks at the store once more when it is about to be shown.
 class MenuBarWorkspaceView : public QObject {
     Q_OBJECT
 
@@ -59,6 +61,7 @@ private:
     MenuBarEnvironment m_environment;
     QMenu m_menu;
     QList<Line> m_lines;
+    bool m_canPutBack = false;
 };
 
 } // namespace trovell

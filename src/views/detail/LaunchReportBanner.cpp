@@ -41,13 +41,17 @@ LaunchReportBanner::LaunchReportBanner(const ViewEnvironment& environment, QWidg
       m_title(new TextLabel(environment.visual, {}, TextRole::headline)),
       m_summary(
           new TextLabel(environment.visual, {}, TextRole::callout, ColorToken::labelSecondary)),
+      m_putBack(new PushButton(environment.visual, {}, PushButton::Kind::bordered,
+                               PushButton::Scale::small)),
       m_disclosure(new PushButton(environment.visual, {}, PushButton::Kind::bordered,
                                   PushButton::Scale::small)),
       m_rows(new QGridLayout)
 {
     setVisible(false);
+    m_putBack->setVisible(false);
     new ColumnLayout(this, {17, 15, 17, 15}, 0, {buildSummary(), m_details = buildDetails()});
 
+    connect(m_putBack, &QAbstractButton::clicked, this, &LaunchReportBanner::putBackRequested);
     connect(m_disclosure, &QAbstractButton::clicked, this, [this] { setExpanded(!m_isExpanded); });
     connect(&environment.visual, &VisualStyle::metricsChanged, this,
             &LaunchReportBanner::showDetails);
@@ -61,7 +65,7 @@ QWidget* LaunchReportBanner::buildSummary()
     auto* texts = new ColumnLayout(0, {m_title, m_summary});
 
     auto* summary = new QWidget;
-    new RowLayout(summary, gap, {m_symbol, {texts, 1}, m_disclosure});
+    new RowLayout(summary, gap, {m_symbol, {texts, 1}, m_putBack, m_disclosure});
     return summary;
 }
 
@@ -89,6 +93,11 @@ void LaunchReportBanner::setReport(const std::optional<WorkspaceLaunchReport>& r
     setVisible(true);
 }
 
+void LaunchReportBanner::setCanPutBack(bool canPutBack)
+{
+    m_putBack->setVisible(canPutBack);
+}
+
 void LaunchReportBanner::announceReport()
 {
     announce(m_title->text() + u' ' + m_summary->text());
@@ -104,6 +113,7 @@ void LaunchReportBanner::showReport()
     m_title->setText(titleText());
     m_summary->setText(m_environment.words.text(m_report.summary()));
     setAccessibleName(m_title->text());
+    m_putBack->setText(m_environment.words.text(u"Put Windows Back"_key));
     setExpanded(m_isExpanded);
 }
 

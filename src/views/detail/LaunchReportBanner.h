@@ -27,8 +27,14 @@ public:
     /// stays with the workspace.
     void setReport(const std::optional<WorkspaceLaunchReport>& report);
 
+    /// Offers to take back where windows were brought.
+    void setCanPutBack(bool canPutBack);
+
     /// Tells assistive tools of the report, which has just come in.
     void announceReport();
+
+Q_SIGNALS:
+    void putBackRequested();
 
 private:
     QWidget* buildSummary();
@@ -47,6 +53,7 @@ private:
     SymbolView* m_symbol;
     TextLabel* m_title;
     TextLabel* m_summary;
+    PushButton* m_putBack;
     PushButton* m_disclosure;
     QGridLayout* m_rows;
     /// The rule and the rows.

@@ -57,6 +57,10 @@ void WorkspaceDetailHeader::buildMenu()
     addMenuAction(*menu, u"Duplicate Workspace"_key, WorkspaceAction::duplicate);
     addMenuAction(*menu, u"Rename"_key, WorkspaceAction::rename);
     m_clearLayout = addMenuAction(*menu, u"Clear Saved Layout"_key, WorkspaceAction::clearLayout);
+    m_putBack = menu->addAction(QString());
+    m_putBack->setVisible(false);
+    m_environment.words.renderText(m_putBack, u"Put Windows Back"_key);
+    connect(m_putBack, &QAction::triggered, this, &WorkspaceDetailHeader::putBackRequested);
     menu->addSeparator();
     setDestructive(*addMenuAction(*menu, u"Delete Workspace"_key, WorkspaceAction::remove));
     m_menuButton->setMenu(menu, Qt::AlignRight);
@@ -103,6 +107,11 @@ void WorkspaceDetailHeader::setTrusted(bool isTrusted)
 {
     m_isTrusted = isTrusted;
     showTexts();
+}
+
+void WorkspaceDetailHeader::setCanPutBack(bool canPutBack)
+{
+    m_putBack->setVisible(canPutBack);
 }
 
 void WorkspaceDetailHeader::showTexts()

@@ -33,11 +33,14 @@ public:
     enum class Launching { nothing, thisWorkspace, anotherWorkspace };
     void setLaunching(Launching launching);
     void setTrusted(bool isTrusted);
+    /// Offers to take back where windows were brought.
+    void setCanPutBack(bool canPutBack);
 
 Q_SIGNALS:
     void chosen(trovell::WorkspaceAction action);
     /// The workspace shown is being started.
     void cancelRequested();
+    void putBackRequested();
 
 private:
     QWidget* buildTexts();
@@ -64,6 +67,7 @@ private:
     ActionButton* m_start;
     SymbolButton* m_menuButton;
     QAction* m_clearLayout = nullptr;
+    QAction* m_putBack = nullptr;
 };
 
 } // namespace trovell

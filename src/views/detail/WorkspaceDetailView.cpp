@@ -67,6 +67,9 @@ QWidget* WorkspaceDetailView::buildColumn()
 void WorkspaceDetailView::connectActions()
 {
     connect(m_header, &WorkspaceDetailHeader::chosen, this, &WorkspaceDetailView::choose);
+    const auto putBack = [this] { m_environment.launcher.putWindowsBack(); };
+    connect(m_reportBanner, &LaunchReportBanner::putBackRequested, this, putBack);
+    connect(m_header, &WorkspaceDetailHeader::putBackRequested, this, putBack);
     connect(m_items, &WorkspaceItemsCard::editRequested, this,
             [this] { Q_EMIT chosen(WorkspaceAction::edit); });
     connect(m_noticeBanner, &WorkspaceNoticeBanner::dismissed, this,
@@ -104,6 +107,9 @@ void WorkspaceDetailView::showLaunch()
     using enum WorkspaceDetailHeader::Launching;
     const std::optional<QUuid> launching = m_environment.launcher.launchingWorkspaceID();
     const bool isThis = launching && m_workspace && m_workspace->id() == *launching;
+    const bool canPutBack = m_environment.launcher.canPutWindowsBack();
+    m_reportBanner->setCanPutBack(canPutBack);
+    m_header->setCanPutBack(canPutBack);
     m_header->setLaunching(!launching ? nothing : isThis ? thisWorkspace : anotherWorkspace);
 }
 
