@@ -53,6 +53,23 @@ QImage editingSavedWindows(Stage& stage)
     return stage.picture();
 }
 
+QImage choosingHowToOpen(Stage& stage, const QString& item)
+{
+    openEditor(stage);
+    stage.press(u"Options of "_s + item);
+    return stage.picture();
+}
+
+QImage optionsOfApplication(Stage& stage)
+{
+    return choosingHowToOpen(stage, u"Firefox"_s);
+}
+
+QImage optionsOfFile(Stage& stage)
+{
+    return choosingHowToOpen(stage, u"Manuscript"_s);
+}
+
 QImage editingNew(Stage& stage)
 {
     stage.desktop().storeWorkspaces();
@@ -126,7 +143,9 @@ Pictures editorPictures()
             {u"26-editor-application-chooser"_s, &choosingApplications},
             {u"27-editor-application-chooser-none"_s, &findingNoApplication},
             {u"28-editor-reorder-drag"_s, &reordering},
-            {u"29-editor-saved-windows"_s, &editingSavedWindows}};
+            {u"29-editor-saved-windows"_s, &editingSavedWindows},
+            {u"2a-editor-options-application"_s, &optionsOfApplication},
+            {u"2b-editor-options-file"_s, &optionsOfFile}};
 }
 
 } // namespace trovell::screenshots

@@ -130,8 +130,7 @@ QWidget* ApplicationChooser::makeFooter()
 void ApplicationChooser::showTitle()
 {
     const Localization& words = m_environment.words;
-    const QString title = m_request.allowsMultiple ? words.text(u"Choose Applications"_key)
-                                                   : words.text(u"Locate Again"_key);
+    const QString title = panelTitle(words, m_request);
     setWindowTitle(title);
     setAccessibleName(title);
     m_search->setPlaceholderText(words.text(u"Search applications"_key));

@@ -119,6 +119,8 @@ EditorItemRow* EditorItemList::makeRow(const EditableWorkspaceItem& item)
     });
     connect(row, &EditorItemRow::locateAgainRequested, this,
             [this, id] { Q_EMIT locateAgainRequested(id); });
+    connect(row, &EditorItemRow::optionsRequested, this,
+            [this, id] { Q_EMIT optionsRequested(id); });
     connect(row, &EditorItemRow::removeRequested, this, [this, id] { remove(id); });
     return row;
 }

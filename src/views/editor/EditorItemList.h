@@ -39,6 +39,7 @@ public:
 Q_SIGNALS:
     void countChanged();
     void locateAgainRequested(const QUuid& id);
+    void optionsRequested(const QUuid& id);
 
 protected:
     void timerEvent(QTimerEvent* event) override;

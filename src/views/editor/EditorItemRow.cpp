@@ -23,6 +23,7 @@ constexpr int leadingInset = 8;
 constexpr int trailingInset = 12;
 constexpr int gripSize = 16;
 constexpr int symbolSize = 20;
+constexpr int optionsBox = 28;
 constexpr int itemRowGap = 12;
 constexpr int gripGap = 6;
 constexpr int dividerStart = 56;
@@ -39,12 +40,14 @@ EditorItemRow::EditorItemRow(const ViewEnvironment& environment, const EditableW
       m_name(new TextLabel(environment.visual, {})),
       m_url(new TextLabel(environment.visual, {}, TextRole::caption, ColorToken::labelSecondary)),
       m_locateAgain(new LinkButton(environment.visual, {})),
+      m_options(new SymbolButton(environment.visual, u"gearshape"_s, {})),
       m_remove(
           new SymbolButton(environment.visual, u"trash"_s, {}, SymbolButton::Kind::softDestructive))
 {
     buildLayout();
     connect(m_isEnabled, &QAbstractButton::toggled, this, &EditorItemRow::enabledChanged);
     connect(m_locateAgain, &QAbstractButton::clicked, this, &EditorItemRow::locateAgainRequested);
+    connect(m_options, &QAbstractButton::clicked, this, &EditorItemRow::optionsRequested);
     connect(m_remove, &QAbstractButton::clicked, this, &EditorItemRow::removeRequested);
     setItem(item);
     m_environment.words.render(this, [this] { showWords(); });
@@ -64,7 +67,8 @@ void EditorItemRow::setItem(const EditableWorkspaceItem& item)
 
 QWidget* EditorItemRow::chainAfter(QWidget* previous) const
 {
-    for (QWidget* control : std::initializer_list<QWidget*>{m_isEnabled, m_locateAgain, m_remove}) {
+    for (QWidget* control :
+         std::initializer_list<QWidget*>{m_isEnabled, m_locateAgain, m_options, m_remove}) {
         setTabOrder(previous, control);
         previous = control;
     }
@@ -100,6 +104,7 @@ void EditorItemRow::buildLayout()
         picture->setAttribute(Qt::WA_TransparentForMouseEvents);
     m_name->setWeight(QFont::Medium);
     m_locateAgain->hide();
+    m_options->setSizes(optionsBox, gripSize);
 
     auto* texts = new ColumnLayout(0, {Stretch{}, m_name, m_url, Stretch{}});
 
@@ -114,6 +119,7 @@ void EditorItemRow::buildLayout()
                    Gap{itemRowGap},
                    m_locateAgain,
                    Gap{itemRowGap},
+                   m_options,
                    m_remove});
 }
 
@@ -125,6 +131,9 @@ void EditorItemRow::showWords()
     m_isEnabled->setAccessibleDescription(
         words.text(u"Press Alt+Up or Alt+Down to move this item."_key));
     m_locateAgain->setText(words.text(u"Locate Again"_key));
+    const QString options = words.text(phrases::optionsOf, m_displayName);
+    m_options->setAccessibleName(options);
+    m_options->setToolTip(options);
     const QString remove = words.text(phrases::removeItem, m_displayName);
     m_remove->setAccessibleName(remove);
     m_remove->setToolTip(remove);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// One launch item in the editor: drag grip, check box, symbol, name and address, "Locate Again" and
-// the bin. Main thread.
+// One launch item in the editor: drag grip, check box, symbol, name and address, "Locate Again",
+// how it is opened, and the bin. Main thread.
 #pragma once
 
 #include "editing/EditableWorkspaceItem.h"
@@ -40,6 +40,7 @@ public:
 Q_SIGNALS:
     void enabledChanged(bool isEnabled);
     void locateAgainRequested();
+    void optionsRequested();
     void removeRequested();
 
 protected:
@@ -60,6 +61,7 @@ private:
     TextLabel* m_name;
     TextLabel* m_url;
     LinkButton* m_locateAgain;
+    SymbolButton* m_options;
     SymbolButton* m_remove;
 };
 

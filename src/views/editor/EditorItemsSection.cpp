@@ -4,6 +4,7 @@
 
 #include "launch/ResourceSystem.h"
 #include "views/editor/AddWebLinkView.h"
+#include "views/editor/ItemOptionsView.h"
 #include "views/style/Layouts.h"
 #include "views/style/PushButton.h"
 #include "views/style/TextLabel.h"
@@ -42,6 +43,7 @@ EditorItemsSection::EditorItemsSection(const EditingEnvironment& environment,
     showCard();
     connect(m_list, &EditorItemList::countChanged, this, &EditorItemsSection::showCard);
     connect(m_list, &EditorItemList::locateAgainRequested, this, &EditorItemsSection::locateAgain);
+    connect(m_list, &EditorItemList::optionsRequested, this, &EditorItemsSection::editOptions);
 }
 
 QWidget* EditorItemsSection::makeHeader()
@@ -115,11 +117,24 @@ void EditorItemsSection::locateAgain(const QUuid& id)
         EditableWorkspaceItem item = found.first();
         item.id = id;
         item.isEnabled = old->isEnabled;
+        item.arguments = old->arguments;
+        item.workingFolder = old->workingFolder;
+        item.openWith = old->openWith;
         m_list->replace(item);
     };
     m_openPanel({.type = type}, this, [this, type, replace](const QList<QUrl>& urls) {
         look(urls.mid(0, 1), type, replace);
     });
+}
+
+void EditorItemsSection::editOptions(const QUuid& id)
+{
+    const EditableWorkspaceItem* const item = m_list->item(id);
+    if (!item)
+        return;
+    auto* sheet = new ItemOptionsView(m_environment, *item, m_openPanel, this);
+    connect(sheet, &ItemOptionsView::confirmed, m_list, &EditorItemList::replace);
+    sheet->open();
 }
 
 void EditorItemsSection::look(const QList<QUrl>& urls, WorkspaceItemType type, const Use& use)

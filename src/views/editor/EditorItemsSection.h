@@ -38,6 +38,7 @@ private:
     void addFromPanel(WorkspaceItemType type);
     void addWebLink();
     void locateAgain(const QUuid& id);
+    void editOptions(const QUuid& id);
     /// Looks at the resources on a worker.
     void look(const QList<QUrl>& urls, WorkspaceItemType type, const Use& use);
 

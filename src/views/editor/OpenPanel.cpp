@@ -13,10 +13,10 @@ namespace trovell {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
 QString panelTitle(const Localization& words, const OpenPanelRequest& request)
 {
+    if (request.title)
+        return words.text(*request.title);
     if (!request.allowsMultiple)
         return words.text(u"Locate Again"_key);
     switch (request.type) {
@@ -28,6 +28,8 @@ QString panelTitle(const Localization& words, const OpenPanelRequest& request)
         return words.text(u"Choose Files"_key);
     }
 }
+
+namespace {
 
 /// The system's one where there is one, since the user's own is searched first otherwise.
 QString applicationsFolder()

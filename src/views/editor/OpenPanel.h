@@ -10,6 +10,7 @@
 #include <QUrl>
 
 #include <functional>
+#include <optional>
 
 class QWidget;
 
@@ -19,6 +20,8 @@ struct OpenPanelRequest {
     /// Not a web link.
     WorkspaceItemType type = WorkspaceItemType::file;
     bool allowsMultiple = false;
+    /// Where something is chosen that is neither added nor located again.
+    std::optional<TextKey<>> title = {};
 };
 
 using ChosenURLs = std::function<void(const QList<QUrl>&)>;
@@ -28,6 +31,8 @@ using ChosenURLs = std::function<void(const QList<QUrl>&)>;
 /// `over` is gone.
 using OpenPanel =
     std::function<void(const OpenPanelRequest&, QWidget* over, const ChosenURLs& chosen)>;
+
+[[nodiscard]] QString panelTitle(const Localization& words, const OpenPanelRequest& request);
 
 /// The list of the installed applications, or the desktop's file dialog.
 [[nodiscard]] OpenPanel desktopOpenPanel(const EditingEnvironment& environment);

@@ -28,6 +28,8 @@ inline constexpr auto removeItem = u"Remove %@"_key;
 inline constexpr auto newlyCapturedWindows = u"%lld newly captured windows."_key;
 inline constexpr auto savedWindows = u"%lld saved windows."_key;
 inline constexpr auto desktopNumber = u"Desktop %lld"_key;
+inline constexpr auto optionsOf = u"Options of %@"_key;
+inline constexpr auto opensWith = u"Opens with %@"_key;
 
 // The capture sheet, with the name of the workspace or of the application.
 inline constexpr auto chooseWindowsOfLayout =

@@ -325,6 +325,40 @@ private Q_SLOTS:
         QVERIFY(item->id() != editor.saved->sortedItems().last()->id());
     }
 
+    void saysHowItemsAreOpened()
+    {
+        TrovellWorkspace& workspace = workspaceWithItems(*m_fixture, u"a"_s);
+        m_fixture->addItem(workspace, WorkspaceItemType::application, u"b"_s);
+        OpenEditor editor(*m_fixture, &workspace);
+        click(*editor.view, u"Options of b"_s);
+        const QPointer<Sheet> program = sheetOver<Sheet>(*editor.view);
+        find<QLineEdit>(*program, u"Arguments"_s)->setText(u" --new \"two words\" "_s);
+        auto* folder = find<QLineEdit>(*program, u"Working Folder"_s);
+        folder->setText(u"somewhere"_s);
+        click(*program, u"Done"_s);
+        QVERIFY(answeredAlert(*program).value(1).contains(u"whole path"));
+        editor.chosen = {QUrl(u"file:///srv/data"_s)};
+        click(*program, u"Choose…"_s);
+        QCOMPARE(folder->text(), u"/srv/data"_s);
+        folder->setText(u"~/work"_s);
+        click(*program, u"Done"_s);
+
+        click(*editor.view, u"Options of a"_s);
+        const auto* file = sheetOver<Sheet>(*editor.view);
+        QVERIFY(find<QLabel>(*file, u"Opens with the default application"_s));
+        editor.chosen = {QUrl(u"file:///usr/share/applications/org.example.Text.desktop"_s)};
+        click(*file, u"Choose…"_s);
+        QCOMPARE(editor.asked.type, WorkspaceItemType::application);
+        QTRY_VERIFY(find<QLabel>(*file, u"Opens with org.example.Text"_s));
+        click(*file, u"Done"_s);
+
+        QCOMPARE(editor.save(), QStringList());
+        const auto items = workspace.sortedItems();
+        QCOMPARE(items[0]->values().openWith, u"org.example.Text"_s);
+        QCOMPARE(items[1]->values().arguments, u"--new \"two words\""_s);
+        QCOMPARE(items[1]->values().workingFolder, QDir::homePath() + u"/work"_s);
+    }
+
     void locatesAgain()
     {
         TrovellWorkspace& workspace = workspaceWithItems(*m_fixture, u"abc"_s);
