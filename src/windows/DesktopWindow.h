@@ -65,8 +65,8 @@ struct DesktopWindow {
     bool isOnAllDesktops = false;
     /// Among all windows of the desktop, 0 at the bottom; -1 when it is not known.
     int stackingPosition = -1;
-    /// Someone drags or resizes it just now, as far as the desktop tells.
-    bool isBeingMoved = false;
+    /// The desktop leaves it out of its lists of windows, like a drop-down terminal.
+    bool isUnlisted = false;
 };
 
 /// One running application, however many processes it has.

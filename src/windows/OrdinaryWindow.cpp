@@ -6,8 +6,9 @@ namespace trovell {
 
 bool isOrdinaryWindow(const DesktopWindow& window)
 {
-    return window.kind == WindowKind::standard && !(window.states & WindowState::minimized) &&
-           window.frame && window.frame->width() > 80 && window.frame->height() > 60;
+    return window.kind == WindowKind::standard && !window.isUnlisted &&
+           !(window.states & WindowState::minimized) && window.frame &&
+           window.frame->width() > 80 && window.frame->height() > 60;
 }
 
 } // namespace trovell

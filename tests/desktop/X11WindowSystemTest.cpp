@@ -6,6 +6,7 @@
 #include "platform/x11/X11WindowSystem.h"
 #include "lab/VirtualDesktop.h"
 #include "platform/x11/X11WindowId.h"
+#include "windows/OrdinaryWindow.h"
 #include "windows/StoredForms.h"
 
 #include <QTest>
@@ -110,6 +111,7 @@ private Q_SLOTS:
     void bringsWindowsToDesktopsAndStates();
     void groupsWindowsByApplication();
     void isNotFooledByReusedWindowNumbers();
+    void followsWhatProgramsSayLate();
     void describesDisplays();
     void seesPanelsComeChangeAndGo_data() { addWindowManagerRows(); }
     void seesPanelsComeChangeAndGo();
@@ -314,6 +316,31 @@ void X11WindowSystemTest::isNotFooledByReusedWindowNumbers()
     // The same list of the same numbers, and yet another window.
     QCOMPARE(inspector.waitForWindow(u"second").id, number);
     QCOMPARE(identifiers(runningApplications(system)), u"Stays Second"_s);
+}
+
+void X11WindowSystemTest::followsWhatProgramsSayLate()
+{
+    START_DESKTOP(WindowManager::openbox);
+    desktop.startClient({"--title", "late", "--class", "Early"});
+    desktop.startClient({"--title", "other", "--class", "Other"});
+    QVERIFY(inspector.waitForWindowCount(2));
+    X11WindowSystem system(desktop.displayName(), {}, {});
+    QCOMPARE(identifiers(runningApplications(system)), u"Early Other"_s);
+    const auto set = [&](const char* property, const QByteArray& format, const QByteArray& value) {
+        const auto id = QByteArray::number(inspector.windowTitled(u"late")->id);
+        desktop.run("xprop", {"-id", id, "-f", property, format, "-set", property, value});
+    };
+    set("WM_CLASS", "8s", "Late");
+    QCOMPARE(identifiers(runningApplications(system)), u"Late Other"_s);
+    QVERIFY(!windowTitled(system, u"late"_s).isUnlisted);
+    desktop.run("wmctrl", {"-r", "late", "-b", "add,skip_taskbar"});
+    QTRY_VERIFY(windowTitled(system, u"late"_s).isUnlisted);
+    QVERIFY(!isOrdinaryWindow(windowTitled(system, u"late"_s)));
+    // Nobody reads a book out of a title.
+    desktop.run("xprop", {"-id", QByteArray::number(inspector.windowTitled(u"other")->id), "-f",
+                          "_NET_WM_NAME", "8u", "-set", "_NET_WM_NAME", QByteArray(60'000, 'x')});
+    QTRY_COMPARE(runningApplications(system, u"Other"_s).first().windows.first().title->size(),
+                 4096);
 }
 
 void X11WindowSystemTest::describesDisplays()

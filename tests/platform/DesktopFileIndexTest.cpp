@@ -76,7 +76,8 @@ private Q_SLOTS:
         verify("WM class", window("Editor-Bin"), "editor", {{}, "/usr/bin/tool"});
         verify("WM class in another case", window("TERM"), "term-any");
         verify("WM class of the instance", window("Other", "Editor-Bin"), "editor");
-        verify("class before instance", window("Term", "Editor-Bin"), "term-exact");
+        verify("instance before class", window("Term", "Editor-Bin"), "editor");
+        verify("web application", window("Browser", "Editor-Bin"), "editor", launched);
         verify("exact instance before another case", window("TERM", "Editor-Bin"), "editor");
         verify("WM class before id", window("Beta"), "says-beta");
         verify("id", window("Alpha"), "Alpha");

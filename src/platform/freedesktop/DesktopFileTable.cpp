@@ -64,6 +64,9 @@ const DesktopEntry* DesktopFileTable::identify(const WindowIdentity& window,
         if (const DesktopEntry* found = entry(id))
             return found;
     }
+    // A web application in a browser's process: only its instance tells it from the browser.
+    if (const DesktopEntry* found = find(m_byWMClass, window.wmInstance))
+        return found;
     if (const DesktopEntry* found = findLaunched(process.launchedDesktopFile))
         return found;
     if (const DesktopEntry* found = findByClass(window))

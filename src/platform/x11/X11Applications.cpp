@@ -6,6 +6,7 @@
 #include "platform/x11/X11WindowKind.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace trovell {
@@ -93,13 +94,15 @@ void X11Applications::update(const QList<quint32>& list)
     };
     m_windows = identify(list, processes);
     m_list = list;
+    const QSet<quint32> listed(list.begin(), list.end());
+    m_classes.removeIf([&listed](const auto& known) { return !listed.contains(known.key()); });
     const bool areAllLocal = std::all_of(list.begin(), list.end(), isLocal);
     m_lastProcess =
         areAllLocal && !list.isEmpty() ? processes.value(m_connection.clientOf(list.last())) : 0;
 }
 
 QList<IdentifiedWindow> X11Applications::identify(const QList<quint32>& list,
-                                                  const ClientProcesses& processes) const
+                                                  const ClientProcesses& processes)
 {
     QHash<quint32, IdentifiedWindow> known;
     for (const IdentifiedWindow& window : m_windows)
@@ -128,9 +131,32 @@ QList<IdentifiedWindow> X11Applications::identify(const QList<quint32>& list,
     return windows;
 }
 
+std::vector<xcb_get_property_cookie_t> X11Applications::requestClasses() const
+{
+    std::vector<xcb_get_property_cookie_t> request;
+    for (const IdentifiedWindow& window : m_windows)
+        request.push_back(m_connection.requestProperty(windowOf(window.id), XCB_ATOM_WM_CLASS));
+    return request;
+}
+
+bool X11Applications::haveClassesChanged(const std::vector<xcb_get_property_cookie_t>& request)
+{
+    const QList<IdentifiedWindow> windows = std::exchange(m_windows, {});
+    auto each = request.begin();
+    for (const IdentifiedWindow& window : windows) {
+        const auto reply = m_connection.reply(*each++);
+        // One that is gone is noticed by its absence from the list.
+        if (!reply || propertyBytes(reply) == m_classes.value(windowOf(window.id)))
+            m_windows.append(window);
+    }
+    if (m_windows.size() == windows.size())
+        return false;
+    m_list.clear();
+    return true;
+}
+
 std::optional<IdentifiedWindow> X11Applications::receive(const WindowRequest& request,
-                                                         xcb_window_t window,
-                                                         qint32 localProcess) const
+                                                         xcb_window_t window, qint32 localProcess)
 {
     const auto classReply = m_connection.reply(request.wmClass);
     const auto claimed = propertyNumbers(m_connection.reply(request.processIdentifier));
@@ -142,7 +168,8 @@ std::optional<IdentifiedWindow> X11Applications::receive(const WindowRequest& re
     if (!classReply)
         return std::nullopt;
 
-    const auto classes = propertyBytes(classReply).split('\0');
+    m_classes.insert(window, propertyBytes(classReply));
+    const auto classes = m_classes.value(window).split('\0');
     // The server's word before the program's: that one may come from another namespace.
     const bool isLocal = localProcess != 0;
     const qint32 process = isLocal ? localProcess : static_cast<qint32>(claimed.value(0));

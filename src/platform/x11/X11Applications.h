@@ -11,6 +11,7 @@
 #include <QList>
 
 #include <optional>
+#include <vector>
 
 #include <xcb/res.h>
 
@@ -30,6 +31,12 @@ public:
     /// After `finishBatch`: the managed windows in the order in which they appeared.
     [[nodiscard]] const QList<IdentifiedWindow>& receive(const Request& request);
 
+    /// Part of a batch: the classes of the windows that were received last.
+    [[nodiscard]] std::vector<xcb_get_property_cookie_t> requestClasses() const;
+    /// After `finishBatch`: whether programs changed any since their windows were identified, which
+    /// have to be received again then.
+    [[nodiscard]] bool haveClassesChanged(const std::vector<xcb_get_property_cookie_t>& request);
+
 private:
     struct WindowRequest;
     /// Processes by client, see `X11Connection::clientOf`. Only those that the server knows.
@@ -41,16 +48,18 @@ private:
 
     void update(const QList<quint32>& list);
     [[nodiscard]] QList<IdentifiedWindow> identify(const QList<quint32>& list,
-                                                   const ClientProcesses& processes) const;
+                                                   const ClientProcesses& processes);
     /// None when the window is gone. `localProcess` is 0 when the server does not know it.
-    [[nodiscard]] std::optional<IdentifiedWindow>
-    receive(const WindowRequest& request, xcb_window_t window, qint32 localProcess) const;
+    [[nodiscard]] std::optional<IdentifiedWindow> receive(const WindowRequest& request,
+                                                          xcb_window_t window, qint32 localProcess);
 
     const X11Connection& m_connection;
     ApplicationIdentifier m_identify;
     /// What was listed last, and what is known of it.
     QList<quint32> m_list;
     QList<IdentifiedWindow> m_windows;
+    /// By window, as they were when it was identified.
+    QHash<quint32, QByteArray> m_classes;
     /// Of the last window of `m_list`; 0 when it, or any other window, has none that is known.
     qint32 m_lastProcess = 0;
     bool m_isFirstReading = true;

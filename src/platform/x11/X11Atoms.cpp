@@ -41,6 +41,7 @@ constexpr NamedAtom namedAtoms[] = {
     {"_NET_WM_STATE_MAXIMIZED_VERT", &X11Atoms::netWmStateMaximizedVert},
     {"_NET_WM_STATE_SHADED", &X11Atoms::netWmStateShaded},
     {"_NET_WM_STATE_ABOVE", &X11Atoms::netWmStateAbove},
+    {"_NET_WM_STATE_SKIP_TASKBAR", &X11Atoms::netWmStateSkipTaskbar},
     {"_NET_WM_DESKTOP", &X11Atoms::netWmDesktop},
     {"_NET_WM_STRUT", &X11Atoms::netWmStrut},
     {"_NET_WM_STRUT_PARTIAL", &X11Atoms::netWmStrutPartial},

@@ -36,6 +36,7 @@ struct X11Atoms {
     xcb_atom_t netWmStateMaximizedVert = 0;
     xcb_atom_t netWmStateShaded = 0;
     xcb_atom_t netWmStateAbove = 0;
+    xcb_atom_t netWmStateSkipTaskbar = 0;
     xcb_atom_t netWmDesktop = 0;
     xcb_atom_t netWmStrut = 0;
     xcb_atom_t netWmStrutPartial = 0;

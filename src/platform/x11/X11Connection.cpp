@@ -87,9 +87,20 @@ bool X11Connection::isAlive() const
 xcb_get_property_cookie_t X11Connection::requestProperty(xcb_window_t window,
                                                          xcb_atom_t property) const
 {
-    constexpr quint32 everything = std::numeric_limits<quint32>::max() / 4;
+    // Lists of windows and of features are the desktop's own; what programs tell is short.
+    constexpr quint32 longestList = 64 * 1024;
+    constexpr quint32 longestText = 4 * 1024 / 4;
     return xcb_get_property(m_connection, 0, window, property, XCB_GET_PROPERTY_TYPE_ANY, 0,
-                            everything);
+                            window == m_root ? longestList : longestText);
+}
+
+xcb_atom_t X11Connection::atom(const QByteArray& name) const
+{
+    const auto request = xcb_intern_atom(m_connection, 0, static_cast<quint16>(name.size()),
+                                         name.constData());
+    finishBatch();
+    const auto answer = reply<xcb_intern_atom_reply>(request);
+    return answer ? answer->atom : XCB_ATOM_NONE;
 }
 
 void X11Connection::finishBatch() const

@@ -60,8 +60,12 @@ public:
     /// The bits of a window's number that are the same for all windows of one client.
     [[nodiscard]] quint32 clientOf(xcb_window_t window) const { return window & ~m_idMask; }
 
+    /// At most 4 KB of a window's property; what is longer is cut off.
     [[nodiscard]] xcb_get_property_cookie_t requestProperty(xcb_window_t window,
                                                             xcb_atom_t property) const;
+
+    /// The number of a name, which the server is waited for.
+    [[nodiscard]] xcb_atom_t atom(const QByteArray& name) const;
 
     /// Between the requests and the replies of a batch: sends everything that is still waiting.
     void finishBatch() const;

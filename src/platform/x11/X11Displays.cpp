@@ -16,11 +16,12 @@ using Surroundings = X11Displays::Surroundings;
 /// What is asked every time.
 class SurroundingsRequest {
 public:
-    explicit SurroundingsRequest(const X11Connection& connection)
+    SurroundingsRequest(const X11Connection& connection, xcb_atom_t ownAreas)
         : m_connection(connection), m_monitors(connection),
           m_screen(xcb_get_geometry(connection.get(), connection.root())),
           m_windows(requestOfRoot(connection.atoms().netClientList)),
           m_workAreas(requestOfRoot(connection.atoms().netWorkarea)),
+          m_ownAreas(requestOfRoot(ownAreas)),
           m_desktop(requestOfRoot(connection.atoms().netCurrentDesktop))
     {
     }
@@ -33,6 +34,7 @@ public:
             result.screen = QSize(screen->width, screen->height);
         result.windows = propertyNumbers(m_connection.reply(m_windows));
         result.workAreas = propertyNumbers(m_connection.reply(m_workAreas));
+        result.ownAreas = propertyNumbers(m_connection.reply(m_ownAreas));
         return result;
     }
 
@@ -53,6 +55,7 @@ private:
     xcb_get_geometry_cookie_t m_screen;
     xcb_get_property_cookie_t m_windows;
     xcb_get_property_cookie_t m_workAreas;
+    xcb_get_property_cookie_t m_ownAreas;
     xcb_get_property_cookie_t m_desktop;
 };
 
@@ -118,22 +121,48 @@ std::optional<PixelRectangle> workAreaOf(const QList<quint32>& areas, quint32 de
     return PixelRectangle{number(0), number(1), number(2), number(3)};
 }
 
+QList<PixelRectangle> areasOf(const QList<quint32>& numbers)
+{
+    QList<PixelRectangle> areas;
+    for (qsizetype index = 0; index + 4 <= numbers.size(); index += 4)
+        areas.append(*workAreaOf(numbers, static_cast<quint32>(index / 4)));
+    return areas;
+}
+
+/// What panels leave of each display.
+QList<PixelRectangle> freeAreas(const Surroundings& surroundings, const Details& details,
+                                quint32 desktop, qsizetype main)
+{
+    const QList<PixelRectangle> ownAreas = areasOf(surroundings.ownAreas);
+    QList<PixelRectangle> whole;
+    QList<PixelRectangle> free;
+    for (const X11Monitor& monitor : surroundings.monitors) {
+        whole.append(monitor.area);
+        free.append(withinOwnArea(withoutStruts(monitor.area, details.struts, surroundings.screen),
+                                  monitor.area, ownAreas));
+    }
+    const auto workArea = workAreaOf(surroundings.workAreas, desktop);
+    if (!workArea)
+        return free;
+    // It is one box for all displays together. With one display it knows panels that are in no
+    // window list; with several it can only be told apart in part.
+    if (free.size() == 1)
+        return {intersectedOrWhole(free.first(), *workArea)};
+    return ownAreas.isEmpty()
+               ? withoutHiddenPanels(free, whole, main, *workArea, surroundings.screen)
+               : free;
+}
+
 QList<Display> describe(const Surroundings& surroundings, const Details& details, quint32 desktop)
 {
     const QList<X11Monitor>& monitors = surroundings.monitors;
     const auto main = mainMonitor(monitors);
-    // The work area is one box for all displays together, so it tells nothing about one of
-    // several. With one display it knows panels that are in no window list.
-    const auto workArea =
-        monitors.size() == 1 ? workAreaOf(surroundings.workAreas, desktop) : std::nullopt;
+    const QList<PixelRectangle> free = freeAreas(surroundings, details, desktop, main.value_or(-1));
     QList<Display> displays;
     for (qsizetype index = 0; index < monitors.size(); ++index) {
         const PixelRectangle& area = monitors.at(index).area;
-        PixelRectangle free = withoutStruts(area, details.struts, surroundings.screen);
-        if (workArea)
-            free = intersectedOrWhole(free, *workArea);
         displays.append({details.monitorNames.at(index), frameFromPixels(area),
-                         frameFromPixels(free), 1.0, main == index});
+                         frameFromPixels(free.at(index)), 1.0, main == index});
     }
     return displays;
 }
@@ -143,7 +172,7 @@ QList<Display> describe(const Surroundings& surroundings, const Details& details
 class X11Displays::Request {
 public:
     Request(const X11Connection& connection, const X11Displays& last)
-        : surroundings(connection), details(connection, last.m_surroundings.monitors, last.m_panels)
+        : surroundings(connection, last.m_ownAreas), details(connection, last.m_surroundings.monitors, last.m_panels)
     {
     }
 
@@ -159,8 +188,16 @@ std::shared_ptr<const X11Displays::Request> X11Displays::request() const
 
 QList<Display> X11Displays::receive(const Request& request)
 {
-    const Surroundings surroundings = request.surroundings.receive();
     const quint32 desktop = request.surroundings.receiveDesktop();
+    Surroundings surroundings = request.surroundings.receive();
+    // Its name holds the number of the virtual desktop that it is about.
+    if (desktop != m_desktop) {
+        m_desktop = desktop;
+        m_ownAreas = m_connection.atom("_GTK_WORKAREAS_D" + QByteArray::number(desktop));
+        const auto areas = m_connection.requestProperty(m_connection.root(), m_ownAreas);
+        m_connection.finishBatch();
+        surroundings.ownAreas = propertyNumbers(m_connection.reply(areas));
+    }
     Details details = request.details.receive(surroundings.screen);
     if (surroundings != m_surroundings) {
         const DetailRequest all(m_connection, surroundings.monitors, surroundings.windows);

@@ -13,6 +13,7 @@
 #include <QSize>
 
 #include <memory>
+#include <optional>
 
 namespace trovell {
 
@@ -36,6 +37,9 @@ public:
         QList<quint32> windows;
         /// Of all virtual desktops; empty when the window manager announces none.
         QList<quint32> workAreas;
+        /// Of each display on the current virtual desktop, where the window manager tells
+        /// (_GTK_WORKAREAS_D…).
+        QList<quint32> ownAreas;
 
         bool operator==(const Surroundings&) const = default;
     };
@@ -45,6 +49,9 @@ private:
     Surroundings m_surroundings;
     /// The windows that reserve space or, as docks do, may begin to at any time.
     QList<quint32> m_panels;
+    /// The property with the areas of each display, and the virtual desktop it is about.
+    xcb_atom_t m_ownAreas = XCB_ATOM_NONE;
+    std::optional<quint32> m_desktop;
 };
 
 } // namespace trovell

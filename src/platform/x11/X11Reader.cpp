@@ -36,6 +36,13 @@ X11Reader::X11Reader(const QByteArray& displayName, ApplicationIdentifier identi
 
 DesktopSnapshot X11Reader::answer(const DesktopQuestion& question)
 {
+    bool areClassesOutdated = false;
+    const DesktopSnapshot snapshot = read(question, areClassesOutdated);
+    return areClassesOutdated ? read(question, areClassesOutdated) : snapshot;
+}
+
+DesktopSnapshot X11Reader::read(const DesktopQuestion& question, bool& areClassesOutdated)
+{
     const bool wantsApplications = question.applications != DesktopQuestion::Applications::none;
     const auto control = m_control.request();
     const auto list = wantsApplications ? std::optional(m_applications.request()) : std::nullopt;
@@ -54,7 +61,10 @@ DesktopSnapshot X11Reader::answer(const DesktopQuestion& question)
         snapshot.applications = applicationsAskedFor(
             question, groupWindows(m_applications.receive(*list)), m_background);
     if (question.windows && snapshot.control == WindowControl::available) {
+        const auto classes = m_applications.requestClasses();
         readWindows(m_connection, answer.tellsHidden, snapshot.applications);
+        // Some programs name themselves only once their window is shown.
+        areClassesOutdated = m_applications.haveClassesChanged(classes);
     } else {
         for (RunningApplication& application : snapshot.applications)
             application.windows.clear();

@@ -30,6 +30,8 @@ public:
     [[nodiscard]] const X11Connection& connection() const { return m_connection; }
 
 private:
+    [[nodiscard]] DesktopSnapshot read(const DesktopQuestion& question, bool& areClassesOutdated);
+
     X11Connection m_connection;
     X11Control m_control;
     X11Applications m_applications;

@@ -37,7 +37,7 @@ public:
     bool receive(const X11Connection& connection, bool tellsHidden, DesktopWindow& window) const
     {
         const auto decorated = m_frame.receive(connection);
-        window.states = receiveStates(connection, tellsHidden);
+        receiveStates(connection, tellsHidden, window);
         receiveDesktop(connection, window);
         window.title = receiveTitle(connection);
         if (decorated)
@@ -51,16 +51,17 @@ private:
         return connection.requestProperty(m_window, property);
     }
 
-    WindowStates receiveStates(const X11Connection& connection, bool tellsHidden) const
+    void receiveStates(const X11Connection& connection, bool tellsHidden,
+                       DesktopWindow& window) const
     {
         constexpr quint32 iconicState = 3; // ICCCM 4.1.3.1
         const auto states = propertyNumbers(connection.reply(m_netState));
         const auto state = propertyNumbers(connection.reply(m_state));
-        WindowStates found = statesOf(states, connection.atoms());
+        window.isUnlisted = states.contains(connection.atoms().netWmStateSkipTaskbar);
+        window.states = statesOf(states, connection.atoms());
         // Many window managers make windows of other virtual desktops iconic, too.
         if (!tellsHidden && state.value(0) == iconicState)
-            found |= WindowState::minimized;
-        return found;
+            window.states |= WindowState::minimized;
     }
 
     void receiveDesktop(const X11Connection& connection, DesktopWindow& window) const

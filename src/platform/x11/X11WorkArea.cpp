@@ -111,4 +111,56 @@ PixelRectangle intersectedOrWhole(const PixelRectangle& display, const PixelRect
     return x.isEmpty() || y.isEmpty() ? display : rectangleOf(x, y);
 }
 
+PixelRectangle withinOwnArea(const PixelRectangle& free, const PixelRectangle& display,
+                             const QList<PixelRectangle>& areas)
+{
+    const auto contains = [&display](const PixelRectangle& area) {
+        return area.width > 0 && area.height > 0 && area.x >= display.x && area.y >= display.y &&
+               area.x + area.width <= display.x + display.width &&
+               area.y + area.height <= display.y + display.height;
+    };
+    const auto own = std::ranges::find_if(areas, contains);
+    return own == areas.end() ? free : intersectedOrWhole(free, *own);
+}
+
+QList<PixelRectangle> withoutHiddenPanels(QList<PixelRectangle> free,
+                                          const QList<PixelRectangle>& displays, qsizetype main,
+                                          const PixelRectangle& workArea, QSize screen)
+{
+    using Edge = Strut::Edge;
+    const auto depthOf = [screen](const PixelRectangle& area, Edge edge) {
+        switch (edge) {
+        case Edge::left:
+            return area.x;
+        case Edge::right:
+            return screen.width() - area.x - area.width;
+        case Edge::top:
+            return area.y;
+        case Edge::bottom:
+            return screen.height() - area.y - area.height;
+        }
+        return 0;
+    };
+    for (const Edge edge : {Edge::left, Edge::right, Edge::top, Edge::bottom}) {
+        const int depth = depthOf(workArea, edge);
+        const auto reachesEdge = [&](qsizetype index) {
+            return index >= 0 && depthOf(displays.at(index), edge) == 0;
+        };
+        const auto accountsForIt = [&](const PixelRectangle& each) {
+            return depthOf(each, edge) == depth;
+        };
+        if (depth <= 0 || workArea.width <= 0 || workArea.height <= 0 ||
+            std::ranges::any_of(free, accountsForIt))
+            continue;
+        const Strut panel{edge, depth, 0, std::max(screen.width(), screen.height())};
+        for (qsizetype index = 0; index < free.size(); ++index) {
+            if (reachesEdge(index) && (index == main || !reachesEdge(main)))
+                free[index] =
+                    intersectedOrWhole(free.at(index), withoutStruts(displays.at(index), {panel},
+                                                                     screen));
+        }
+    }
+    return free;
+}
+
 } // namespace trovell

@@ -38,4 +38,18 @@ struct Strut {
 [[nodiscard]] PixelRectangle intersectedOrWhole(const PixelRectangle& display,
                                                 const PixelRectangle& workArea);
 
+/// The same with that one of several areas, one for each display, that lies on this display.
+[[nodiscard]] PixelRectangle withinOwnArea(const PixelRectangle& free,
+                                           const PixelRectangle& display,
+                                           const QList<PixelRectangle>& areas);
+
+/// `free` of all displays, less what a work area for the whole screen leaves out at an edge and no
+/// display accounts for: that is a panel on the main display if it reaches there, else on every
+/// display that does.
+[[nodiscard]] QList<PixelRectangle> withoutHiddenPanels(QList<PixelRectangle> free,
+                                                        const QList<PixelRectangle>& displays,
+                                                        qsizetype main,
+                                                        const PixelRectangle& workArea,
+                                                        QSize screen);
+
 } // namespace trovell
