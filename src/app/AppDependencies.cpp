@@ -30,12 +30,19 @@ AccessibilityPermissionManager::Platform permissionPlatform(PlatformAdapters& pl
 
 ResourceOpeningService::IsRunning runningQuestion(WindowSystem& windows)
 {
-    return [&windows](const QString& bundleIdentifier) {
+    return [&windows](const QString& bundleIdentifier, bool needsWindow) {
+        const auto isRunning = [needsWindow](const DesktopSnapshot& desktop) {
+            const bool looksForWindow = needsWindow && desktop.control == WindowControl::available;
+            return std::ranges::any_of(desktop.applications, [=](const auto& application) {
+                return !looksForWindow || !application.windows.isEmpty();
+            });
+        };
         return windows
             .ask({.applications = DesktopQuestion::Applications::named,
                   .identifiers = {bundleIdentifier},
+                  .windows = needsWindow,
                   .withoutWindows = true})
-            .then([](const DesktopSnapshot& desktop) { return !desktop.applications.isEmpty(); });
+            .then(isRunning);
     };
 }
 

@@ -3,11 +3,14 @@
 #include "launch/ResourceOpeningService.h"
 
 #include "launch/URLValidation.h"
+#include "model/TrovellWorkspace.h"
+#include "model/WindowPlacement.h"
 #include "model/WorkspaceItem.h"
 #include "support/DetachedTask.h"
 
 #include <qcoro/qcorofuture.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -42,6 +45,15 @@ resolve(const ResourceSystem& system, const ResourceOpeningService::Exists& exis
     return ResolvedResource{url, {}};
 }
 
+bool hasSavedWindows(const WorkspaceItem& item)
+{
+    const TrovellWorkspace* workspace = item.workspace();
+    return workspace &&
+           std::ranges::any_of(workspace->sortedPlacements(), [&](const WindowPlacement* each) {
+               return each->isEnabled() && each->bundleIdentifier() == item.bundleIdentifier();
+           });
+}
+
 } // namespace
 
 bool resourceExists(const QUrl& fileURL)
@@ -68,6 +80,7 @@ QCoro::Task<LaunchResult> ResourceOpeningService::open(WorkspaceItem& item, QFut
                     values.bookmarkData,
                     values.bundleIdentifier,
                     type == u"application",
+                    hasSavedWindows(item),
                     {values.arguments, values.workingFolder},
                     values.openWith.value_or(QString()),
                     std::move(givenUp)};
@@ -103,7 +116,7 @@ QCoro::Task<LaunchResult> ResourceOpeningService::openResource(Request request,
 QCoro::Task<LaunchResult> ResourceOpeningService::openURL(Request request, QUrl url)
 {
     if (request.isApplication && request.bundleIdentifier) {
-        auto asking = m_isRunning(*request.bundleIdentifier);
+        auto asking = m_isRunning(*request.bundleIdentifier, request.needsWindow);
         if (co_await asking)
             co_return makeLaunchResult(Message::verbatim(request.name),
                                        LaunchResultKind::alreadyRunning);

@@ -37,7 +37,9 @@ struct ResolvedResource {
 
 class ResourceOpeningService {
 public:
-    using IsRunning = std::function<QFuture<bool>(const QString& bundleIdentifier)>;
+    /// Whether an application runs, and, if that is needed, has a window.
+    using IsRunning =
+        std::function<QFuture<bool>(const QString& bundleIdentifier, bool needsWindow)>;
     using Exists = std::function<bool(const QUrl& fileURL)>;
 
     /// A search that does not end keeps `system`. `isRunning` is called on the main thread,
@@ -45,10 +47,11 @@ public:
     ResourceOpeningService(std::shared_ptr<ResourceSystem> system, IsRunning isRunning,
                            Exists exists = resourceExists);
 
-    /// Opens the item, unless it is an application that runs already. The only change to the
-    /// record is a refreshed bookmark; the record may be deleted while its resource is searched,
-    /// and is opened all the same. Every failure is a result line. Nothing is opened any more once
-    /// `givenUp` has finished.
+    /// Opens the item, unless it is an application that runs already. One that has no window, but
+    /// saved ones in the item's workspace, is started once more, which makes it show itself. The
+    /// only change to the record is a refreshed bookmark; the record may be deleted while its
+    /// resource is searched, and is opened all the same. Every failure is a result line. Nothing is
+    /// opened any more once `givenUp` has finished.
     [[nodiscard]] QCoro::Task<LaunchResult> open(WorkspaceItem& item, QFuture<void> givenUp);
 
     /// Follows the bookmark, or, where that leads nowhere, the URL text. A URL that names no file
@@ -70,6 +73,8 @@ private:
         std::optional<QByteArray> bookmarkData;
         std::optional<QString> bundleIdentifier;
         bool isApplication = false;
+        /// The workspace saved windows of it.
+        bool needsWindow = false;
         ApplicationStart start;
         QString openWith;
         QFuture<void> givenUp;

@@ -3,6 +3,8 @@
 #include "launch/ResourceOpeningService.h"
 
 #include "launch/URLValidation.h"
+#include "model/TrovellWorkspace.h"
+#include "model/WindowPlacement.h"
 #include "model/WorkspaceItem.h"
 #include "support/FakeResourceSystem.h"
 #include "support/ReadyFuture.h"
@@ -40,15 +42,18 @@ QString missingText(const QString& url)
 struct Desktop {
     FakeResourceSystem system;
     QUrl existing = oldURL;
-    ResourceOpeningService service{
-        borrowed(system),
-        [](const QString& id) { return readyFuture(id == u"org.example.Editor"_s); },
-        [this](const QUrl& url) { return url == existing; }};
+    ResourceOpeningService service{borrowed(system),
+                                   [](const QString& id, bool needsWindow) {
+                                       return readyFuture(id == u"org.example.Editor"_s &&
+                                                          !needsWindow);
+                                   },
+                                   [this](const QUrl& url) { return url == existing; }};
 
     QPromise<void> givingUp;
 
     LaunchResult open(WorkspaceItem& item)
     {
+        givingUp = QPromise<void>();
         givingUp.start();
         return QCoro::waitFor(service.open(item, givingUp.future()));
     }
@@ -152,6 +157,21 @@ private Q_SLOTS:
         const bool isOpened = isLaunched || kind == LaunchResultKind::opened;
         QCOMPARE(desktop.system.opened(), isOpened ? QList{QUrl(url)} : QList<QUrl>());
         QCOMPARE(!desktop.system.openedApplications().isEmpty(), isLaunched);
+    }
+
+    void startsOnceMoreWhatHasNoWindow()
+    {
+        Desktop desktop;
+        WorkspaceItemValues values = itemOfType(u"application"_s, oldURL.toString());
+        values.bundleIdentifier = u"org.example.Editor"_s;
+        values.arguments = u"--quiet"_s;
+        TrovellWorkspace workspace{WorkspaceValues()};
+        WorkspaceItem& item = workspace.appendItem(std::make_unique<WorkspaceItem>(values));
+        QCOMPARE(desktop.open(item).kind, LaunchResultKind::alreadyRunning);
+        workspace.appendPlacement(std::make_unique<WindowPlacement>(
+            WindowPlacementValues{.bundleIdentifier = *values.bundleIdentifier}));
+        QCOMPARE(desktop.open(item).kind, LaunchResultKind::launched);
+        QCOMPARE(desktop.system.lastStart.arguments, u"--quiet"_s);
     }
 
     void survivesTheDeletionOfTheItem()

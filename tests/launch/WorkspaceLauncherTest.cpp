@@ -36,7 +36,7 @@ struct Desktop {
     explicit Desktop(ResourceOpeningService::Exists exists = [](const QUrl&) { return true; })
         : opener(
               borrowed(resources),
-              [this](const QString& id) { return readyFuture(windows.isRunning(id)); },
+              [this](const QString& id, bool) { return readyFuture(windows.isRunning(id)); },
               std::move(exists))
     {
     }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // What is known of windows, panels, monitors and keyboards without asking a server.
+#include "lab/Files.h"
 #include "lab/MakeEdid.h"
 #include "platform/desktop/ApplicationGrouping.h"
 #include "platform/x11/MonitorName.h"
@@ -8,6 +9,8 @@
 #include "platform/x11/X11WindowKind.h"
 #include "platform/x11/X11WorkArea.h"
 
+#include <QProcess>
+#include <QTemporaryDir>
 #include <QtTest>
 
 using namespace Qt::StringLiterals;
@@ -103,6 +106,43 @@ private Q_SLOTS:
         QCOMPARE(unnamed[0].windows[1].id, WindowId(0, 3));
     }
 
+    void whatOnlyDrawsTheDesktopIsNotAtWork()
+    {
+        IdentifiedWindow desktop = window(1, 500, u"files"_s);
+        desktop.kind.reset();
+        QVERIFY(groupWindows({desktop}).isEmpty());
+        QCOMPARE(groupWindows({desktop, window(2, 500, u"files"_s)}).first().windows.size(), 1);
+    }
+
+    void programsWithoutDesktopFileAreFoundAgain()
+    {
+        const QTemporaryDir folder;
+        const auto programOf = [](const QString& program, const QProcessEnvironment& environment) {
+            QProcess process;
+            process.setProcessEnvironment(environment);
+            process.start(program, {u"60"_s});
+            if (!process.waitForStarted())
+                qFatal("%s", qPrintable(program));
+            const auto identity = identityWithoutDesktopFile({qint32(process.processId())});
+            process.kill();
+            process.waitForFinished();
+            return identity.url.toLocalFile();
+        };
+        auto environment = QProcessEnvironment::systemEnvironment();
+        const QString script =
+            lab::writeProgram(folder.filePath(u"tool"_s), "#!/bin/sh\nsleep $1\n");
+        QCOMPARE(programOf(script, environment), script);
+
+        // It runs from a picture of itself, and starts others that do not.
+        const QString sleep = QFileInfo(u"/bin/sleep"_s).canonicalFilePath();
+        const QString mounted = folder.filePath(u"sleep"_s);
+        QVERIFY(QFile::copy(sleep, mounted));
+        environment.insert(u"APPDIR"_s, folder.path());
+        environment.insert(u"APPIMAGE"_s, u"/apps/Tool.AppImage"_s);
+        QCOMPARE(programOf(mounted, environment), u"/apps/Tool.AppImage"_s);
+        QCOMPARE(programOf(sleep, environment), sleep);
+    }
+
     void oneOrdinaryWindowIsEnough()
     {
         IdentifiedWindow splash = window(12, 600, u"starting"_s);
@@ -167,6 +207,34 @@ private Q_SLOTS:
                  (PixelRectangle{0, 24, 1600, 1000}));
         QCOMPARE(intersectedOrWhole(left, {0, 0, 0, 0}), left);
         QCOMPARE(intersectedOrWhole(left, {1600, 0, 500, 500}), left);
+    }
+
+    void findsPanelsThatAreInNoList()
+    {
+        const QSize screen(2880, 1024);
+        const PixelRectangle left{0, 0, 1600, 1024};
+        const PixelRectangle right{1600, 0, 1280, 900};
+        const QList<PixelRectangle> whole{left, right};
+        using Areas = QList<PixelRectangle>;
+        // Each display's own area, whatever their order; one that is none of its own tells nothing.
+        const Areas own{{1600, 0, 1280, 880}, {0, 30, 1600, 994}};
+        QCOMPARE(withinOwnArea(left, left, own), own.at(1));
+        QCOMPARE(withinOwnArea(right, right, own), own.at(0));
+        QCOMPARE(withinOwnArea(right, right, {{0, 0, 2880, 1000}}), right);
+
+        // One box for all: the main display has the panel if it reaches that edge.
+        const auto free = [&](const Areas& known, qsizetype main, const PixelRectangle& area) {
+            return withoutHiddenPanels(known, whole, main, area, screen);
+        };
+        QCOMPARE(free(whole, 0, {0, 0, 2880, 1000}), (Areas{{0, 0, 1600, 1000}, right}));
+        QCOMPARE(free(whole, 1, {0, 0, 2880, 1000}), (Areas{{0, 0, 1600, 1000}, right}));
+        QCOMPARE(free(whole, 1, {0, 20, 2880, 1004}), (Areas{left, {1600, 20, 1280, 880}}));
+        QCOMPARE(free(whole, -1, {0, 20, 2880, 1004}),
+                 (Areas{{0, 20, 1600, 1004}, {1600, 20, 1280, 880}}));
+        // What struts told already, and what is no area at all.
+        const Areas known{{0, 0, 1600, 1000}, right};
+        QCOMPARE(free(known, 0, {0, 0, 2880, 1000}), known);
+        QCOMPARE(free(whole, 0, {0, 0, 0, 0}), whole);
     }
 
     void keysAreFoundInTheLayout()

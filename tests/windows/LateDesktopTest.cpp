@@ -24,7 +24,7 @@ struct Desktop {
     SystemClock clock;
     FakeResourceSystem resources;
     ResourceOpeningService opener{borrowed(resources),
-                                  [](const QString&) { return QFuture<bool>(); }};
+                                  [](const QString&, bool) { return QFuture<bool>(); }};
     WindowRestoreService restorer{late, clock};
     WorkspaceLauncher launcher{opener, restorer, late, clock};
 

@@ -59,6 +59,8 @@ QList<RunningApplication> groupWindows(const QList<IdentifiedWindow>& windows)
         if (window.kind)
             application.windows.append({.id = window.id, .kind = *window.kind});
     }
+    // What only draws a panel or the desktop, as file managers do, is not at work.
+    applications.removeIf([](const auto& application) { return application.windows.isEmpty(); });
     return applications;
 }
 

@@ -96,11 +96,11 @@ xcb_get_property_cookie_t X11Connection::requestProperty(xcb_window_t window,
 
 xcb_atom_t X11Connection::atom(const QByteArray& name) const
 {
-    const auto request = xcb_intern_atom(m_connection, 0, static_cast<quint16>(name.size()),
-                                         name.constData());
+    const auto request =
+        xcb_intern_atom(m_connection, 0, static_cast<quint16>(name.size()), name.constData());
     finishBatch();
     const auto answer = reply<xcb_intern_atom_reply>(request);
-    return answer ? answer->atom : XCB_ATOM_NONE;
+    return answer ? answer->atom : xcb_atom_t(XCB_ATOM_NONE);
 }
 
 void X11Connection::finishBatch() const

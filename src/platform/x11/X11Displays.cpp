@@ -172,7 +172,8 @@ QList<Display> describe(const Surroundings& surroundings, const Details& details
 class X11Displays::Request {
 public:
     Request(const X11Connection& connection, const X11Displays& last)
-        : surroundings(connection, last.m_ownAreas), details(connection, last.m_surroundings.monitors, last.m_panels)
+        : surroundings(connection, last.m_ownAreas),
+          details(connection, last.m_surroundings.monitors, last.m_panels)
     {
     }
 

@@ -155,9 +155,8 @@ QList<PixelRectangle> withoutHiddenPanels(QList<PixelRectangle> free,
         const Strut panel{edge, depth, 0, std::max(screen.width(), screen.height())};
         for (qsizetype index = 0; index < free.size(); ++index) {
             if (reachesEdge(index) && (index == main || !reachesEdge(main)))
-                free[index] =
-                    intersectedOrWhole(free.at(index), withoutStruts(displays.at(index), {panel},
-                                                                     screen));
+                free[index] = intersectedOrWhole(
+                    free.at(index), withoutStruts(displays.at(index), {panel}, screen));
         }
     }
     return free;

@@ -46,10 +46,8 @@ struct Strut {
 /// `free` of all displays, less what a work area for the whole screen leaves out at an edge and no
 /// display accounts for: that is a panel on the main display if it reaches there, else on every
 /// display that does.
-[[nodiscard]] QList<PixelRectangle> withoutHiddenPanels(QList<PixelRectangle> free,
-                                                        const QList<PixelRectangle>& displays,
-                                                        qsizetype main,
-                                                        const PixelRectangle& workArea,
-                                                        QSize screen);
+[[nodiscard]] QList<PixelRectangle>
+withoutHiddenPanels(QList<PixelRectangle> free, const QList<PixelRectangle>& displays,
+                    qsizetype main, const PixelRectangle& workArea, QSize screen);
 
 } // namespace trovell
