@@ -341,6 +341,7 @@ void InterfaceTest::answersGlobalKeysWithTheWindowClosed()
 {
     openAndCapture();
     QVERIFY(m_trovell->click(button, u"Edit"_s));
+    QVERIFY(m_trovell->scrollDown(label, u"Window Layout"_s));
     QVERIFY(m_trovell->click(u"combo box"_s, u"Shortcut"_s));
     QVERIFY(m_trovell->click(menuItem, u"Ctrl+Alt+3"_s));
     QVERIFY(m_trovell->click(button, u"Save"_s));

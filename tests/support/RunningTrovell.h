@@ -69,6 +69,11 @@ public:
     {
         return clickMiddle(role, name, {"click", "3"});
     }
+    /// Turns the wheel over the object, far enough for any end.
+    bool scrollDown(const QString& role, const QString& name)
+    {
+        return clickMiddle(role, name, {"click", "--repeat", "60", "--delay", "5", "5"});
+    }
     /// Types into whatever has the focus.
     void type(const QString& text)
     {

@@ -52,7 +52,14 @@ struct ScopeRequest {
     guint32 process = 0;
 };
 
-/// Nobody waits for the answer: without such a manager the process stays where it is.
+/// Without such a manager the process stays where it is.
+void takeAnswer(GObject* bus, GAsyncResult* result, gpointer)
+{
+    const GVariantPointer answer(
+        g_dbus_connection_call_finish(G_DBUS_CONNECTION(bus), result, nullptr));
+}
+
+/// The connection stays until the answer is there.
 void requestScope(GObject*, GAsyncResult* result, gpointer data)
 {
     const std::unique_ptr<ScopeRequest> request(static_cast<ScopeRequest*>(data));
@@ -68,7 +75,8 @@ void requestScope(GObject*, GAsyncResult* result, gpointer data)
                            "org.freedesktop.systemd1.Manager", "StartTransientUnit",
                            g_variant_new("(ssa(sv)a(sa(sv)))", request->name.constData(), "fail",
                                          &properties, nullptr),
-                           nullptr, G_DBUS_CALL_FLAGS_NO_AUTO_START, -1, nullptr, nullptr, nullptr);
+                           nullptr, G_DBUS_CALL_FLAGS_NO_AUTO_START, -1, nullptr, &takeAnswer,
+                           nullptr);
 }
 
 /// Asks the user's service manager, if there is one, to keep the process by itself.
@@ -77,6 +85,19 @@ void moveToOwnScope(GDesktopAppInfo* application, GPid process, gpointer)
     const QByteArray name = unitName(g_app_info_get_id(G_APP_INFO(application)), process);
     g_bus_get(G_BUS_TYPE_SESSION, nullptr, &requestScope,
               new ScopeRequest{name, static_cast<guint32>(process)});
+}
+
+/// In `folder`, or, without one, in the application's own.
+bool start(GDesktopAppInfo* application, const char* uri, const char* folder)
+{
+    GList link = {const_cast<char*>(uri), nullptr, nullptr};
+    const auto context = makeLaunchContext();
+    // Without G_SPAWN_DO_NOT_REAP_CHILD GLib forks twice, so that no zombie can be left.
+    const auto flags = static_cast<GSpawnFlags>(G_SPAWN_SEARCH_PATH | G_SPAWN_STDOUT_TO_DEV_NULL |
+                                                G_SPAWN_STDERR_TO_DEV_NULL);
+    return g_desktop_app_info_launch_uris_as_manager(
+               application, uri ? &link : nullptr, context.get(), flags, makeOwnProcess,
+               const_cast<char*>(folder), moveToOwnScope, nullptr, nullptr) != FALSE;
 }
 
 } // namespace
@@ -91,16 +112,8 @@ GObjectPointer<GAppLaunchContext> makeLaunchContext()
 
 bool startApplication(GDesktopAppInfo* application, const char* uri)
 {
-    GList link = {const_cast<char*>(uri), nullptr, nullptr};
-    const auto context = makeLaunchContext();
     const GPointer<char> folder(g_desktop_app_info_get_string(application, "Path"));
-    const char* home = folder && *folder ? nullptr : g_get_home_dir();
-    // Without G_SPAWN_DO_NOT_REAP_CHILD GLib forks twice, so that no zombie can be left.
-    const auto flags = static_cast<GSpawnFlags>(G_SPAWN_SEARCH_PATH | G_SPAWN_STDOUT_TO_DEV_NULL |
-                                                G_SPAWN_STDERR_TO_DEV_NULL);
-    return g_desktop_app_info_launch_uris_as_manager(
-               application, uri ? &link : nullptr, context.get(), flags, makeOwnProcess,
-               const_cast<char*>(home), moveToOwnScope, nullptr, nullptr) != FALSE;
+    return start(application, uri, folder && *folder ? nullptr : g_get_home_dir());
 }
 
 DesktopFile withStart(DesktopFile application, const ApplicationStart& start)
@@ -129,19 +142,21 @@ DesktopFile withStart(DesktopFile application, const ApplicationStart& start)
     return DesktopFile(g_desktop_app_info_new_from_keyfile(file.get()));
 }
 
-DesktopFile programAt(const QByteArray& path)
+bool startProgram(const QByteArray& path, const ApplicationStart& wished)
 {
     struct stat status{};
     if (::stat(path.constData(), &status) != 0 || !S_ISREG(status.st_mode) ||
         ::access(path.constData(), X_OK) != 0)
-        return {};
-    const GPointer<char> command(g_shell_quote(path.constData()));
-    // Its own format has percent signs as field codes.
-    const QByteArray escaped = QByteArray(command.get()).replace('%', "%%");
-    const QByteArray name = fileName(path);
-    GAppInfo* program = g_app_info_create_from_commandline(escaped.constData(), name.constData(),
-                                                           G_APP_INFO_CREATE_NONE, nullptr);
-    return DesktopFile(program ? G_DESKTOP_APP_INFO(program) : nullptr);
+        return false;
+    const GPointer<char> quoted(g_shell_quote(path.constData()));
+    const QByteArray command =
+        QByteArray(quoted.get()) + ' ' + wished.arguments.value_or(QString()).toUtf8();
+    const GObjectPointer<GAppInfo> program(g_app_info_create_from_commandline(
+        QByteArray(command).replace('%', "%%").constData(), fileName(path).constData(),
+        G_APP_INFO_CREATE_NONE, nullptr));
+    const QByteArray folder = wished.workingFolder.value_or(QString()).toUtf8();
+    return program && start(G_DESKTOP_APP_INFO(program.get()), nullptr,
+                            folder.isEmpty() ? g_get_home_dir() : folder.constData());
 }
 
 } // namespace trovell

@@ -23,7 +23,7 @@ using DesktopFile = GObjectPointer<GDesktopAppInfo>;
 /// The same application with more arguments, in another folder. Null when its file cannot be read.
 [[nodiscard]] DesktopFile withStart(DesktopFile application, const ApplicationStart& start);
 
-/// What starts a program that has no desktop file; null when `path` is no program.
-[[nodiscard]] DesktopFile programAt(const QByteArray& path);
+/// A program that has no desktop file; false when `path` is none.
+[[nodiscard]] bool startProgram(const QByteArray& path, const ApplicationStart& wished);
 
 } // namespace trovell

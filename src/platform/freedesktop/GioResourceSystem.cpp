@@ -108,7 +108,7 @@ bool GioResourceSystem::openApplication(const QUrl& url, const ApplicationStart&
     const auto path = localPath(url);
     DesktopFile application = desktopFile(url);
     if (!application && path && !path->endsWith(".desktop"))
-        application = programAt(*path);
+        return startProgram(*path, start);
     if (!application || g_desktop_app_info_get_is_hidden(application.get()))
         return false;
     application = withStart(std::move(application), start);
