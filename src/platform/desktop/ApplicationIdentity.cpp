@@ -53,7 +53,7 @@ QString programOfProcess(qint32 processIdentifier)
 {
     if (processIdentifier <= 0)
         return {};
-    const QString executable = QFileInfo(u"/proc/%1/exe"_s.arg(processIdentifier)).symLinkTarget();
+    QString executable = QFileInfo(u"/proc/%1/exe"_s.arg(processIdentifier)).symLinkTarget();
     for (const QByteArray& path :
          {pictureOf(executable, textsOfProcess(processIdentifier, "environ")),
           scriptOf(textsOfProcess(processIdentifier, "cmdline"))}) {

@@ -8,6 +8,7 @@
 
 #include <chrono>
 #include <functional>
+#include <optional>
 
 namespace trovell {
 
@@ -21,8 +22,9 @@ struct UpdateEnvironment {
     /// Opens the package at an absolute path for installation. False when nothing could be opened.
     /// Called on the main thread; does not wait for the installation.
     std::function<bool(const QString& path)> openInstaller;
-    /// Holds the authorities that are trusted.
-    QSslConfiguration tls;
+    /// Holds the authorities that are trusted. None where nothing is fetched: making one loads a
+    /// library that is worth a tenth of the program's start.
+    std::optional<QSslConfiguration> tls;
 
     // Limits. The feed is one small file; how long a package takes depends on the line.
     std::chrono::milliseconds silenceTimeout = std::chrono::seconds(30);

@@ -64,7 +64,8 @@ void Updater::check()
 void Updater::fetch(const QUrl& address, SecureTransfer::Limits limits, SecureTransfer::Sink sink,
                     Arrival arrival)
 {
-    m_transfer = std::make_unique<SecureTransfer>(m_environment.tls, limits, std::move(sink));
+    const QSslConfiguration tls = m_environment.tls.value_or(QSslConfiguration());
+    m_transfer = std::make_unique<SecureTransfer>(tls, limits, std::move(sink));
     connect(m_transfer.get(), &SecureTransfer::finished, this, arrival);
     m_transfer->start(address);
 }

@@ -24,6 +24,12 @@ ScrollArea::ScrollArea(QWidget* parent) : QScrollArea(parent)
             [this](QWidget*, QWidget* now) { showFocused(now); });
 }
 
+ScrollArea::~ScrollArea()
+{
+    // What it holds goes after this part of it, and gives the focus away then.
+    disconnect(qApp, nullptr, this, nullptr);
+}
+
 void ScrollArea::setContent(QWidget* content)
 {
     setWidget(content);

@@ -13,6 +13,8 @@ class ScrollArea : public QScrollArea {
 
 public:
     explicit ScrollArea(QWidget* parent = nullptr);
+    ~ScrollArea() override;
+    Q_DISABLE_COPY_MOVE(ScrollArea)
 
     /// Takes ownership.
     void setContent(QWidget* content);

@@ -146,7 +146,8 @@ private Q_SLOTS:
         QVERIFY(putBack && putBack->isVisible());
         QTest::mouseClick(putBack, Qt::LeftButton);
         QTRY_COMPARE(m_fixture->windows->window(window).frame, frame);
-        QTRY_VERIFY(!putBack->isVisible());
+        waitForLaunch();
+        QVERIFY(!putBack->isVisible());
     }
 
     void startKeepsItsWidthAndFocus()
