@@ -33,7 +33,7 @@ struct Desktop {
     SystemClock clock;
     FakeResourceSystem resources;
     ResourceOpeningService opener{borrowed(resources),
-                                  [](const QString&) { return QFuture<bool>(); }};
+                                  [](const QString&, bool) { return QFuture<bool>(); }};
     WindowCaptureService capture{late, 1};
     WindowRestoreService restorer{late, clock};
     WorkspaceLauncher launcher{opener, restorer, late, clock};
