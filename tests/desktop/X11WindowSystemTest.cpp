@@ -323,8 +323,9 @@ void X11WindowSystemTest::followsWhatProgramsSayLate()
 {
     START_DESKTOP(WindowManager::openbox);
     desktop.startClient({"--title", "late", "--class", "Early"});
+    inspector.waitForWindow(u"late");
     desktop.startClient({"--title", "other", "--class", "Other"});
-    QVERIFY(inspector.waitForWindowCount(2));
+    inspector.waitForWindow(u"other");
     X11WindowSystem system(desktop.displayName(), {}, {});
     QCOMPARE(identifiers(runningApplications(system)), u"Early Other"_s);
     const auto set = [&](const char* property, const QByteArray& format, const QByteArray& value) {

@@ -30,6 +30,8 @@ package=$(ls "$work"/package/*.deb)
 
 mkdir -p "$root/var/lib/dpkg"
 touch "$root/var/lib/dpkg/status"
+# Ordinary users often lack root's folders, which dpkg looks for its programs in.
+PATH=$PATH:/usr/local/sbin:/usr/sbin:/sbin
 as_root() { fakeroot dpkg --root="$root" --log=/dev/null --force-depends "$@"; }
 step "the package does not install" as_root --install "$package"
 
