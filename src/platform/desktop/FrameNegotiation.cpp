@@ -37,7 +37,8 @@ void FrameNegotiation::read(const std::optional<FrameReading>& reading, Time now
     m_stoodAt = m_reading.frame;
     if (!m_isPlaced && hasFrame() && (!isFilling() || fillsItsPlace())) {
         m_isPlaced = true;
-        beginStage();
+        if (m_goal.states)
+            beginStage();
     }
     m_isLeftToPerson = hasMoved && m_reading.isHeld && !isExact();
     if (m_isLeftToPerson)
@@ -50,9 +51,11 @@ void FrameNegotiation::noteProgress(const FrameReading& reading, Time now)
         reading.states != m_reading.states || reading.isOnDesktop != m_reading.isOnDesktop;
     const bool hasReacted = m_frameBefore && !isSameRectangle(reading.frame, *m_frameBefore);
     m_hasReacted = m_hasReacted || hasReacted;
+    if (isNextStage && m_goal.states)
+        return beginStage();
     if (isNextStage)
-        beginStage();
-    else if (hasReacted)
+        m_attempts = 0;
+    if (hasReacted)
         m_reactedAt = m_reactedAt.value_or(now);
 }
 
