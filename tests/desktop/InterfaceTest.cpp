@@ -343,7 +343,9 @@ void InterfaceTest::answersGlobalKeysWithTheWindowClosed()
     QVERIFY(m_trovell->click(button, u"Edit"_s));
     QVERIFY(m_trovell->scrollDown(label, u"Window Layout"_s));
     QVERIFY(m_trovell->click(u"combo box"_s, u"Shortcut"_s));
-    QVERIFY(m_trovell->click(menuItem, u"Ctrl+Alt+3"_s));
+    QVERIFY(m_trovell->shows(menuItem, u"Ctrl+Alt+3"_s));
+    // By keys: a second click a few pixels from the first one only closes a menu.
+    m_desktop->run("xdotool", {"key", "Down", "Down", "Down", "Return"});
     QVERIFY(m_trovell->click(button, u"Save"_s));
     QVERIFY(m_trovell->shows(label, u"Work saved."_s));
 
