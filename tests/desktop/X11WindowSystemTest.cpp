@@ -396,20 +396,24 @@ void X11WindowSystemTest::seesPanelsComeChangeAndGo()
         const auto displays = displaysOf(system);
         return std::pair(displays.first().workArea.height(), displays.last().workArea.width());
     };
-    QTRY_COMPARE(freeSizes(), std::pair(1024., 1280.));
+    // One of them has a bar of its own, in no list of windows.
+    const bool hasBar = windowManager == WindowManager::icewm;
+    QTRY_VERIFY((freeSizes().first < 1024) == hasBar);
+    const double height = freeSizes().first;
+    QCOMPARE(freeSizes(), std::pair(height, 1280.));
     QProcess& program =
         desktop.startClient({"--title", "panel", "--type", "DOCK", "--geometry", "1600,30,0,0",
                              "--strut", "0,0,30,0,0,0,0,0,0,1599,0,0"});
     const quint32 panel = inspector.waitForWindow(u"panel").id;
-    QTRY_COMPARE(freeSizes(), std::pair(994., 1280.));
+    QTRY_COMPARE(freeSizes(), std::pair(height - 30, 1280.));
     // Between the displays, where the work area of the whole desktop shows nothing of it.
     const char* strut = "_NET_WM_STRUT_PARTIAL";
     desktop.run("xprop", {"-id", QByteArray::number(panel), "-f", strut, "32c", "-set", strut,
                           "1640,0,0,0,0,1023,0,0,0,0,0,0"});
-    QTRY_COMPARE(freeSizes(), std::pair(1024., 1240.));
+    QTRY_COMPARE(freeSizes(), std::pair(height, 1240.));
     VirtualDesktop::kill(program);
     QVERIFY(waitUntil([&] { return inspector.windows().size() == 1; }));
-    QTRY_COMPARE(freeSizes(), std::pair(1024., 1280.));
+    QTRY_COMPARE(freeSizes(), std::pair(height, 1280.));
 }
 
 void X11WindowSystemTest::activatesTheTopmostWindow()

@@ -164,7 +164,7 @@ InspectedWindow DesktopInspector::waitForWindowOfClass(QStringView wmClass) cons
     return waitForMatch([&](const InspectedWindow& window) { return window.wmClass == wmClass; });
 }
 
-bool DesktopInspector::waitForManagement() const
+bool DesktopInspector::waitForManagement(const std::function<bool()>& runs) const
 {
     const auto isProbeManaged = [this] {
         const quint32 probe = xcb_generate_id(m_connection.get());
@@ -178,7 +178,9 @@ bool DesktopInspector::waitForManagement() const
         xcb_destroy_window(m_connection.get(), probe);
         return answer && waitUntil([&] { return !isManaged(); });
     };
-    return waitUntil(isProbeManaged);
+    bool isManaging = false;
+    waitUntil([&] { return (isManaging = isProbeManaged()) || !runs(); });
+    return isManaging;
 }
 
 bool DesktopInspector::waitForWindowCount(qsizetype count) const

@@ -58,9 +58,9 @@ public:
     /// Waits until that window is managed and has come to rest. Id 0 after half a minute.
     InspectedWindow waitForWindow(QStringView title) const;
     InspectedWindow waitForWindowOfClass(QStringView wmClass) const;
-    /// Waits until a window manager takes windows over: some announce themselves before they do,
-    /// and leave a window that is opened in between unmanaged for ever.
-    bool waitForManagement() const;
+    /// Waits until a window manager takes windows over, or until none runs any more: some announce
+    /// themselves before they do, and leave a window that is opened in between unmanaged for ever.
+    bool waitForManagement(const std::function<bool()>& runs) const;
     /// Waits until at least that many windows are managed, for half a minute at most.
     bool waitForWindowCount(qsizetype count) const;
     /// Waits until the window has been the same for a fifth of a second and returns it.

@@ -37,8 +37,11 @@ Command windowManagerCommand(WindowManager windowManager)
         {WindowManager::openbox, {"openbox", {"--sm-disable"}}},
         {WindowManager::xfwm4, {"xfwm4", {"--compositor=off", "--sm-client-disable"}}},
         {WindowManager::metacity, {"metacity", {"--sm-disable"}}},
+        {WindowManager::marco, {"marco", {"--no-composite", "--sm-disable"}}},
         {WindowManager::mutter, {"mutter", {"--x11", "--sm-disable"}}},
         {WindowManager::kwin, {"kwin_x11", {"--no-kactivities"}}},
+        {WindowManager::icewm, {"icewm", {}}},
+        {WindowManager::i3, {"i3", {}}},
     };
     return commands.value(windowManager);
 }
@@ -243,8 +246,8 @@ bool VirtualDesktop::startWindowManager(WindowManager windowManager)
         return true;
     const Command command = windowManagerCommand(windowManager);
     m_windowManager = &start(command.program, command.arguments);
-    return (m_windowManager->state() == QProcess::Running && m_inspector->waitForManagement()) ||
-           fail(*m_windowManager);
+    const auto runs = [this] { return m_windowManager->state() == QProcess::Running; };
+    return m_inspector->waitForManagement(runs) || fail(*m_windowManager);
 }
 
 void VirtualDesktop::stopWindowManager()

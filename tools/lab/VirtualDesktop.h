@@ -26,15 +26,15 @@ namespace trovell::lab {
 const char* productPath();
 const char* scriptedClientPath();
 
-enum class WindowManager { none, openbox, xfwm4, metacity, mutter, kwin };
+enum class WindowManager { none, openbox, xfwm4, metacity, marco, mutter, kwin, icewm, i3 };
 
 /// The program's name, for messages and data tags.
 const char* windowManagerName(WindowManager windowManager);
 
-/// All that tools/packages names; one that is missing fails the test.
-inline const QList<WindowManager> windowManagers = {WindowManager::openbox, WindowManager::xfwm4,
-                                                    WindowManager::metacity, WindowManager::mutter,
-                                                    WindowManager::kwin};
+/// All that tools/packages names and that let windows overlap; one that is missing fails the test.
+inline const QList<WindowManager> windowManagers = {
+    WindowManager::openbox, WindowManager::xfwm4, WindowManager::metacity, WindowManager::marco,
+    WindowManager::mutter,  WindowManager::kwin,  WindowManager::icewm};
 
 /// One row for each, in a column "windowManager".
 void addWindowManagerRows(const QList<WindowManager>& rows = windowManagers);
