@@ -70,6 +70,16 @@ QList<FrameOutcome> placed(qsizetype count)
     return QList<FrameOutcome>(count, FrameOutcome::taken);
 }
 
+/// As a launch does it: who was too busy to answer is asked again.
+QList<FrameOutcome> setFrames(X11WindowSystem& system, const QList<FrameRequest>& requests)
+{
+    QList<FrameOutcome> outcomes;
+    do
+        outcomes = system.setFrames(requests).result();
+    while (outcomes.contains(FrameOutcome::unanswered));
+    return outcomes;
+}
+
 QString identifiers(const QList<RunningApplication>& applications)
 {
     QStringList result;
@@ -164,12 +174,12 @@ void X11WindowSystemTest::readsAndPlacesRealProgramsExactly()
             requests.append({window.id, QRectF(90 + 31 * step + 7 * round, 80 + 23 * step,
                                                700 + 3 * step, 650 + 13 * round)});
         }
-        QCOMPARE(system.setFrames(requests).result(), placed(6));
+        QCOMPARE(setFrames(system, requests), placed(6));
         for (const auto wait : {0ms, watch}) {
             QTest::qWait(static_cast<int>(wait.count()));
             for (const FrameRequest& request : std::as_const(requests))
-                QVERIFY(isInPlace(*inspector.window(windowOf(request.window)), request.frame,
-                                  windowManager));
+                QTRY_VERIFY(isInPlace(*inspector.window(windowOf(request.window)), request.frame,
+                                      windowManager));
         }
     }
 }
@@ -236,9 +246,9 @@ void X11WindowSystemTest::bringsWindowsToDesktopsAndStates()
     }
     QList<QRectF> frames;
     for (int cycle = 0; cycle < 3; ++cycle) {
-        QCOMPARE(system.setFrames(there).result(), placed(4));
+        QCOMPARE(setFrames(system, there), placed(4));
         // Once more, for what is right already.
-        QCOMPARE(system.setFrames(there).result(), placed(4));
+        QCOMPARE(setFrames(system, there), placed(4));
         QList<QRectF> now;
         for (const Wish& wish : wishes) {
             const DesktopWindow window = windowTitled(system, wish.title);
@@ -252,7 +262,7 @@ void X11WindowSystemTest::bringsWindowsToDesktopsAndStates()
         QVERIFY(now.first().width() > 1000);
         QCOMPARE(cycle == 0 ? now : frames, now);
         frames = now;
-        QCOMPARE(system.setFrames(back).result(), placed(4));
+        QCOMPARE(setFrames(system, back), placed(4));
         for (const FrameRequest& request : std::as_const(back))
             QVERIFY(isInPlace(*inspector.window(windowOf(request.window)), request.frame,
                               windowManager));

@@ -237,6 +237,19 @@ private Q_SLOTS:
         // It took the position, and it shows that the size is its own business.
         QVERIFY(dialogue.isAccepted());
     }
+
+    void slowWindowIsNoRefusal()
+    {
+        // Like a program that leaves a state on a busy machine: it is on its way, but not there.
+        Dialogue dialogue(plain(elsewhere));
+        dialogue.step();
+        for (int left = 200; !dialogue.negotiation().isOver(); ++left) {
+            QVERIFY(left < 300);
+            dialogue.becomes(plain(QRectF(left, 100, 300, 200)));
+            dialogue.stepAfter(50ms);
+        }
+        QVERIFY(!dialogue.isAccepted() && dialogue.negotiation().isRestless());
+    }
 };
 
 QTEST_GUILESS_MAIN(FrameNegotiationTest)

@@ -140,6 +140,7 @@ FrameNegotiation::Step FrameNegotiation::nextStep(Time now, Time lastProgress)
     const bool isQuiet = now >= nextStepAt(lastProgress);
     if (isHopeless(now, isQuiet) && !goOnWithout()) {
         giveUp();
+        m_isRestless = !isAccepted() && !isQuiet;
         return Step::wait;
     }
     if (!isExact())

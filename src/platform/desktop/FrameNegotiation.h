@@ -89,6 +89,8 @@ public:
     [[nodiscard]] WindowStates states() const { return m_reading.states; }
     /// Those that it is to have next.
     [[nodiscard]] WindowStates statesToSet() const;
+    /// Let go while it still changed: a slow program has not come to its end yet.
+    [[nodiscard]] bool isRestless() const { return m_isRestless; }
     [[nodiscard]] bool isUnread() const { return m_isUnread; }
     /// Something was sent and the window has not shown any change since.
     [[nodiscard]] bool isUnanswered() const { return m_isUnanswered; }
@@ -135,6 +137,7 @@ private:
     bool m_isDesktopGivenUp = false;
     bool m_areStatesGivenUp = false;
     bool m_isLeftToPerson = false;
+    bool m_isRestless = false;
     std::optional<bool> m_isAccepted;
 };
 

@@ -151,7 +151,7 @@ bool FramePass::isOver(Time now) const
 FrameOutcome FramePass::finish(Window& window)
 {
     FrameNegotiation& negotiation = window.negotiation;
-    const bool hasEnded = negotiation.isOver();
+    const bool hasEnded = negotiation.isOver() && !negotiation.isRestless();
     negotiation.giveUp();
     noteSettled(window);
     if (negotiation.isLeftToPerson())
