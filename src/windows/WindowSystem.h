@@ -128,7 +128,8 @@ public:
     setFrames(const QList<FrameRequest>& requests) = 0;
 
     /// Brings the topmost window of each of these applications forward and gives it the focus, so
-    /// that the first one ends in front. Those that do not run are passed over.
+    /// that the first one ends in front. Those that do not run are passed over, and so are those on
+    /// another virtual desktop, unless all of them lie together on another one.
     virtual QFuture<void> activate(const QStringList& identifiers) = 0;
 
     /// Stacks these windows in this order, the last one on top of the others, without giving any of

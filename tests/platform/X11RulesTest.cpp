@@ -3,6 +3,7 @@
 // What is known of windows, panels, monitors and keyboards without asking a server.
 #include "lab/Files.h"
 #include "lab/MakeEdid.h"
+#include "platform/desktop/Activation.h"
 #include "platform/desktop/ApplicationGrouping.h"
 #include "platform/x11/MonitorName.h"
 #include "platform/x11/X11KeyboardLayout.h"
@@ -151,6 +152,35 @@ private Q_SLOTS:
         QVERIFY(!starting.isRegular);
         QCOMPARE(starting.windows.size(), 1);
         QVERIFY(groupWindows({splash, window(13, 700, u"starting"_s)}).first().isRegular);
+    }
+
+    void nobodyIsTornToAnotherDesktop()
+    {
+        using Windows = QList<DesktopWindow>;
+        const auto window = [](quint64 id, std::optional<int> desktop, int position = 0) {
+            DesktopWindow each{.id = WindowId(0, id)};
+            each.virtualDesktop = desktop;
+            each.stackingPosition = position;
+            return each;
+        };
+        const auto activated = [](const Windows& first, const Windows& second, int inView) {
+            RunningApplication a{.bundleIdentifier = u"a"_s, .windows = first};
+            RunningApplication b{.bundleIdentifier = u"b"_s, .windows = second};
+            QList<quint64> ids;
+            for (const WindowId& id :
+                 windowsToActivate({u"a"_s, u"b"_s, u"gone"_s}, {a, b}, inView))
+                ids.append(id.low());
+            return ids;
+        };
+        using Ids = QList<quint64>;
+        const Windows everywhere{window(1, {}, 5)};
+        QCOMPARE(activated(everywhere, {window(2, 0)}, 0), (Ids{2, 1}));
+        // The topmost one in view, not the topmost one.
+        QCOMPARE(activated({window(1, 0, 1), window(3, 1, 9)}, {window(2, 1)}, 0), Ids{1});
+        // All on one other desktop, or spread over several.
+        QCOMPARE(activated({window(1, 2)}, {window(2, 2)}, 0), (Ids{2, 1}));
+        QCOMPARE(activated({window(1, 1)}, {window(2, 2)}, 0), Ids());
+        QCOMPARE(activated({}, {}, 0), Ids());
     }
 
     void withoutDesktopFileTheClassIsTheIdentifier()

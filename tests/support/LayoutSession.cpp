@@ -2,6 +2,7 @@
 
 #include "support/LayoutSession.h"
 
+#include "editing/CaptureDraft.h"
 #include "preferences/AppConfiguration.h"
 #include "support/StoreContents.h"
 
@@ -18,19 +19,20 @@ LayoutSession::LayoutSession(VirtualDesktop& desktop)
 {
 }
 
-TrovellWorkspace* LayoutSession::capture()
+TrovellWorkspace* LayoutSession::capture(Items items)
 {
     const auto captured =
         QCoro::waitFor(m_dependencies.windowCapture().captureApplications({}, false));
     if (!captured)
         return nullptr;
-    auto& workspace =
-        m_store->mainContext().insert(std::make_unique<TrovellWorkspace>(WorkspaceValues()));
-    for (const CapturedApplication& application : *captured) {
-        for (const CapturedWindow& window : application.windows)
-            workspace.appendPlacement(makePlacement(window));
-    }
-    return m_store->mainContext().save() ? &workspace : nullptr;
+    CaptureDraft draft = makeCaptureDraft(CapturePurpose::create, nullptr);
+    draft.basics.name = u"Work"_s;
+    draft.applications = *captured;
+    for (CapturedApplication& application : draft.applications)
+        application.addAsLaunchItem = items == Items::applications;
+    const auto saved = saveCapture(CapturePurpose::create, draft, nullptr, m_store->mainContext(),
+                                   m_dependencies.resources());
+    return saved ? *saved : nullptr;
 }
 
 QStringList LayoutSession::start(TrovellWorkspace& workspace, double timeoutSeconds)

@@ -23,8 +23,10 @@ public:
     /// The desktop is entered (see `VirtualDesktop::enter`) and outlives the session.
     explicit LayoutSession(VirtualDesktop& desktop);
 
-    /// Captures everything that is open into a new, saved workspace; null when that failed.
-    TrovellWorkspace* capture();
+    enum class Items { none, applications };
+    /// Captures everything that is open into a new, saved workspace, as the sheet does it, with
+    /// its applications as launch items or without; null when that failed.
+    TrovellWorkspace* capture(Items items = Items::none);
 
     /// Starts the workspace and returns the report's lines as "name: kind" or "name: kind detail",
     /// sorted by the window's index.

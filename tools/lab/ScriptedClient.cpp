@@ -7,8 +7,9 @@
 //
 // Times are milliseconds; lists of numbers are separated by commas: --geometry width,height,x,y of
 // the client area, --increments and --base width,height, --gtk-frame-extents left,right,top,bottom,
-// --strut its twelve numbers. --type is what follows _NET_WM_WINDOW_TYPE_; --pid claims another
-// process; --count makes that many windows, "title 1" and so on, in a cascade.
+// --strut its twelve numbers. --instance and --late-class are names besides --class, the latter
+// from half a second after it appeared; --type is what follows _NET_WM_WINDOW_TYPE_; --pid claims
+// another process; --count makes that many windows, "title 1" and so on, in a cascade.
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -25,7 +26,8 @@ using Script = QHash<QByteArray, QByteArray>;
 using Numbers = QList<qint32>;
 
 const QByteArray knownOptions =
-    " --class --title --gtk-application-id --pid --type --strut --geometry --increments"
+    " --class --instance --late-class --title --gtk-application-id --pid --type --strut --geometry "
+    "--increments"
     " --base --gtk-frame-extents --undecorated --count --map-after --put-back-after"
     " --vanish-when-moved ";
 
@@ -45,7 +47,8 @@ QList<Script> parse(int argc, char** argv)
         if (word == "--window") {
             scripts.append(scripts.last());
             scripts.last().removeIf([](const auto& option) {
-                return !QByteArrayList{"--class", "--geometry", "--type"}.contains(option.key());
+                return !QByteArrayList{"--class", "--instance", "--geometry", "--type"}.contains(
+                    option.key());
             });
             continue;
         }
@@ -124,12 +127,17 @@ private:
 
     void setNames(xcb_window_t id, const Script& script, const QByteArray& suffix)
     {
-        const QByteArray wmClass = script.value("--class", "Scripted") + '\0';
-        setText(id, "WM_CLASS", "STRING", wmClass + wmClass);
+        const QByteArray wmClass = script.value("--class", "Scripted");
+        setClass(id, script.value("--instance", wmClass), wmClass);
         setText(id, "_NET_WM_NAME", "UTF8_STRING", script.value("--title", "Scripted") + suffix);
         setText(id, "_GTK_APPLICATION_ID", "UTF8_STRING", script.value("--gtk-application-id"));
         const QByteArray pid = QByteArray::number(QCoreApplication::applicationPid());
         setNumbers(id, "_NET_WM_PID", "CARDINAL", numbers(script.value("--pid", pid)));
+    }
+
+    void setClass(xcb_window_t id, const QByteArray& instance, const QByteArray& wmClass)
+    {
+        setText(id, "WM_CLASS", "STRING", instance + '\0' + wmClass + '\0');
     }
 
     void setKind(xcb_window_t id, const Script& script)
@@ -166,6 +174,11 @@ private:
         xcb_flush(m_connection);
         Window& window = m_windows[id];
         window.sinceMapped.start();
+        if (const QByteArray late = window.script.value("--late-class"); !late.isEmpty())
+            QTimer::singleShot(500, this, [this, id, late] {
+                setClass(id, late, late);
+                xcb_flush(m_connection);
+            });
         if (window.script.contains("--put-back-after"))
             QTimer::singleShot(window.script.value("--put-back-after").toInt(), this,
                                [this, id] { takeGeometry(id, m_windows.value(id).geometry); });

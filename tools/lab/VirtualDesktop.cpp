@@ -41,7 +41,7 @@ Command windowManagerCommand(WindowManager windowManager)
         {WindowManager::mutter, {"mutter", {"--x11", "--sm-disable"}}},
         {WindowManager::kwin, {"kwin_x11", {"--no-kactivities"}}},
         {WindowManager::icewm, {"icewm", {}}},
-        {WindowManager::i3, {"i3", {}}},
+        {WindowManager::i3, {"i3", {"-c", TROVELL_I3_CONFIGURATION}}},
     };
     return commands.value(windowManager);
 }
@@ -162,9 +162,9 @@ void VirtualDesktop::prepareEnvironment()
 
 void VirtualDesktop::enter()
 {
-    for (const char* name :
-         {"DISPLAY", "HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME",
-          "XDG_RUNTIME_DIR", "XDG_SESSION_TYPE", "DBUS_SESSION_BUS_ADDRESS"})
+    for (const char* name : {"DISPLAY", "HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME",
+                             "XDG_CACHE_HOME", "XDG_RUNTIME_DIR", "XDG_SESSION_TYPE",
+                             "DBUS_SESSION_BUS_ADDRESS", "QT_QPA_PLATFORM", markerVariable})
         qputenv(name, m_environment.value(QString::fromLatin1(name)).toUtf8());
 }
 
@@ -230,9 +230,11 @@ bool VirtualDesktop::startBus()
 {
     const QString services = homePath() + u"/.local/share/dbus-1/services"_s;
     QDir().mkpath(services);
-    // Programs are worked through their accessible tree.
-    QFile::link(u"/usr/share/dbus-1/services/org.a11y.Bus.service"_s,
-                services + u"/org.a11y.Bus.service"_s);
+    // Programs are worked through their accessible tree, and some are started over the bus.
+    for (const char* name : {"org.a11y.Bus", "org.gnome.TextEditor"}) {
+        const QString file = u"/%1.service"_s.arg(QString::fromLatin1(name));
+        QFile::link(u"/usr/share/dbus-1/services"_s + file, services + file);
+    }
     const QString configuration =
         privateBus(m_folder.filePath(u"bus.conf"_s), m_folder.filePath(u"runtime/bus"_s), services);
     QProcess& bus = start("dbus-daemon",

@@ -2,29 +2,13 @@
 
 #include "platform/x11/X11Reader.h"
 
+#include "platform/desktop/Activation.h"
 #include "platform/x11/X11WindowId.h"
 #include "platform/x11/X11WindowReader.h"
 
-#include <algorithm>
-#include <ranges>
+#include <utility>
 
 namespace trovell {
-
-namespace {
-
-/// The topmost window that is not minimized, else the topmost one; none without any.
-const DesktopWindow* windowToActivate(const QList<DesktopWindow>& windows)
-{
-    const auto rank = [](const DesktopWindow& window) {
-        return std::pair(!(window.states & WindowState::minimized), window.stackingPosition);
-    };
-    const auto best =
-        std::max_element(windows.begin(), windows.end(),
-                         [&rank](const auto& a, const auto& b) { return rank(a) < rank(b); });
-    return best == windows.end() ? nullptr : &*best;
-}
-
-} // namespace
 
 X11Reader::X11Reader(const QByteArray& displayName, ApplicationIdentifier identify,
                      BackgroundApplications background)
@@ -78,14 +62,12 @@ void X11Reader::activate(const QStringList& identifiers)
                                    .identifiers = {identifiers.begin(), identifiers.end()},
                                    .windows = true};
     const DesktopSnapshot snapshot = answer(question);
-    QHash<QString, QList<DesktopWindow>> windows;
-    for (const RunningApplication& application : snapshot.applications)
-        windows.insert(application.bundleIdentifier.value_or(QString()), application.windows);
-    for (const QString& identifier : identifiers | std::views::reverse) {
-        const QList<DesktopWindow> itsWindows = windows.value(identifier);
-        if (const DesktopWindow* window = windowToActivate(itsWindows))
-            activateWindow(windowOf(window->id));
-    }
+    // A desktop that was just asked for may not be in view yet.
+    const auto inView = std::exchange(m_desktopAskedFor, std::nullopt);
+    const QList<WindowId> windows = windowsToActivate(
+        identifiers, snapshot.applications, inView ? inView : snapshot.currentVirtualDesktop);
+    for (const WindowId& window : windows)
+        activateWindow(windowOf(window));
 }
 
 void X11Reader::activateWindow(xcb_window_t window) const
@@ -105,8 +87,9 @@ void X11Reader::restack(const QList<WindowId>& backToFront) const
     xcb_flush(m_connection.get());
 }
 
-void X11Reader::showVirtualDesktop(int index) const
+void X11Reader::showVirtualDesktop(int index)
 {
+    m_desktopAskedFor = index;
     m_connection.sendToRoot(m_connection.root(), m_connection.atoms().netCurrentDesktop,
                             {static_cast<quint32>(index), XCB_CURRENT_TIME, 0, 0, 0});
     xcb_flush(m_connection.get());

@@ -21,11 +21,11 @@ public:
     /// Waits for the server twice as a rule, and once when no windows are read.
     [[nodiscard]] DesktopSnapshot answer(const DesktopQuestion& question);
 
-    /// So that the first one ends in front.
+    /// Those that `windowsToActivate` tells.
     void activate(const QStringList& identifiers);
     void activateWindow(xcb_window_t window) const;
     void restack(const QList<WindowId>& backToFront) const;
-    void showVirtualDesktop(int index) const;
+    void showVirtualDesktop(int index);
 
     [[nodiscard]] const X11Connection& connection() const { return m_connection; }
 
@@ -37,6 +37,8 @@ private:
     X11Applications m_applications;
     X11Displays m_displays;
     BackgroundApplications m_background;
+    /// The virtual desktop that was last asked for, until something is activated.
+    std::optional<int> m_desktopAskedFor;
 };
 
 } // namespace trovell
