@@ -4,6 +4,7 @@
 
 #include "platform/freedesktop/FreedesktopAdapters.h"
 #include "platform/null/NullBackEnd.h"
+#include "platform/sway/SwayBackEnd.h"
 #include "platform/x11/X11BackEnd.h"
 
 #include <algorithm>
@@ -14,6 +15,8 @@ namespace trovell {
 namespace {
 
 constexpr std::array backEnds{
+    BackEnd{"sway", &isSwaySession, &makeDBusActivation, &makeSwayAdapters},
+    BackEnd{"i3", &isI3Session, &makeDBusActivation, &makeI3Adapters},
     BackEnd{"x11", &isX11Session, &makeDBusActivation, &makeX11Adapters},
     BackEnd{"null", &isAnySession, &makeDBusActivation, &makeNullAdapters},
 };

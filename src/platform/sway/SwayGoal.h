@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+//
+// What one window is to become under sway or i3, and the commands that bring it there. A window
+// that is tiled stays tiled, unless it was saved floating. Pure, any thread.
+#pragma once
+
+#include "platform/sway/SwayTree.h"
+#include "windows/WindowSystem.h"
+
+#include <QByteArrayList>
+
+namespace trovell {
+
+/// In which states windows can be put.
+inline constexpr WindowStates swayStates =
+    WindowStates(WindowState::minimized) | WindowState::fullScreen | WindowState::tiled;
+
+struct SwayGoal {
+    WindowId window;
+    /// Whole pixels.
+    QRectF frame;
+    /// All that it is to have.
+    WindowStates states;
+    /// On which output, and on which workspace; empty where it may stay.
+    QString output;
+    QString workspace;
+    bool isSticky = false;
+};
+
+/// `desktopNames`: those that the request's virtual desktop counts.
+[[nodiscard]] SwayGoal swayGoal(const FrameRequest& request, const SwayWindow& window,
+                                const SwayTree& tree, const QStringList& desktopNames);
+
+/// Whether it has its states, its place and, where it has one of its own, its frame.
+[[nodiscard]] bool isReached(const SwayGoal& goal, const SwayWindow& window, const SwayTree& tree);
+
+/// What to send for all that have not reached their goals. Ends with the windows in view and the
+/// focus as they were.
+[[nodiscard]] QByteArrayList commandsTowards(const QList<SwayGoal>& goals, const SwayTree& tree);
+
+/// The outcome for a window that has come to rest; null when it is gone.
+[[nodiscard]] FrameOutcome outcomeOf(const SwayGoal& goal, const SwayWindow* window,
+                                     const SwayTree& tree);
+
+/// The beginning of every command for this window.
+[[nodiscard]] QByteArray criteriaOf(const WindowId& window);
+
+} // namespace trovell

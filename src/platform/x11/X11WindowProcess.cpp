@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+
+#include "platform/x11/X11WindowProcess.h"
+
+#include <xcb/res.h>
+
+namespace trovell {
+
+qint32 X11WindowProcess::processOf(quint32 window)
+{
+    if (!m_connection || !m_connection->isAlive())
+        m_connection.emplace(QByteArray());
+    const X11Connection& connection = *m_connection;
+    const auto claim = connection.requestProperty(window, connection.atoms().netWmPid);
+    qint32 process = 0;
+    if (connection.server().hasClientIds) {
+        const xcb_res_client_id_spec_t wanted = {window, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
+        const auto reply = connection.reply<xcb_res_query_client_ids_reply>(
+            xcb_res_query_client_ids(connection.get(), 1, &wanted));
+        auto each = reply ? xcb_res_query_client_ids_ids_iterator(reply.get())
+                          : xcb_res_client_id_value_iterator_t{};
+        if (each.rem > 0 && each.data->length >= sizeof(quint32))
+            process = static_cast<qint32>(*xcb_res_client_id_value_value(each.data));
+    }
+    const auto claimed = propertyNumbers(connection.reply(claim));
+    return process != 0 ? process : static_cast<qint32>(claimed.value(0));
+}
+
+} // namespace trovell
