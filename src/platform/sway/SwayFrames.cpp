@@ -2,6 +2,7 @@
 
 #include "platform/sway/SwayFrames.h"
 
+#include "platform/sway/SwayCommands.h"
 #include "platform/sway/SwayReading.h"
 #include "platform/sway/SwayWorkspaces.h"
 
@@ -29,14 +30,25 @@ bool areReached(const QList<SwayGoal>& goals, const SwayTree& tree)
 }
 
 /// None when the server is gone.
-std::optional<SwayTree> readUntilReached(const QList<SwayGoal>& goals, SwayConnection& connection)
+std::optional<SwayTree> readAtRest(const QList<SwayGoal>& goals, SwayConnection& connection)
 {
-    // Clients draw before the desktop believes them, which it gives a fifth of a second.
-    constexpr int mostReadings = 12;
-    std::optional<SwayTree> tree = readSwayTree(connection);
-    for (int reading = 1; tree && reading < mostReadings && !areReached(goals, *tree); ++reading) {
-        std::this_thread::sleep_for(25ms);
+    // The desktop tells what it asked for at once. A program that still draws in its size of before
+    // gets that one back when it is done, and one that is slow is not believed for a fifth of a
+    // second.
+    constexpr int mostReadings = 20;
+    constexpr int enough = 5;
+    std::optional<SwayTree> tree;
+    int reachedCount = 0;
+    for (int reading = 0; reading < mostReadings && reachedCount < enough; ++reading) {
+        if (reading > 0)
+            std::this_thread::sleep_for(20ms);
         tree = readSwayTree(connection);
+        if (!tree)
+            return std::nullopt;
+        const bool wasReached = reachedCount > 0;
+        reachedCount = areReached(goals, *tree) ? reachedCount + 1 : 0;
+        if (wasReached && reachedCount == 0)
+            break;
     }
     return tree;
 }
@@ -48,7 +60,7 @@ std::optional<SwayTree> approach(const QList<SwayGoal>& goals, SwayTree tree,
     for (int attempt = 0; attempt < mostAttempts && !areReached(goals, tree); ++attempt) {
         if (!connection.run(commandsTowards(goals, tree)))
             return std::nullopt;
-        const auto next = readUntilReached(goals, connection);
+        const auto next = readAtRest(goals, connection);
         if (!next)
             return std::nullopt;
         tree = *next;

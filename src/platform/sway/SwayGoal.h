@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
-// What one window is to become under sway or i3, and the commands that bring it there. A window
-// that is tiled stays tiled, unless it was saved floating. Pure, any thread.
+// What one window is to become under sway or i3, and whether it has. A window that is tiled stays
+// tiled, unless it was saved floating. Pure, any thread.
 #pragma once
 
 #include "platform/sway/SwayTree.h"
 #include "windows/WindowSystem.h"
-
-#include <QByteArrayList>
 
 namespace trovell {
 
@@ -34,15 +32,8 @@ struct SwayGoal {
 /// Whether it has its states, its place and, where it has one of its own, its frame.
 [[nodiscard]] bool isReached(const SwayGoal& goal, const SwayWindow& window, const SwayTree& tree);
 
-/// What to send for all that have not reached their goals. Ends with the windows in view and the
-/// focus as they were.
-[[nodiscard]] QByteArrayList commandsTowards(const QList<SwayGoal>& goals, const SwayTree& tree);
-
 /// The outcome for a window that has come to rest; null when it is gone.
 [[nodiscard]] FrameOutcome outcomeOf(const SwayGoal& goal, const SwayWindow* window,
                                      const SwayTree& tree);
-
-/// The beginning of every command for this window.
-[[nodiscard]] QByteArray criteriaOf(const WindowId& window);
 
 } // namespace trovell

@@ -2,14 +2,14 @@
 
 #include "platform/sway/SwayReader.h"
 
-#include "platform/sway/SwayGoal.h"
+#include "platform/desktop/Activation.h"
+#include "platform/sway/SwayCommands.h"
 #include "platform/sway/SwayReading.h"
 #include "platform/sway/SwayWorkspaces.h"
 
 #include <QCoreApplication>
 
 #include <algorithm>
-#include <ranges>
 
 namespace trovell {
 
@@ -42,15 +42,6 @@ std::optional<int> desktopInView(const SwayTree& tree, const QStringList& deskto
     if (focused == tree.workspaces.end())
         return std::nullopt;
     return int(desktopNames.indexOf(focused->name));
-}
-
-/// The focused one, else the topmost that is not put away.
-const DesktopWindow* swayWindowToActivate(const QList<DesktopWindow>& windows)
-{
-    const auto best = std::ranges::max_element(windows, {}, [](const DesktopWindow& window) {
-        return std::pair(!(window.states & WindowState::minimized), window.stackingPosition);
-    });
-    return best == windows.end() ? nullptr : &*best;
 }
 
 } // namespace
@@ -142,14 +133,10 @@ void SwayReader::activate(const QStringList& identifiers)
                 .identifiers = {identifiers.begin(), identifiers.end()},
                 .windows = true});
     QByteArrayList commands;
-    for (const QString& identifier : identifiers | std::views::reverse) {
-        const auto application = std::ranges::find(snapshot.applications, identifier,
-                                                   &RunningApplication::bundleIdentifier);
-        if (application == snapshot.applications.end())
-            continue;
-        if (const DesktopWindow* window = swayWindowToActivate(application->windows))
-            commands.append(criteriaOf(window->id) + "focus");
-    }
+    const QList<WindowId> windows =
+        windowsToActivate(identifiers, snapshot.applications, snapshot.currentVirtualDesktop);
+    for (const WindowId& window : windows)
+        commands.append(criteriaOf(window) + "focus");
     connection().run(commands);
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/sway/SwayTiling.h"
 
+#include "platform/sway/SwayCommands.h"
 #include "platform/sway/SwayReading.h"
 
 #include <QSet>

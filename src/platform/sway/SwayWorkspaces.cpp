@@ -16,6 +16,11 @@ int workspaceNumber(const QString& name)
     return isNumber ? number : -1;
 }
 
+bool isSameWorkspace(const QString& a, const QString& b)
+{
+    return a == b || (workspaceNumber(a) >= 0 && workspaceNumber(a) == workspaceNumber(b));
+}
+
 QStringList virtualDesktopNames(const SwayTree& tree, const SwayConfiguration& configuration)
 {
     constexpr int least = 10;

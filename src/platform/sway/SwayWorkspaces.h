@@ -23,4 +23,7 @@ namespace trovell {
 /// The number that a workspace's name begins with; -1 without one.
 [[nodiscard]] int workspaceNumber(const QString& name);
 
+/// Whether both have the same number, or without one the same name.
+[[nodiscard]] bool isSameWorkspace(const QString& a, const QString& b);
+
 } // namespace trovell
