@@ -2,6 +2,7 @@
 
 #include "RestoreWorkload.h"
 
+#include "platform/desktop/FrameNegotiation.h"
 #include "platform/x11/X11WindowGeometry.h"
 
 #include <algorithm>
@@ -29,8 +30,9 @@ QByteArrayList numbers(std::initializer_list<int> values)
 
 } // namespace
 
-RestoreWorkload::RestoreWorkload(CrowdedDesktop& crowd, int applications, int windowsEach)
-    : m_crowd(crowd),
+RestoreWorkload::RestoreWorkload(CrowdedDesktop& crowd, int applications, int windowsEach,
+                                 Spread spread)
+    : m_crowd(crowd), m_spread(spread),
       m_displays(crowd.session().windowSystem().ask({.displays = true}).result().displays)
 {
     for (int application = 0; application < applications; ++application) {
@@ -86,6 +88,9 @@ QList<QByteArrayList> RestoreWorkload::wmctrlCommands(int layout) const
         const QByteArrayList geometry =
             numbers({0, position.x(), position.y(), size.width(), size.height()});
         commands.append({"wmctrl", "-i", "-r", id, "-e", geometry.join(',')});
+        if (m_spread == Spread::fourDesktops)
+            commands.append({"wmctrl", "-i", "-r", id, "-t",
+                             QByteArray::number(virtualDesktop(layout, index))});
     }
     return commands;
 }
@@ -108,12 +113,37 @@ Exactness RestoreWorkload::exactness(int layout) const
 {
     Exactness result;
     for (qsizetype index = 0; index < m_windows.size(); ++index) {
-        const auto window = m_crowd.desktop().inspector().window(m_windows.at(index).id);
-        const int error = difference(window ? window->frame : QRect(), frame(layout, index));
+        const int error = this->error(layout, index);
         result.exact += error == 0 ? 1 : 0;
         result.worst = std::max(result.worst, error);
     }
     return result;
+}
+
+int RestoreWorkload::error(int layout, qsizetype index) const
+{
+    constexpr int elsewhere = 10'000;
+    const lab::DesktopInspector& inspector = m_crowd.desktop().inspector();
+    const quint32 id = m_windows.at(index).id;
+    const auto window = inspector.window(id);
+    if (!window)
+        return elsewhere;
+    if (m_spread == Spread::fourDesktops &&
+        inspector.numbers(id, "_NET_WM_DESKTOP").value(0) != quint32(virtualDesktop(layout, index)))
+        return elsewhere;
+    if (window->isMaximized || isMaximized(layout, index))
+        return window->isMaximized == isMaximized(layout, index) ? 0 : elsewhere;
+    return difference(window->frame, frame(layout, index));
+}
+
+int RestoreWorkload::virtualDesktop(int layout, qsizetype index)
+{
+    return int(index + layout) % 4;
+}
+
+bool RestoreWorkload::isMaximized(int layout, qsizetype index) const
+{
+    return m_spread == Spread::fourDesktops && index % 5 == 2 * layout;
 }
 
 QRect RestoreWorkload::frame(int layout, qsizetype index)
@@ -136,6 +166,13 @@ WindowPlacementSnapshot RestoreWorkload::placement(int layout, qsizetype index) 
     const Window& window = m_windows.at(index);
     const QRectF screenFrame = m_displays.storedFrame(QRectF(frame(layout, index)));
     const DisplaySnapshot display = *displayContaining(screenFrame, m_displays.snapshots());
+    std::optional<WindowStates> states;
+    std::optional<SavedDesktop> desktop;
+    if (m_spread == Spread::fourDesktops) {
+        states = isMaximized(layout, index) ? fillingStates & ~WindowStates(WindowState::fullScreen)
+                                            : WindowStates();
+        desktop = SavedDesktop{virtualDesktop(layout, index)};
+    }
     return {.id = QUuid::createUuid(),
             .bundleIdentifier = CrowdedDesktop::bundleIdentifier(window.application),
             .applicationName = {},
@@ -145,7 +182,9 @@ WindowPlacementSnapshot RestoreWorkload::placement(int layout, qsizetype index) 
             .windowIndexHint = window.indexInApplication,
             .normalizedFrame = normalizeFrame(screenFrame, display.visibleFrame),
             .absoluteFrame = screenFrame,
-            .displayFingerprint = display.fingerprint};
+            .displayFingerprint = display.fingerprint,
+            .states = states,
+            .virtualDesktop = desktop};
 }
 
 } // namespace trovell::bench

@@ -19,10 +19,13 @@ struct Exactness {
     int worst = 0;
 };
 
+/// Whether the layouts are of one virtual desktop, or of four with every fifth window maximised.
+enum class Spread { oneDesktop, fourDesktops };
+
 class RestoreWorkload {
 public:
     /// The windows that are open now, as `CrowdedDesktop` opened them.
-    RestoreWorkload(CrowdedDesktop& crowd, int applications, int windowsEach);
+    RestoreWorkload(CrowdedDesktop& crowd, int applications, int windowsEach, Spread spread);
 
     [[nodiscard]] QList<quint32> windows() const;
 
@@ -31,7 +34,8 @@ public:
     /// By application, as the launcher has them.
     [[nodiscard]] QList<QList<WindowPlacementSnapshot>> placements(int layout) const;
     [[nodiscard]] QByteArrayList xdotoolCommand(int layout) const;
-    /// One for each window.
+    /// One for each window, and where there are several virtual desktops one more, since a call
+    /// either moves a window or sends it to a desktop; of states they know nothing.
     [[nodiscard]] QList<QByteArrayList> wmctrlCommands(int layout) const;
 
     /// Asks the window manager once for every frame and returns at once: nobody can be faster than
@@ -51,10 +55,15 @@ private:
     };
 
     [[nodiscard]] static QRect frame(int layout, qsizetype index);
+    [[nodiscard]] static int virtualDesktop(int layout, qsizetype index);
+    [[nodiscard]] bool isMaximized(int layout, qsizetype index) const;
+    /// Of the frame, or how far from maximised and from its desktop.
+    [[nodiscard]] int error(int layout, qsizetype index) const;
     [[nodiscard]] QSize clientSize(int layout, qsizetype index) const;
     [[nodiscard]] WindowPlacementSnapshot placement(int layout, qsizetype index) const;
 
     CrowdedDesktop& m_crowd;
+    Spread m_spread;
     StoredDisplays m_displays;
     QList<Window> m_windows;
 };

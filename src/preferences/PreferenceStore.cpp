@@ -18,8 +18,10 @@ PreferenceStore::PreferenceStore(const QString& filePath) : m_filePath(filePath)
     if (!file.exists())
         return;
     QJsonParseError error;
-    const bool isReadable = file.open(QIODevice::ReadOnly);
-    const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &error);
+    // Opening a pipe would wait for its other end.
+    const bool isReadable = QFileInfo(filePath).isFile() && file.open(QIODevice::ReadOnly);
+    const QJsonDocument document =
+        QJsonDocument::fromJson(isReadable ? file.readAll() : QByteArray(), &error);
     m_isDamaged = !isReadable || !document.isObject();
     m_values = document.object();
 }

@@ -7,6 +7,7 @@
 
 #include <QtTest>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -126,7 +127,12 @@ private Q_SLOTS:
 
     void followsTheApplicationFolders()
     {
+        // Nobody writes to it, ever.
+        m_session.write(u"data/applications/pipe.desktop"_s, {});
+        QFile::remove(m_session.path(u"data/applications/pipe.desktop"_s));
+        QCOMPARE(mkfifo(qPrintable(m_session.path(u"data/applications/pipe.desktop"_s)), 0600), 0);
         DesktopFileIndex index;
+        QVERIFY(!index.application(u"pipe"_s));
         QVERIFY(!index.identify(window("Changed")));
         const QByteArray application = "[Desktop Entry]\nType=Application\nExec=true\nName=";
         m_session.write(u"share/applications/changed.desktop"_s, application + "System\n");

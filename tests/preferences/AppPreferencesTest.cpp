@@ -7,6 +7,8 @@
 
 #include <QtTest>
 
+#include <sys/stat.h>
+
 using namespace Qt::StringLiterals;
 
 using namespace trovell;
@@ -77,6 +79,16 @@ private Q_SLOTS:
         PreferenceStore store(path());
         AppPreferences(store).setLaunchTimeout(9);
         QCOMPARE(readFile(path() + u".damaged"_s), damaged);
+        QCOMPARE(PreferenceStore(path()).value(u"preferences.launchTimeout"_s).toDouble(), 9.0);
+    }
+
+    void doesNotWaitForAPipe()
+    {
+        writeFile(path(), {});
+        QFile::remove(path());
+        QCOMPARE(mkfifo(qPrintable(path()), 0600), 0);
+        PreferenceStore store(path());
+        AppPreferences(store).setLaunchTimeout(9);
         QCOMPARE(PreferenceStore(path()).value(u"preferences.launchTimeout"_s).toDouble(), 9.0);
     }
 

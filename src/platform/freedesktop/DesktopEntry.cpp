@@ -5,7 +5,10 @@
 #include "platform/freedesktop/FilePath.h"
 #include "platform/freedesktop/GObjectPointer.h"
 
+#include <QDirIterator>
 #include <QRegularExpression>
+#include <QSet>
+#include <QStandardPaths>
 
 #include <gio/gdesktopappinfo.h>
 
@@ -58,17 +61,39 @@ void readProgram(const char* commandLine, DesktopEntry& entry)
     entry.programRank = static_cast<int>(ownArguments) * 2 + (isAlias ? 1 : 0);
 }
 
-DesktopEntry makeEntry(GDesktopAppInfo* file)
+DesktopEntry makeEntry(const QString& id, GDesktopAppInfo* file)
 {
     GAppInfo* const application = G_APP_INFO(file);
     DesktopEntry entry;
-    entry.id = desktopEntryId(QString::fromUtf8(g_app_info_get_id(application)));
+    entry.id = id;
     entry.name = QString::fromUtf8(g_app_info_get_name(application));
     entry.path = g_desktop_app_info_get_filename(file);
     entry.startupWMClass = QString::fromUtf8(g_desktop_app_info_get_startup_wm_class(file));
     entry.isConcealed = g_desktop_app_info_get_nodisplay(file) != FALSE;
     readProgram(g_app_info_get_commandline(application), entry);
     return entry;
+}
+
+/// Those of one folder that are not `known` from an earlier one (Desktop Entry Specification 1.5,
+/// section 2). Never opens anything but regular files: a pipe would keep the reader for ever.
+void addEntries(const QString& folder, QSet<QString>& known, QList<DesktopEntry>& entries)
+{
+    QDirIterator files(folder, {u"*.desktop"_s}, QDir::AllEntries | QDir::System | QDir::Hidden,
+                       QDirIterator::Subdirectories | QDirIterator::FollowSymlinks);
+    while (files.hasNext()) {
+        const QString path = files.next();
+        const QString name = path.mid(folder.size() + 1);
+        const QString id = desktopEntryId(QString(name).replace(u'/', u'-'));
+        if (known.contains(id))
+            continue;
+        known.insert(id);
+        if (!files.fileInfo().isFile())
+            continue;
+        const GObjectPointer<GDesktopAppInfo> file(
+            g_desktop_app_info_new_from_filename(QFile::encodeName(path).constData()));
+        if (file && !g_desktop_app_info_get_is_hidden(file.get()))
+            entries.append(makeEntry(id, file.get()));
+    }
 }
 
 } // namespace
@@ -82,13 +107,13 @@ QString desktopEntryId(const QString& desktopFileName)
 
 QList<DesktopEntry> loadDesktopEntries()
 {
+    // GIO tells of changes after it has looked into the folders itself.
+    const GObjectPointer<GDesktopAppInfo> none(g_desktop_app_info_new("-.desktop"));
+    QSet<QString> known;
     QList<DesktopEntry> entries;
-    GList* const applications = g_app_info_get_all();
-    for (const GList* link = applications; link; link = link->next) {
-        if (G_IS_DESKTOP_APP_INFO(link->data))
-            entries.append(makeEntry(G_DESKTOP_APP_INFO(link->data)));
-    }
-    g_list_free_full(applications, g_object_unref);
+    for (const QString& folder :
+         QStandardPaths::standardLocations(QStandardPaths::ApplicationsLocation))
+        addEntries(folder, known, entries);
     std::sort(entries.begin(), entries.end(), [](const DesktopEntry& a, const DesktopEntry& b) {
         return std::tie(a.isConcealed, a.id) < std::tie(b.isConcealed, b.id);
     });

@@ -7,6 +7,7 @@
 #include "platform/freedesktop/FileBookmark.h"
 #include "platform/freedesktop/FilePath.h"
 
+#include <QFileInfo>
 #include <QStandardPaths>
 
 #include <utility>
@@ -19,7 +20,9 @@ namespace {
 DesktopFile desktopFile(const QUrl& url)
 {
     const auto path = localPath(url);
-    return DesktopFile(path ? g_desktop_app_info_new_from_filename(path->constData()) : nullptr);
+    // Opening a pipe would wait for its other end.
+    const bool isFile = path && QFileInfo(QFile::decodeName(*path)).isFile();
+    return DesktopFile(isFile ? g_desktop_app_info_new_from_filename(path->constData()) : nullptr);
 }
 
 /// The id of a desktop file by the Desktop Menu rules: its path below the application folder that
@@ -42,6 +45,10 @@ DesktopFile installedApplication(const QString& bundleIdentifier)
     if (bundleIdentifier.isEmpty() || bundleIdentifier.contains(u'/'))
         return {};
     const QByteArray id = bundleIdentifier.toUtf8() + ".desktop";
+    const QString path =
+        QStandardPaths::locate(QStandardPaths::ApplicationsLocation, QString::fromUtf8(id));
+    if (!path.isEmpty() && !QFileInfo(path).isFile())
+        return {};
     return DesktopFile(g_desktop_app_info_new(id.constData()));
 }
 

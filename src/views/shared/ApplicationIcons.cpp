@@ -50,7 +50,12 @@ void ApplicationIcons::request(const QString& applicationPath)
 void ApplicationIcons::loadNext()
 {
     const auto [applicationPath, name] = m_named.dequeue();
-    m_icons[applicationPath] = QDir::isAbsolutePath(name) ? QIcon(name) : QIcon::fromTheme(name);
+    // Opening a pipe would wait for its other end.
+    const bool isFile = QDir::isAbsolutePath(name);
+    if (!isFile)
+        m_icons[applicationPath] = QIcon::fromTheme(name);
+    else if (QFileInfo(name).isFile())
+        m_icons[applicationPath] = QIcon(name);
     if (!m_named.isEmpty())
         QTimer::singleShot(0, this, &ApplicationIcons::loadNext);
     Q_EMIT loaded(applicationPath);
