@@ -175,6 +175,12 @@ void X11WindowSystemTest::readsAndPlacesRealProgramsExactly()
                                                700 + 3 * step, 650 + 13 * round)});
         }
         QCOMPARE(setFrames(system, requests), placed(6));
+        // The calculator draws its shadow anew long after it left such a state, and this one takes
+        // that for another frame.
+        if (windowManager == WindowManager::mutter && round > 0) {
+            QTest::qWait(static_cast<int>(watch.count()));
+            QCOMPARE(setFrames(system, requests), placed(6));
+        }
         for (const auto wait : {0ms, watch}) {
             QTest::qWait(static_cast<int>(wait.count()));
             for (const FrameRequest& request : std::as_const(requests))

@@ -28,8 +28,10 @@ SwayWindowSystem::~SwayWindowSystem()
 
 template <class Operation> auto SwayWindowSystem::onReadingThread(Operation operation)
 {
-    return QtConcurrent::run(&m_readingThread,
-                             [reader = m_reader, operation] { return operation(*reader); });
+    return QtConcurrent::run(&m_readingThread, [this, operation] {
+        const QMutexLocker lock(&m_reading);
+        return operation(*m_reader);
+    });
 }
 
 QFuture<DesktopSnapshot> SwayWindowSystem::ask(const DesktopQuestion& question)

@@ -10,6 +10,7 @@
 #include "platform/sway/SwayTiling.h"
 #include "windows/WindowSystem.h"
 
+#include <QMutex>
 #include <QThreadPool>
 
 #include <memory>
@@ -40,6 +41,8 @@ private:
     /// Used on the reading thread only.
     std::shared_ptr<SwayReader> m_reader;
     SwayTiling m_tiling;
+    /// Who waits for an answer that was not begun yet works it out beside the reading thread.
+    QMutex m_reading;
     // Last, so that they end first.
 
     /// One thread, which serves the questions in their order.

@@ -46,8 +46,10 @@ X11WindowSystem::~X11WindowSystem()
 template <class Operation> auto X11WindowSystem::onReadingThread(Operation operation)
 {
     // The reader was begun on the same thread, so it is there by then.
-    return QtConcurrent::run(
-        &m_readingThread, [reader = m_reader, operation] { return operation(*reader.result()); });
+    return QtConcurrent::run(&m_readingThread, [this, operation] {
+        const QMutexLocker lock(&m_reading);
+        return operation(*m_reader.result());
+    });
 }
 
 QFuture<DesktopSnapshot> X11WindowSystem::ask(const DesktopQuestion& question)

@@ -11,6 +11,7 @@
 #include "windows/WindowSystem.h"
 
 #include <QByteArray>
+#include <QMutex>
 #include <QThreadPool>
 
 #include <memory>
@@ -51,6 +52,8 @@ private:
 
     WindowClaims m_claims;
     QFuture<Reader> m_reader;
+    /// Who waits for an answer that was not begun yet works it out beside the reading thread.
+    QMutex m_reading;
     // Last, so that they end first.
 
     /// One thread, which serves the questions in their order.
