@@ -9,7 +9,7 @@
 #include "platform/sway/SwaySession.h"
 #include "platform/sway/SwayWindowSystem.h"
 #include "platform/x11/X11HotKeys.h"
-#include "platform/x11/X11WindowProcess.h"
+#include "platform/x11/X11WindowDetails.h"
 
 namespace trovell {
 
@@ -22,7 +22,7 @@ struct ApplicationFacts {
 };
 
 PlatformAdapters makeAdapters(const QString& applicationId, const QByteArray& socketPath,
-                              const ProcessOfX11Window& processOf)
+                              const X11WindowQuestion& askX11)
 {
     PlatformAdapters adapters = makeFreedesktopAdapters(applicationId);
     const auto facts = std::make_shared<ApplicationFacts>();
@@ -32,7 +32,7 @@ PlatformAdapters makeAdapters(const QString& applicationId, const QByteArray& so
         [facts](const std::optional<QSet<QString>>& identifiers) {
             return facts->running.running(identifiers);
         },
-        processOf);
+        askX11);
     return adapters;
 }
 
@@ -58,10 +58,10 @@ bool isI3Session(const SessionFacts& session)
 
 PlatformAdapters makeI3Adapters(const QString& applicationId)
 {
-    const auto processes = std::make_shared<X11WindowProcess>();
+    const auto details = std::make_shared<X11WindowDetails>();
     PlatformAdapters adapters =
         makeAdapters(applicationId, i3Socket(sessionFacts()),
-                     [processes](quint32 window) { return processes->processOf(window); });
+                     [details](quint32 window) { return details->factsOf(window); });
     // It binds no keys for other programs.
     adapters.hotKeySystem = std::make_unique<X11HotKeys>();
     return adapters;

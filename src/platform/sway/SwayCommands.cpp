@@ -22,24 +22,6 @@ bool isToBe(const SwayGoal& goal, WindowState state)
     return bool(goal.states & state);
 }
 
-/// The one that exists under that name or number; null without one.
-const SwayWorkspace* existing(const QString& name, const SwayTree& tree)
-{
-    const auto found = std::ranges::find_if(tree.workspaces, [&name](const auto& workspace) {
-        return isSameWorkspace(workspace.name, name);
-    });
-    return found == tree.workspaces.end() ? nullptr : &*found;
-}
-
-/// Whether nobody but windows of the goals lies on the workspace, so that it may move with them.
-bool isOnlyFor(const QList<SwayGoal>& goals, const SwayWorkspace& workspace, const SwayTree& tree)
-{
-    return std::ranges::all_of(tree.windows, [&](const SwayWindow& window) {
-        return window.workspace != workspace.name ||
-               std::ranges::find(goals, window.id, &SwayGoal::window) != goals.end();
-    });
-}
-
 /// Collects the commands of one batch.
 class Batch {
 public:
@@ -107,7 +89,7 @@ private:
                 send("move container to output \"" + goal.output.toUtf8() + '"');
             return;
         }
-        const SwayWorkspace* workspace = existing(goal.workspace, m_tree);
+        const SwayWorkspace* workspace = m_tree.workspaceLike(goal.workspace);
         if (!workspace && !goal.output.isEmpty()) {
             // It is made on the output that has the focus.
             m_hasMovedFocus = true;
@@ -115,8 +97,7 @@ private:
         }
         send("move --no-auto-back-and-forth container to workspace " +
              workspaceArgument(workspace ? workspace->name : goal.workspace));
-        if (workspace && !goal.output.isEmpty() && workspace->output != goal.output &&
-            isOnlyFor(m_goals, *workspace, m_tree)) {
+        if (workspace && !goal.output.isEmpty() && workspace->output != goal.output) {
             m_hasMovedWorkspaces = true;
             send("move workspace to output \"" + goal.output.toUtf8() + '"');
         }

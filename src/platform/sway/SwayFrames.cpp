@@ -91,6 +91,7 @@ QList<FrameOutcome> setSwayFrames(const QList<FrameRequest>& requests, SwayConne
             outcomes[position] = FrameOutcome::refused;
         }
     }
+    goals = withWorkspacesShared(goals, *before);
     if (!approach(goals, *before, connection))
         return outcomes;
     tiling.arrange(goals, connection);

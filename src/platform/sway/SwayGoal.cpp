@@ -41,6 +41,30 @@ bool isTilingOnly(const SwayGoal& goal)
     return goal.states == WindowState::tiled;
 }
 
+/// Whether nobody but windows of the goals lies on the workspace, so that it may move with them.
+bool isOnlyFor(const QList<SwayGoal>& goals, const SwayWorkspace& workspace, const SwayTree& tree)
+{
+    return std::ranges::all_of(tree.windows, [&](const SwayWindow& window) {
+        return window.workspace != workspace.name ||
+               std::ranges::find(goals, window.id, &SwayGoal::window) != goals.end();
+    });
+}
+
+/// Where the workspace of the goal is to lie.
+QString outputOfWorkspace(const SwayGoal& goal, const QList<SwayGoal>& goals, const SwayTree& tree)
+{
+    const auto sharesIt = [&goal](const SwayGoal& other) {
+        return isSameWorkspace(goal.workspace, other.workspace);
+    };
+    const QString first = std::ranges::find_if(goals, sharesIt)->output;
+    const SwayWorkspace* existing = tree.workspaceLike(goal.workspace);
+    if (!existing)
+        return first;
+    const bool isAgreed = std::ranges::all_of(
+        goals, [&](const SwayGoal& other) { return !sharesIt(other) || other.output == first; });
+    return isAgreed && isOnlyFor(goals, *existing, tree) ? first : existing->output;
+}
+
 } // namespace
 
 SwayGoal swayGoal(const FrameRequest& request, const SwayWindow& window, const SwayTree& tree,
@@ -66,6 +90,19 @@ SwayGoal swayGoal(const FrameRequest& request, const SwayWindow& window, const S
     return goal;
 }
 
+QList<SwayGoal> withWorkspacesShared(QList<SwayGoal> goals, const SwayTree& tree)
+{
+    const QList<SwayGoal> wished = goals;
+    for (SwayGoal& goal : goals) {
+        const bool isFree = goal.workspace.isEmpty() || goal.output.isEmpty();
+        if (!isFree && outputOfWorkspace(goal, wished, tree) != goal.output) {
+            goal.workspace.clear();
+            goal.hasLostWorkspace = true;
+        }
+    }
+    return goals;
+}
+
 bool isReached(const SwayGoal& goal, const SwayWindow& window, const SwayTree& tree)
 {
     if (goal.states != window.states || !isInPlace(goal, window))
@@ -81,6 +118,8 @@ FrameOutcome outcomeOf(const SwayGoal& goal, const SwayWindow* window, const Swa
 {
     if (!window)
         return FrameOutcome::refused;
+    if (goal.hasLostWorkspace)
+        return FrameOutcome::otherDesktop;
     if (isTilingOnly(goal) && window->states == goal.states && isInPlace(goal, *window)) {
         // Shares of a display come out a pixel more or less.
         const QRectF& frame = window->frame;

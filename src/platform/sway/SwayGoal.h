@@ -23,11 +23,17 @@ struct SwayGoal {
     QString output;
     QString workspace;
     bool isSticky = false;
+    /// The workspace that it was to have lies on another output, which its frame overrules.
+    bool hasLostWorkspace = false;
 };
 
 /// `desktopNames`: those that the request's virtual desktop counts.
 [[nodiscard]] SwayGoal swayGoal(const FrameRequest& request, const SwayWindow& window,
                                 const SwayTree& tree, const QStringList& desktopNames);
+
+/// A workspace lies on one output as a whole: it goes where the first of its windows is to be, if
+/// only windows of these goals are on it and agree. Others go to the output of their frames alone.
+[[nodiscard]] QList<SwayGoal> withWorkspacesShared(QList<SwayGoal> goals, const SwayTree& tree);
 
 /// Whether it has its states, its place and, where it has one of its own, its frame.
 [[nodiscard]] bool isReached(const SwayGoal& goal, const SwayWindow& window, const SwayTree& tree);

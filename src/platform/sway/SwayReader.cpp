@@ -47,9 +47,9 @@ std::optional<int> desktopInView(const SwayTree& tree, const QStringList& deskto
 } // namespace
 
 SwayReader::SwayReader(QByteArray socketPath, ApplicationIdentifier identify,
-                       BackgroundApplications background, ProcessOfX11Window processOf)
+                       BackgroundApplications background, X11WindowQuestion askX11)
     : m_socketPath(std::move(socketPath)), m_identify(std::move(identify)),
-      m_background(std::move(background)), m_processOf(std::move(processOf))
+      m_background(std::move(background)), m_askX11(std::move(askX11))
 {
 }
 
@@ -94,24 +94,25 @@ QList<IdentifiedWindow> SwayReader::identify(const SwayTree& tree)
     QList<SwayWindow> windows = tree.windows;
     std::ranges::stable_sort(windows, {}, &age);
     m_known.removeIf([&tree](const auto& known) { return !tree.window(known.key()); });
-    m_processes.removeIf([&tree](const auto& known) { return !tree.window(known.key()); });
+    m_untold.removeIf([&tree](const auto& known) { return !tree.window(known.key()); });
     QList<IdentifiedWindow> identified;
     for (SwayWindow& window : windows) {
-        window.identity.processIdentifier = processOf(window);
+        addUntoldFacts(window);
         identified.append(
             {window.id, window.kind, window.identity.processIdentifier, applicationOf(window)});
     }
     return identified;
 }
 
-qint32 SwayReader::processOf(const SwayWindow& window)
+void SwayReader::addUntoldFacts(SwayWindow& window)
 {
-    const qint32 told = window.identity.processIdentifier;
-    if (told != 0 || !m_processOf)
-        return told;
-    if (!m_processes.contains(window.id))
-        m_processes.insert(window.id, m_processOf(quint32(window.id.low())));
-    return m_processes.value(window.id);
+    if (window.identity.processIdentifier != 0 || !m_askX11)
+        return;
+    if (!m_untold.contains(window.id))
+        m_untold.insert(window.id, m_askX11(quint32(window.id.low())));
+    const UntoldFacts facts = m_untold.value(window.id);
+    window.identity.processIdentifier = facts.processIdentifier;
+    window.kind = facts.kind;
 }
 
 ApplicationIdentity SwayReader::applicationOf(const SwayWindow& window)

@@ -5,22 +5,18 @@
 #pragma once
 
 #include "platform/desktop/ApplicationGrouping.h"
+#include "platform/desktop/UntoldFacts.h"
 #include "platform/sway/SwayConnection.h"
 #include "platform/sway/SwayTree.h"
 #include "windows/WindowSystem.h"
 
-#include <functional>
-
 namespace trovell {
-
-/// The process of an X11 window, where the desktop does not tell; 0 when it is not known.
-using ProcessOfX11Window = std::function<qint32(quint32 window)>;
 
 class SwayReader {
 public:
-    /// The functions may be empty.
+    /// The functions may be empty; `askX11` is for a desktop that tells no processes.
     SwayReader(QByteArray socketPath, ApplicationIdentifier identify,
-               BackgroundApplications background, ProcessOfX11Window processOf);
+               BackgroundApplications background, X11WindowQuestion askX11);
 
     [[nodiscard]] DesktopSnapshot answer(const DesktopQuestion& question);
     void activate(const QStringList& identifiers);
@@ -33,16 +29,16 @@ private:
     [[nodiscard]] SwayConnection& connection();
     [[nodiscard]] QList<IdentifiedWindow> identify(const SwayTree& tree);
     [[nodiscard]] ApplicationIdentity applicationOf(const SwayWindow& window);
-    /// Learned once for each window: the process may be asked of another server.
-    [[nodiscard]] qint32 processOf(const SwayWindow& window);
+    /// Learned once for each window: another server is asked.
+    void addUntoldFacts(SwayWindow& window);
 
     QByteArray m_socketPath;
     ApplicationIdentifier m_identify;
     BackgroundApplications m_background;
-    ProcessOfX11Window m_processOf;
+    X11WindowQuestion m_askX11;
     std::unique_ptr<SwayConnection> m_connection;
     QHash<WindowId, std::pair<WindowIdentity, ApplicationIdentity>> m_known;
-    QHash<WindowId, qint32> m_processes;
+    QHash<WindowId, UntoldFacts> m_untold;
 };
 
 } // namespace trovell

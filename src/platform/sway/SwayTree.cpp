@@ -175,6 +175,19 @@ double distance(const QRectF& frame, const QPointF& point)
 
 } // namespace
 
+int workspaceNumber(const QString& name)
+{
+    const auto end = std::ranges::find_if(name, [](QChar c) { return c < u'0' || c > u'9'; });
+    bool isNumber = false;
+    const int number = name.first(end - name.begin()).toInt(&isNumber);
+    return isNumber ? number : -1;
+}
+
+bool isSameWorkspace(const QString& a, const QString& b)
+{
+    return a == b || (workspaceNumber(a) >= 0 && workspaceNumber(a) == workspaceNumber(b));
+}
+
 const SwayWindow* SwayTree::window(const WindowId& id) const
 {
     const auto found = std::ranges::find(windows, id, &SwayWindow::id);
@@ -184,6 +197,14 @@ const SwayWindow* SwayTree::window(const WindowId& id) const
 const SwayWorkspace* SwayTree::workspace(const QString& name) const
 {
     const auto found = std::ranges::find(workspaces, name, &SwayWorkspace::name);
+    return found == workspaces.end() ? nullptr : &*found;
+}
+
+const SwayWorkspace* SwayTree::workspaceLike(const QString& name) const
+{
+    const auto found = std::ranges::find_if(workspaces, [&name](const SwayWorkspace& workspace) {
+        return isSameWorkspace(workspace.name, name);
+    });
     return found == workspaces.end() ? nullptr : &*found;
 }
 

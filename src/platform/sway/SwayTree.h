@@ -60,9 +60,17 @@ struct SwayTree {
     /// Null when it is gone, or its number is another window's now.
     [[nodiscard]] const SwayWindow* window(const WindowId& id) const;
     [[nodiscard]] const SwayWorkspace* workspace(const QString& name) const;
+    /// Null when there is none with the name's number, or without one that name.
+    [[nodiscard]] const SwayWorkspace* workspaceLike(const QString& name) const;
     /// Of the display with the middle of the frame, else of the nearest one; empty without any.
     [[nodiscard]] QString outputAt(const QRectF& frame) const;
 };
+
+/// The number that a workspace's name begins with; -1 without one.
+[[nodiscard]] int workspaceNumber(const QString& name);
+
+/// Whether both have the same number, or without one the same name.
+[[nodiscard]] bool isSameWorkspace(const QString& a, const QString& b);
 
 /// From the answers to GET_TREE, GET_WORKSPACES and GET_OUTPUTS. What is malformed is left out.
 [[nodiscard]] SwayTree makeSwayTree(const QJsonValue& tree, const QJsonValue& workspaces,

@@ -9,10 +9,10 @@
 namespace trovell {
 
 SwayWindowSystem::SwayWindowSystem(const QByteArray& socketPath, ApplicationIdentifier identify,
-                                   BackgroundApplications background, ProcessOfX11Window processOf)
+                                   BackgroundApplications background, X11WindowQuestion askX11)
     : m_socketPath(socketPath),
       m_reader(std::make_shared<SwayReader>(socketPath, std::move(identify), std::move(background),
-                                            std::move(processOf)))
+                                            std::move(askX11)))
 {
     m_readingThread.setMaxThreadCount(1);
     // Ending it would wake an idle process.

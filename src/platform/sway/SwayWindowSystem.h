@@ -21,7 +21,7 @@ class SwayWindowSystem final : public WindowSystem {
 public:
     /// The functions may be empty; they are called on a worker.
     SwayWindowSystem(const QByteArray& socketPath, ApplicationIdentifier identify,
-                     BackgroundApplications background, ProcessOfX11Window processOf);
+                     BackgroundApplications background, X11WindowQuestion askX11);
     /// Waits for what is under way.
     ~SwayWindowSystem() override;
 

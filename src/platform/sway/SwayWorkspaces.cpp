@@ -2,24 +2,9 @@
 
 #include "platform/sway/SwayWorkspaces.h"
 
-#include <algorithm>
-
 namespace trovell {
 
 using namespace Qt::StringLiterals;
-
-int workspaceNumber(const QString& name)
-{
-    const auto end = std::ranges::find_if(name, [](QChar c) { return c < u'0' || c > u'9'; });
-    bool isNumber = false;
-    const int number = name.first(end - name.begin()).toInt(&isNumber);
-    return isNumber ? number : -1;
-}
-
-bool isSameWorkspace(const QString& a, const QString& b)
-{
-    return a == b || (workspaceNumber(a) >= 0 && workspaceNumber(a) == workspaceNumber(b));
-}
 
 QStringList virtualDesktopNames(const SwayTree& tree, const SwayConfiguration& configuration)
 {

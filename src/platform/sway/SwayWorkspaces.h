@@ -20,10 +20,4 @@ namespace trovell {
 /// would end the text are left out.
 [[nodiscard]] QByteArray workspaceArgument(const QString& name);
 
-/// The number that a workspace's name begins with; -1 without one.
-[[nodiscard]] int workspaceNumber(const QString& name);
-
-/// Whether both have the same number, or without one the same name.
-[[nodiscard]] bool isSameWorkspace(const QString& a, const QString& b);
-
 } // namespace trovell

@@ -1,17 +1,21 @@
 // SPDX-License-Identifier: MIT
 
-#include "platform/x11/X11WindowProcess.h"
+#include "platform/x11/X11WindowDetails.h"
+
+#include "platform/x11/X11WindowKind.h"
 
 #include <xcb/res.h>
 
 namespace trovell {
 
-qint32 X11WindowProcess::processOf(quint32 window)
+UntoldFacts X11WindowDetails::factsOf(quint32 window)
 {
     if (!m_connection || !m_connection->isAlive())
         m_connection.emplace(QByteArray());
     const X11Connection& connection = *m_connection;
     const auto claim = connection.requestProperty(window, connection.atoms().netWmPid);
+    const auto types = connection.requestProperty(window, connection.atoms().netWmWindowType);
+    const auto owner = connection.requestProperty(window, XCB_ATOM_WM_TRANSIENT_FOR);
     qint32 process = 0;
     if (connection.server().hasClientIds) {
         const xcb_res_client_id_spec_t wanted = {window, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
@@ -23,7 +27,9 @@ qint32 X11WindowProcess::processOf(quint32 window)
             process = static_cast<qint32>(*xcb_res_client_id_value_value(each.data));
     }
     const auto claimed = propertyNumbers(connection.reply(claim));
-    return process != 0 ? process : static_cast<qint32>(claimed.value(0));
+    return {process != 0 ? process : static_cast<qint32>(claimed.value(0)),
+            windowKind(propertyNumbers(connection.reply(types)),
+                       !propertyNumbers(connection.reply(owner)).isEmpty(), connection.atoms())};
 }
 
 } // namespace trovell
