@@ -70,16 +70,20 @@ void SwayConfiguration::readLine(QString line)
             m_blocks.removeLast();
         return;
     }
+    static const QRegularExpression setting(uR"(^set\s+(\$\S+)\s+(.*)$)"_s);
+    const QRegularExpressionMatch set = setting.match(line);
+    if (set.hasMatch())
+        line = set.captured(2);
     // The longest names first: $mod is the beginning of $mode.
     for (const auto& [name, value] : std::as_const(m_variables))
         line.replace(name, value);
-    QStringList words = line.split(QRegularExpression(u"\\s+"_s));
-    if (words.first() == u"set" && words.size() > 2) {
-        m_variables.append({words.at(1), words.mid(2).join(u' ')});
+    if (set.hasMatch()) {
+        m_variables.append({set.captured(1), line});
         std::ranges::sort(m_variables, std::greater{},
                           [](const auto& variable) { return variable.first.size(); });
         return;
     }
+    const QStringList words = line.split(QRegularExpression(u"\\s+"_s));
     readWorkspaces(line);
     if (words.last() == u"{")
         return m_blocks.append(words.first());
