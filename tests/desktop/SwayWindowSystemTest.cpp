@@ -9,6 +9,8 @@
 #include "support/Patience.h"
 #include "support/SwayDesktop.h"
 
+#include "lab/VirtualDesktop.h"
+
 #include <QTest>
 
 #include <csignal>
@@ -76,6 +78,7 @@ private Q_SLOTS:
     void pressesReachTheProgram();
     void keysOfTheUserAreRefused();
     void theSessionInViewCounts();
+    void tiledWindowsReturnUnderI3();
 };
 
 void SwayWindowSystemTest::describesTheDesktop()
@@ -319,6 +322,32 @@ void SwayWindowSystemTest::theSessionInViewCounts()
     QCOMPARE(swaySocket(session), QByteArray());
     qputenv("SWAYSOCK", "/nowhere");
     QCOMPARE(swaySocket(session), QByteArray());
+}
+
+void SwayWindowSystemTest::tiledWindowsReturnUnderI3()
+{
+    lab::VirtualDesktop desktop(lab::WindowManager::i3);
+    QVERIFY2(desktop.isReady(), qPrintable(desktop.error()));
+    const QByteArray socketPath =
+        i3Socket({u"x11"_s, {}, QString::fromLatin1(desktop.displayName())});
+    QVERIFY(!socketPath.isEmpty());
+    desktop.startClient({"--title", "one", "--window", "--title", "two"});
+    QVERIFY(desktop.inspector().waitForWindowCount(2));
+    SwayWindowSystem system(socketPath, {}, {}, {});
+    SwayConnection person(socketPath);
+    QTRY_VERIFY(windowTitled(system, u"two"_s).frame);
+    person.run({"[title=one] resize grow right 150 px"});
+    QList<FrameRequest> requests;
+    for (const QString& title : {u"one"_s, u"two"_s}) {
+        const DesktopWindow window = windowTitled(system, title);
+        QCOMPARE(window.states, tiled);
+        requests.append({window.id, *window.frame, tiled, DesktopPlace{.index = 0}});
+    }
+    person.run({"[title=one] move container to workspace number 2",
+                "[title=two] move container to workspace number 7"});
+    QCOMPARE(system.setFrames(requests).result(), Outcomes(2, FrameOutcome::taken));
+    QCOMPARE(windowTitled(system, u"one"_s).virtualDesktop, 0);
+    QVERIFY(windowTitled(system, u"one"_s).frame->x() < windowTitled(system, u"two"_s).frame->x());
 }
 
 QTEST_GUILESS_MAIN(SwayWindowSystemTest)
