@@ -15,7 +15,7 @@ namespace {
 using Question = SwayConnection::Question;
 
 /// Does nothing in sway; the rest tells whose binding it is.
-const QString ownCommand = u"nop trovell:"_s;
+constexpr auto ownCommand = "nop trovell:"_L1;
 
 } // namespace
 
@@ -45,7 +45,8 @@ SwayConfiguration SwayKeyBindings::configuration()
 
 bool SwayKeyBindings::bind(const Binding& binding)
 {
-    const QByteArray command = ' ' + (ownCommand + QString::number(binding.number)).toUtf8();
+    const QByteArray command =
+        ' ' + QByteArray(ownCommand.data()) + QByteArray::number(binding.number);
     return m_connection.run(
         {"bindsym " + binding.key.symbol + command, "bindcode " + binding.key.code + command});
 }
