@@ -17,7 +17,8 @@ constexpr std::pair<WindowState, QLatin1StringView> stateWords[] = {
     {WindowState::maximizedVertically, "maximizedVertically"_L1},
     {WindowState::fullScreen, "fullScreen"_L1},
     {WindowState::shaded, "shaded"_L1},
-    {WindowState::above, "above"_L1}};
+    {WindowState::above, "above"_L1},
+    {WindowState::tiled, "tiled"_L1}};
 
 } // namespace
 

@@ -28,19 +28,6 @@ void scatter(VirtualDesktop& desktop)
     inspector.waitForRest();
 }
 
-/// The calculator changes its own minimum size for a while after it has appeared.
-void waitForSteadyHints(const DesktopInspector& inspector, quint32 window)
-{
-    QList<quint32> hints;
-    for (int checks = 0; checks < 20; ++checks) {
-        const QList<quint32> current = inspector.numbers(window, "WM_NORMAL_HINTS");
-        if (current != hints)
-            checks = 0;
-        hints = current;
-        QTest::qWait(100);
-    }
-}
-
 /// Windows of several kinds on both displays; all have different titles.
 void openWindows(VirtualDesktop& desktop)
 {
@@ -110,8 +97,6 @@ private Q_SLOTS:
     void doesNotWaitForAHungProgram_data() { addSureWindowManagers(); }
     void doesNotWaitForAHungProgram();
     void opensItemsWithoutAWindowManager();
-    void doesNotDrift_data() { addSureWindowManagers(); }
-    void doesNotDrift();
 
 private:
     static void addSureWindowManagers()
@@ -345,28 +330,6 @@ void LayoutTest::opensItemsWithoutAWindowManager()
                           "restore saved windows."_s}));
     QVERIFY(desktop.startWindowManager(WindowManager::openbox));
     QCOMPARE(control(), WindowControl::available);
-}
-
-void LayoutTest::doesNotDrift()
-{
-    QFETCH(WindowManager, windowManager);
-    START_DESKTOP(windowManager);
-    openWindows(desktop);
-    desktop.start("xterm", {"-T", "Shell", "-geometry", "83x27+900+520"});
-    desktop.start("featherpad", {"--standalone"});
-    desktop.start("gnome-calculator", {});
-    QVERIFY(inspector.waitForWindowCount(8));
-    waitForSteadyHints(inspector, inspector.waitForWindow(u"Calculator").id);
-    inspector.waitForRest();
-    SavedLayout saved(desktop);
-    for (int cycle = 0; cycle < 50 && !QTest::currentTestFailed(); ++cycle) {
-        saved.workspace = saved.session.capture();
-        QVERIFY(saved.workspace);
-        // Mostly nothing has to move; now and then everything has to.
-        if (cycle % 10 == 9)
-            scatter(desktop);
-        saved.verifyThatItComesBack();
-    }
 }
 
 QTEST_GUILESS_MAIN(LayoutTest)

@@ -62,6 +62,8 @@ QStringList stateNames(WindowStates states, const Localization& words)
         names += words.text(u"Rolled up"_key);
     if (states.testFlag(above))
         names += words.text(u"Above others"_key);
+    if (states.testFlag(tiled))
+        names += words.text(u"Tiled"_key);
     return names;
 }
 
