@@ -430,6 +430,13 @@ void X11WindowSystemTest::seesPanelsComeChangeAndGo()
     VirtualDesktop::kill(program);
     QVERIFY(waitUntil([&] { return inspector.windows().size() == 1; }));
     QTRY_COMPARE(freeSizes(), std::pair(height, 1280.));
+    // One that no window manager knows.
+    QProcess& shell =
+        desktop.startClient({"--title", "shell", "--unmanaged", "--geometry", "40,1024,2840,0",
+                             "--strut", "0,40,0,0,0,0,0,1023,0,0,0,0"});
+    QTRY_COMPARE(freeSizes(), std::pair(height, 1240.));
+    VirtualDesktop::kill(shell);
+    QTRY_COMPARE(freeSizes(), std::pair(height, 1280.));
 }
 
 void X11WindowSystemTest::activatesTheTopmostWindow()

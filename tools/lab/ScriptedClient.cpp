@@ -29,7 +29,7 @@ const QByteArray knownOptions =
     " --class --instance --late-class --title --gtk-application-id --pid --type --strut --geometry "
     "--increments"
     " --base --gtk-frame-extents --undecorated --count --map-after --put-back-after"
-    " --vanish-when-moved ";
+    " --vanish-when-moved --unmanaged ";
 
 Numbers numbers(const QByteArray& text)
 {
@@ -113,10 +113,11 @@ private:
         Window window = {script, numbers(script.value("--geometry", "400,300,100,100"))};
         window.geometry[2] += 12 * (index % 40);
         window.geometry[3] += 10 * (index % 40);
-        const quint32 values[] = {m_screen->white_pixel, XCB_EVENT_MASK_STRUCTURE_NOTIFY};
+        const quint32 values[] = {m_screen->white_pixel, script.contains("--unmanaged"),
+                                  XCB_EVENT_MASK_STRUCTURE_NOTIFY};
         xcb_create_window(m_connection, XCB_COPY_FROM_PARENT, id, m_screen->root, 0, 0, 1, 1, 0,
                           XCB_WINDOW_CLASS_INPUT_OUTPUT, m_screen->root_visual,
-                          XCB_CW_BACK_PIXEL | XCB_CW_EVENT_MASK, values);
+                          XCB_CW_BACK_PIXEL | XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK, values);
         takeGeometry(id, window.geometry);
         setNames(id, script, suffix);
         setKind(id, script);

@@ -2,10 +2,11 @@
 
 #include "platform/x11/X11Displays.h"
 
-#include "platform/x11/X11WindowKind.h"
-#include "platform/x11/X11WorkArea.h"
+#include "platform/x11/X11Reservations.h"
 
-#include <vector>
+#include <algorithm>
+#include <iterator>
+#include <span>
 
 namespace trovell {
 
@@ -22,7 +23,8 @@ public:
           m_windows(requestOfRoot(connection.atoms().netClientList)),
           m_workAreas(requestOfRoot(connection.atoms().netWorkarea)),
           m_ownAreas(requestOfRoot(ownAreas)),
-          m_desktop(requestOfRoot(connection.atoms().netCurrentDesktop))
+          m_desktop(requestOfRoot(connection.atoms().netCurrentDesktop)),
+          m_topLevels(xcb_query_tree(connection.get(), connection.root()))
     {
     }
 
@@ -32,7 +34,7 @@ public:
         result.monitors = m_monitors.receive();
         if (const auto screen = m_connection.reply<xcb_get_geometry_reply>(m_screen))
             result.screen = QSize(screen->width, screen->height);
-        result.windows = propertyNumbers(m_connection.reply(m_windows));
+        result.windows = windows();
         result.workAreas = propertyNumbers(m_connection.reply(m_workAreas));
         result.ownAreas = propertyNumbers(m_connection.reply(m_ownAreas));
         return result;
@@ -50,6 +52,21 @@ private:
         return m_connection.requestProperty(m_connection.root(), property);
     }
 
+    /// Those that the window manager lists, and the outermost ones: panels may keep out of its
+    /// sight. In no order, which would change with every window that is raised.
+    QList<quint32> windows() const
+    {
+        QList<quint32> all = propertyNumbers(m_connection.reply(m_windows));
+        if (const auto tree = m_connection.reply<xcb_query_tree_reply>(m_topLevels)) {
+            const std::span topLevels(xcb_query_tree_children(tree.get()),
+                                      xcb_query_tree_children_length(tree.get()));
+            std::ranges::copy(topLevels, std::back_inserter(all));
+        }
+        std::ranges::sort(all);
+        all.erase(std::ranges::unique(all).begin(), all.end());
+        return all;
+    }
+
     const X11Connection& m_connection;
     X11MonitorRequest m_monitors;
     xcb_get_geometry_cookie_t m_screen;
@@ -57,59 +74,7 @@ private:
     xcb_get_property_cookie_t m_workAreas;
     xcb_get_property_cookie_t m_ownAreas;
     xcb_get_property_cookie_t m_desktop;
-};
-
-struct Details {
-    QStringList monitorNames;
-    QList<Strut> struts;
-    QList<quint32> panels;
-};
-
-/// The names of monitors, and what windows reserve.
-class DetailRequest {
-public:
-    DetailRequest(const X11Connection& connection, const QList<X11Monitor>& monitors,
-                  const QList<quint32>& windows)
-        : m_connection(connection)
-    {
-        const X11Atoms& atoms = connection.atoms();
-        for (const X11Monitor& monitor : monitors)
-            m_names.emplace_back(connection, monitor);
-        for (const quint32 window : windows)
-            m_reservations.push_back({window,
-                                      connection.requestProperty(window, atoms.netWmWindowType),
-                                      connection.requestProperty(window, atoms.netWmStrutPartial),
-                                      connection.requestProperty(window, atoms.netWmStrut)});
-    }
-
-    Details receive(QSize screen) const
-    {
-        Details details;
-        for (const X11MonitorNameRequest& name : m_names)
-            details.monitorNames.append(name.receive(m_connection));
-        for (const Reservation& request : m_reservations) {
-            const auto types = propertyNumbers(m_connection.reply(request.types));
-            const auto partial = propertyNumbers(m_connection.reply(request.partial));
-            const auto whole = propertyNumbers(m_connection.reply(request.whole));
-            const QList<Strut> struts = makeStruts(partial, whole, screen);
-            details.struts.append(struts);
-            if (!struts.isEmpty() || !windowKind(types, false, m_connection.atoms()))
-                details.panels.append(request.window);
-        }
-        return details;
-    }
-
-private:
-    struct Reservation {
-        quint32 window = 0;
-        xcb_get_property_cookie_t types;
-        xcb_get_property_cookie_t partial;
-        xcb_get_property_cookie_t whole;
-    };
-
-    const X11Connection& m_connection;
-    std::vector<X11MonitorNameRequest> m_names;
-    std::vector<Reservation> m_reservations;
+    xcb_query_tree_cookie_t m_topLevels;
 };
 
 std::optional<PixelRectangle> workAreaOf(const QList<quint32>& areas, quint32 desktop)
@@ -130,7 +95,7 @@ QList<PixelRectangle> areasOf(const QList<quint32>& numbers)
 }
 
 /// What panels leave of each display.
-QList<PixelRectangle> freeAreas(const Surroundings& surroundings, const Details& details,
+QList<PixelRectangle> freeAreas(const Surroundings& surroundings, const DisplayDetails& details,
                                 quint32 desktop, qsizetype main)
 {
     const QList<PixelRectangle> ownAreas = areasOf(surroundings.ownAreas);
@@ -153,7 +118,8 @@ QList<PixelRectangle> freeAreas(const Surroundings& surroundings, const Details&
                : free;
 }
 
-QList<Display> describe(const Surroundings& surroundings, const Details& details, quint32 desktop)
+QList<Display> describe(const Surroundings& surroundings, const DisplayDetails& details,
+                        quint32 desktop)
 {
     const QList<X11Monitor>& monitors = surroundings.monitors;
     const auto main = mainMonitor(monitors);
@@ -173,13 +139,15 @@ class X11Displays::Request {
 public:
     Request(const X11Connection& connection, const X11Displays& last)
         : surroundings(connection, last.m_ownAreas),
-          details(connection, last.m_surroundings.monitors, last.m_panels)
+          details(connection, last.m_surroundings.monitors, last.m_panels),
+          hidden(connection, last.m_hidden)
     {
     }
 
     SurroundingsRequest surroundings;
     /// As a rule nothing changed since the last time, and the same details are wanted again.
-    DetailRequest details;
+    X11DetailRequest details;
+    X11ShownRequest hidden;
 };
 
 std::shared_ptr<const X11Displays::Request> X11Displays::request() const
@@ -199,13 +167,14 @@ QList<Display> X11Displays::receive(const Request& request)
         m_connection.finishBatch();
         surroundings.ownAreas = propertyNumbers(m_connection.reply(areas));
     }
-    Details details = request.details.receive(surroundings.screen);
-    if (surroundings != m_surroundings) {
-        const DetailRequest all(m_connection, surroundings.monitors, surroundings.windows);
+    DisplayDetails details = request.details.receive(surroundings.screen);
+    if (request.hidden.receive() || surroundings != m_surroundings) {
+        const X11DetailRequest all(m_connection, surroundings.monitors, surroundings.windows);
         m_connection.finishBatch();
         details = all.receive(surroundings.screen);
         m_surroundings = surroundings;
         m_panels = details.panels;
+        m_hidden = details.hidden;
     }
     return describe(surroundings, details, desktop);
 }

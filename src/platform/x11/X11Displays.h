@@ -29,7 +29,7 @@ public:
     [[nodiscard]] QList<Display> receive(const Request& request);
 
     /// While all of this stays the same, no window begins to reserve space: a panel that appears
-    /// changes the list of windows, and a window manager that grants a window space announces the
+    /// changes the windows, and a window manager that grants a window space announces the
     /// work areas anew (EWMH section 3).
     struct Surroundings {
         QList<X11Monitor> monitors;
@@ -49,6 +49,8 @@ private:
     Surroundings m_surroundings;
     /// The windows that reserve space or, as docks do, may begin to at any time.
     QList<quint32> m_panels;
+    /// Those that window managers keep away from and that are not shown yet.
+    QList<quint32> m_hidden;
     /// The property with the areas of each display, and the virtual desktop it is about.
     xcb_atom_t m_ownAreas = XCB_ATOM_NONE;
     std::optional<quint32> m_desktop;
