@@ -19,6 +19,9 @@ constexpr QByteArrayView plainDesktop = "xwayland disable\n"
                                         "output * bg #203040 solid_color\n"
                                         "output HEADLESS-1 pos 0 0 mode 1280x720\n"
                                         "output HEADLESS-2 pos 1280 0 mode 1280x720\n"
+                                        "workspace 1 output HEADLESS-1\n"
+                                        "workspace 2 output HEADLESS-2\n"
+                                        "exec swaymsg focus output HEADLESS-1\n"
                                         "focus_follows_mouse no\n";
 
 } // namespace

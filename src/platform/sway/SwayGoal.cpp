@@ -94,7 +94,8 @@ QList<SwayGoal> withWorkspacesShared(QList<SwayGoal> goals, const SwayTree& tree
 {
     const QList<SwayGoal> wished = goals;
     for (SwayGoal& goal : goals) {
-        const bool isFree = goal.workspace.isEmpty() || goal.output.isEmpty();
+        const bool isFree = goal.workspace.isEmpty() || goal.output.isEmpty() ||
+                            hasState(goal.states, WindowState::minimized);
         if (!isFree && outputOfWorkspace(goal, wished, tree) != goal.output) {
             goal.workspace.clear();
             goal.hasLostWorkspace = true;
